@@ -1,0 +1,37 @@
+// Building classes at run time.
+#include "bridge/define.hpp"
+
+#include <cstdio>
+
+namespace bridge {
+namespace {
+
+// "RQPopupView" keeps its state in "RQPopupView_state".
+struct StateName {
+  char text[128];
+  explicit StateName(const char* className) { std::snprintf(text, sizeof text, "%s_state", className); }
+};
+
+constexpr uint8_t pointerAlignment = sizeof(void*) == 8 ? 3 : 2;  // as a power of two
+
+}  // namespace
+
+Class openClass(Class superclass, const char* name) {
+  return superclass ? objc_allocateClassPair(superclass, name, 0) : nullptr;
+}
+
+void addMethod(Class cls, const MethodEntry& entry) {
+  Class owner = entry.ofClass ? classOf(reinterpret_cast<id>(cls)) : cls;
+  class_addMethod(owner, entry.selector, entry.implementation, entry.types);
+}
+
+void addState(Class cls, size_t size) {
+  class_addIvar(cls, StateName(class_getName(cls)).text, size, pointerAlignment, "?");
+}
+
+ptrdiff_t stateOffset(Class cls) {
+  objc_ivar* variable = class_getInstanceVariable(cls, StateName(class_getName(cls)).text);
+  return variable ? ivar_getOffset(variable) : 0;
+}
+
+}  // namespace bridge

@@ -1,0 +1,140 @@
+// Classes of ours, each declared as one table.
+//
+//   using Logger = bridge::Implementation<DPHLogger, LoggerState>;
+//   Logger::define<NSObject>(bridge::method<&DPHLogger::info, info>(), …);
+//
+// An object's C++ state lives inside it. It is built when it is first asked for and destroyed by dealloc; an
+// object that never ran its initialiser has none, and dies quietly.
+#pragma once
+
+#include <initializer_list>
+#include <new>
+
+#include "bridge/thunk.hpp"
+
+namespace bridge {
+
+struct MethodEntry {
+  bool ofClass;
+  SEL selector;
+  const char* types;
+  IMP implementation;
+};
+
+// A row of a class table: `Function` answers the method that `Member` describes.
+template <auto Member, auto Function>
+MethodEntry method() {
+  using D = Descriptor<Member>;
+  return {isClassMethod<Member>, D::selector(), D::types(), implementationOf<Member, Function>()};
+}
+
+struct PropertyEntry {
+  MethodEntry getter, setter;
+};
+
+// A new class, not yet known by its name; null when the name is taken or there is no such superclass.
+Class openClass(Class superclass, const char* name);
+void addMethod(Class cls, const MethodEntry& entry);
+inline void addMethod(Class cls, const PropertyEntry& entry) {
+  addMethod(cls, entry.getter);
+  addMethod(cls, entry.setter);
+}
+// Room for `size` bytes of state in every instance, aligned as pointers are. The variable's name comes from
+// the class's, since a subclass may not repeat a name that it inherits.
+void addState(Class cls, size_t size);
+ptrdiff_t stateOffset(Class cls);
+
+struct NoState {};
+
+template <class T, class State = NoState>
+class Implementation {
+ public:
+  // The class once it is defined.
+  static inline constinit Class cls = nullptr;
+
+  static State& state(T self) {
+    Slot& slot = slotOf(self.raw);
+    if (!slot.built) {
+      new (slot.bytes) State();
+      slot.built = true;
+    }
+    return *std::launder(reinterpret_cast<State*>(slot.bytes));
+  }
+
+  // The parent's implementation of a method that this class overrides.
+  template <auto Member, class... A>
+  static auto super(T self, A... arguments) {
+    return Descriptor<Member>::sendAs(class_getSuperclass(cls), self.raw, arguments...);
+  }
+
+  template <auto Member, class... A>
+  static auto superclassMethod(Class self, A... arguments) {
+    Class meta = classOf(reinterpret_cast<id>(cls));
+    return Descriptor<Member>::sendAs(class_getSuperclass(meta), reinterpret_cast<id>(self), arguments...);
+  }
+
+  // Accessors of a value kept in the state. A Strong is retained by the setter; nothing is copied or locked.
+  template <auto Getter, auto Setter, auto Field>
+  static PropertyEntry property() {
+    using Value = std::remove_cvref_t<decltype(std::declval<State&>().*Field)>;
+    return {method<Getter, &get<Value, Field>>(), method<Setter, &set<Value, Field>>()};
+  }
+
+  template <class Parent>
+  static void define(auto... entries) {
+    Class made = openClass(classNamed<Parent>(), T::className.text);
+    if (!made) return;
+    if constexpr (!std::is_empty_v<State>) {
+      static_assert(alignof(State) <= alignof(void*));
+      addState(made, sizeof(Slot));
+      addMethod(made, MethodEntry{false, Dealloc::selector(), Dealloc::types(),
+                                  Thunk<Dealloc, &dealloc>::implementation()});
+    }
+    (addMethod(made, entries), ...);
+    objc_registerClassPair(made);
+    offset = stateOffset(made);
+    cls = made;
+  }
+
+ private:
+  using Dealloc = Message<"dealloc", void()>;
+
+  struct Slot {
+    alignas(void*) unsigned char bytes[sizeof(State)];
+    bool built;
+  };
+
+  static inline constinit ptrdiff_t offset = 0;
+
+  static Slot& slotOf(id self) { return *reinterpret_cast<Slot*>(reinterpret_cast<char*>(self) + offset); }
+
+  static void dealloc(T self) {
+    Slot& slot = slotOf(self.raw);
+    if (slot.built) std::launder(reinterpret_cast<State*>(slot.bytes))->~State();
+    Dealloc::sendAs(class_getSuperclass(cls), self.raw);
+  }
+
+  template <class Value>
+  struct Borrowed {
+    using Type = Value;
+  };
+  template <class U>
+  struct Borrowed<Strong<U>> {
+    using Type = U;
+  };
+
+  template <class Value, auto Field>
+  static typename Borrowed<Value>::Type get(T self) {
+    return state(self).*Field;
+  }
+
+  template <class Value, auto Field>
+  static void set(T self, typename Borrowed<Value>::Type value) {
+    if constexpr (std::is_same_v<Value, typename Borrowed<Value>::Type>)
+      state(self).*Field = value;
+    else
+      state(self).*Field = retained(value);
+  }
+};
+
+}  // namespace bridge

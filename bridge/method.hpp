@@ -1,0 +1,150 @@
+// One descriptor per method. Selector, type encoding, send, super-send, the entry of a class table and the
+// slot of a replacement all derive from it.
+//
+//   struct UIView : bridge::Face<"UIView", UIResponder> {
+//     MESSAGE Method<"setFrame:", void(CGRect)> setFrame;                     view.setFrame(rect)
+//     static constexpr bridge::ClassMethod<"UIView", "areAnimationsEnabled", BOOL()> areAnimationsEnabled{};
+//   };
+//
+// The C++ name is the selector with "_" between its parts. Selectors of the alloc, new, copy and mutableCopy
+// families give a Strong; initialisers are sent by `make` alone, since they take over what they are sent to.
+#pragma once
+
+#include <cstring>
+
+#include "bridge/encoding.hpp"
+
+namespace bridge {
+
+template <Name Selector>
+SEL selector() {
+  static constinit SEL cached = nullptr;
+  if (!cached) cached = sel_registerName(Selector.text);
+  return cached;
+}
+
+// A selector's family decides who owns the object it answers. Faces mention types that are not complete yet,
+// so nothing here may be looked at before a message is sent or implemented.
+template <Name Selector, class R>
+struct ResultOf {
+  static_assert(isDefined<R>, "include the result's own header");
+  using Type = R;
+};
+template <Name Selector, class R>
+  requires(familyOf(Selector) != Family::borrowed && std::is_class_v<R> && std::derived_from<R, Object>)
+struct ResultOf<Selector, R> {
+  using Type = Strong<R>;
+};
+
+// What a message is, apart from who gets it.
+template <Name Selector, class Signature>
+struct Message;
+
+template <Name Selector, class R, class... A>
+struct Message<Selector, R(A...)> {
+  static_assert(Selector.colons() == sizeof...(A), "the selector's colons do not match its arguments");
+
+  template <class Lazy = R>
+  using Result = typename ResultOf<Selector, Lazy>::Type;
+  template <class Lazy = R>
+  using Shape = Result<Lazy>(A...);
+  static constexpr Family family = familyOf(Selector);
+  static constexpr const char* name = Selector.text;
+
+  static SEL selector() { return bridge::selector<Selector>(); }
+  static constexpr const char* types() { return methodTypes<R, A...>.text; }
+
+  // A message to nil answers nil, zero or an empty structure.
+  static auto send(id receiver, A... arguments) {
+    if (!receiver) return Result<>();
+    constexpr bool inMemory = std::is_class_v<Wire<R>>;
+    return call(messenger(receiver, selector(), inMemory), receiver, arguments...);
+  }
+
+  // The implementation that `cls` has, whatever the receiver's own class overrides.
+  static auto sendAs(Class cls, id receiver, A... arguments) {
+    if (!receiver) return Result<>();
+    return call(class_getMethodImplementation(cls, selector()), receiver, arguments...);
+  }
+
+  static auto call(IMP implementation, id receiver, A... arguments) {
+    using Function = Wire<Result<>> (*)(id, SEL, Wire<A>...);
+    return callWired<Result<>, A...>(reinterpret_cast<Function>(implementation), receiver, selector(),
+                                     arguments...);
+  }
+};
+
+// A member of a face: the handle that it is part of starts at the same address, hence its size.
+template <Name Selector, class Signature>
+struct Method;
+
+template <Name Selector, class R, class... A>
+struct alignas(id) Method<Selector, R(A...)> : Message<Selector, R(A...)> {
+  using Base = Message<Selector, R(A...)>;
+
+  auto operator()(A... arguments) const {
+    static_assert(Base::family != Family::initialiser, "initialisers are sent by make");
+    id receiver;
+    std::memcpy(&receiver, static_cast<const void*>(this), sizeof receiver);
+    return Base::send(receiver, arguments...);
+  }
+};
+
+template <Name ClassName, Name Selector, class Signature>
+struct ClassMethod;
+
+template <Name ClassName, Name Selector, class R, class... A>
+struct ClassMethod<ClassName, Selector, R(A...)> : Message<Selector, R(A...)> {
+  using Base = Message<Selector, R(A...)>;
+  static constexpr auto className = ClassName;
+
+  auto operator()(A... arguments) const {
+    return Base::send(reinterpret_cast<id>(classNamed<ClassMethod>()), arguments...);
+  }
+
+  // To a class that is not known by name: a subclass, or the receiver's own class.
+  auto on(Class cls, A... arguments) const { return Base::send(reinterpret_cast<id>(cls), arguments...); }
+};
+
+// The descriptor behind `&UIView::setFrame` or `&UIView::areAnimationsEnabled`.
+template <class T>
+struct DescriptorType;
+template <class C, class D>
+struct DescriptorType<D C::*> {
+  using Type = D;
+  using Owner = C;
+  static constexpr bool ofClass = false;
+};
+template <class D>
+struct DescriptorType<const D*> {
+  using Type = D;
+  static constexpr bool ofClass = true;
+};
+
+template <auto Member>
+using Descriptor = typename DescriptorType<decltype(Member)>::Type;
+
+template <auto Member>
+inline constexpr bool isClassMethod = DescriptorType<decltype(Member)>::ofClass;
+
+// A new object that has run no initialiser.
+template <class T>
+Strong<T> allocate() {
+  return adopt<T>(Message<"alloc", Object()>::send(reinterpret_cast<id>(classNamed<T>())).leak());
+}
+
+// A new object of T, set up by the initialiser `Initialiser` (a member of T's face or of a parent's).
+template <class T, auto Initialiser, class... A>
+Strong<T> make(A... arguments) {
+  using D = Descriptor<Initialiser>;
+  static_assert(D::family == Family::initialiser, "make wants an initialiser");
+  id raw = allocate<T>().leak();
+  return adopt<T>(D::send(raw, arguments...).leak());
+}
+
+template <class R, class... A>
+const char* blockSignature() {
+  return blockTypes<R, A...>.text;
+}
+
+}  // namespace bridge

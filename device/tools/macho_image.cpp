@@ -1,0 +1,195 @@
+// Reads the headers and load commands of Mach-O files. The numbers are those of the file format.
+#include "device/tools/macho_image.hpp"
+
+#include <fmt/format.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "device/tools/byte_reader.hpp"
+#include "device/tools/loader_tables.hpp"
+
+namespace device {
+namespace {
+
+using Bytes = std::span<const uint8_t>;
+
+enum Command : uint32_t {
+  segment32 = 0x1,
+  symbolTable = 0x2,
+  loadLibrary = 0xc,
+  identifyLibrary = 0xd,
+  loadLibraryLazily = 0x20,
+  loadLibraryUpward = 0x23 | 0x80000000,
+  loadLibraryWeakly = 0x18 | 0x80000000,
+  reexportLibrary = 0x1f | 0x80000000,
+  segment64 = 0x19,
+  loaderInfo = 0x22,
+  loaderInfoOnly = 0x22 | 0x80000000,
+  minimumIOS = 0x25,
+  exportTrie = 0x33 | 0x80000000,
+  chainedFixups = 0x34 | 0x80000000,
+  buildVersion = 0x32,
+};
+
+constexpr uint32_t platformIOS = 2;
+
+std::string architectureName(uint32_t type, uint32_t subtype) {
+  if (type == 0x0100000c && (subtype & 0xffffff) == 0) return "arm64";
+  if (type == 12 && subtype == 9) return "armv7";
+  return fmt::format("cpu {}/{}", type, subtype);
+}
+
+void readSegment(ByteReader in, Slice& slice) {
+  Segment& segment = slice.segments.emplace_back();
+  segment.name = in.takeName(16);
+  for (uint64_t* field : {&segment.address, &segment.size, &segment.fileOffset, &segment.fileSize})
+    *field = in.takeWord(slice.is64);
+  in.skip(8);  // protections
+  auto count = in.take<uint32_t>();
+  in.skip(4);
+  for (uint32_t i = 0; i < count; ++i) {
+    Section section;
+    section.name = in.takeName(16);
+    section.segment = in.takeName(16);
+    section.address = in.takeWord(slice.is64);
+    section.size = in.takeWord(slice.is64);
+    section.offset = in.take<uint32_t>();
+    in.skip(12);  // alignment, relocations
+    section.type = static_cast<uint8_t>(in.take<uint32_t>());
+    in.skip(slice.is64 ? 12 : 8);
+    slice.sections.push_back(std::move(section));
+  }
+}
+
+LibraryLoad readLibrary(Bytes command, bool mandatory) {
+  ByteReader in(command, 8);
+  auto name = in.take<uint32_t>();
+  in.skip(8);
+  auto compatibility = in.take<uint32_t>();
+  return {ByteReader(command, name).takeString(), compatibility, mandatory};
+}
+
+void readSymbols(Bytes bytes, ByteReader command, Slice& slice) {
+  auto offset = command.take<uint32_t>();
+  auto count = command.take<uint32_t>();
+  auto stringsAt = command.take<uint32_t>();
+  Bytes strings = part(bytes, stringsAt, command.take<uint32_t>());
+  ByteReader in(bytes, offset);
+  for (uint32_t i = 0; i < count; ++i) {
+    auto name = in.take<uint32_t>();
+    Symbol symbol;
+    symbol.type = in.take<uint8_t>();
+    symbol.section = in.take<uint8_t>();
+    symbol.description = in.take<uint16_t>();
+    symbol.value = in.takeWord(slice.is64);
+    if (name) symbol.name = ByteReader(strings, name).takeString();
+    slice.symbols.push_back(std::move(symbol));
+  }
+}
+
+void readLoaderInfo(Bytes bytes, ByteReader command, Slice& slice) {
+  command.skip(8);  // rebases
+  for (auto table : {Import::Table::bind, Import::Table::weakBind, Import::Table::lazyBind}) {
+    auto offset = command.take<uint32_t>();
+    auto found = readBindings(part(bytes, offset, command.take<uint32_t>()), table);
+    slice.imports.insert(slice.imports.end(), found.begin(), found.end());
+  }
+  auto offset = command.take<uint32_t>();
+  slice.exports = readExports(part(bytes, offset, command.take<uint32_t>()));
+}
+
+void readCommand(Bytes bytes, Bytes command, Slice& slice) {
+  ByteReader in(command);
+  auto kind = in.take<uint32_t>();
+  in.skip(4);
+  switch (kind) {
+    case segment32:
+    case segment64:
+      return readSegment(in, slice);
+    case symbolTable:
+      return readSymbols(bytes, in, slice);
+    case identifyLibrary:
+      slice.installName = readLibrary(command, true).installName;
+      return;
+    case loadLibrary:
+      slice.loads.push_back(readLibrary(command, true));
+      return;
+    case loadLibraryLazily:
+    case loadLibraryUpward:
+    case loadLibraryWeakly:
+    case reexportLibrary:
+      slice.loads.push_back(readLibrary(command, false));
+      return;
+    case loaderInfo:
+    case loaderInfoOnly:
+      return readLoaderInfo(bytes, in, slice);
+    case minimumIOS:
+      slice.minimumSystem = in.take<uint32_t>();
+      slice.forIOS = true;
+      return;
+    case buildVersion:
+      slice.forIOS = in.take<uint32_t>() == platformIOS;
+      slice.minimumSystem = in.take<uint32_t>();
+      return;
+    case chainedFixups:
+      slice.chainedFixups = true;
+      return;
+    case exportTrie: {
+      auto offset = in.take<uint32_t>();
+      slice.exports = readExports(part(bytes, offset, in.take<uint32_t>()));
+      return;
+    }
+    default:
+      return;
+  }
+}
+
+Slice readSlice(Bytes bytes) {
+  Slice slice;
+  slice.sizeInBytes = bytes.size();
+  ByteReader in(bytes);
+  auto magic = in.take<uint32_t>();
+  if (magic != 0xfeedface && magic != 0xfeedfacf) throw std::runtime_error("not a little-endian Mach-O file");
+  slice.is64 = magic == 0xfeedfacf;
+  auto type = in.take<uint32_t>();
+  slice.architecture = architectureName(type, in.take<uint32_t>());
+  slice.fileType = in.take<uint32_t>();
+  auto commands = in.take<uint32_t>();
+  in.skip(slice.is64 ? 12 : 8);
+  for (uint32_t i = 0; i < commands; ++i) {
+    size_t start = in.position();
+    in.skip(4);
+    auto size = in.take<uint32_t>();
+    if (size < 8) throw std::runtime_error("load command without a size");
+    readCommand(bytes, part(bytes, start, size), slice);
+    in.skip(size - 8);
+  }
+  for (const Section& section : slice.sections)
+    if (section.type == initialiserPointers)
+      for (ByteReader words(part(bytes, section.offset, section.size)); !words.atEnd();)
+        slice.initialisers.push_back(words.takeWord(slice.is64));
+  return slice;
+}
+
+}  // namespace
+
+std::vector<Slice> readImage(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::vector<uint8_t> contents{std::istreambuf_iterator<char>(in), {}};
+  if (!in) throw std::runtime_error("cannot be read");
+  Bytes bytes(contents);
+  auto bigEndian = [&](size_t at) { return __builtin_bswap32(ByteReader(bytes, at).take<uint32_t>()); };
+  std::vector<Slice> slices;
+  if (bigEndian(0) != 0xcafebabe) {
+    slices.push_back(readSlice(bytes));
+    return slices;
+  }
+  for (uint32_t i = 0, count = bigEndian(4); i < count; ++i) {
+    size_t entry = 8 + 20 * static_cast<size_t>(i);
+    slices.push_back(readSlice(part(bytes, bigEndian(entry + 8), bigEndian(entry + 12))));
+  }
+  return slices;
+}
+
+}  // namespace device

@@ -1,0 +1,14 @@
+// SpringBoard's icon controller: measuring the screen before the home screen is built, and rescaling a
+// tablet's grid when it turns.
+#pragma once
+
+#include "platform/springboard/icon_controller.hpp"
+
+namespace tilo::hooks {
+
+bridge::Strong<NSObject> initController(SBIconController self);
+void viewDidAppear(SBIconController self, BOOL animated);
+// `previous` is the orientation that the device has left.
+void didRotateFromInterfaceOrientation(SBIconController self, NSInteger previous);
+
+}  // namespace tilo::hooks

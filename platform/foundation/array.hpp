@@ -1,0 +1,15 @@
+// NSArray and NSMutableArray.
+#pragma once
+
+#include "platform/foundation/object.hpp"
+
+struct NSArray : bridge::Face<"NSArray", NSObject> {
+  static constexpr bridge::ClassMethod<"NSArray", "array", NSArray()> array{};
+  MESSAGE Method<"count", NSUInteger()> count;
+  MESSAGE Method<"objectAtIndex:", bridge::Object(NSUInteger)> objectAtIndex;
+};
+
+struct NSMutableArray : bridge::Face<"NSMutableArray", NSArray> {
+  static constexpr bridge::ClassMethod<"NSMutableArray", "array", NSMutableArray()> array{};
+  MESSAGE Method<"addObject:", void(bridge::Object)> addObject;
+};

@@ -1,0 +1,12 @@
+// NSFileManager.
+#pragma once
+
+#include "platform/foundation/dictionary.hpp"
+
+struct NSFileManager : bridge::Face<"NSFileManager", NSObject> {
+  static constexpr bridge::ClassMethod<"NSFileManager", "defaultManager", NSFileManager()> defaultManager{};
+  MESSAGE Method<"fileExistsAtPath:", BOOL(NSString)> fileExistsAtPath;
+  MESSAGE Method<"createDirectoryAtPath:withIntermediateDirectories:attributes:error:",
+                 BOOL(NSString, BOOL, NSDictionary, id*)>
+      createDirectoryAtPath_withIntermediateDirectories_attributes_error;
+};

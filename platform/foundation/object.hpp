@@ -1,0 +1,13 @@
+// NSObject.
+#pragma once
+
+#include "bridge/method.hpp"
+
+struct NSString;
+
+struct NSObject : bridge::Face<"NSObject", bridge::Object> {
+  MESSAGE Method<"init", NSObject()> init;
+  MESSAGE Method<"description", NSString()> description;
+  MESSAGE Method<"retainCount", NSUInteger()> retainCount;
+  MESSAGE Method<"respondsToSelector:", BOOL(SEL)> respondsToSelector;
+};

@@ -1,0 +1,26 @@
+// NSString, and constant strings: "enabled"_ns.
+#pragma once
+
+#include "bridge/string.hpp"
+#include "platform/foundation/object.hpp"
+
+// NSComparisonResult
+enum : NSInteger { NSOrderedAscending = -1, NSOrderedSame = 0, NSOrderedDescending = 1 };
+// NSStringCompareOptions
+enum : NSUInteger { NSNumericSearch = 64 };
+
+struct NSString : bridge::Face<"NSString", NSObject> {
+  static constexpr bridge::ClassMethod<"NSString", "stringWithUTF8String:", NSString(const char*)>
+      stringWithUTF8String{};
+  MESSAGE Method<"UTF8String", const char*()> UTF8String;
+  MESSAGE Method<"length", NSUInteger()> length;
+  MESSAGE Method<"isEqualToString:", BOOL(NSString)> isEqualToString;
+  MESSAGE Method<"compare:options:", NSInteger(NSString, NSUInteger)> compare_options;
+  MESSAGE Method<"stringByAppendingString:", NSString(NSString)> stringByAppendingString;
+  MESSAGE Method<"stringByAppendingPathComponent:", NSString(NSString)> stringByAppendingPathComponent;
+};
+
+template <bridge::Name Text>
+NSString operator""_ns() {
+  return bridge::as<NSString>(bridge::constant<Text>());
+}

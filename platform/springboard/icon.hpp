@@ -1,0 +1,17 @@
+// SpringBoard's icons and the views that show them.
+#pragma once
+
+#include "platform/foundation/string.hpp"
+#include "platform/uikit/image_view.hpp"
+
+struct SBIcon : bridge::Face<"SBIcon", NSObject> {
+  MESSAGE Method<"displayName", NSString()> displayName;
+};
+
+struct SBIconImageView : bridge::Face<"SBIconImageView", UIImageView> {
+  MESSAGE Method<"showsSquareCorners", BOOL()> showsSquareCorners;
+};
+
+struct SBIconView : bridge::Face<"SBIconView", UIView> {
+  static constexpr bridge::ClassMethod<"SBIconView", "defaultIconImageSize", CGSize()> defaultIconImageSize{};
+};

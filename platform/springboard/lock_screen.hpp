@@ -1,0 +1,14 @@
+// The lock screen.
+#pragma once
+
+#include "platform/uikit/view_controller.hpp"
+
+struct SBLockScreenViewController : bridge::Face<"SBLockScreenViewController", UIViewController> {
+  MESSAGE Method<"isLockScreenVisible", BOOL()> isLockScreenVisible;
+};
+
+struct SBLockScreenManager : bridge::Face<"SBLockScreenManager", NSObject> {
+  static constexpr bridge::ClassMethod<"SBLockScreenManager", "sharedInstance", SBLockScreenManager()>
+      sharedInstance{};
+  MESSAGE Method<"lockScreenViewController", SBLockScreenViewController()> lockScreenViewController;
+};

@@ -1,0 +1,6 @@
+// UIEvent.
+#pragma once
+
+#include "platform/foundation/object.hpp"
+
+struct UIEvent : bridge::Face<"UIEvent", NSObject> {};

@@ -1,0 +1,11 @@
+// UIImageView.
+#pragma once
+
+#include "platform/uikit/image.hpp"
+#include "platform/uikit/view.hpp"
+
+struct UIImageView : bridge::Face<"UIImageView", UIView> {
+  MESSAGE Method<"initWithImage:", UIImageView(UIImage)> initWithImage;
+  MESSAGE Method<"image", UIImage()> image;
+  MESSAGE Method<"setImage:", void(UIImage)> setImage;
+};

@@ -1,0 +1,8 @@
+// UIResponder.
+#pragma once
+
+#include "platform/foundation/object.hpp"
+
+struct UIResponder : bridge::Face<"UIResponder", NSObject> {
+  MESSAGE Method<"nextResponder", UIResponder()> nextResponder;
+};

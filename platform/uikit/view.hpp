@@ -1,0 +1,150 @@
+// UIView.
+#pragma once
+
+#include "platform/coregraphics/encoding.hpp"
+#include "platform/foundation/array.hpp"
+#include "platform/uikit/event.hpp"
+#include "platform/uikit/responder.hpp"
+
+struct CALayer;
+struct UIColor;
+struct UIWindow;
+
+// UIViewAutoresizing
+enum : NSUInteger {
+  UIViewAutoresizingNone = 0,
+  UIViewAutoresizingFlexibleLeftMargin = 1,
+  UIViewAutoresizingFlexibleWidth = 2,
+  UIViewAutoresizingFlexibleRightMargin = 4,
+  UIViewAutoresizingFlexibleTopMargin = 8,
+  UIViewAutoresizingFlexibleHeight = 16,
+  UIViewAutoresizingFlexibleBottomMargin = 32
+};
+
+// UIViewContentMode
+enum : NSInteger {
+  UIViewContentModeScaleToFill = 0,
+  UIViewContentModeScaleAspectFit,
+  UIViewContentModeScaleAspectFill,
+  UIViewContentModeRedraw,
+  UIViewContentModeCenter,
+  UIViewContentModeTop,
+  UIViewContentModeBottom,
+  UIViewContentModeLeft,
+  UIViewContentModeRight,
+  UIViewContentModeTopLeft,
+  UIViewContentModeTopRight,
+  UIViewContentModeBottomLeft,
+  UIViewContentModeBottomRight
+};
+
+// UIViewAnimationOptions
+enum : NSUInteger {
+  UIViewAnimationOptionLayoutSubviews = 1,
+  UIViewAnimationOptionAllowUserInteraction = 2,
+  UIViewAnimationOptionBeginFromCurrentState = 4,
+  UIViewAnimationOptionRepeat = 8,
+  UIViewAnimationOptionAutoreverse = 16,
+  UIViewAnimationOptionOverrideInheritedDuration = 32,
+  UIViewAnimationOptionOverrideInheritedCurve = 64,
+  UIViewAnimationOptionCurveEaseInOut = 0,
+  UIViewAnimationOptionCurveEaseIn = 1 << 16,
+  UIViewAnimationOptionCurveEaseOut = 2 << 16,
+  UIViewAnimationOptionCurveLinear = 3 << 16
+};
+
+// Lengths in points, times in seconds.
+struct UIView : bridge::Face<"UIView", UIResponder> {
+  MESSAGE Method<"initWithFrame:", UIView(CGRect)> initWithFrame;
+
+  // Geometry.
+  MESSAGE Method<"frame", CGRect()> frame;
+  MESSAGE Method<"setFrame:", void(CGRect)> setFrame;
+  MESSAGE Method<"bounds", CGRect()> bounds;
+  MESSAGE Method<"setBounds:", void(CGRect)> setBounds;
+  MESSAGE Method<"center", CGPoint()> center;
+  MESSAGE Method<"setCenter:", void(CGPoint)> setCenter;
+  MESSAGE Method<"transform", CGAffineTransform()> transform;
+  MESSAGE Method<"setTransform:", void(CGAffineTransform)> setTransform;
+  MESSAGE Method<"autoresizingMask", NSUInteger()> autoresizingMask;
+  MESSAGE Method<"setAutoresizingMask:", void(NSUInteger)> setAutoresizingMask;
+  MESSAGE Method<"autoresizesSubviews", BOOL()> autoresizesSubviews;
+  MESSAGE Method<"setAutoresizesSubviews:", void(BOOL)> setAutoresizesSubviews;
+  MESSAGE Method<"sizeThatFits:", CGSize(CGSize)> sizeThatFits;
+  MESSAGE Method<"sizeToFit", void()> sizeToFit;
+
+  // Appearance.
+  MESSAGE Method<"alpha", CGFloat()> alpha;
+  MESSAGE Method<"setAlpha:", void(CGFloat)> setAlpha;
+  MESSAGE Method<"isHidden", BOOL()> isHidden;
+  MESSAGE Method<"setHidden:", void(BOOL)> setHidden;
+  MESSAGE Method<"backgroundColor", UIColor()> backgroundColor;
+  MESSAGE Method<"setBackgroundColor:", void(UIColor)> setBackgroundColor;
+  MESSAGE Method<"clipsToBounds", BOOL()> clipsToBounds;
+  MESSAGE Method<"setClipsToBounds:", void(BOOL)> setClipsToBounds;
+  MESSAGE Method<"contentMode", NSInteger()> contentMode;
+  MESSAGE Method<"setContentMode:", void(NSInteger)> setContentMode;
+  MESSAGE Method<"layer", CALayer()> layer;
+  MESSAGE Method<"setNeedsDisplay", void()> setNeedsDisplay;
+  MESSAGE Method<"drawRect:", void(CGRect)> drawRect;
+
+  // The tree. The last subview is in front.
+  MESSAGE Method<"superview", UIView()> superview;
+  MESSAGE Method<"subviews", NSArray()> subviews;
+  MESSAGE Method<"window", UIWindow()> window;
+  MESSAGE Method<"addSubview:", void(UIView)> addSubview;
+  MESSAGE Method<"insertSubview:atIndex:", void(UIView, NSInteger)> insertSubview_atIndex;
+  MESSAGE Method<"bringSubviewToFront:", void(UIView)> bringSubviewToFront;
+  MESSAGE Method<"sendSubviewToBack:", void(UIView)> sendSubviewToBack;
+  MESSAGE Method<"removeFromSuperview", void()> removeFromSuperview;
+  MESSAGE Method<"isDescendantOfView:", BOOL(UIView)> isDescendantOfView;
+  MESSAGE Method<"tag", NSInteger()> tag;
+  MESSAGE Method<"setTag:", void(NSInteger)> setTag;
+  MESSAGE Method<"viewWithTag:", UIView(NSInteger)> viewWithTag;
+  MESSAGE Method<"willMoveToSuperview:", void(UIView)> willMoveToSuperview;
+  MESSAGE Method<"didMoveToSuperview", void()> didMoveToSuperview;
+  MESSAGE Method<"willMoveToWindow:", void(UIWindow)> willMoveToWindow;
+  MESSAGE Method<"didMoveToWindow", void()> didMoveToWindow;
+  MESSAGE Method<"didAddSubview:", void(UIView)> didAddSubview;
+  MESSAGE Method<"willRemoveSubview:", void(UIView)> willRemoveSubview;
+
+  // Layout.
+  MESSAGE Method<"setNeedsLayout", void()> setNeedsLayout;
+  MESSAGE Method<"layoutIfNeeded", void()> layoutIfNeeded;
+  MESSAGE Method<"layoutSubviews", void()> layoutSubviews;
+
+  // Coordinates. No view stands for the window.
+  MESSAGE Method<"convertPoint:toView:", CGPoint(CGPoint, UIView)> convertPoint_toView;
+  MESSAGE Method<"convertPoint:fromView:", CGPoint(CGPoint, UIView)> convertPoint_fromView;
+  MESSAGE Method<"convertRect:toView:", CGRect(CGRect, UIView)> convertRect_toView;
+  MESSAGE Method<"convertRect:fromView:", CGRect(CGRect, UIView)> convertRect_fromView;
+
+  // Touches.
+  MESSAGE Method<"isUserInteractionEnabled", BOOL()> isUserInteractionEnabled;
+  MESSAGE Method<"setUserInteractionEnabled:", void(BOOL)> setUserInteractionEnabled;
+  MESSAGE Method<"hitTest:withEvent:", UIView(CGPoint, UIEvent)> hitTest_withEvent;
+  MESSAGE Method<"pointInside:withEvent:", BOOL(CGPoint, UIEvent)> pointInside_withEvent;
+
+  // Animation.
+  static constexpr bridge::ClassMethod<"UIView", "animateWithDuration:animations:",
+                                       void(double, bridge::BlockRef<void()>)>
+      animateWithDuration_animations{};
+  static constexpr bridge::ClassMethod<"UIView", "animateWithDuration:animations:completion:",
+                                       void(double, bridge::BlockRef<void()>, bridge::BlockRef<void(BOOL)>)>
+      animateWithDuration_animations_completion{};
+  static constexpr bridge::ClassMethod<"UIView", "animateWithDuration:delay:options:animations:completion:",
+                                       void(double, double, NSUInteger, bridge::BlockRef<void()>,
+                                            bridge::BlockRef<void(BOOL)>)>
+      animateWithDuration_delay_options_animations_completion{};
+  // Duration, delay, damping ratio, initial velocity (whole distances per second), options.
+  static constexpr bridge::ClassMethod<
+      "UIView",
+      "animateWithDuration:delay:usingSpringWithDamping:initialSpringVelocity:options:animations:completion:",
+      void(double, double, CGFloat, CGFloat, NSUInteger, bridge::BlockRef<void()>,
+           bridge::BlockRef<void(BOOL)>)>
+      animateWithDuration_delay_usingSpringWithDamping_initialSpringVelocity_options_animations_completion{};
+  static constexpr bridge::ClassMethod<"UIView", "performWithoutAnimation:", void(bridge::BlockRef<void()>)>
+      performWithoutAnimation{};
+  static constexpr bridge::ClassMethod<"UIView", "setAnimationsEnabled:", void(BOOL)> setAnimationsEnabled{};
+  static constexpr bridge::ClassMethod<"UIView", "areAnimationsEnabled", BOOL()> areAnimationsEnabled{};
+};

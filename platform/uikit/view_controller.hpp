@@ -1,0 +1,24 @@
+// UIViewController.
+#pragma once
+
+#include "platform/uikit/orientation.hpp"
+#include "platform/uikit/view.hpp"
+
+struct UIViewController : bridge::Face<"UIViewController", UIResponder> {
+  MESSAGE Method<"view", UIView()> view;  // loads it
+  MESSAGE Method<"setView:", void(UIView)> setView;
+  MESSAGE Method<"isViewLoaded", BOOL()> isViewLoaded;
+  MESSAGE Method<"loadView", void()> loadView;
+  MESSAGE Method<"viewDidLoad", void()> viewDidLoad;
+  MESSAGE Method<"viewWillAppear:", void(BOOL)> viewWillAppear;
+  MESSAGE Method<"viewDidAppear:", void(BOOL)> viewDidAppear;
+  MESSAGE Method<"viewWillDisappear:", void(BOOL)> viewWillDisappear;
+  MESSAGE Method<"viewDidDisappear:", void(BOOL)> viewDidDisappear;
+  // Orientation and duration in seconds.
+  MESSAGE Method<"willRotateToInterfaceOrientation:duration:", void(NSInteger, double)>
+      willRotateToInterfaceOrientation_duration;
+  MESSAGE Method<"willAnimateRotationToInterfaceOrientation:duration:", void(NSInteger, double)>
+      willAnimateRotationToInterfaceOrientation_duration;
+  MESSAGE Method<"didRotateFromInterfaceOrientation:", void(NSInteger)> didRotateFromInterfaceOrientation;
+  MESSAGE Method<"interfaceOrientation", NSInteger()> interfaceOrientation;
+};

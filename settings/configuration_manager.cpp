@@ -1,0 +1,71 @@
+// ConfigurationManager's class.
+#include "settings/configuration_manager.hpp"
+
+#include "bridge/define.hpp"
+#include "platform/corefoundation/preferences.hpp"
+#include "platform/dispatch/dispatch.hpp"
+#include "platform/foundation/number.hpp"
+
+namespace tilo {
+namespace {
+
+struct ManagerState {
+  bridge::Strong<NSMutableDictionary> configuration;
+};
+
+using Manager = bridge::Implementation<ConfigurationManager, ManagerState>;
+
+NSString domain() { return "com.wexor.tilo"_ns; }
+
+ConfigurationManager sharedManager(Class) {
+  static constinit long once = 0;
+  static constinit id shared = nullptr;
+  dispatch::once(once, [](void*) { shared = bridge::make<ConfigurationManager, &NSObject::init>().leak(); });
+  return bridge::as<ConfigurationManager>(shared);
+}
+
+bridge::Strong<NSObject> init(ConfigurationManager self) {
+  auto made = bridge::adopt<ConfigurationManager>(Manager::super<&NSObject::init>(self).leak());
+  if (!made) return nullptr;
+  made->sync();
+  auto keys = bridge::adopt<NSArray>(
+      CFPreferencesCopyKeyList(domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
+  if (keys) {
+    auto values = bridge::adopt<NSDictionary>(CFPreferencesCopyMultiple(
+        keys.get().raw, domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
+    Manager::state(made.get()).configuration = values->mutableCopy();
+  }
+  return made;
+}
+
+void sync(ConfigurationManager) {
+  CFPreferencesSynchronize(domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
+}
+
+int storedCountLessOne(ConfigurationManager self, NSString key, int absent) {
+  NSNumber stored = bridge::as<NSNumber>(self.configuration().objectForKey(key));
+  return stored ? static_cast<int>(stored.integerValue()) - 1 : absent;
+}
+
+int rows(ConfigurationManager self) { return storedCountLessOne(self, "rows"_ns, 6); }
+int columns(ConfigurationManager self) { return storedCountLessOne(self, "columns"_ns, 4); }
+
+void save(ConfigurationManager self, NSString key, bridge::Object value) {
+  CFPreferencesSetValue(key.raw, value.raw, domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
+  self.configuration().setValue_forKey(value, key);
+}
+
+}  // namespace
+
+void defineConfigurationManager() {
+  using bridge::method;
+  Manager::define<NSObject>(
+      method<&ConfigurationManager::sharedManager, sharedManager>(), method<&NSObject::init, init>(),
+      method<&ConfigurationManager::sync, sync>(), method<&ConfigurationManager::rows, rows>(),
+      method<&ConfigurationManager::columns, columns>(),
+      method<&ConfigurationManager::saveWithKey_value, save>(),
+      Manager::property<&ConfigurationManager::configuration, &ConfigurationManager::setConfiguration,
+                        &ManagerState::configuration>());
+}
+
+}  // namespace tilo

@@ -1,0 +1,83 @@
+// RQGestureController's class.
+#include "settings/gesture_controller.hpp"
+
+#include "bridge/define.hpp"
+#include "platform/dispatch/dispatch.hpp"
+#include "platform/foundation/number.hpp"
+#include "settings/configuration_manager.hpp"
+#include "settings/console_log.hpp"
+#include "settings/presets_file.hpp"
+
+namespace tilo {
+namespace {
+
+struct ControllerState {
+  bridge::Strong<UIView> gestureView;
+  bridge::Strong<UIView> popView;
+  bridge::Strong<NSDictionary> currentPreset;
+  bridge::Strong<NSMutableDictionary> rootObj;
+};
+
+using Controller = bridge::Implementation<RQGestureController, ControllerState>;
+
+RQGestureController sharedInstance(Class) {
+  static constinit long once = 0;
+  static constinit id shared = nullptr;
+  dispatch::once(once, [](void*) {
+    shared = bridge::make<RQGestureController, &NSObject::init>().leak();
+    bridge::as<RQGestureController>(shared).update();
+  });
+  return bridge::as<RQGestureController>(shared);
+}
+
+void update(RQGestureController self) {
+  self.setRootObj(ConfigurationManager::sharedManager().configuration());
+  NSNumber selected = bridge::as<NSNumber>(self.rootObj().objectForKey("custom_preset"_ns));
+  self.updateConfigWithValue(static_cast<int>(selected.integerValue()));
+  consoleDebugLog("RQGestureController",
+                  "got preferences from gesture "_ns.stringByAppendingString(described(self.rootObj())));
+}
+
+// Presets by position: stored values may have gaps or repeats, so each copy gets its place in the file as its
+// value.
+bridge::Strong<NSMutableArray> renumbered(NSArray presets) {
+  auto result = bridge::make<NSMutableArray, &NSObject::init>();
+  for (NSUInteger position = 0; position < presets.count(); ++position) {
+    bridge::Object record = presets.objectAtIndex(position);
+    if (!bridge::isKindOf<NSDictionary>(record)) continue;
+    bridge::Strong<NSMutableDictionary> copy = bridge::as<NSDictionary>(record).mutableCopy();
+    copy->setObject_forKey(NSNumber::numberWithInt(static_cast<int>(position)), "value"_ns);
+    result->addObject(copy.get());
+  }
+  return result;
+}
+
+void updateConfig(RQGestureController self, int position) {
+  auto presets = renumbered(presets::load());
+  for (NSUInteger i = 0; i < presets->count(); ++i) {
+    NSDictionary preset = bridge::as<NSDictionary>(presets->objectAtIndex(i));
+    if (bridge::as<NSNumber>(preset.objectForKey("value"_ns)).intValue() == position)
+      self.setCurrentPreset(preset);
+  }
+}
+
+void savePrefs(RQGestureController, NSString key, bridge::Object value) {
+  ConfigurationManager::sharedManager().saveWithKey_value(key, value);
+}
+
+}  // namespace
+
+void defineGestureController() {
+  using bridge::method;
+  using Face = RQGestureController;
+  Controller::define<NSObject>(
+      method<&Face::sharedInstance, sharedInstance>(), method<&Face::update, update>(),
+      method<&Face::updateConfigWithValue, updateConfig>(),
+      method<&Face::savePrefsWithKey_value, savePrefs>(),
+      Controller::property<&Face::gestureView, &Face::setGestureView, &ControllerState::gestureView>(),
+      Controller::property<&Face::popView, &Face::setPopView, &ControllerState::popView>(),
+      Controller::property<&Face::currentPreset, &Face::setCurrentPreset, &ControllerState::currentPreset>(),
+      Controller::property<&Face::rootObj, &Face::setRootObj, &ControllerState::rootObj>());
+}
+
+}  // namespace tilo

@@ -1,0 +1,31 @@
+// RQGestureController: stands between SpringBoard's gestures, the Quick Settings panel and the stores.
+#pragma once
+
+#include "platform/foundation/dictionary.hpp"
+#include "platform/uikit/view.hpp"
+
+namespace tilo {
+
+struct RQGestureController : bridge::Face<"RQGestureController", NSObject> {
+  static constexpr bridge::ClassMethod<"RQGestureController", "sharedInstance", RQGestureController()>
+      sharedInstance{};
+  MESSAGE Method<"gestureView", UIView()> gestureView;
+  MESSAGE Method<"setGestureView:", void(UIView)> setGestureView;
+  // The panel that was opened last, kept after it closes.
+  MESSAGE Method<"popView", UIView()> popView;
+  MESSAGE Method<"setPopView:", void(UIView)> setPopView;
+  // The selected preset, its "value" being its position; nil until one was found.
+  MESSAGE Method<"currentPreset", NSDictionary()> currentPreset;
+  MESSAGE Method<"setCurrentPreset:", void(NSDictionary)> setCurrentPreset;
+  // The very dictionary of ConfigurationManager.
+  MESSAGE Method<"rootObj", NSMutableDictionary()> rootObj;
+  MESSAGE Method<"setRootObj:", void(NSMutableDictionary)> setRootObj;
+  MESSAGE Method<"update", void()> update;
+  // Makes the preset at that position the current one; without such a preset the current one stays.
+  MESSAGE Method<"updateConfigWithValue:", void(int)> updateConfigWithValue;
+  MESSAGE Method<"savePrefsWithKey:value:", void(NSString, bridge::Object)> savePrefsWithKey_value;
+};
+
+void defineGestureController();
+
+}  // namespace tilo

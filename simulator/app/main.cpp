@@ -1,0 +1,51 @@
+// tilo-sim: a phone's or tablet's home screen on the desktop.
+#include <exception>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <optional>
+
+#include "simulator/app/output.hpp"
+#include "simulator/app/simulation.hpp"
+#include "simulator/app/steps.hpp"
+#include "simulator/device/device_list.hpp"
+#include "simulator/device/usage_error.hpp"
+#include "simulator/input/script.hpp"
+
+namespace {
+
+constexpr int usageStatus = 2;
+
+void listDevices(const sim::Options& options) {
+  std::cout << sim::deviceTable();
+  if (options.report) sim::writeText(options.report->string(), sim::deviceJson().dump(2) + "\n");
+}
+
+void act(const sim::Options& options) {
+  sim::Simulation simulation(options);
+  std::optional<sim::Script> script;
+  if (options.script) script.emplace(options.script->string());
+  simulation.start();
+  if (script)
+    while (auto step = script->next()) sim::perform(simulation, *step);
+  if (options.snapshot) simulation.snapshot(options.snapshot->string());
+  if (options.report) simulation.report(options.report->string());
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  try {
+    sim::Options options = sim::parseOptions(count, arguments);
+    if (!options.help.empty()) {
+      std::cout << options.help;
+    } else if (options.listDevices) {
+      listDevices(options);
+    } else {
+      act(options);
+    }
+  } catch (const std::exception& error) {
+    std::cerr << "tilo-sim: " << error.what() << "\n";
+    return usageStatus;
+  }
+  return 0;
+}

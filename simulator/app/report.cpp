@@ -1,0 +1,100 @@
+// The report's keys, in the order of its description in docs/simulator.md.
+#include "simulator/app/report.hpp"
+
+#include <dlfcn.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "platform/iconsupport/icon_support.hpp"
+#include "platform/springboard/dock.hpp"
+#include "platform/uikit/orientation.hpp"
+#include "simulator/app/home_screen_report.hpp"
+#include "simulator/app/simulation.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/runtime/console.hpp"
+#include "simulator/runtime/preferences.hpp"
+#include "simulator/springboard/relayouts.hpp"
+#include "simulator/springboard/springboard.hpp"
+
+namespace sim {
+namespace {
+
+Json hooks(const Simulation& simulation) {
+  return {{"replaced", simulation.replacedMethods()}, {"added", simulation.addedMethods()}};
+}
+
+Json iconSupport() {
+  Json extensions = plain(ISIconSupport::sharedInstance().extensions());
+  return extensions.is_null() ? Json::array() : extensions;
+}
+
+// The library's exported array of four lengths.
+Json framing(const Simulation& simulation) {
+  auto* values =
+      simulation.library() ? static_cast<const CGFloat*>(dlsym(simulation.library(), "framing")) : nullptr;
+  if (!values) return nullptr;
+  return Json::array({number(values[0]), number(values[1]), number(values[2]), number(values[3])});
+}
+
+std::ifstream open(Simulation& simulation, const char* devicePath) {
+  return std::ifstream(simulation.fileSystem().hostPath(devicePath));
+}
+
+// A file that is no JSON is shown as the text it is.
+Json presets(Simulation& simulation) {
+  std::ifstream file = open(simulation, "/var/mobile/Documents/com.wexor.tilo3/custom/config.json");
+  std::string text{std::istreambuf_iterator<char>(file), {}};
+  if (!file) return nullptr;
+  Json parsed = Json::parse(text, nullptr, false);
+  return parsed.is_discarded() ? Json(text) : parsed;
+}
+
+Json log(Simulation& simulation) {
+  Json lines = Json::array();
+  std::ifstream file = open(simulation, "/var/mobile/Documents/Tilo3.log");
+  for (std::string line; std::getline(file, line);) lines.push_back(line);
+  return lines;
+}
+
+Json relayouts() {
+  Json calls = Json::array();
+  for (const springboard::Relayout& call : springboard::relayouts())
+    calls.push_back({{"page", call.page},
+                     {"duration", number(call.duration)},
+                     {"call", call.call},
+                     {"at", number(call.at)}});
+  return calls;
+}
+
+}  // namespace
+
+Json makeReport(Simulation& simulation) {
+  bridge::Pool pool;
+  constexpr NSInteger portrait = UIInterfaceOrientationPortrait;
+  const Options& options = simulation.startOptions();
+  bool landscape = springboard::orientation() == Orientation::landscape;
+  return {
+      {"device", simulation.device().name},
+      {"ios", options.ios.text()},
+      {"orientation", landscape ? "landscape" : "portrait"},
+      {"loaded", simulation.library() != nullptr},
+      {"pages", reportPages()},
+      {"classRows", SBIconListView::iconRowsForInterfaceOrientation(portrait)},
+      {"classColumns", SBIconListView::iconColumnsForInterfaceOrientation(portrait)},
+      {"hooks", hooks(simulation)},
+      {"iconSupport", iconSupport()},
+      {"folder", reportFolder()},
+      {"dock", reportDock()},
+      {"pageDots", reportPageDots()},
+      {"framing", framing(simulation)},
+      {"preferences", plain(preferenceDomain("com.wexor.tilo"_ns))},
+      {"presets", presets(simulation)},
+      {"log", log(simulation)},
+      {"console", console()},
+      {"relayouts", relayouts()},
+      {"time", number(clock::now())},
+  };
+}
+
+}  // namespace sim

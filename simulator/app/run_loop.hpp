@@ -1,0 +1,12 @@
+// The main run loop under the stepped clock.
+#pragma once
+
+namespace sim {
+
+// Everything that is due now: the main queue's work, timers, ends of animations; and what these bring about.
+void settle();
+
+// Lets `seconds` pass. What falls due on the way happens at its own moment, in order.
+void letPass(double seconds);
+
+}  // namespace sim

@@ -1,0 +1,154 @@
+// Bringing the device up: its files, Foundation, SpringBoard's classes, the library, the home screen.
+#include "simulator/app/simulation.hpp"
+
+#include <dlfcn.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+
+#include "bridge/runtime.hpp"
+#include "simulator/app/preference_file.hpp"
+#include "simulator/app/run_loop.hpp"
+#include "simulator/device/usage_error.hpp"
+#include "simulator/runtime/foundation.hpp"
+#include "simulator/runtime/hooking.hpp"
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/springboard.hpp"
+#include "simulator/springboard/stock.hpp"
+#include "simulator/uikit/classes.hpp"
+#include "simulator/uikit/configuration.hpp"
+
+namespace sim {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* presetsPath = "/var/mobile/Documents/com.wexor.tilo3/custom/config.json";
+constexpr const char* iconSupportPath = "/Library/MobileSubstrate/DynamicLibraries/IconSupport.dylib";
+
+fs::path beside(const char* name) { return fs::canonical("/proc/self/exe").parent_path() / name; }
+
+uikit::Configuration configurationOf(const Options& options) {
+  const Device& device = *options.device;
+  uikit::Configuration configuration;
+  configuration.systemVersion = options.ios.text();
+  configuration.idiom = static_cast<NSInteger>(device.idiom);
+  configuration.size = device.points;
+  configuration.scale = device.scale;
+  configuration.nativeSize = device.nativePixels;
+  configuration.orientation = springboard::asInterfaceOrientation(
+      device.homeScreenTurns ? options.orientation : Orientation::portrait);
+  return configuration;
+}
+
+// SpringBoard's classes whose methods the library replaces or adds to.
+constexpr std::array springboardClasses{"SBIconListView",     "SBRootIconListView", "SBFolderIconListView",
+                                        "SBDockIconListView", "SBDockView",         "SBIconImageView",
+                                        "SBIconScrollView",   "SBIconController",   "SBIconListPageControl"};
+
+int ownMethods(Class cls) {
+  unsigned int count = 0;
+  std::free(class_copyMethodList(cls, &count));
+  return static_cast<int>(count);
+}
+
+int springboardMethods() {
+  int count = 0;
+  for (const char* name : springboardClasses) {
+    Class cls = objc_getClass(name);
+    count += ownMethods(cls) + ownMethods(bridge::classOf(reinterpret_cast<id>(cls)));
+  }
+  return count;
+}
+
+// In place of whatever an earlier run left in a kept root.
+void installLibrary(const fs::path& library, const fs::path& place) {
+  if (!fs::exists(library)) throw UsageError("no library '" + library.string() + "'");
+  fs::create_directories(place.parent_path());
+  fs::remove(place);
+  fs::create_symlink(library, place);
+}
+
+fs::path rootOf(const Options& options, std::optional<TemporaryRoot>& temporary) {
+  return options.root ? *options.root : temporary.emplace().path();
+}
+
+}  // namespace
+
+Simulation::Simulation(const Options& given)
+    : options(given), model(*given.device), files(rootOf(given, temporary), given.loader) {
+  prepareFoundation();
+  putPreferences();
+  putPresets();
+  installLibraries();
+  springboard::useDevice(model, options.ios);
+  uikit::configure(configurationOf(options));
+  uikit::registerClasses();
+  springboard::defineClasses();
+}
+
+void Simulation::putPreferences() {
+  fs::path place = files.hostPath("/var/mobile/Library/Preferences/com.wexor.tilo.plist");
+  if (options.settings.empty()) {
+    if (options.prefs) fs::copy_file(*options.prefs, place, fs::copy_options::overwrite_existing);
+    return;
+  }
+  writePreferenceFile(place.string(), options.prefs ? options.prefs->string() : "", options.settings);
+}
+
+void Simulation::putPresets() {
+  if (!options.presets) return;
+  fs::path place = files.hostPath(presetsPath);
+  fs::create_directories(place.parent_path());
+  fs::copy_file(*options.presets, place, fs::copy_options::overwrite_existing);
+}
+
+void Simulation::installLibraries() {
+  if (!options.stock)
+    installLibrary(options.library.value_or(beside("libTilo.so")),
+                   files.hostPath(std::string(libraryFolder(options.loader)) + "/Tilo.dylib"));
+  if (options.iconSupport)
+    installLibrary(beside("libIconSupport.so"), files.hostPath(iconSupportPath));
+  else
+    fs::remove(files.hostPath(iconSupportPath));
+}
+
+// As the injection loaders do it.
+void Simulation::loadLibrary() {
+  int before = springboardMethods();
+  std::string path = std::string(libraryFolder(options.loader)) + "/Tilo.dylib";
+  image = dlopen(path.c_str(), RTLD_LAZY | RTLD_GLOBAL);
+  if (!image) throw UsageError(std::string("the library cannot be loaded: ") + dlerror());
+  added = springboardMethods() - before - hookCount().inherited;
+}
+
+void Simulation::start() {
+  if (!options.stock) loadLibrary();
+  springboard::start({.pages = options.pages, .icons = options.icons.value_or(-1)});
+  settle();
+}
+
+int Simulation::replacedMethods() const { return hookCount().replaced; }
+
+void Simulation::rotate(Orientation to) {
+  Orientation from = springboard::orientation();
+  bool turning = springboard::beginRotation(to);
+  letPass(springboard::rotationDuration);
+  if (!turning) return;
+  springboard::finishRotation(from);
+  settle();
+}
+
+void Simulation::lock() {
+  springboard::lock();
+  settle();
+}
+
+void Simulation::unlock() {
+  springboard::unlock();
+  settle();
+}
+
+}  // namespace sim

@@ -1,0 +1,56 @@
+// A simulated device with its home screen, from power-on to the last step.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "simulator/app/options.hpp"
+#include "simulator/device/catalogue.hpp"
+#include "simulator/device/file_system.hpp"
+#include "simulator/device/temporary_root.hpp"
+
+namespace sim {
+
+// There is one in a process, and one start: SpringBoard's classes and the library stay for the life of the
+// process.
+class Simulation {
+ public:
+  // The device's file system, Foundation and SpringBoard's classes; nothing is loaded or shown yet.
+  // Throws UsageError for what the options get wrong.
+  explicit Simulation(const Options& options);
+
+  // Loads the library, unless the options leave it out, and starts SpringBoard.
+  void start();
+
+  FileSystem& fileSystem() { return files; }
+  const Device& device() const { return model; }
+  const Options& startOptions() const { return options; }
+
+  // What the loader got for the library; null without one.
+  void* library() const { return image; }
+  // How many methods the library replaced, and how many it added to SpringBoard's classes.
+  int replacedMethods() const;
+  int addedMethods() const { return added; }
+
+  void rotate(Orientation to);
+  void lock();
+  void unlock();
+  // Writes the screen as it is now; throws UsageError when the file cannot be written.
+  void snapshot(const std::string& file);
+  void report(const std::string& file);
+
+ private:
+  void putPreferences();
+  void putPresets();
+  void installLibraries();
+  void loadLibrary();
+
+  const Options options;
+  const Device& model;
+  std::optional<TemporaryRoot> temporary;
+  FileSystem files;
+  void* image = nullptr;
+  int added = 0;
+};
+
+}  // namespace sim

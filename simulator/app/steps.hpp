@@ -1,0 +1,12 @@
+// Doing what a script says.
+#pragma once
+
+#include "simulator/app/simulation.hpp"
+#include "simulator/input/script.hpp"
+
+namespace sim {
+
+// Time passes as long as the step takes. Throws UsageError when the step cannot be done.
+void perform(Simulation& simulation, const Step& step);
+
+}  // namespace sim

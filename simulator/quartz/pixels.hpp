@@ -1,0 +1,17 @@
+// A cairo context's coordinates against the pixels below them.
+#pragma once
+
+#include <cairo.h>
+
+#include "platform/coregraphics/geometry.hpp"
+
+namespace sim {
+
+/** Goes on in coordinates that `t` leads out of. */
+void applyTransform(cairo_t* context, const CGAffineTransform& t);
+/** Whether a rectangle of the current coordinates cannot touch a pixel that may be painted. */
+bool isOutsideClip(cairo_t* context, const CGRect& rect);
+/** Lets only the whole pixels around the rectangle be painted: keeps a group's picture small. */
+void clipToPixels(cairo_t* context, const CGRect& rect);
+
+}  // namespace sim

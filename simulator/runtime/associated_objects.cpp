@@ -1,0 +1,85 @@
+// Associated objects, which GCC's runtime lacks: a table on the side, cleared when an object dies.
+#include <mutex>
+#include <unordered_map>
+
+#include "bridge/method.hpp"
+#include "bridge/strong.hpp"
+#include "simulator/runtime/dealloc.hpp"
+#include "simulator/runtime/export.hpp"
+
+namespace {
+
+// Policies as Apple numbers them.
+enum : uintptr_t {
+  assignPolicy = 0,
+  retainNonatomic = 1,
+  copyNonatomic = 3,
+  retainAtomic = 01401,
+  copyAtomic = 01403
+};
+
+struct Association {
+  id value = nullptr;
+  bool owned = false;
+
+  void drop() {
+    if (owned) bridge::release(value);
+  }
+};
+
+using Associations = std::unordered_map<const void*, Association>;
+
+std::mutex& lock() {
+  static std::mutex mutex;
+  return mutex;
+}
+
+std::unordered_map<id, Associations>& table() {
+  static auto& objects = *new std::unordered_map<id, Associations>();
+  return objects;
+}
+
+// Values are released outside the lock: their own dealloc may come back here.
+void forget(id object) {
+  Associations gone;
+  {
+    std::lock_guard guard(lock());
+    auto found = table().find(object);
+    if (found == table().end()) return;
+    gone = std::move(found->second);
+    table().erase(found);
+  }
+  for (auto& [key, association] : gone) association.drop();
+}
+
+}  // namespace
+
+SIMULATOR_EXPORT void objc_setAssociatedObject(id object, const void* key, id value, uintptr_t policy) {
+  if (!object) return;
+  static const bool watching = (sim::whenObjectsDie(forget), true);
+  (void)watching;
+  Association next{value, value && policy != assignPolicy};
+  if (policy == copyNonatomic || policy == copyAtomic)
+    next.value = bridge::Message<"copy", id()>::send(value);
+  else if (next.owned)
+    bridge::retain(value);
+  Association previous;
+  {
+    std::lock_guard guard(lock());
+    Associations& mine = table()[object];
+    previous = mine[key];
+    if (value)
+      mine[key] = next;
+    else
+      mine.erase(key);
+  }
+  previous.drop();
+}
+
+SIMULATOR_EXPORT id objc_getAssociatedObject(id object, const void* key) {
+  std::lock_guard guard(lock());
+  auto found = table().find(object);
+  if (found == table().end()) return nullptr;
+  auto association = found->second.find(key);
+  return association == found->second.end() ? nullptr : association->second.value;
+}

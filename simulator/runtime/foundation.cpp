@@ -1,0 +1,82 @@
+// Property lists are written as XML, observers that die are dropped from the notification centre, the
+// Documents directory is the mobile user's, and an exception that nobody catches ends the process with its
+// name and reason.
+#include "simulator/runtime/foundation.hpp"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <unordered_set>
+
+#include "bridge/replace.hpp"
+#include "platform/foundation/dictionary.hpp"
+#include "platform/foundation/notification_center.hpp"
+#include "platform/foundation/search_path.hpp"
+#include "simulator/runtime/dealloc.hpp"
+#include "simulator/runtime/export.hpp"
+
+extern "C" void NSSetUncaughtExceptionHandler(void (*handler)(id exception));
+
+namespace sim {
+namespace {
+
+struct NSUserDefaults : bridge::Face<"NSUserDefaults", NSObject> {
+  static constexpr bridge::ClassMethod<"NSUserDefaults", "standardUserDefaults", NSUserDefaults()>
+      standardUserDefaults{};
+  MESSAGE Method<"registerDefaults:", void(NSDictionary)> registerDefaults;
+};
+
+struct NSException : bridge::Face<"NSException", NSObject> {
+  MESSAGE Method<"name", NSString()> name;
+  MESSAGE Method<"reason", NSString()> reason;
+};
+
+constexpr int exceptionStatus = 3;
+
+void reportAndEnd(id raised) {
+  auto exception = bridge::as<NSException>(raised);
+  std::fprintf(stderr, "%s: %s\n", exception.name().UTF8String(), exception.reason().UTF8String());
+  std::fflush(nullptr);
+  _exit(exceptionStatus);
+}
+
+// Only objects that observe anything are worth asking the notification centre about when they die.
+std::unordered_set<id>& observers() {
+  static auto& set = *new std::unordered_set<id>();
+  return set;
+}
+
+using AddObserver = bridge::Descriptor<&NSNotificationCenter::addObserver_selector_name_object>;
+bridge::Slot addSlot;
+
+void addObserver(id self, SEL selector, id observer, SEL action, id name, id object) {
+  observers().insert(observer);
+  reinterpret_cast<decltype(&addObserver)>(addSlot.implementation())(self, selector, observer, action, name,
+                                                                     object);
+}
+
+void forgetObserver(id object) {
+  if (observers().erase(object))
+    NSNotificationCenter::defaultCenter().removeObserver(bridge::as<bridge::Object>(object));
+}
+
+}  // namespace
+
+void prepareFoundation() {
+  bridge::Pool pool;
+  NSSetUncaughtExceptionHandler(reportAndEnd);
+  NSUserDefaults::standardUserDefaults().registerDefaults(
+      NSDictionary::dictionaryWithObject_forKey("YES"_ns, "GSMacOSXCompatible"_ns));
+  bridge::replaceMethod(bridge::classNamed<NSNotificationCenter>(), AddObserver::selector(),
+                        reinterpret_cast<IMP>(&addObserver), addSlot);
+  whenObjectsDie(forgetObserver);
+}
+
+}  // namespace sim
+
+// Only the Documents directory is ever asked for.
+SIMULATOR_EXPORT id NSSearchPathForDirectoriesInDomains(NSUInteger directory, NSUInteger, BOOL) {
+  auto found = bridge::make<NSMutableArray, &NSObject::init>();
+  if (directory == NSDocumentDirectory) found->addObject("/var/mobile/Documents"_ns);
+  return std::move(found).autoreleased().raw;
+}

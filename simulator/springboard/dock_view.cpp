@@ -1,0 +1,61 @@
+// SBDockView: a translucent background with the dock's icons in front of it.
+#include "simulator/springboard/dock_view.hpp"
+
+#include "bridge/define.hpp"
+#include "platform/uikit/image_view.hpp"
+#include "simulator/artwork/dock_background.hpp"
+#include "simulator/springboard/drawn_image.hpp"
+#include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/stock.hpp"
+
+namespace sim::springboard {
+namespace {
+
+constexpr double floatingCornerRadius = 32;  // points
+
+struct DockState {
+  bridge::Strong<UIImageView> background;
+  bridge::Strong<SBDockIconListView> list;
+  CGSize drawnFor{};
+};
+
+using Panel = bridge::Implementation<SBDockView, DockState>;
+
+CGFloat defaultHeight(Class) { return stockDock(UIInterfaceOrientationPortrait).thickness; }
+
+void drawBackground(DockState& state, CGSize size, bool floating) {
+  if (state.drawnFor == size) return;
+  state.drawnFor = size;
+  state.background->setImage(drawnImage(size, [floating](cairo_t* context, CGSize area) {
+    drawDockBackground(context, area, floating ? floatingCornerRadius : 0);
+  }));
+}
+
+void layoutSubviews(SBDockView self) {
+  Panel::super<&UIView::layoutSubviews>(self);
+  auto& state = Panel::state(self);
+  CGRect bounds = self.bounds();
+  state.background->setFrame(bounds);
+  state.list->setFrame(bounds);
+  drawBackground(state, bounds.size, stockDock(currentOrientation()).floating);
+}
+
+}  // namespace
+
+bridge::Strong<SBDockView> makeDockView(SBDockIconListView list) {
+  auto view = bridge::make<SBDockView, &UIView::initWithFrame>(CGRect{});
+  auto& state = Panel::state(view.get());
+  state.background = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{});
+  state.list = bridge::retained(list);
+  view->addSubview(state.background);
+  view->addSubview(list);
+  return view;
+}
+
+void defineDockView() {
+  using bridge::method;
+  Panel::define<UIView>(method<&SBDockView::defaultHeight, defaultHeight>(),
+                        method<&UIView::layoutSubviews, layoutSubviews>());
+}
+
+}  // namespace sim::springboard

@@ -1,0 +1,159 @@
+// SBIconController: owns the pages, the dock and the page dots, and turns them with the device.
+#include "simulator/springboard/icon_controller.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "bridge/define.hpp"
+#include "simulator/springboard/dock_view.hpp"
+#include "simulator/springboard/icon.hpp"
+#include "simulator/springboard/icon_list_view.hpp"
+#include "simulator/springboard/orientation.hpp"
+
+namespace sim::springboard {
+
+HomeScreen& homeScreen() {
+  static auto& screen = *new HomeScreen();
+  return screen;
+}
+
+namespace {
+
+constexpr CGFloat pageDotsHeight = 20;  // points, above the dock
+
+using Controller = bridge::Implementation<SBIconController>;
+using ScrollView = bridge::Implementation<SBIconScrollView>;
+using PageDots = bridge::Implementation<SBIconListPageControl>;
+
+// The home screen's view puts its parts in their places whenever its size changes.
+struct SBHomeScreenView : bridge::Face<"SBHomeScreenView", UIView> {};
+using HomeView = bridge::Implementation<SBHomeScreenView>;
+
+SBIconController sharedInstance(Class) {
+  static id shared = bridge::make<SBIconController, &NSObject::init>().leak();
+  return bridge::as<SBIconController>(shared);
+}
+
+bridge::Strong<NSObject> init(SBIconController self) { return Controller::super<&NSObject::init>(self); }
+
+void layoutHomeScreen(SBHomeScreenView self) {
+  HomeView::super<&UIView::layoutSubviews>(self);
+  HomeScreen& home = homeScreen();
+  CGSize size = self.bounds().size;
+  CGRect page = pageFrame(size, currentOrientation());
+  NSInteger shown = SBIconController::sharedInstance().currentIconListIndex();
+  home.scrollView->setFrame(page);
+  home.scrollView->setContentSize(
+      {page.size.width * static_cast<CGFloat>(home.pages.size()), page.size.height});
+  for (size_t i = 0; i < home.pages.size(); ++i)
+    home.pages[i]->setFrame({{page.size.width * static_cast<CGFloat>(i), 0}, page.size});
+  home.dockView->setFrame(dockFrame(size, currentOrientation()));
+  home.pageDots->setFrame(
+      {{0, page.origin.y + page.size.height - pageDotsHeight}, {page.size.width, pageDotsHeight}});
+  // The page that was shown stays the page that is shown.
+  home.scrollView->setContentOffset({page.size.width * static_cast<CGFloat>(shown), 0});
+}
+
+void loadView(SBIconController self) {
+  HomeScreen& home = homeScreen();
+  auto view = bridge::make<SBHomeScreenView, &UIView::initWithFrame>(CGRect{});
+  home.scrollView = bridge::make<SBIconScrollView, &NSObject::init>();
+  home.scrollView->setPagingEnabled(YES);
+  home.dock = bridge::make<SBDockIconListView, &UIView::initWithFrame>(CGRect{});
+  home.folder = bridge::make<SBFolderIconListView, &UIView::initWithFrame>(CGRect{});
+  home.dockView = makeDockView(home.dock);
+  home.pageDots = bridge::make<SBIconListPageControl, &UIView::initWithFrame>(CGRect{});
+  view->addSubview(home.scrollView);
+  view->addSubview(home.pageDots);
+  view->addSubview(home.dockView);
+  self.setView(view);
+}
+
+NSInteger currentIconListIndex(SBIconController) {
+  HomeScreen& home = homeScreen();
+  CGFloat width = home.scrollView->bounds().size.width;
+  return width > 0 ? std::lround(home.scrollView->contentOffset().x / width) : 0;
+}
+
+SBRootIconListView pageAt(NSInteger index) {
+  auto& pages = homeScreen().pages;
+  if (index < 0 || index >= static_cast<NSInteger>(pages.size())) return {};
+  return pages[static_cast<size_t>(index)].get();
+}
+
+SBRootIconListView currentRootIconList(SBIconController self) { return pageAt(self.currentIconListIndex()); }
+
+// Pages are made with their icons, so there is nothing to create: an index beyond the last page has no list.
+void getListView(SBIconController, id* list, id* folder, id* relativePath, NSIndexPath path, BOOL) {
+  if (list) *list = pageAt(static_cast<NSInteger>(path.indexAtPosition(0))).raw;
+  if (folder) *folder = nullptr;
+  if (relativePath) *relativePath = nullptr;
+}
+
+void appeared(SBIconController self, BOOL animated) {
+  Controller::super<&UIViewController::viewDidAppear>(self, animated);
+}
+
+void rotated(SBIconController self, NSInteger previous) {
+  Controller::super<&UIViewController::didRotateFromInterfaceOrientation>(self, previous);
+}
+
+// How many icons go on a page: the stock grid's places, unless the grid in force has fewer.
+size_t pageCapacity(SBRootIconListView page) {
+  Grid stock = stockGrid(ListKind::root, currentOrientation());
+  auto rows = static_cast<NSInteger>(page.iconRowsForCurrentOrientation());
+  auto columns = static_cast<NSInteger>(page.iconColumnsForCurrentOrientation());
+  NSInteger places = std::min<NSInteger>(static_cast<NSInteger>(stock.rows) * stock.columns, rows * columns);
+  return static_cast<size_t>(std::max<NSInteger>(1, places));
+}
+
+std::vector<bridge::Strong<SBIcon>> makeIcons(const std::vector<std::string>& names) {
+  std::vector<bridge::Strong<SBIcon>> icons;
+  for (auto& name : names) icons.push_back(makeIcon(name));
+  return icons;
+}
+
+SBRootIconListView addPage() {
+  HomeScreen& home = homeScreen();
+  auto page = bridge::make<SBRootIconListView, &UIView::initWithFrame>(CGRect{});
+  setPage(page.get(), static_cast<int>(home.pages.size()));
+  home.scrollView->addSubview(page);
+  home.pages.push_back(page);
+  return page.get();
+}
+
+}  // namespace
+
+void fillHomeScreen(const Icons& icons) {
+  HomeScreen& home = homeScreen();
+  auto left = makeIcons(icons.home);
+  size_t next = 0;
+  do {
+    SBRootIconListView page = addPage();
+    size_t taken = std::min(pageCapacity(page), left.size() - next);
+    auto from = left.begin() + static_cast<ptrdiff_t>(next);
+    setIcons(page, {from, from + static_cast<ptrdiff_t>(taken)});
+    next += taken;
+  } while (next < left.size());
+  setIcons(home.dock.get(), makeIcons(icons.dock));
+  setIcons(home.folder.get(), makeIcons(icons.folder));
+  home.pageDots->setNumberOfPages(static_cast<NSInteger>(home.pages.size()));
+  home.scrollView->superview().setNeedsLayout();
+}
+
+void defineIconController() {
+  using bridge::method;
+  using Face = SBIconController;
+  ScrollView::define<UIScrollView>();
+  PageDots::define<UIPageControl>();
+  HomeView::define<UIView>(method<&UIView::layoutSubviews, layoutHomeScreen>());
+  Controller::define<UIViewController>(
+      method<&Face::sharedInstance, sharedInstance>(), method<&NSObject::init, init>(),
+      method<&UIViewController::loadView, loadView>(), method<&UIViewController::viewDidAppear, appeared>(),
+      method<&UIViewController::didRotateFromInterfaceOrientation, rotated>(),
+      method<&Face::currentIconListIndex, currentIconListIndex>(),
+      method<&Face::currentRootIconList, currentRootIconList>(),
+      method<&Face::getListView_folder_relativePath_forIndexPath_createIfNecessary, getListView>());
+}
+
+}  // namespace sim::springboard

@@ -1,0 +1,174 @@
+// SBIconListView and the lists of pages and folders: rows and columns of icons, placed by what the list
+// itself answers when it is asked for its counts, paddings and insets.
+#include "simulator/springboard/icon_list_view.hpp"
+
+#include <algorithm>
+
+#include "bridge/define.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/springboard/dock_icon_list_view.hpp"
+#include "simulator/springboard/icon_view.hpp"
+#include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/relayouts.hpp"
+
+namespace sim::springboard {
+
+std::vector<Relayout>& relayouts() {
+  static auto& list = *new std::vector<Relayout>();
+  return list;
+}
+
+namespace {
+
+struct ListState {
+  std::vector<bridge::Strong<SBIcon>> icons;
+  std::vector<bridge::Strong<SBIconView>> views;
+  int page = -1;
+  bool iconsNeedLayout = true;
+  CGSize laidOutFor{};
+};
+
+using List = bridge::Implementation<SBIconListView, ListState>;
+using RootList = bridge::Implementation<SBRootIconListView>;
+using FolderList = bridge::Implementation<SBFolderIconListView>;
+
+Grid currentGrid(SBIconListView self) { return stockGrid(kindOf(self), currentOrientation()); }
+
+// SpringBoard's own answers.
+
+NSUInteger rowsForOrientation(Class, NSInteger orientation) {
+  return static_cast<NSUInteger>(stockGrid(ListKind::root, orientation).rows);
+}
+
+NSUInteger columnsForOrientation(Class, NSInteger orientation) {
+  return static_cast<NSUInteger>(stockGrid(ListKind::root, orientation).columns);
+}
+
+NSUInteger folderRowsForOrientation(Class, NSInteger orientation) {
+  return static_cast<NSUInteger>(stockGrid(ListKind::folder, orientation).rows);
+}
+
+NSUInteger folderColumnsForOrientation(Class, NSInteger orientation) {
+  return static_cast<NSUInteger>(stockGrid(ListKind::folder, orientation).columns);
+}
+
+// A list's own counts do not go through its class.
+NSUInteger rows(SBIconListView self) { return static_cast<NSUInteger>(currentGrid(self).rows); }
+NSUInteger columns(SBIconListView self) { return static_cast<NSUInteger>(currentGrid(self).columns); }
+CGFloat verticalPadding(SBIconListView self) { return currentGrid(self).verticalPadding; }
+CGFloat horizontalPadding(SBIconListView self) { return currentGrid(self).horizontalPadding; }
+CGFloat sideInset(SBIconListView self) { return currentGrid(self).sideInset; }
+CGFloat topInset(SBIconListView self) { return currentGrid(self).topInset; }
+CGFloat rootSideInset(SBRootIconListView self) { return currentGrid(self).sideInset; }
+CGFloat rootTopInset(SBRootIconListView self) { return currentGrid(self).topInset; }
+
+// The one place in which icons get their places. A grid without columns is laid out as one of a single
+// column.
+void placeIcons(SBIconListView self) {
+  auto& state = List::state(self);
+  state.iconsNeedLayout = false;
+  state.laidOutFor = self.bounds().size;
+  if (kindOf(self) == ListKind::dock) {
+    placeDockIcons(bridge::as<SBDockIconListView>(self));
+    return;
+  }
+  CGPoint start{self.sideIconInset(), self.topIconInset()};
+  CGFloat horizontal = self.horizontalIconPadding(), vertical = self.verticalIconPadding();
+  auto across = std::max<NSInteger>(1, static_cast<NSInteger>(self.iconColumnsForCurrentOrientation()));
+  CGSize size = iconViewSize();
+  // The first row and column stand at the insets, even where a padding is infinite.
+  auto along = [](NSInteger steps, CGFloat pitch) {
+    return steps == 0 ? 0 : static_cast<CGFloat>(steps) * pitch;
+  };
+  for (size_t i = 0; i < state.views.size(); ++i) {
+    auto place = static_cast<NSInteger>(i);
+    CGPoint origin{start.x + along(place % across, size.width + horizontal),
+                   start.y + along(place / across, size.height + vertical)};
+    state.views[i]->setFrame({origin, size});
+  }
+}
+
+void layoutSubviews(SBIconListView self) {
+  List::super<&UIView::layoutSubviews>(self);
+  auto& state = List::state(self);
+  if (state.iconsNeedLayout || state.laidOutFor != self.bounds().size) placeIcons(self);
+}
+
+void setIconsNeedLayout(SBIconListView self) { List::state(self).iconsNeedLayout = true; }
+
+void relayout(SBIconListView self, double duration, const char* call) {
+  auto& state = List::state(self);
+  relayouts().push_back({state.page, duration, call, clock::now()});
+  if (!state.iconsNeedLayout) return;
+  UIView::animateWithDuration_animations(duration, bridge::Block<void()>([self] { placeIcons(self); }));
+}
+
+void layoutWithDomino(SBIconListView self, double duration, BOOL) { relayout(self, duration, "domino"); }
+
+void layoutWithAnimationType(SBIconListView self, double duration, NSInteger) {
+  relayout(self, duration, "animationType");
+}
+
+NSArray icons(SBIconListView self) {
+  auto list = bridge::make<NSMutableArray, &NSObject::init>();
+  for (auto& icon : List::state(self).icons) list->addObject(icon.get());
+  return std::move(list).autoreleased();
+}
+
+SBIconView viewForIcon(SBIconListView self, SBIcon icon) {
+  for (auto& view : List::state(self).views)
+    if (iconOf(view.get()) == icon) return view.get();
+  return {};
+}
+
+}  // namespace
+
+ListKind kindOf(SBIconListView list) {
+  if (bridge::isKindOf<SBDockIconListView>(list)) return ListKind::dock;
+  return bridge::isKindOf<SBFolderIconListView>(list) ? ListKind::folder : ListKind::root;
+}
+
+void setIcons(SBIconListView list, std::vector<bridge::Strong<SBIcon>> icons) {
+  auto& state = List::state(list);
+  for (auto& view : state.views) view->removeFromSuperview();
+  state.views.clear();
+  for (auto& icon : icons) {
+    state.views.push_back(makeIconView(icon.get()));
+    list.addSubview(state.views.back());
+  }
+  state.icons = std::move(icons);
+  state.iconsNeedLayout = true;
+  list.setNeedsLayout();
+}
+
+const std::vector<bridge::Strong<SBIconView>>& iconViews(SBIconListView list) {
+  return List::state(list).views;
+}
+
+void setPage(SBIconListView list, int page) { List::state(list).page = page; }
+
+void defineIconListView() {
+  using bridge::method;
+  using Face = SBIconListView;
+  bridge::MethodEntry entryPoint =
+      hasAnimationTypeLayout() ? method<&Face::layoutIconsIfNeeded_animationType, layoutWithAnimationType>()
+                               : method<&Face::layoutIconsIfNeeded_domino, layoutWithDomino>();
+  List::define<UIView>(method<&Face::iconRowsForInterfaceOrientation, rowsForOrientation>(),
+                       method<&Face::iconColumnsForInterfaceOrientation, columnsForOrientation>(),
+                       method<&Face::iconRowsForSpacingCalculation, rows>(),
+                       method<&Face::iconRowsForCurrentOrientation, rows>(),
+                       method<&Face::iconColumnsForCurrentOrientation, columns>(),
+                       method<&Face::verticalIconPadding, verticalPadding>(),
+                       method<&Face::horizontalIconPadding, horizontalPadding>(),
+                       method<&Face::sideIconInset, sideInset>(), method<&Face::topIconInset, topInset>(),
+                       method<&Face::icons, icons>(), method<&Face::viewForIcon, viewForIcon>(),
+                       method<&UIView::layoutSubviews, layoutSubviews>(),
+                       method<&Face::setIconsNeedLayout, setIconsNeedLayout>(), entryPoint);
+  RootList::define<SBIconListView>(method<&Face::sideIconInset, rootSideInset>(),
+                                   method<&Face::topIconInset, rootTopInset>());
+  FolderList::define<SBIconListView>(
+      method<&Face::iconRowsForInterfaceOrientation, folderRowsForOrientation>(),
+      method<&Face::iconColumnsForInterfaceOrientation, folderColumnsForOrientation>());
+}
+
+}  // namespace sim::springboard

@@ -1,0 +1,23 @@
+// Making icon lists.
+#pragma once
+
+#include <vector>
+
+#include "platform/springboard/icon_list_view.hpp"
+#include "simulator/springboard/stock.hpp"
+
+namespace sim::springboard {
+
+// Which of the three kinds of lists it is, by its class.
+ListKind kindOf(SBIconListView list);
+
+// Shows `icons` in that list, in order.
+void setIcons(SBIconListView list, std::vector<bridge::Strong<SBIcon>> icons);
+const std::vector<bridge::Strong<SBIconView>>& iconViews(SBIconListView list);
+
+// The page of the home screen that the list is; lists that are none have -1.
+void setPage(SBIconListView list, int page);
+
+void defineIconListView();
+
+}  // namespace sim::springboard

@@ -1,0 +1,118 @@
+// SpringBoard's windows, in their order, and its life cycle.
+#include "simulator/springboard/springboard.hpp"
+
+#include "platform/uikit/screen.hpp"
+#include "platform/uikit/window.hpp"
+#include "simulator/artwork/app_catalogue.hpp"
+#include "simulator/springboard/dock_icon_list_view.hpp"
+#include "simulator/springboard/dock_view.hpp"
+#include "simulator/springboard/icon.hpp"
+#include "simulator/springboard/icon_controller.hpp"
+#include "simulator/springboard/icon_list_view.hpp"
+#include "simulator/springboard/icon_view.hpp"
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/status_bar.hpp"
+#include "simulator/springboard/wallpaper_view.hpp"
+#include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/rendering.hpp"
+
+namespace sim::springboard {
+namespace {
+
+constexpr CGFloat wallpaperLevel = -1;
+constexpr int iconsInFolder = 5;
+
+struct Windows {
+  bridge::Strong<UIWindow> wallpaper, home;
+};
+
+Windows& windows() {
+  static auto& all = *new Windows();
+  return all;
+}
+
+bridge::Strong<UIWindow> makeWindow() {
+  return bridge::make<UIWindow, &UIView::initWithFrame>(UIScreen::mainScreen().bounds());
+}
+
+// Windows as large as the screen stay so; one of its own height, as the status bar's, keeps it.
+void turnWindows(NSInteger to) {
+  CGFloat height = UIScreen::mainScreen().bounds().size.height;
+  uikit::setInterfaceOrientation(to);
+  CGSize size = UIScreen::mainScreen().bounds().size;
+  NSArray all = UIApplication::sharedApplication().windows();
+  for (NSUInteger i = 0; i < all.count(); ++i) {
+    auto window = bridge::as<UIWindow>(all.objectAtIndex(i));
+    CGFloat own = window.bounds().size.height;
+    window.setFrame({{0, 0}, {size.width, own == height ? size.height : own}});
+  }
+}
+
+Icons namedIcons(const Contents& contents) {
+  const StockGrid& grid = device().portrait;
+  int count = contents.icons >= 0 ? contents.icons : contents.pages * grid.rows * grid.columns;
+  Icons icons;
+  for (int i = 0; i < device().dockIcons; ++i) icons.dock.push_back(dockAppName(i));
+  for (int i = 0; i < count; ++i) icons.home.push_back(appName(i));
+  for (int i = 0; i < iconsInFolder; ++i) icons.folder.push_back(appName(count + i));
+  return icons;
+}
+
+}  // namespace
+
+void defineClasses() {
+  defineIcon();
+  defineIconView();
+  defineIconListView();
+  defineDockIconListView();
+  defineDockView();
+  defineIconController();
+  defineLockScreen();
+}
+
+void start(const Contents& contents) {
+  bridge::Pool pool;
+  windows().wallpaper = makeWindow();
+  windows().wallpaper->setWindowLevel(wallpaperLevel);
+  windows().wallpaper->addSubview(makeWallpaperView(UIScreen::mainScreen().bounds().size).get());
+  windows().wallpaper->setHidden(NO);
+
+  SBIconController controller = SBIconController::sharedInstance();
+  windows().home = makeWindow();
+  controller.view();  // loads it
+  windows().home->setRootViewController(controller);
+  fillHomeScreen(namedIcons(contents));
+  windows().home->makeKeyAndVisible();
+  showStatusBar();
+  uikit::layoutPass();
+  controller.viewDidAppear(NO);
+}
+
+Orientation orientation() { return asOrientation(currentOrientation()); }
+
+bool beginRotation(Orientation to) {
+  if (!homeScreenTurns() || to == orientation()) return false;
+  bridge::Pool pool;
+  SBIconController controller = SBIconController::sharedInstance();
+  controller.willRotateToInterfaceOrientation_duration(asInterfaceOrientation(to), rotationDuration);
+  // The page that is on screen is known before the pages change their width.
+  CGFloat page = static_cast<CGFloat>(controller.currentIconListIndex());
+  UIView::animateWithDuration_animations(
+      rotationDuration, bridge::Block<void()>([&] {
+        turnWindows(asInterfaceOrientation(to));
+        controller.willAnimateRotationToInterfaceOrientation_duration(asInterfaceOrientation(to),
+                                                                      rotationDuration);
+        uikit::layoutPass();
+        auto& scrollView = homeScreen().scrollView;
+        scrollView->setContentOffset({page * scrollView->bounds().size.width, 0});
+      }));
+  return true;
+}
+
+void finishRotation(Orientation from) {
+  bridge::Pool pool;
+  SBIconController::sharedInstance().didRotateFromInterfaceOrientation(asInterfaceOrientation(from));
+}
+
+}  // namespace sim::springboard

@@ -1,0 +1,8 @@
+// UIApplication.
+#pragma once
+
+namespace sim::uikit {
+
+void defineApplication();
+
+}  // namespace sim::uikit

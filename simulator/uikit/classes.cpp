@@ -1,0 +1,42 @@
+// The classes of UIKit, superclasses first.
+#include "simulator/uikit/classes.hpp"
+
+#include "simulator/uikit/application.hpp"
+#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/control.hpp"
+#include "simulator/uikit/device.hpp"
+#include "simulator/uikit/font.hpp"
+#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/image_view.hpp"
+#include "simulator/uikit/label.hpp"
+#include "simulator/uikit/layer.hpp"
+#include "simulator/uikit/page_control.hpp"
+#include "simulator/uikit/responder.hpp"
+#include "simulator/uikit/screen.hpp"
+#include "simulator/uikit/scroll_view.hpp"
+#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/view_controller.hpp"
+#include "simulator/uikit/window.hpp"
+
+namespace sim::uikit {
+
+void registerClasses() {
+  defineColor();
+  defineDevice();
+  defineFont();
+  defineImage();
+  defineLayer();
+  defineResponder();
+  defineApplication();
+  defineView();
+  defineControl();
+  definePageControl();
+  defineImageView();
+  defineLabel();
+  defineScrollView();
+  defineWindow();
+  defineScreen();
+  defineViewController();
+}
+
+}  // namespace sim::uikit

@@ -1,0 +1,8 @@
+// UIControl.
+#pragma once
+
+namespace sim::uikit {
+
+void defineControl();
+
+}  // namespace sim::uikit

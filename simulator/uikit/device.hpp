@@ -1,0 +1,8 @@
+// UIDevice.
+#pragma once
+
+namespace sim::uikit {
+
+void defineDevice();
+
+}  // namespace sim::uikit

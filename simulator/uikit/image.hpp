@@ -1,0 +1,20 @@
+// UIImage.
+#pragma once
+
+#include "bridge/strong.hpp"
+#include "platform/uikit/image.hpp"
+#include "simulator/quartz/layer.hpp"
+
+namespace sim::uikit {
+
+/** An image of `scale` pixels per point. The pixels are shared and must not change afterwards. */
+bridge::Strong<UIImage> makeImage(Surface pixels, double scale);
+/** An image of that size in points, drawn when a view is first given it, at `scale` pixels per point. */
+bridge::Strong<UIImage> makeImage(CGSize size, double scale, DrawFunction draw);
+
+/** The image's pixels; none for nil. */
+Surface pixelsOf(UIImage image);
+
+void defineImage();
+
+}  // namespace sim::uikit

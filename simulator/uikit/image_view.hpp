@@ -1,0 +1,8 @@
+// UIImageView.
+#pragma once
+
+namespace sim::uikit {
+
+void defineImageView();
+
+}  // namespace sim::uikit

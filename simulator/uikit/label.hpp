@@ -1,0 +1,8 @@
+// UILabel.
+#pragma once
+
+namespace sim::uikit {
+
+void defineLabel();
+
+}  // namespace sim::uikit

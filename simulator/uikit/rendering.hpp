@@ -1,0 +1,18 @@
+// What is on the screen.
+#pragma once
+
+#include "simulator/quartz/surface.hpp"
+
+namespace sim::uikit {
+
+/** Lays out what is due in every window. Throws std::runtime_error when layout keeps asking for more layout.
+ */
+void layoutPass();
+
+/**
+ * The screen at `now` (seconds), after a layout pass: an ARGB32 image of the panel's pixels as the interface
+ * is turned, the visible windows over black. Throws std::runtime_error.
+ */
+Surface renderScreen(double now);
+
+}  // namespace sim::uikit

@@ -1,0 +1,8 @@
+// UIResponder.
+#pragma once
+
+namespace sim::uikit {
+
+void defineResponder();
+
+}  // namespace sim::uikit

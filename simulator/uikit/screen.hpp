@@ -1,0 +1,8 @@
+// UIScreen.
+#pragma once
+
+namespace sim::uikit {
+
+void defineScreen();
+
+}  // namespace sim::uikit

@@ -1,0 +1,8 @@
+// UIScrollView.
+#pragma once
+
+namespace sim::uikit {
+
+void defineScrollView();
+
+}  // namespace sim::uikit

@@ -1,0 +1,8 @@
+// UIViewController.
+#pragma once
+
+namespace sim::uikit {
+
+void defineViewController();
+
+}  // namespace sim::uikit

@@ -1,0 +1,50 @@
+// What runs when the loader loads the library into SpringBoard: two routines, in this order, and nothing
+// else.
+#include "platform/iconsupport/icon_support.hpp"
+#include "settings/configuration_manager.hpp"
+#include "settings/console_log.hpp"
+#include "settings/gesture_controller.hpp"
+#include "settings/logger.hpp"
+#include "startup/defaults.hpp"
+#include "startup/geometry.hpp"
+#include "startup/method_table.hpp"
+#include "startup/shared_state.hpp"
+
+extern "C" void* dlopen(const char* path, int mode);
+
+namespace {
+
+using namespace tilo;
+
+constexpr int bindNow = 2;  // RTLD_NOW, the same everywhere
+
+void defineClasses() {
+  defineLogger();
+  defineConfigurationManager();
+  defineGestureController();
+  defineValue();
+}
+
+// Tells IconSupport, where it is installed, that the icon layout is extended.
+void registerWithIconSupport() {
+  dlopen("/Library/MobileSubstrate/DynamicLibraries/IconSupport.dylib", bindNow);
+  ISIconSupport::sharedInstance().addExtension("Tilo"_ns);
+}
+
+__attribute__((constructor)) void constructTweak() {
+  bridge::Pool pool;
+  defineClasses();
+  registerWithIconSupport();
+  seedPreferences();
+  rootObj = bridge::retained(ConfigurationManager::sharedManager().configuration());
+  consoleDebugLog("Tweak", "got preferences "_ns.stringByAppendingString(described(rootObj)));
+  installMethods();
+}
+
+// The initialiser of `gestController`: the hooks can count on it from the first layout on.
+__attribute__((constructor)) void initialiseGestureController() {
+  bridge::Pool pool;
+  gestController = bridge::retained(RQGestureController::sharedInstance());
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+// Colours.
+#include "simulator/uikit/color.hpp"
+
+#include "platform/foundation/string.hpp"
+#include "tests/simulator/uikit/fixture.hpp"
+
+namespace test {
+namespace {
+
+using Colors = UIKit;
+
+struct Comparable : bridge::Face<"NSObject", NSObject> {
+  MESSAGE Method<"isEqual:", BOOL(bridge::Object)> isEqual;
+  MESSAGE Method<"hash", NSUInteger()> hash;
+};
+
+TEST_F(Colors, ComponentsReadBack) {
+  const UIColor color = UIColor::colorWithRed_green_blue_alpha(0.1, 0.2, 0.3, 0.4);
+  CGFloat red, green, blue, alpha;
+  ASSERT_TRUE(color.getRed_green_blue_alpha(&red, &green, &blue, &alpha));
+  EXPECT_EQ(red, 0.1);
+  EXPECT_EQ(green, 0.2);
+  EXPECT_EQ(blue, 0.3);
+  EXPECT_EQ(alpha, 0.4);
+  EXPECT_TRUE(color.getRed_green_blue_alpha(nullptr, nullptr, nullptr, nullptr));
+}
+
+TEST_F(Colors, ComponentsStayWithinTheirRange) {
+  // confirmed: Apple documentation of colorWithRed:green:blue:alpha: before system 10
+  EXPECT_EQ(sim::uikit::colorOf(UIColor::colorWithRed_green_blue_alpha(2, -1, 0.5, 3)),
+            (sim::Color{1, 0, 0.5, 1}));
+}
+
+TEST_F(Colors, WhiteHasThreeEqualComponents) {
+  EXPECT_EQ(sim::uikit::colorOf(UIColor::colorWithWhite_alpha(0.25, 0.5)),
+            (sim::Color{0.25, 0.25, 0.25, 0.5}));
+}
+
+TEST_F(Colors, NamedOnesAreApples) {
+  using sim::uikit::colorOf;
+  // confirmed: Apple documentation of UIColor
+  EXPECT_EQ(colorOf(UIColor::blackColor()), (sim::Color{0, 0, 0, 1}));
+  EXPECT_EQ(colorOf(UIColor::orangeColor()), (sim::Color{1, 0.5, 0, 1}));
+  EXPECT_EQ(colorOf(UIColor::purpleColor()), (sim::Color{0.5, 0, 0.5, 1}));
+  EXPECT_EQ(colorOf(UIColor::brownColor()), (sim::Color{0.6, 0.4, 0.2, 1}));
+  EXPECT_EQ(colorOf(UIColor::clearColor()), (sim::Color{0, 0, 0, 0}));
+  EXPECT_EQ(colorOf(UIColor::lightGrayColor()).red, 2.0 / 3);
+  EXPECT_TRUE(UIColor::redColor() == UIColor::redColor());
+}
+
+TEST_F(Colors, EqualComponentsMakeEqualColors) {
+  const auto one = bridge::as<Comparable>(UIColor::colorWithRed_green_blue_alpha(1, 0, 0, 1));
+  const auto other = bridge::as<Comparable>(UIColor::redColor());
+  EXPECT_TRUE(one.isEqual(other));  // confirmed: UIColor compares by value
+  EXPECT_EQ(one.hash(), other.hash());
+  EXPECT_FALSE(one.isEqual(UIColor::blueColor()));
+  EXPECT_FALSE(one.isEqual("red"_ns));
+}
+
+TEST_F(Colors, AlphaCanBeReplaced) {
+  EXPECT_EQ(sim::uikit::colorOf(UIColor::redColor().colorWithAlphaComponent(0.5)),
+            (sim::Color{1, 0, 0, 0.5}));
+}
+
+TEST_F(Colors, MadeByInitialisers) {
+  auto color = make<UIColor, &UIColor::initWithRed_green_blue_alpha>(0.0, 0.0, 1.0, 1.0);
+  EXPECT_EQ(color->retainCount(), 1u);
+  EXPECT_EQ(sim::uikit::colorOf(color), (sim::Color{0, 0, 1, 1}));
+}
+
+}  // namespace
+}  // namespace test

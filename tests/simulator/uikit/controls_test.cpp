@@ -1,0 +1,80 @@
+// Page controls.
+#include "simulator/uikit/page_control.hpp"
+#include "tests/simulator/uikit/fixture.hpp"
+
+namespace test {
+namespace {
+
+class PageControl : public UIKit {
+ protected:
+  Strong<UIPageControl> control = make<UIPageControl, &UIView::initWithFrame>(CGRect{{0, 0}, {100, 37}});
+};
+
+TEST_F(PageControl, StaysWithinItsPages) {
+  EXPECT_EQ(control->numberOfPages(), 0);  // confirmed: Apple documentation of UIPageControl
+  EXPECT_EQ(control->currentPage(), 0);
+  control->setNumberOfPages(3);
+  control->setCurrentPage(7);
+  EXPECT_EQ(control->currentPage(), 2);  // confirmed: Apple documentation of currentPage
+  control->setCurrentPage(-1);
+  EXPECT_EQ(control->currentPage(), 0);
+  control->setCurrentPage(2);
+  control->setNumberOfPages(2);
+  EXPECT_EQ(control->currentPage(), 1);
+}
+
+TEST_F(PageControl, ShowsADotForEachPageInTheMiddle) {
+  control->setNumberOfPages(3);
+  control->layoutIfNeeded();
+  const auto dots = sim::uikit::indicatorsOf(control);
+  ASSERT_EQ(dots.size(), 3u);
+  EXPECT_EQ(control->subviews().count(), 3u);
+  EXPECT_EQ(dots[1].center(), (CGPoint{50, 18.5}));
+  EXPECT_EQ(dots[2].center().x - dots[1].center().x, 16);  // assumed
+  EXPECT_TRUE(dots[0].image());
+  control->setNumberOfPages(1);
+  EXPECT_EQ(control->subviews().count(), 1u);
+}
+
+// A page control that writes down which dots are shown how.
+struct RecordingControl : bridge::Face<"TestRecordingControl", UIPageControl> {};
+
+std::string record;
+
+void indexed(RecordingControl, UIImageView, BOOL enabled, NSInteger page) {
+  record += std::to_string(page) + (enabled ? "+" : "-");
+}
+
+void plain(RecordingControl, UIImageView, BOOL enabled) { record += enabled ? "+" : "-"; }
+
+Strong<RecordingControl> makeRecordingControl() {
+  using sim::uikit::PageIndicators;
+  bridge::Implementation<RecordingControl>::define<UIPageControl>(
+      method<&PageIndicators::setIndicatorImage_toEnabled_index, indexed>(),
+      method<&PageIndicators::setIndicatorImage_toEnabled, plain>());
+  record.clear();
+  return make<RecordingControl, &UIView::initWithFrame>(CGRect{});
+}
+
+TEST_F(PageControl, SetsEachDotThroughOneMessage) {
+  auto recording = makeRecordingControl();
+  recording->setNumberOfPages(3);
+  EXPECT_EQ(record, "0+1-2-");
+  record.clear();
+  recording->setCurrentPage(2);
+  EXPECT_EQ(record, "0-2+");
+  recording->setCurrentPage(2);
+  EXPECT_EQ(record, "0-2+");
+}
+
+TEST_F(PageControl, LeavesThePageOutOnOlderSystems) {
+  auto older = phone();
+  older.indexedPageIndicators = false;
+  sim::uikit::configure(older);
+  auto recording = makeRecordingControl();
+  recording->setNumberOfPages(3);
+  EXPECT_EQ(record, "+--");
+}
+
+}  // namespace
+}  // namespace test

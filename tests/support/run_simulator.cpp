@@ -1,0 +1,47 @@
+// Running the simulator as its users do.
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/home.hpp"
+
+extern char** environ;
+
+namespace test {
+namespace {
+
+std::string readAll(const std::string& path) {
+  std::ifstream stream(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace
+
+Run runSimulator(const std::vector<std::string>& options, const std::string& input) {
+  static int runs = 0;
+  std::string tag = std::to_string(++runs);
+  std::string in = temporaryFile("in" + tag, input);
+  std::string out = temporaryFile("out" + tag, ""), err = temporaryFile("err" + tag, "");
+  std::string program = std::filesystem::canonical("/proc/self/exe").parent_path() / "tilo-sim";
+
+  std::vector<char*> arguments{program.data()};
+  for (auto& option : options) arguments.push_back(const_cast<char*>(option.c_str()));
+  arguments.push_back(nullptr);
+  posix_spawn_file_actions_t files;
+  posix_spawn_file_actions_init(&files);
+  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, in.c_str(), O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, out.c_str(), O_WRONLY | O_TRUNC, 0);
+  posix_spawn_file_actions_addopen(&files, STDERR_FILENO, err.c_str(), O_WRONLY | O_TRUNC, 0);
+  pid_t child = 0;
+  int failure = posix_spawn(&child, program.c_str(), &files, nullptr, arguments.data(), environ);
+  posix_spawn_file_actions_destroy(&files);
+  int status = -1;
+  if (failure == 0) waitpid(child, &status, 0);
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readAll(out), readAll(err)};
+}
+
+}  // namespace test
