@@ -1,11 +1,13 @@
 // Each step of a script.
 #include "simulator/app/steps.hpp"
 
+#include "bridge/runtime.hpp"
 #include "simulator/app/run_loop.hpp"
 
 namespace sim {
 
 void perform(Simulation& simulation, const Step& step) {
+  bridge::Pool pool;
   switch (step.kind) {
     case StepKind::wait:
       return letPass(step.number(0));

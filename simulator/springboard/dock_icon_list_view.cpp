@@ -37,7 +37,8 @@ NSUInteger iconsInRow(SBDockIconListView self) {
 
 void placeDockIcons(SBDockIconListView list) {
   Dock dock = stockDock(currentOrientation());
-  CGSize area = list.bounds().size, size = iconViewSize(), image = iconImageSize();
+  CGSize area{list.bounds().size.width, list.bounds().size.height - dock.bottomInset},
+      size = iconViewSize(), image = iconImageSize();
   auto places = static_cast<CGFloat>(
       std::max<NSInteger>(1, static_cast<NSInteger>(list.iconsInRowForSpacingCalculation())));
   CGFloat visibleHeight = dock.labels ? size.height : image.height;

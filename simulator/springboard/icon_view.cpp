@@ -13,8 +13,7 @@
 namespace sim::springboard {
 namespace {
 
-constexpr CGFloat labelGap = 3;       // points below the picture
-constexpr CGFloat labelHeight = 15;   // points, one line of the label's font
+constexpr CGFloat labelHeight = 14;   // points, from the picture to the view's lower edge
 constexpr CGFloat labelOverhang = 8;  // points on either side of the picture; longer names are cut short
 constexpr CGFloat labelFontSize = 12;
 
@@ -41,8 +40,7 @@ void layoutView(SBIconView self) {
   auto& state = View::state(self);
   CGSize size = iconImageSize();
   state.image->setFrame({{0, 0}, size});
-  state.label->setFrame(
-      {{-labelOverhang, size.height + labelGap}, {size.width + 2 * labelOverhang, labelHeight}});
+  state.label->setFrame({{-labelOverhang, size.height}, {size.width + 2 * labelOverhang, labelHeight}});
 }
 
 bridge::Strong<UILabel> makeLabel(NSString text) {

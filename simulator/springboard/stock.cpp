@@ -16,6 +16,8 @@ constexpr Version floatingDockSince{11}, dockLabelsUntil{11}, animationTypeSince
 // A floating dock keeps this distance from the lower edge and from the sides.
 constexpr CGFloat floatingGap = 8;  // points
 
+constexpr CGFloat homeIndicatorHeight = 34;  // points, of screens with rounded corners
+
 // A folder's page is as wide as four icons stand apart on the home screen, and starts at its corner.
 constexpr CGFloat folderInset = 20, folderPadding = 24;  // points
 
@@ -73,8 +75,11 @@ CGRect dockFrame(CGSize size, NSInteger orientation) {
 }
 
 Dock stockDock(NSInteger orientation) {
-  return {device().dockHeight, device().dockCapacity(currentVersion),
-          device().dockAtSide(asOrientation(orientation)), floats(),
+  return {device().dockHeight,
+          device().hasSafeAreas() ? homeIndicatorHeight : 0,
+          device().dockCapacity(currentVersion),
+          device().dockAtSide(asOrientation(orientation)),
+          floats(),
           currentVersion < dockLabelsUntil && !device().dockAtSide(asOrientation(orientation))};
 }
 

@@ -33,11 +33,12 @@ CGRect pageFrame(CGSize size, NSInteger orientation);
 CGRect dockFrame(CGSize size, NSInteger orientation);
 
 struct Dock {
-  CGFloat thickness;  // its height, or its width where it stands at the right side
-  int maximum;        // icons that it holds
-  bool upright;       // at the right side, in landscape of the larger phones
-  bool floating;      // a rounded panel above the lower edge
-  bool labels;        // icons bear labels
+  CGFloat thickness;    // its height, or its width where it stands at the right side
+  CGFloat bottomInset;  // the part of its height that the home indicator takes
+  int maximum;          // icons that it holds
+  bool upright;         // at the right side, in landscape of the larger phones
+  bool floating;        // a rounded panel above the lower edge
+  bool labels;          // icons bear labels
 };
 
 Dock stockDock(NSInteger orientation);

@@ -273,10 +273,4 @@ TEST(Block, CarriesItsSignature) {
             "{CGPoint=dd}@?@{CGSize=dd}");
 }
 
-TEST(Block, LivesOnTheHeap) {
-  auto stack = reinterpret_cast<void*>(_NSConcreteStackBlock);
-  Block<void()> block([] {});
-  EXPECT_NE(static_cast<bridge::BlockHeader*>(block.raw())->isa, stack);
-}
-
 }  // namespace

@@ -10,6 +10,7 @@ using bridge::Pool;
 NSString greeting() { return "Hello, home screen"_ns; }
 
 TEST(ConstantString, HasItsText) {
+  Pool pool;
   EXPECT_STREQ("Hello"_ns.UTF8String(), "Hello");
   EXPECT_EQ("Hello"_ns.length(), 5u);
   EXPECT_STREQ(""_ns.UTF8String(), "");
@@ -31,6 +32,7 @@ TEST(ConstantString, EqualsTheSameTextMadeAtRunTime) {
 }
 
 TEST(ConstantString, OutlivesThePoolItWasFirstUsedIn) {
+  Pool outer;
   id made;
   {
     Pool pool;
@@ -43,6 +45,7 @@ TEST(ConstantString, OutlivesThePoolItWasFirstUsedIn) {
 }
 
 TEST(ConstantString, SurvivesBalancedOwners) {
+  Pool pool;
   {
     auto owner = bridge::retained("owned by somebody for a while, then by nobody"_ns);
     auto other = owner;
@@ -52,6 +55,7 @@ TEST(ConstantString, SurvivesBalancedOwners) {
 }
 
 TEST(ConstantString, HasTheRemainingAsciiCharacters) {
+  Pool pool;
   EXPECT_STREQ("\t\n\"\\~\x7f"_ns.UTF8String(), "\t\n\"\\~\x7f");
   EXPECT_EQ("\t\n\"\\~\x7f"_ns.length(), 6u);
 }
