@@ -4,7 +4,8 @@
 //   Logger::define<NSObject>(bridge::method<&DPHLogger::info, info>(), …);
 //
 // An object's C++ state lives inside it. It is built when it is first asked for and destroyed by dealloc; an
-// object that never ran its initialiser has none, and dies quietly.
+// object that never ran its initialiser has none, and dies quietly. A class with state has no dealloc of its
+// own in its table: what is to be done at the end is the state's destructor's.
 #pragma once
 
 #include <initializer_list>
@@ -49,6 +50,9 @@ struct NoState {};
 template <class T, class State = NoState>
 class Implementation {
  public:
+  static_assert(std::is_same_v<State, NoState> || !std::is_empty_v<State>,
+                "a state without members has no place");
+
   // The class once it is defined.
   static inline constinit Class cls = nullptr;
 

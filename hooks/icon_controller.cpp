@@ -50,11 +50,12 @@ void didRotateFromInterfaceOrientation(SBIconController self, NSInteger previous
   if (getDeviceType() != UIUserInterfaceIdiomPad) return;
   SBLockScreenViewController lockScreen = SBLockScreenManager::sharedInstance().lockScreenViewController();
   NSInteger preset = setting("preset"_ns).integerValue();
-  if (lockScreen.isLockScreenVisible()) return;
-  if (static_cast<int32_t>(previous) == portrait)
+  if (static_cast<int32_t>(previous) == portrait && !lockScreen.isLockScreenVisible())
     scaleForLandscape(preset);
-  else
+  else if (!lockScreen.isLockScreenVisible())
     scaleForPortrait();
+  else
+    return;
   layoutIcons(false);
 }
 

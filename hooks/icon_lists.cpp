@@ -16,10 +16,10 @@ namespace {
 
 using bridge::original;
 
-// Counts travel as one less than they are; both this and iconGridCalc know it.
+// Counts travel as one less than they are; both this and iconGridCalc know it. The largest one wraps around.
 NSUInteger gridCount(NSString key, bridge::Object list, NSUInteger systemCount) {
-  int32_t count = iconGridCalc(key.raw, list.raw, static_cast<int32_t>(systemCount)) + 1;
-  return static_cast<NSUInteger>(static_cast<NSInteger>(count));
+  auto lessOne = static_cast<uint32_t>(iconGridCalc(key.raw, list.raw, static_cast<int32_t>(systemCount)));
+  return static_cast<NSUInteger>(static_cast<NSInteger>(static_cast<int32_t>(lessOne + 1)));
 }
 
 template <auto Replacement>

@@ -1,10 +1,161 @@
-// The methods added to SBIconScrollView.
+// The methods replaced in SBIconScrollView, and those added to it.
 #include "hooks/scroll_view.hpp"
 
+#include "bridge/replace.hpp"
+#include "platform/appsupport/messaging_center.hpp"
+#include "platform/dispatch/dispatch.hpp"
+#include "platform/foundation/notification_center.hpp"
+#include "platform/springboard/icon_list_view.hpp"
+#include "platform/uikit/device.hpp"
+#include "settings/configuration_manager.hpp"
+#include "settings/console_log.hpp"
+#include "startup/geometry.hpp"
 #include "startup/relayout.hpp"
+#include "startup/shared_state.hpp"
 
 namespace tilo::hooks {
+namespace {
+
+using bridge::original;
+using bridge::selector;
+
+constexpr uintptr_t retainAtomically = 01401;  // OBJC_ASSOCIATION_RETAIN
+constexpr CGFloat firmPress = 3;               // an average touch has the force 1
+constexpr NSUInteger twoFingers = 2;
+
+// Associated objects are told apart by these addresses.
+constinit char swipeGestureKey, tapGestureKey;
+
+// A firm press has opened the panel and goes on: it opens it only once.
+constinit bool show = false;
+
+bool panelIsWanted() { return setting("enabled"_ns).boolValue() && setting("quick"_ns).boolValue(); }
+
+// Settings that change elsewhere are told to the first scroll view, for the life of the process.
+void serveMessages(SBIconScrollView first) {
+  auto center = CPDistributedMessagingCenter::centerNamed("com.wexor.tilo3.preferences.updated"_ns);
+  center.runServerOnCurrentThread();
+  center.registerForMessageName_target_selector("PreferencesDidChangeNotification"_ns, first,
+                                                selector<"preferencesUpdated:withUserInfo:">());
+  center.registerForMessageName_target_selector("ListPreferencesDidChangeNotification"_ns, first,
+                                                selector<"listCellPreferencesUpdated:withUserInfo:">());
+}
+
+void attachGestures(SBIconScrollView self, bool twoFingerTap) {
+  SEL action = selector<"swipe:">();
+  auto swipe =
+      bridge::make<UISwipeGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(self, action);
+  self.setSwipeGesture(swipe);
+  swipe->setDirection(UISwipeGestureRecognizerDirectionUp);
+  swipe->setDelegate(gestController);
+  auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(self, action);
+  self.setTapGesture(tap);
+  tap->setNumberOfTouchesRequired(twoFingers);
+  tap->setDelegate(gestController);
+  if (twoFingerTap)
+    self.addGestureRecognizer(tap);
+  else
+    self.addGestureRecognizer(swipe);
+}
+
+bool feelsForce(UITouch touch) {
+  return touch.respondsToSelector(selector<"force">()) &&
+         UIDevice::currentDevice().systemVersion().compare_options("9.0"_ns, NSNumericSearch) !=
+             NSOrderedAscending;
+}
+
+NSString nameIn(NSDictionary info) { return described(bridge::as<NSObject>(info.objectForKey("name"_ns))); }
+
+void exchangeGestures(SBIconScrollView self, bool twoFingerTap) {
+  UIGestureRecognizer swipe = self.swipeGesture(), tap = self.tapGesture();
+  self.removeGestureRecognizer(twoFingerTap ? swipe : tap);
+  self.addGestureRecognizer(twoFingerTap ? tap : swipe);
+}
+
+// Stores what a message carries; one that carries nothing changes nothing. It takes effect when something is
+// laid out again.
+void store(bridge::Object value, NSString key) {
+  if (value) ConfigurationManager::sharedManager().configuration().setObject_forKey(value, key);
+}
+
+}  // namespace
+
+void listCellPreferencesUpdated(SBIconScrollView, NSString, NSDictionary info) {
+  store(info.objectForKey("index"_ns), nameIn(info));
+}
+
+void preferencesUpdated(SBIconScrollView self, NSString, NSDictionary info) {
+  NSString title = nameIn(info);
+  NSNumber value = bridge::as<NSNumber>(info.objectForKey("value"_ns));
+  BOOL flag = value.boolValue();
+  if (!panelIsWanted()) return;
+  if (title.isEqualToString("Use Two Finger Tap Instead"_ns)) {
+    exchangeGestures(self, flag);
+  } else if (title.isEqualToString("Enable Quick Settings"_ns)) {
+    self.swipeGesture().setEnabled(flag);
+    self.tapGesture().setEnabled(flag);
+  } else if (title.isEqualToString("Quick Settings Dark Mode"_ns)) {
+    store(value, "isDarkMode"_ns);
+  }
+}
 
 void layout(SBIconScrollView, bridge::Object) { layoutIcons(false); }
+
+void swipe(SBIconScrollView, bridge::Object) { gestController->showPopup(); }
+
+UISwipeGestureRecognizer swipeGesture(SBIconScrollView self) {
+  return bridge::as<UISwipeGestureRecognizer>(objc_getAssociatedObject(self.raw, &swipeGestureKey));
+}
+
+void setSwipeGesture(SBIconScrollView self, UISwipeGestureRecognizer recognizer) {
+  objc_setAssociatedObject(self.raw, &swipeGestureKey, recognizer.raw, retainAtomically);
+}
+
+UITapGestureRecognizer tapGesture(SBIconScrollView self) {
+  return bridge::as<UITapGestureRecognizer>(objc_getAssociatedObject(self.raw, &tapGestureKey));
+}
+
+void setTapGesture(SBIconScrollView self, UITapGestureRecognizer recognizer) {
+  objc_setAssociatedObject(self.raw, &tapGestureKey, recognizer.raw, retainAtomically);
+}
+
+// All of it happens before SpringBoard's own initialiser has run.
+bridge::Strong<NSObject> initScrollView(SBIconScrollView self) {
+  static constinit long once = 0;
+  dispatch_once_f(&once, self.raw,
+                  [](void* first) { serveMessages(bridge::as<SBIconScrollView>(static_cast<id>(first))); });
+  NSNotificationCenter::defaultCenter().addObserver_selector_name_object(
+      self, selector<"layout:">(), "PopupViewDidDisappearNotification"_ns, {});
+  bool wanted = panelIsWanted();
+  bool twoFingerTap = setting("twoFinger"_ns).boolValue();
+  if (wanted && !cont->isEditing()) attachGestures(self, twoFingerTap);
+  return original<initScrollView>(self);
+}
+
+void deallocScrollView(SBIconScrollView self) {
+  NSNotificationCenter::defaultCenter().removeObserver(self);
+  original<deallocScrollView>(self);
+}
+
+void setContentOffset(SBIconScrollView self, CGPoint offset) {
+  NSArray subviews = self.subviews();
+  int pages = 0;
+  for (NSUInteger i = 0; i < subviews.count(); ++i)
+    pages += bridge::isKindOf<SBRootIconListView>(subviews.objectAtIndex(i));
+  numOfPages = pages;
+  ConfigurationManager::sharedManager().saveWithKey_value(
+      "numOfPages"_ns, NSNumber::numberWithFloat(static_cast<float>(pages)));
+  original<setContentOffset>(self, offset);
+}
+
+void touchesMoved(SBIconScrollView, NSSet touches, UIEvent) {
+  auto touch = bridge::as<UITouch>(touches.anyObject());
+  bool wanted = setting("forceTouch"_ns).boolValue();
+  if (!feelsForce(touch) || !wanted || touch.force() < firmPress || show) return;
+  gestController->showPopup();
+  show = true;
+}
+
+void touchesEnded(SBIconScrollView, NSSet, UIEvent) { show = false; }
 
 }  // namespace tilo::hooks

@@ -44,7 +44,8 @@ void sync(ConfigurationManager) {
 
 int storedCountLessOne(ConfigurationManager self, NSString key, int absent) {
   NSNumber stored = bridge::as<NSNumber>(self.configuration().objectForKey(key));
-  return stored ? static_cast<int>(stored.integerValue()) - 1 : absent;
+  // Without a sign, so that the smallest count wraps around.
+  return stored ? static_cast<int>(static_cast<NSUInteger>(stored.integerValue()) - 1) : absent;
 }
 
 int rows(ConfigurationManager self) { return storedCountLessOne(self, "rows"_ns, 6); }

@@ -4,6 +4,7 @@
 #include "bridge/define.hpp"
 #include "platform/dispatch/dispatch.hpp"
 #include "platform/foundation/number.hpp"
+#include "platform/uikit/application.hpp"
 #include "settings/configuration_manager.hpp"
 #include "settings/console_log.hpp"
 #include "settings/presets_file.hpp"
@@ -13,7 +14,7 @@ namespace {
 
 struct ControllerState {
   bridge::Strong<UIView> gestureView;
-  bridge::Strong<UIView> popView;
+  bridge::Strong<RQPopupView> popView;
   bridge::Strong<NSDictionary> currentPreset;
   bridge::Strong<NSMutableDictionary> rootObj;
 };
@@ -36,6 +37,17 @@ void update(RQGestureController self) {
   self.updateConfigWithValue(static_cast<int>(selected.integerValue()));
   consoleDebugLog("RQGestureController",
                   "got preferences from gesture "_ns.stringByAppendingString(described(self.rootObj())));
+}
+
+void showPopup(RQGestureController self) {
+  bool enabled = bridge::as<NSNumber>(self.rootObj().objectForKey("enabled"_ns)).boolValue();
+  bool quick = bridge::as<NSNumber>(self.rootObj().objectForKey("quick"_ns)).boolValue();
+  UIWindow window = UIApplication::sharedApplication().keyWindow();
+  bool onScreen = self.popView().isDescendantOfView(window);
+  if (onScreen || !enabled || !quick) return;
+  auto panel = bridge::make<RQPopupView, &NSObject::init>();
+  self.setPopView(panel);
+  self.popView().show(self.gestureView());
 }
 
 // Presets by position: stored values may have gaps or repeats, so each copy gets its place in the file as its
@@ -72,6 +84,7 @@ void defineGestureController() {
   using Face = RQGestureController;
   Controller::define<NSObject>(
       method<&Face::sharedInstance, sharedInstance>(), method<&Face::update, update>(),
+      method<&Face::showPopup, showPopup>(),
       method<&Face::updateConfigWithValue, updateConfig>(),
       method<&Face::savePrefsWithKey_value, savePrefs>(),
       Controller::property<&Face::gestureView, &Face::setGestureView, &ControllerState::gestureView>(),

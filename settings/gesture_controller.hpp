@@ -1,8 +1,8 @@
 // RQGestureController: stands between SpringBoard's gestures, the Quick Settings panel and the stores.
 #pragma once
 
+#include "panel/popup_view.hpp"
 #include "platform/foundation/dictionary.hpp"
-#include "platform/uikit/view.hpp"
 
 namespace tilo {
 
@@ -12,8 +12,8 @@ struct RQGestureController : bridge::Face<"RQGestureController", NSObject> {
   MESSAGE Method<"gestureView", UIView()> gestureView;
   MESSAGE Method<"setGestureView:", void(UIView)> setGestureView;
   // The panel that was opened last, kept after it closes.
-  MESSAGE Method<"popView", UIView()> popView;
-  MESSAGE Method<"setPopView:", void(UIView)> setPopView;
+  MESSAGE Method<"popView", RQPopupView()> popView;
+  MESSAGE Method<"setPopView:", void(RQPopupView)> setPopView;
   // The selected preset, its "value" being its position; nil until one was found.
   MESSAGE Method<"currentPreset", NSDictionary()> currentPreset;
   MESSAGE Method<"setCurrentPreset:", void(NSDictionary)> setCurrentPreset;
@@ -21,6 +21,8 @@ struct RQGestureController : bridge::Face<"RQGestureController", NSObject> {
   MESSAGE Method<"rootObj", NSMutableDictionary()> rootObj;
   MESSAGE Method<"setRootObj:", void(NSMutableDictionary)> setRootObj;
   MESSAGE Method<"update", void()> update;
+  // Opens a new panel, unless one is on screen or the settings "enabled" and "quick" are not both on.
+  MESSAGE Method<"showPopup", void()> showPopup;
   // Makes the preset at that position the current one; without such a preset the current one stays.
   MESSAGE Method<"updateConfigWithValue:", void(int)> updateConfigWithValue;
   MESSAGE Method<"savePrefsWithKey:value:", void(NSString, bridge::Object)> savePrefsWithKey_value;

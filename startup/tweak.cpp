@@ -1,5 +1,6 @@
 // What runs when the loader loads the library into SpringBoard: two routines, in this order, and nothing
 // else.
+#include "panel/popup_view.hpp"
 #include "platform/iconsupport/icon_support.hpp"
 #include "settings/configuration_manager.hpp"
 #include "settings/console_log.hpp"
@@ -18,11 +19,15 @@ using namespace tilo;
 
 constexpr int bindNow = 2;  // RTLD_NOW, the same everywhere
 
+// Loaded a second time into the same process, the library leaves everything to the first.
+constinit bool inert = false;
+
 void defineClasses() {
   defineLogger();
   defineConfigurationManager();
   defineGestureController();
   defineValue();
+  definePopupView();
 }
 
 // Tells IconSupport, where it is installed, that the icon layout is extended.
@@ -33,6 +38,8 @@ void registerWithIconSupport() {
 
 __attribute__((constructor)) void constructTweak() {
   bridge::Pool pool;
+  inert = bridge::classNamed<RQGestureController>() != nullptr;
+  if (inert) return;
   defineClasses();
   registerWithIconSupport();
   seedPreferences();
@@ -43,6 +50,7 @@ __attribute__((constructor)) void constructTweak() {
 
 // The initialiser of `gestController`: the hooks can count on it from the first layout on.
 __attribute__((constructor)) void initialiseGestureController() {
+  if (inert) return;
   bridge::Pool pool;
   gestController = bridge::retained(RQGestureController::sharedInstance());
 }

@@ -7,6 +7,7 @@ struct NSString;
 
 struct NSObject : bridge::Face<"NSObject", bridge::Object> {
   MESSAGE Method<"init", NSObject()> init;
+  MESSAGE Method<"dealloc", void()> dealloc;
   MESSAGE Method<"description", NSString()> description;
   MESSAGE Method<"retainCount", NSUInteger()> retainCount;
   MESSAGE Method<"respondsToSelector:", BOOL(SEL)> respondsToSelector;

@@ -9,7 +9,10 @@ struct SBIcon : bridge::Face<"SBIcon", NSObject> {
 };
 
 struct SBIconImageView : bridge::Face<"SBIconImageView", UIImageView> {
+  static constexpr bridge::ClassMethod<"SBIconImageView", "cornerRadius", CGFloat()>
+      cornerRadius{};  // points
   MESSAGE Method<"showsSquareCorners", BOOL()> showsSquareCorners;
+  MESSAGE Method<"setShowsSquareCorners:", void(BOOL)> setShowsSquareCorners;
 };
 
 struct SBIconView : bridge::Face<"SBIconView", UIView> {

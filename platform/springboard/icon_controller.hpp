@@ -9,6 +9,8 @@ struct SBIconController : bridge::Face<"SBIconController", UIViewController> {
   static constexpr bridge::ClassMethod<"SBIconController", "sharedInstance", SBIconController()>
       sharedInstance{};
   MESSAGE Method<"currentIconListIndex", NSInteger()> currentIconListIndex;
+  MESSAGE Method<"isEditing", BOOL()> isEditing;
+  MESSAGE Method<"setIsEditing:", void(BOOL)> setIsEditing;
   MESSAGE Method<"currentRootIconList", SBRootIconListView()> currentRootIconList;
   // The first three arguments receive what was found and may be null.
   MESSAGE Method<"getListView:folder:relativePath:forIndexPath:createIfNecessary:",

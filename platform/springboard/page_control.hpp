@@ -3,4 +3,9 @@
 
 #include "platform/uikit/page_control.hpp"
 
-struct SBIconListPageControl : bridge::Face<"SBIconListPageControl", UIPageControl> {};
+struct SBIconListPageControl : bridge::Face<"SBIconListPageControl", UIPageControl> {
+  // Which of the two shows a dot depends on the system version.
+  MESSAGE Method<"_setIndicatorImage:toEnabled:index:", void(UIImageView, BOOL, NSInteger)>
+      _setIndicatorImage_toEnabled_index;
+  MESSAGE Method<"_setIndicatorImage:toEnabled:", void(UIImageView, BOOL)> _setIndicatorImage_toEnabled;
+};

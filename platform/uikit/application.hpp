@@ -8,5 +8,9 @@ struct UIApplication : bridge::Face<"UIApplication", UIResponder> {
       sharedApplication{};
   MESSAGE Method<"keyWindow", UIWindow()> keyWindow;
   MESSAGE Method<"windows", NSArray()> windows;  // back to front
+  MESSAGE Method<"sendEvent:", void(UIEvent)> sendEvent;
+  // Answers whether somebody took the action; without a target it goes up the responder chain.
+  MESSAGE Method<"sendAction:to:from:forEvent:", BOOL(SEL, bridge::Object, bridge::Object, UIEvent)>
+      sendAction_to_from_forEvent;
   MESSAGE Method<"statusBarOrientation", NSInteger()> statusBarOrientation;
 };

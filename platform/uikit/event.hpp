@@ -1,6 +1,12 @@
 // UIEvent.
 #pragma once
 
-#include "platform/foundation/object.hpp"
+#include "platform/foundation/set.hpp"
 
-struct UIEvent : bridge::Face<"UIEvent", NSObject> {};
+struct UIView;
+
+struct UIEvent : bridge::Face<"UIEvent", NSObject> {
+  MESSAGE Method<"timestamp", double()> timestamp;  // seconds
+  MESSAGE Method<"allTouches", NSSet()> allTouches;
+  MESSAGE Method<"touchesForView:", NSSet(UIView)> touchesForView;
+};

@@ -8,6 +8,7 @@
 
 struct CALayer;
 struct UIColor;
+struct UIGestureRecognizer;
 struct UIWindow;
 
 // UIViewAutoresizing
@@ -124,6 +125,12 @@ struct UIView : bridge::Face<"UIView", UIResponder> {
   MESSAGE Method<"setUserInteractionEnabled:", void(BOOL)> setUserInteractionEnabled;
   MESSAGE Method<"hitTest:withEvent:", UIView(CGPoint, UIEvent)> hitTest_withEvent;
   MESSAGE Method<"pointInside:withEvent:", BOOL(CGPoint, UIEvent)> pointInside_withEvent;
+  MESSAGE Method<"isMultipleTouchEnabled", BOOL()> isMultipleTouchEnabled;
+  MESSAGE Method<"setMultipleTouchEnabled:", void(BOOL)> setMultipleTouchEnabled;
+  MESSAGE Method<"gestureRecognizers", NSArray()> gestureRecognizers;
+  MESSAGE Method<"addGestureRecognizer:", void(UIGestureRecognizer)> addGestureRecognizer;
+  MESSAGE Method<"removeGestureRecognizer:", void(UIGestureRecognizer)> removeGestureRecognizer;
+  MESSAGE Method<"gestureRecognizerShouldBegin:", BOOL(UIGestureRecognizer)> gestureRecognizerShouldBegin;
 
   // Animation.
   static constexpr bridge::ClassMethod<"UIView", "animateWithDuration:animations:",

@@ -11,6 +11,7 @@ inline constexpr CGFloat UIWindowLevelAlert = 2000;
 struct UIWindow : bridge::Face<"UIWindow", UIView> {
   MESSAGE Method<"makeKeyAndVisible", void()> makeKeyAndVisible;
   MESSAGE Method<"makeKeyWindow", void()> makeKeyWindow;
+  MESSAGE Method<"sendEvent:", void(UIEvent)> sendEvent;
   MESSAGE Method<"isKeyWindow", BOOL()> isKeyWindow;
   MESSAGE Method<"windowLevel", CGFloat()> windowLevel;
   MESSAGE Method<"setWindowLevel:", void(CGFloat)> setWindowLevel;

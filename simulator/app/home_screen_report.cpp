@@ -1,10 +1,14 @@
 // Pages, folder, dock and page dots.
 #include "simulator/app/home_screen_report.hpp"
 
+#include <algorithm>
+
 #include "simulator/device/clock.hpp"
+#include "simulator/springboard/dock_view.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "simulator/springboard/icon_list_view.hpp"
 #include "simulator/springboard/icon_view.hpp"
+#include "simulator/uikit/page_control.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace sim {
@@ -15,12 +19,13 @@ using namespace springboard;
 // Where `view` is on screen at this moment, in the coordinates of its superview.
 CGRect shownFrame(UIView view) { return uikit::layerOf(view).frame(clock::now()); }
 
+CGFloat alpha(UIView view) { return uikit::layerOf(view).presentation(clock::now()).opacity; }
+
 Json label(SBIconView view) {
-  UILabel text = labelOf(view);
-  CGRect inView = shownFrame(text), place = shownFrame(view);
-  CGRect inPage{{place.origin.x + inView.origin.x, place.origin.y + inView.origin.y}, inView.size};
-  bool visible = !text.isHidden() && text.alpha() > 0 && inView.size.width > 0 && inView.size.height > 0;
-  return {{"visible", visible}, {"frame", frame(inPage)}};
+  ShownLabel label = labelOf(view);
+  CGPoint origin = shownFrame(view).origin;
+  CGRect inPage{{origin.x + label.frame.origin.x, origin.y + label.frame.origin.y}, label.frame.size};
+  return {{"visible", label.visible}, {"frame", frame(inPage)}};
 }
 
 Json icons(SBIconListView list) {
@@ -70,11 +75,14 @@ Json reportDock() {
   auto rows = SBIconListView::iconRowsForInterfaceOrientation.on(cls, UIInterfaceOrientationPortrait);
   auto visible = SBDockIconListView::maxVisibleIconRowsInterfaceOrientation(UIInterfaceOrientationPortrait);
   return {{"height", number(SBDockView::defaultHeight())},
-          {"alpha", number(uikit::layerOf(list).presentation(clock::now()).opacity)},
+          {"alpha", number(alpha(list))},
+          {"backgroundAlpha", number(alpha(dockBackground(homeScreen().dockView.get())))},
           {"maxIcons", static_cast<NSInteger>(SBDockIconListView::maxIcons())},
           {"rows", static_cast<NSInteger>(rows)},
           {"visibleRows", static_cast<NSInteger>(visible)},
           {"iconsInRow", static_cast<NSInteger>(list.iconsInRowForSpacingCalculation())},
+          {"spacing", number(list.spacing())},
+          {"effectiveSpacing", number(list.effectiveSpacing())},
           {"verticalPadding", number(list.verticalIconPadding())},
           {"horizontalPadding", number(list.horizontalIconPadding())},
           {"icons", icons(list)}};
@@ -82,7 +90,10 @@ Json reportDock() {
 
 Json reportPageDots() {
   SBIconListPageControl dots = homeScreen().pageDots.get();
-  return {{"count", dots.numberOfPages()}, {"current", dots.currentPage()}};
+  auto dotViews = uikit::indicatorsOf(dots);
+  auto drawn =
+      std::count_if(dotViews.begin(), dotViews.end(), [](UIImageView dot) { return bool(dot.image()); });
+  return {{"count", dots.numberOfPages()}, {"drawn", drawn}, {"current", dots.currentPage()}};
 }
 
 }  // namespace sim

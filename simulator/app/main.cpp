@@ -1,10 +1,13 @@
 // tilo-sim: a phone's or tablet's home screen on the desktop.
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <string>
 
 #include "simulator/app/output.hpp"
+#include "simulator/app/outside.hpp"
 #include "simulator/app/simulation.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/device/device_list.hpp"
@@ -15,18 +18,28 @@ namespace {
 
 constexpr int usageStatus = 2;
 
+// Whatever line breaks the culprit brought along.
+std::string oneLine(std::string text) {
+  std::ranges::replace(text, '\n', ' ');
+  return text;
+}
+
 void listDevices(const sim::Options& options) {
   std::cout << sim::deviceTable();
   if (options.report) sim::writeText(options.report->string(), sim::deviceJson().dump(2) + "\n");
 }
 
 void act(const sim::Options& options) {
-  sim::Simulation simulation(options);
+  // Files that the script names count from the folder of whoever wrote it, so it comes before the device's.
   std::optional<sim::Script> script;
-  if (options.script) script.emplace(options.script->string());
+  if (options.script) script.emplace(options.script->string(), sim::serveUntilInput);
+  sim::Simulation simulation(options);
   simulation.start();
   if (script)
-    while (auto step = script->next()) sim::perform(simulation, *step);
+    while (auto step = script->next()) {
+      sim::perform(simulation, *step);
+      sim::serve();
+    }
   if (options.snapshot) simulation.snapshot(options.snapshot->string());
   if (options.report) simulation.report(options.report->string());
 }
@@ -44,7 +57,7 @@ int main(int count, char** arguments) {
       act(options);
     }
   } catch (const std::exception& error) {
-    std::cerr << "tilo-sim: " << error.what() << "\n";
+    std::cerr << "tilo-sim: " << oneLine(error.what()) << "\n";
     return usageStatus;
   }
   return 0;

@@ -120,6 +120,7 @@ void check(const CLI::App& app, const Texts& texts, Options& options) {
     if (texts.icons < 1 || texts.icons > most)
       throw UsageError(fmt::format("--icons: {} is not between 1 and {}", texts.icons, most));
     options.icons = texts.icons;
+    if (!given("--pages")) options.pages = 1;
   }
   for (const std::string& setting : texts.settings) addSetting(options.settings, setting);
   if (given("--root")) options.root = rootFolder(texts.root);

@@ -19,7 +19,7 @@ struct Options {
   Version ios{};                   // that the device ran
   bool listDevices = false;        // and nothing else but `report`
   Orientation orientation = Orientation::portrait;
-  int pages = 3;                              // 1 to 15
+  int pages = 3;                              // at least, 1 to 15; icons alone take as few as they need
   std::optional<int> icons;                   // in all; none: as many as fill the pages
   std::optional<std::filesystem::path> root;  // none: a temporary one
   std::optional<std::filesystem::path> prefs;

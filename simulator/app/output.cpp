@@ -15,7 +15,7 @@ namespace sim {
 
 void writeText(const std::string& file, const std::string& text) {
   if (file == "-") {
-    std::cout << text << std::flush;
+    if (!(std::cout << text << std::flush)) throw UsageError("cannot write to standard output");
     return;
   }
   std::ofstream stream(file, std::ios::binary);
@@ -23,6 +23,7 @@ void writeText(const std::string& file, const std::string& text) {
 }
 
 void Simulation::snapshot(const std::string& file) {
+  if (file == "-") throw UsageError("a picture cannot go to standard output");
   bridge::Pool pool;
   writePng(uikit::renderScreen(clock::now()).get(), file);
 }

@@ -30,6 +30,9 @@ constexpr const char* iconSupportPath = "/Library/MobileSubstrate/DynamicLibrari
 
 fs::path beside(const char* name) { return fs::canonical("/proc/self/exe").parent_path() / name; }
 
+// Assumed: when page controls began to name the page whose dot they show.
+constexpr Version indexedPageDotsSince{10};
+
 uikit::Configuration configurationOf(const Options& options) {
   const Device& device = *options.device;
   uikit::Configuration configuration;
@@ -38,15 +41,17 @@ uikit::Configuration configurationOf(const Options& options) {
   configuration.size = device.points;
   configuration.scale = device.scale;
   configuration.nativeSize = device.nativePixels;
+  configuration.indexedPageIndicators = options.ios >= indexedPageDotsSince;
   configuration.orientation = springboard::asInterfaceOrientation(
       device.homeScreenTurns ? options.orientation : Orientation::portrait);
   return configuration;
 }
 
 // SpringBoard's classes whose methods the library replaces or adds to.
-constexpr std::array springboardClasses{"SBIconListView",     "SBRootIconListView", "SBFolderIconListView",
-                                        "SBDockIconListView", "SBDockView",         "SBIconImageView",
-                                        "SBIconScrollView",   "SBIconController",   "SBIconListPageControl"};
+constexpr std::array springboardClasses{
+    "SBIconImageView",    "SBIconListView",        "SBFolderIconListView", "SBRootIconListView",
+    "SBUIController",     "SBIconListPageControl", "SBIconLabelImage",     "SBIconLabelImageParameters",
+    "SBDockIconListView", "SBIconScrollView",      "SBIconController",     "SBDockView"};
 
 int ownMethods(Class cls) {
   unsigned int count = 0;
@@ -63,6 +68,8 @@ int springboardMethods() {
   return count;
 }
 
+fs::path libraryFile(const Options& options) { return options.library.value_or(beside("libTilo.so")); }
+
 // In place of whatever an earlier run left in a kept root.
 void installLibrary(const fs::path& library, const fs::path& place) {
   if (!fs::exists(library)) throw UsageError("no library '" + library.string() + "'");
@@ -78,8 +85,12 @@ fs::path rootOf(const Options& options, std::optional<TemporaryRoot>& temporary)
 }  // namespace
 
 Simulation::Simulation(const Options& given)
-    : options(given), model(*given.device), files(rootOf(given, temporary), given.loader) {
+    : options(given),
+      model(*given.device),
+      files(rootOf(given, temporary), given.loader),
+      messages(files.root()) {
   prepareFoundation();
+  appsupport::defineMessagingCenter();
   putPreferences();
   putPresets();
   installLibraries();
@@ -92,7 +103,9 @@ Simulation::Simulation(const Options& given)
 void Simulation::putPreferences() {
   fs::path place = files.hostPath("/var/mobile/Library/Preferences/com.wexor.tilo.plist");
   if (options.settings.empty()) {
-    if (options.prefs) fs::copy_file(*options.prefs, place, fs::copy_options::overwrite_existing);
+    if (!options.prefs) return;
+    checkPreferenceFile(options.prefs->string());
+    fs::copy_file(*options.prefs, place, fs::copy_options::overwrite_existing);
     return;
   }
   writePreferenceFile(place.string(), options.prefs ? options.prefs->string() : "", options.settings);
@@ -107,7 +120,7 @@ void Simulation::putPresets() {
 
 void Simulation::installLibraries() {
   if (!options.stock)
-    installLibrary(options.library.value_or(beside("libTilo.so")),
+    installLibrary(libraryFile(options),
                    files.hostPath(std::string(libraryFolder(options.loader)) + "/Tilo.dylib"));
   if (options.iconSupport)
     installLibrary(beside("libIconSupport.so"), files.hostPath(iconSupportPath));
@@ -120,7 +133,8 @@ void Simulation::loadLibrary() {
   int before = springboardMethods();
   std::string path = std::string(libraryFolder(options.loader)) + "/Tilo.dylib";
   image = dlopen(path.c_str(), RTLD_LAZY | RTLD_GLOBAL);
-  if (!image) throw UsageError(std::string("the library cannot be loaded: ") + dlerror());
+  if (!image)
+    throw UsageError("the library '" + libraryFile(options).string() + "' cannot be loaded: " + dlerror());
   added = springboardMethods() - before - hookCount().inherited;
 }
 

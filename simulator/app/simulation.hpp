@@ -5,6 +5,7 @@
 #include <string>
 
 #include "simulator/app/options.hpp"
+#include "simulator/appsupport/messaging_center.hpp"
 #include "simulator/device/catalogue.hpp"
 #include "simulator/device/file_system.hpp"
 #include "simulator/device/temporary_root.hpp"
@@ -49,6 +50,7 @@ class Simulation {
   const Device& model;
   std::optional<TemporaryRoot> temporary;
   FileSystem files;
+  appsupport::Messages messages;
   void* image = nullptr;
   int added = 0;
 };

@@ -2,15 +2,43 @@
 #include "simulator/app/steps.hpp"
 
 #include "bridge/runtime.hpp"
+#include "simulator/app/home_steps.hpp"
+#include "simulator/app/outside.hpp"
 #include "simulator/app/run_loop.hpp"
+#include "simulator/app/touch_steps.hpp"
+#include "simulator/device/usage_error.hpp"
 
 namespace sim {
+namespace {
+
+// Where a file cannot be written, the script's line says so.
+void output(const Step& step, auto write) {
+  try {
+    write(step.text(0));
+  } catch (const std::runtime_error& error) {
+    throw UsageError(step.place + ": " + error.what());
+  }
+}
+
+}  // namespace
 
 void perform(Simulation& simulation, const Step& step) {
   bridge::Pool pool;
   switch (step.kind) {
     case StepKind::wait:
       return letPass(step.number(0));
+    case StepKind::swipe:
+    case StepKind::tap:
+    case StepKind::twoFingerTap:
+    case StepKind::press:
+    case StepKind::drag:
+    case StepKind::finger:
+      return performTouch(step);
+    case StepKind::launch:
+    case StepKind::home:
+    case StepKind::open:
+    case StepKind::edit:
+      return performHome(step);
     case StepKind::rotate:
       return simulation.rotate(step.text(0) == "landscape" ? Orientation::landscape : Orientation::portrait);
     case StepKind::lock:
@@ -18,9 +46,13 @@ void perform(Simulation& simulation, const Step& step) {
     case StepKind::unlock:
       return simulation.unlock();
     case StepKind::snapshot:
-      return simulation.snapshot(step.text(0));
+      return output(step, [&](auto& file) { simulation.snapshot(file); });
     case StepKind::report:
-      return simulation.report(step.text(0));
+      return output(step, [&](auto& file) { simulation.report(file); });
+    case StepKind::write:
+      return writePreference(step);
+    case StepKind::message:
+      return sendMessage(simulation, step);
   }
 }
 

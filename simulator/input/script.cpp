@@ -1,16 +1,13 @@
 // The grammar of script lines, and the table of steps.
 #include "simulator/input/script.hpp"
 
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <limits>
 #include <span>
 #include <utility>
 
@@ -25,7 +22,20 @@ struct Token {
 };
 
 // What an argument may be; none where a form of a step has fewer arguments than there is room for.
-enum class Shape { none, seconds, orientation, file };
+enum class Shape {
+  none,
+  seconds,
+  orientation,
+  file,
+  word,
+  setting,
+  coordinate,
+  force,
+  direction,
+  name,
+  finger,
+  phase
+};
 
 constexpr std::size_t mostArguments = 6;
 
@@ -34,21 +44,47 @@ struct Form {
   std::string_view name;
   StepKind kind;
   std::array<Shape, mostArguments> shapes = {};
+  Shape more = Shape::none;  // any number of these may follow
 
   std::size_t count() const {
     return static_cast<std::size_t>(std::ranges::find(shapes, Shape::none) - shapes.begin());
   }
+  bool takes(std::size_t given) const { return more == Shape::none ? given == count() : given >= count(); }
+  Shape shapeOf(std::size_t index) const { return index < count() ? shapes[index] : more; }
 };
 
 constexpr Form forms[] = {
     {"wait", StepKind::wait, {Shape::seconds}},
+    {"swipe", StepKind::swipe, {Shape::direction}},
+    {"swipe", StepKind::swipe, {Shape::direction, Shape::coordinate, Shape::coordinate}},
+    {"tap", StepKind::tap, {Shape::name}},
+    {"tap", StepKind::tap, {Shape::coordinate, Shape::coordinate}},
+    {"two-finger-tap", StepKind::twoFingerTap},
+    {"two-finger-tap", StepKind::twoFingerTap, {Shape::coordinate, Shape::coordinate}},
+    {"press", StepKind::press, {Shape::force}},
+    {"press", StepKind::press, {Shape::force, Shape::coordinate, Shape::coordinate}},
+    {"drag", StepKind::drag, {Shape::coordinate, Shape::coordinate, Shape::coordinate, Shape::coordinate}},
+    {"drag",
+     StepKind::drag,
+     {Shape::coordinate, Shape::coordinate, Shape::coordinate, Shape::coordinate, Shape::seconds}},
+    {"finger", StepKind::finger, {Shape::finger, Shape::phase, Shape::coordinate, Shape::coordinate}},
+    {"finger",
+     StepKind::finger,
+     {Shape::finger, Shape::phase, Shape::coordinate, Shape::coordinate, Shape::force}},
+    {"launch", StepKind::launch, {Shape::name}},
+    {"home", StepKind::home},
+    {"open", StepKind::open, {Shape::name}},
+    {"edit", StepKind::edit},
     {"rotate", StepKind::rotate, {Shape::orientation}},
     {"lock", StepKind::lock},
     {"unlock", StepKind::unlock},
     {"snapshot", StepKind::snapshot, {Shape::file}},
     {"report", StepKind::report, {Shape::file}},
+    {"write", StepKind::write, {Shape::setting}},
+    {"message", StepKind::message, {Shape::word}, Shape::setting},
 };
 
+constexpr double mostFingers = 10;
 constexpr double longestWait = 1e6;  // seconds: eleven days, far more than a script can mean
 
 std::string_view description(Shape shape) {
@@ -59,6 +95,22 @@ std::string_view description(Shape shape) {
       return "portrait|landscape";
     case Shape::file:
       return "FILE";
+    case Shape::coordinate:
+      return "POINTS";
+    case Shape::force:
+      return "FORCE";
+    case Shape::direction:
+      return "up|down|left|right";
+    case Shape::name:
+      return "\"NAME\"";
+    case Shape::finger:
+      return "N";
+    case Shape::phase:
+      return "down|move|up";
+    case Shape::word:
+      return "NAME";
+    case Shape::setting:
+      return "KEY=VALUE";
     case Shape::none:
       break;
   }
@@ -69,6 +121,7 @@ std::string usage(const Form& form) {
   std::string text(form.name);
   for (std::size_t index = 0; index < form.count(); ++index)
     text += fmt::format(" {}", description(form.shapes[index]));
+  if (form.more != Shape::none) text += fmt::format(" {} ...", description(form.more));
   return text;
 }
 
@@ -80,6 +133,22 @@ std::optional<double> finiteNumber(const Token& token) {
   return value;
 }
 
+bool isSetting(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  return equals != std::string::npos && equals > 0;
+}
+
+std::optional<StepArgument> numberWithin(const Token& token, double least, double most) {
+  const std::optional<double> value = finiteNumber(token);
+  if (!value || *value < least || *value > most) return std::nullopt;
+  return *value;
+}
+
+std::optional<StepArgument> oneOf(const Token& token, std::initializer_list<std::string_view> words) {
+  if (token.quoted || std::ranges::find(words, token.text) == words.end()) return std::nullopt;
+  return token.text;
+}
+
 // The argument that a token is; none when it has not that shape.
 std::optional<StepArgument> argument(Shape shape, const Token& token, const std::filesystem::path& folder) {
   switch (shape) {
@@ -88,12 +157,34 @@ std::optional<StepArgument> argument(Shape shape, const Token& token, const std:
       if (!value || *value < 0 || *value > longestWait) return std::nullopt;
       return *value;
     }
+    case Shape::coordinate:
+      return numberWithin(token, -std::numeric_limits<double>::max(), std::numeric_limits<double>::max());
+    case Shape::force:
+      return numberWithin(token, 0, std::numeric_limits<double>::max());
+    case Shape::finger: {
+      const std::optional<StepArgument> value = numberWithin(token, 0, mostFingers);
+      if (!value || std::get<double>(*value) != std::floor(std::get<double>(*value))) return std::nullopt;
+      return value;
+    }
+    case Shape::direction:
+      return oneOf(token, {"up", "down", "left", "right"});
+    case Shape::phase:
+      return oneOf(token, {"down", "move", "up"});
+    case Shape::name:
+      if (!token.quoted || token.text.empty()) return std::nullopt;
+      return token.text;
     case Shape::orientation:
       if (token.quoted || (token.text != "portrait" && token.text != "landscape")) return std::nullopt;
       return token.text;
     case Shape::file:
       if (token.text.empty()) return std::nullopt;
       return token.text == "-" ? token.text : (folder / token.text).string();
+    case Shape::word:
+      if (token.text.empty()) return std::nullopt;
+      return token.text;
+    case Shape::setting:
+      if (!isSetting(token.text)) return std::nullopt;
+      return token.text;
     case Shape::none:
       break;
   }
@@ -149,10 +240,11 @@ std::vector<Token> tokens(std::string_view line, const std::string& place) {
 // last.
 [[noreturn]] void refuse(const Form& form, std::span<const Token> given, const std::string& place,
                          const std::filesystem::path& folder) {
-  for (std::size_t index = 0; index < form.count(); ++index) {
+  for (std::size_t index = 0; !form.takes(index) || index < given.size(); ++index) {
+    if (form.shapeOf(index) == Shape::none) break;
     if (index == given.size())
-      throw UsageError(fmt::format("{}: '{}' lacks {}", place, form.name, description(form.shapes[index])));
-    if (!argument(form.shapes[index], given[index], folder))
+      throw UsageError(fmt::format("{}: '{}' lacks {}", place, form.name, description(form.shapeOf(index))));
+    if (!argument(form.shapeOf(index), given[index], folder))
       throw UsageError(fmt::format("{}: '{}' is not what '{}' takes", place, given[index].text, usage(form)));
   }
   throw UsageError(
@@ -170,10 +262,10 @@ std::optional<Step> parseStep(std::string_view line, const std::string& place,
   for (const Form& form : forms) {
     if (words[0].quoted || form.name != words[0].text) continue;
     named = &form;
-    if (form.count() != given.size()) continue;
+    if (!form.takes(given.size())) continue;
     Step step{form.kind, {}, place};
     for (std::size_t index = 0; index < given.size(); ++index) {
-      std::optional<StepArgument> value = argument(form.shapes[index], given[index], folder);
+      std::optional<StepArgument> value = argument(form.shapeOf(index), given[index], folder);
       if (!value) break;
       step.arguments.push_back(std::move(*value));
     }
@@ -181,49 +273,6 @@ std::optional<Step> parseStep(std::string_view line, const std::string& place,
   }
   if (!named) throw UsageError(fmt::format("{}: unknown step '{}'", place, words[0].text));
   refuse(*named, given, place, folder);
-}
-
-Script::Script(const std::string& file, Waiter whileWaiting)
-    : name(file == "-" ? "<stdin>" : file),
-      folder(std::filesystem::current_path()),
-      waiter(std::move(whileWaiting)),
-      descriptor(file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC)) {
-  if (descriptor < 0) throw UsageError(fmt::format("{}: {}", name, std::strerror(errno)));
-}
-
-Script::~Script() {
-  if (descriptor != STDIN_FILENO) ::close(descriptor);
-}
-
-std::optional<Step> Script::next() {
-  while (const std::optional<std::string> line = nextLine()) {
-    ++lineNumber;
-    if (std::optional<Step> step = parseStep(*line, fmt::format("{}:{}", name, lineNumber), folder))
-      return step;
-  }
-  return std::nullopt;
-}
-
-// Without its newline. What is left after the last newline is a line too.
-std::optional<std::string> Script::nextLine() {
-  for (;;) {
-    if (const std::size_t end = unread.find('\n'); end != std::string::npos) {
-      std::string line = unread.substr(0, end);
-      unread.erase(0, end + 1);
-      return line;
-    }
-    if (atEnd) {
-      if (unread.empty()) return std::nullopt;
-      return std::exchange(unread, {});
-    }
-    if (waiter) waiter(descriptor);
-    char buffer[4096];
-    const ssize_t count = ::read(descriptor, buffer, sizeof buffer);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw UsageError(fmt::format("{}: {}", name, std::strerror(errno)));
-    atEnd = count == 0;
-    unread.append(buffer, static_cast<std::size_t>(count));
-  }
 }
 
 }  // namespace sim

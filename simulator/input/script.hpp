@@ -11,9 +11,29 @@
 
 namespace sim {
 
-enum class StepKind { wait, rotate, lock, unlock, snapshot, report };
+enum class StepKind {
+  wait,
+  swipe,
+  tap,
+  twoFingerTap,
+  press,
+  drag,
+  finger,
+  launch,
+  home,
+  open,
+  edit,
+  rotate,
+  lock,
+  unlock,
+  snapshot,
+  report,
+  write,
+  message
+};
 
-/** A number in the unit of its step, or a text: a word of the step's vocabulary or a file. */
+/** A number in the unit of its step, or a text: a word of the step's vocabulary, a file, a name or
+ * "KEY=VALUE". */
 using StepArgument = std::variant<double, std::string>;
 
 struct Step {

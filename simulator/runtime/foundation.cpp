@@ -1,11 +1,8 @@
-// Property lists are written as XML, observers that die are dropped from the notification centre, the
-// Documents directory is the mobile user's, and an exception that nobody catches ends the process with its
-// name and reason.
+// Property lists and JSON are read and written as there, observers that die are dropped from the
+// notification centre, the Documents directory is the mobile user's, and an exception that nobody catches
+// ends the process with its name and reason.
 #include "simulator/runtime/foundation.hpp"
 
-#include <unistd.h>
-
-#include <cstdio>
 #include <unordered_set>
 
 #include "bridge/replace.hpp"
@@ -14,6 +11,9 @@
 #include "platform/foundation/search_path.hpp"
 #include "simulator/runtime/dealloc.hpp"
 #include "simulator/runtime/export.hpp"
+#include "simulator/runtime/json_text.hpp"
+#include "simulator/runtime/property_list.hpp"
+#include "simulator/runtime/uncaught.hpp"
 
 extern "C" void NSSetUncaughtExceptionHandler(void (*handler)(id exception));
 
@@ -31,13 +31,9 @@ struct NSException : bridge::Face<"NSException", NSObject> {
   MESSAGE Method<"reason", NSString()> reason;
 };
 
-constexpr int exceptionStatus = 3;
-
-void reportAndEnd(id raised) {
+void end(id raised) {
   auto exception = bridge::as<NSException>(raised);
-  std::fprintf(stderr, "%s: %s\n", exception.name().UTF8String(), exception.reason().UTF8String());
-  std::fflush(nullptr);
-  _exit(exceptionStatus);
+  endUncaught(exception.name(), exception.reason());
 }
 
 // Only objects that observe anything are worth asking the notification centre about when they die.
@@ -64,12 +60,14 @@ void forgetObserver(id object) {
 
 void prepareFoundation() {
   bridge::Pool pool;
-  NSSetUncaughtExceptionHandler(reportAndEnd);
+  NSSetUncaughtExceptionHandler(end);
   NSUserDefaults::standardUserDefaults().registerDefaults(
       NSDictionary::dictionaryWithObject_forKey("YES"_ns, "GSMacOSXCompatible"_ns));
   bridge::replaceMethod(bridge::classNamed<NSNotificationCenter>(), AddObserver::selector(),
                         reinterpret_cast<IMP>(&addObserver), addSlot);
   whenObjectsDie(forgetObserver);
+  writePropertyListsAsXml();
+  useDeviceJson();
 }
 
 }  // namespace sim

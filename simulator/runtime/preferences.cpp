@@ -1,23 +1,30 @@
 // CFPreferences: values are read from the domain's file at every call and written at once. What the disk
-// refuses to take, or a file that cannot be parsed, stays in memory, and the file is left as it is.
+// refuses to take, or a file that cannot be parsed, stays in memory, and the file is left as it is. Several
+// processes may write: each reads and writes the whole file under a lock, and replaces it in one go.
 #include "simulator/runtime/preferences.hpp"
 
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <cerrno>
+#include <map>
 #include <string>
-#include <unordered_map>
 
 #include "platform/corefoundation/preferences.hpp"
 #include "platform/foundation/file_manager.hpp"
+#include "simulator/device/descriptor.hpp"
 #include "simulator/runtime/export.hpp"
+#include "simulator/runtime/property_list.hpp"
 
 namespace sim {
 namespace {
 
-// Values that could not be written, by domain.
-bridge::Strong<NSMutableDictionary>& unsaved(NSString domain) {
-  static auto& domains = *new std::unordered_map<std::string, bridge::Strong<NSMutableDictionary>>();
-  auto& values = domains[domain.UTF8String()];
-  if (!values) values = bridge::make<NSMutableDictionary, &NSObject::init>();
-  return values;
+// Changes that could not be written, by key; no value where the key was removed.
+using Changes = std::map<std::string, bridge::Strong<NSObject>>;
+
+Changes& unsaved(NSString domain) {
+  static auto& domains = *new std::map<std::string, Changes>();
+  return domains[domain.UTF8String()];
 }
 
 NSString fileOf(NSString domain) {
@@ -25,33 +32,45 @@ NSString fileOf(NSString domain) {
       ".plist"_ns);
 }
 
-NSDictionary stored(NSString domain) { return NSDictionary::dictionaryWithContentsOfFile(fileOf(domain)); }
+// Keeps other writers out for as long as it lives. The lock is on the folder, since the files in it are
+// replaced. Where the folder cannot be opened nothing can be written either.
+class WriteLock {
+ public:
+  WriteLock() : folder(::open("/var/mobile/Library/Preferences", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    while (folder && flock(folder.get(), LOCK_EX) != 0 && errno == EINTR) {
+    }
+  }
+
+ private:
+  Descriptor folder;
+};
+
+NSDictionary stored(NSString domain) { return propertyList(fileOf(domain)); }
+
+bridge::Strong<NSMutableDictionary> current(NSString domain) {
+  bridge::Strong<NSMutableDictionary> values = stored(domain).mutableCopy();
+  if (!values) values = bridge::make<NSMutableDictionary, &NSObject::init>();
+  for (auto& [key, value] : unsaved(domain))
+    values->setValue_forKey(value, NSString::stringWithUTF8String(key.c_str()));
+  return values;
+}
 
 }  // namespace
 
 NSDictionary preferenceDomain(NSString domain) {
-  bridge::Strong<NSMutableDictionary> values = stored(domain).mutableCopy();
-  if (!values) values = bridge::make<NSMutableDictionary, &NSObject::init>();
-  values->addEntriesFromDictionary(unsaved(domain));
+  auto values = current(domain);
   return values->count() ? std::move(values).autoreleased() : NSMutableDictionary{};
 }
 
-namespace {
-
-void setPreference(NSString domain, NSString key, bridge::Object value) {
-  NSDictionary before = stored(domain);
-  bool readable = before || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
-  bridge::Strong<NSMutableDictionary> after = before.mutableCopy();
-  if (!after) after = bridge::make<NSMutableDictionary, &NSObject::init>();
-  after->addEntriesFromDictionary(unsaved(domain));
-  after->setValue_forKey(value, key);
-  if (readable && after->writeToFile_atomically(fileOf(domain), YES))
-    unsaved(domain).clear();
-  else
-    unsaved(domain)->setValue_forKey(value, key);
+bool setPreference(NSString domain, NSString key, bridge::Object value) {
+  WriteLock lock;
+  bool readable = stored(domain) || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
+  unsaved(domain)[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(value));
+  if (!readable || !current(domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
+  unsaved(domain).clear();
+  return true;
 }
 
-}  // namespace
 }  // namespace sim
 
 // The device has one user and one host; who asks makes no difference.

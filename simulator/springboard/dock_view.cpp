@@ -24,7 +24,7 @@ using Panel = bridge::Implementation<SBDockView, DockState>;
 CGFloat defaultHeight(Class) { return stockDock(UIInterfaceOrientationPortrait).thickness; }
 
 void drawBackground(DockState& state, CGSize size, bool floating) {
-  if (state.drawnFor == size) return;
+  if (state.drawnFor == size || size.width <= 0 || size.height <= 0) return;
   state.drawnFor = size;
   state.background->setImage(drawnImage(size, [floating](cairo_t* context, CGSize area) {
     drawDockBackground(context, area, floating ? floatingCornerRadius : 0);
@@ -40,7 +40,11 @@ void layoutSubviews(SBDockView self) {
   drawBackground(state, bounds.size, stockDock(currentOrientation()).floating);
 }
 
+void setBackgroundAlpha(SBDockView self, CGFloat alpha) { Panel::state(self).background->setAlpha(alpha); }
+
 }  // namespace
+
+UIView dockBackground(SBDockView view) { return Panel::state(view).background.get(); }
 
 bridge::Strong<SBDockView> makeDockView(SBDockIconListView list) {
   auto view = bridge::make<SBDockView, &UIView::initWithFrame>(CGRect{});
@@ -55,6 +59,7 @@ bridge::Strong<SBDockView> makeDockView(SBDockIconListView list) {
 void defineDockView() {
   using bridge::method;
   Panel::define<UIView>(method<&SBDockView::defaultHeight, defaultHeight>(),
+                        method<&SBDockView::setBackgroundAlpha, setBackgroundAlpha>(),
                         method<&UIView::layoutSubviews, layoutSubviews>());
 }
 

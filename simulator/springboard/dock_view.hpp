@@ -5,8 +5,11 @@
 
 namespace sim::springboard {
 
-// A dock of `size` with `list` on it.
+// A dock with `list` on it, to be given a frame.
 bridge::Strong<SBDockView> makeDockView(SBDockIconListView list);
+
+// The panel behind the icons.
+UIView dockBackground(SBDockView view);
 
 void defineDockView();
 

@@ -8,6 +8,7 @@
 #include "simulator/springboard/dock_view.hpp"
 #include "simulator/springboard/icon.hpp"
 #include "simulator/springboard/icon_list_view.hpp"
+#include "simulator/springboard/icon_view.hpp"
 #include "simulator/springboard/orientation.hpp"
 
 namespace sim::springboard {
@@ -21,8 +22,12 @@ namespace {
 
 constexpr CGFloat pageDotsHeight = 20;  // points, above the dock
 
-using Controller = bridge::Implementation<SBIconController>;
 using ScrollView = bridge::Implementation<SBIconScrollView>;
+
+struct ControllerState {
+  bool editing = false;
+};
+using Controller = bridge::Implementation<SBIconController, ControllerState>;
 using PageDots = bridge::Implementation<SBIconListPageControl>;
 
 // The home screen's view puts its parts in their places whenever its size changes.
@@ -40,23 +45,25 @@ void layoutHomeScreen(SBHomeScreenView self) {
   HomeView::super<&UIView::layoutSubviews>(self);
   HomeScreen& home = homeScreen();
   CGSize size = self.bounds().size;
-  CGRect page = pageFrame(size, currentOrientation());
+  CGFloat dock = SBDockView::defaultHeight();
+  CGRect page = pageFrame(size, currentOrientation(), dock);
   NSInteger shown = SBIconController::sharedInstance().currentIconListIndex();
   home.scrollView->setFrame(page);
   home.scrollView->setContentSize(
       {page.size.width * static_cast<CGFloat>(home.pages.size()), page.size.height});
   for (size_t i = 0; i < home.pages.size(); ++i)
     home.pages[i]->setFrame({{page.size.width * static_cast<CGFloat>(i), 0}, page.size});
-  home.dockView->setFrame(dockFrame(size, currentOrientation()));
+  home.dockView->setFrame(dockFrame(size, currentOrientation(), dock));
   home.pageDots->setFrame(
       {{0, page.origin.y + page.size.height - pageDotsHeight}, {page.size.width, pageDotsHeight}});
-  // The page that was shown stays the page that is shown.
-  home.scrollView->setContentOffset({page.size.width * static_cast<CGFloat>(shown), 0});
+  // The page that was shown stays the page that is shown. Nothing scrolls, so nobody is told.
+  home.scrollView->setBounds({{page.size.width * static_cast<CGFloat>(shown), 0}, page.size});
 }
 
 void loadView(SBIconController self) {
   HomeScreen& home = homeScreen();
   auto view = bridge::make<SBHomeScreenView, &UIView::initWithFrame>(CGRect{});
+  view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   home.scrollView = bridge::make<SBIconScrollView, &NSObject::init>();
   home.scrollView->setPagingEnabled(YES);
   home.dock = bridge::make<SBDockIconListView, &UIView::initWithFrame>(CGRect{});
@@ -88,6 +95,25 @@ void getListView(SBIconController, id* list, id* folder, id* relativePath, NSInd
   if (list) *list = pageAt(static_cast<NSInteger>(path.indexAtPosition(0))).raw;
   if (folder) *folder = nullptr;
   if (relativePath) *relativePath = nullptr;
+}
+
+BOOL isEditing(SBIconController self) { return Controller::state(self).editing; }
+
+void setIsEditing(SBIconController self, BOOL editing) {
+  Controller::state(self).editing = editing;
+  for (auto& page : homeScreen().pages)
+    for (auto& view : iconViews(page.get())) showEditingBadge(view.get(), editing);
+}
+
+// The dots follow the page that is most on screen. Only the home screen's own scroll view has dots.
+void scrollTo(SBIconScrollView self, CGPoint offset) {
+  ScrollView::super<&UIScrollView::setContentOffset>(self, offset);
+  if (self == homeScreen().scrollView.get())
+    homeScreen().pageDots->setCurrentPage(SBIconController::sharedInstance().currentIconListIndex());
+}
+
+bridge::Strong<NSObject> initScrollView(SBIconScrollView self) {
+  return ScrollView::super<&NSObject::init>(self);
 }
 
 void appeared(SBIconController self, BOOL animated) {
@@ -124,8 +150,9 @@ SBRootIconListView addPage() {
 
 }  // namespace
 
-void fillHomeScreen(const Icons& icons) {
+void fillHomeScreen(const Icons& icons, int leastPages) {
   HomeScreen& home = homeScreen();
+  home.folderIcons = icons.folder;
   auto left = makeIcons(icons.home);
   size_t next = 0;
   do {
@@ -134,7 +161,7 @@ void fillHomeScreen(const Icons& icons) {
     auto from = left.begin() + static_cast<ptrdiff_t>(next);
     setIcons(page, {from, from + static_cast<ptrdiff_t>(taken)});
     next += taken;
-  } while (next < left.size());
+  } while (next < left.size() || static_cast<int>(home.pages.size()) < leastPages);
   setIcons(home.dock.get(), makeIcons(icons.dock));
   setIcons(home.folder.get(), makeIcons(icons.folder));
   home.pageDots->setNumberOfPages(static_cast<NSInteger>(home.pages.size()));
@@ -144,7 +171,8 @@ void fillHomeScreen(const Icons& icons) {
 void defineIconController() {
   using bridge::method;
   using Face = SBIconController;
-  ScrollView::define<UIScrollView>();
+  ScrollView::define<UIScrollView>(method<&NSObject::init, initScrollView>(),
+                                   method<&UIScrollView::setContentOffset, scrollTo>());
   PageDots::define<UIPageControl>();
   HomeView::define<UIView>(method<&UIView::layoutSubviews, layoutHomeScreen>());
   Controller::define<UIViewController>(
@@ -152,7 +180,8 @@ void defineIconController() {
       method<&UIViewController::loadView, loadView>(), method<&UIViewController::viewDidAppear, appeared>(),
       method<&UIViewController::didRotateFromInterfaceOrientation, rotated>(),
       method<&Face::currentIconListIndex, currentIconListIndex>(),
-      method<&Face::currentRootIconList, currentRootIconList>(),
+      method<&Face::currentRootIconList, currentRootIconList>(), method<&Face::isEditing, isEditing>(),
+      method<&Face::setIsEditing, setIsEditing>(),
       method<&Face::getListView_folder_relativePath_forIndexPath_createIfNecessary, getListView>());
 }
 

@@ -11,7 +11,7 @@
 
 namespace sim::springboard {
 
-// The icons that a home screen shows, by name: those of its pages, in order, those of its dock and of a
+// The icons that a home screen shows, by name: those of its pages, in order, those of its dock and of its
 // folder.
 struct Icons {
   std::vector<std::string> home, dock, folder;
@@ -24,14 +24,19 @@ struct HomeScreen {
   bridge::Strong<SBDockView> dockView;
   bridge::Strong<SBDockIconListView> dock;
   bridge::Strong<SBFolderIconListView> folder;
+  std::vector<std::string> folderIcons;  // the names of the folder's icons
   bridge::Strong<SBIconListPageControl> pageDots;
 };
 
 HomeScreen& homeScreen();
 
 // Fills the home screen. A page takes as many icons as its stock grid has places, or fewer when the grid in
-// force has fewer; there are as many pages as that takes.
-void fillHomeScreen(const Icons& icons);
+// force has fewer; there are as many pages as that takes, and no fewer than `leastPages`. The dock takes as
+// many as it holds.
+void fillHomeScreen(const Icons& icons, int leastPages);
+
+// The name of the folder on the first page.
+inline constexpr const char* folderName = "Extras";
 
 void defineIconController();
 

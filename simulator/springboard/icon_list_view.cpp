@@ -3,6 +3,7 @@
 #include "simulator/springboard/icon_list_view.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 #include "bridge/define.hpp"
 #include "simulator/device/clock.hpp"
@@ -68,6 +69,8 @@ void placeIcons(SBIconListView self) {
   auto& state = List::state(self);
   state.iconsNeedLayout = false;
   state.laidOutFor = self.bounds().size;
+  // What icons look like may have changed along with their places.
+  for (auto& view : state.views) view->setNeedsLayout();
   if (kindOf(self) == ListKind::dock) {
     placeDockIcons(bridge::as<SBDockIconListView>(self));
     return;
@@ -84,7 +87,8 @@ void placeIcons(SBIconListView self) {
     auto place = static_cast<NSInteger>(i);
     CGPoint origin{start.x + along(place % across, size.width + horizontal),
                    start.y + along(place / across, size.height + vertical)};
-    state.views[i]->setFrame({origin, size});
+    // A place that is no number is no place: the icon stays where it is.
+    if (!std::isnan(origin.x) && !std::isnan(origin.y)) state.views[i]->setFrame({origin, size});
   }
 }
 

@@ -1,13 +1,15 @@
-// SBIconView: an icon's picture with its label below.
+// SBIconView: an icon's picture with its label below. A tap opens what it stands for.
 #include "simulator/springboard/icon_view.hpp"
 
-#include <string>
-
 #include "bridge/define.hpp"
-#include "platform/uikit/color.hpp"
-#include "platform/uikit/font.hpp"
-#include "simulator/artwork/app_icon.hpp"
+#include "platform/uikit/gesture_recognizer.hpp"
+#include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/drawn_image.hpp"
+#include "simulator/springboard/folder.hpp"
+#include "simulator/springboard/icon.hpp"
+#include "simulator/springboard/icon_controller.hpp"
+#include "simulator/springboard/icon_image_view.hpp"
+#include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/stock.hpp"
 
 namespace sim::springboard {
@@ -15,43 +17,67 @@ namespace {
 
 constexpr CGFloat labelHeight = 14;   // points, from the picture to the view's lower edge
 constexpr CGFloat labelOverhang = 8;  // points on either side of the picture; longer names are cut short
-constexpr CGFloat labelFontSize = 12;
+constexpr CGFloat badgeSide = 22;     // points
 
 struct IconViewState {
   bridge::Strong<SBIcon> icon;
   bridge::Strong<SBIconImageView> image;
-  bridge::Strong<UILabel> label;
+  bridge::Strong<SBIconLabelImageParameters> parameters;
+  bridge::Strong<UIImageView> label;
+  bridge::Strong<UIImageView> badge;
+  ShownLabel shown{};
 };
 
 using View = bridge::Implementation<SBIconView, IconViewState>;
 
-struct ImageViewState {
-  bool square = false;
+// The action of the icon's own tap recogniser.
+struct TappableIcon : bridge::Face<"SBIconView", SBIconView> {
+  MESSAGE Method<"iconTapped:", void(bridge::Object)> iconTapped;
 };
 
-using ImageView = bridge::Implementation<SBIconImageView, ImageViewState>;
+void iconTapped(TappableIcon self, bridge::Object) {
+  if (SBIconController::sharedInstance().isEditing()) return;
+  SBIcon icon = iconOf(self);
+  if (icon.displayName().isEqualToString(NSString::stringWithUTF8String(folderName)))
+    openFolder();
+  else
+    SBUIController::sharedInstance().activateApplicationAnimated(applicationOf(icon).autoreleased());
+}
 
 CGSize defaultIconImageSize(Class) { return iconImageSize(); }
 
-BOOL showsSquareCorners(SBIconImageView self) { return ImageView::state(self).square; }
-
-void layoutView(SBIconView self) {
-  View::super<&UIView::layoutSubviews>(self);
+void layOutLabel(SBIconView self) {
   auto& state = View::state(self);
-  CGSize size = iconImageSize();
-  state.image->setFrame({{0, 0}, size});
-  state.label->setFrame({{-labelOverhang, size.height}, {size.width + 2 * labelOverhang, labelHeight}});
+  CGRect room{{-labelOverhang, iconImageSize().height},
+              {iconImageSize().width + 2 * labelOverhang, labelHeight}};
+  LabelPicture picture = labelPicture(state.parameters.get(), room);
+  state.label->setFrame(picture.image ? room : picture.frame);
+  state.label->setImage(picture.image);
+  state.shown = {picture.frame, picture.image && !picture.clear};
 }
 
-bridge::Strong<UILabel> makeLabel(NSString text) {
-  auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-  label->setText(text);
-  label->setFont(UIFont::systemFontOfSize(labelFontSize));
-  label->setTextColor(UIColor::whiteColor());
-  label->setShadowColor(UIColor::colorWithWhite_alpha(0, 0.35));
-  label->setShadowOffset({0, 1});
-  label->setTextAlignment(NSTextAlignmentCenter);
-  return label;
+void layoutView(SBIconView self) {
+  bridge::Pool pool;
+  View::super<&UIView::layoutSubviews>(self);
+  auto& state = View::state(self);
+  state.image->setFrame({{0, 0}, iconImageSize()});
+  state.image->setNeedsLayout();
+  layOutLabel(self);
+}
+
+void drawBadge(cairo_t* context, CGSize size) {
+  double middle = size.width / 2;
+  cairo_set_source_rgba(context, 0.85, 0.85, 0.87, 0.95);
+  cairo_arc(context, middle, middle, middle, 0, 2 * 3.14159265358979);
+  cairo_fill(context);
+  cairo_set_source_rgb(context, 0.2, 0.2, 0.22);
+  cairo_set_line_width(context, 2);
+  double arm = size.width * 0.2;
+  cairo_move_to(context, middle - arm, middle - arm);
+  cairo_line_to(context, middle + arm, middle + arm);
+  cairo_move_to(context, middle + arm, middle - arm);
+  cairo_line_to(context, middle - arm, middle + arm);
+  cairo_stroke(context);
 }
 
 }  // namespace
@@ -60,26 +86,47 @@ bridge::Strong<SBIconView> makeIconView(SBIcon icon) {
   auto view = bridge::make<SBIconView, &UIView::initWithFrame>(CGRect{{0, 0}, iconViewSize()});
   auto& state = View::state(view.get());
   state.icon = bridge::retained(icon);
-  std::string name = icon.displayName().UTF8String();
-  state.image = bridge::make<SBIconImageView, &UIView::initWithFrame>(CGRect{{0, 0}, iconImageSize()});
-  state.image->setImage(drawnImage(iconImageSize(), [name](cairo_t* context, CGSize size) {
-    drawAppIcon(context, name, size.width, IconCorners::rounded);
-  }));
-  state.label = makeLabel(icon.displayName());
+  state.image = makeIconImageView(icon.displayName().UTF8String());
+  state.parameters = makeLabelParameters(icon.displayName());
+  state.label = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{});
   view->addSubview(state.image);
   view->addSubview(state.label);
+  // The view keeps the recogniser, which does not keep its target.
+  auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
+      view, bridge::selector<"iconTapped:">());
+  view->addGestureRecognizer(tap);
   return view;
 }
 
 SBIcon iconOf(SBIconView view) { return View::state(view).icon.get(); }
 SBIconImageView imageViewOf(SBIconView view) { return View::state(view).image.get(); }
-UILabel labelOf(SBIconView view) { return View::state(view).label.get(); }
+
+ShownLabel labelOf(SBIconView view) {
+  auto& state = View::state(view);
+  return {state.shown.frame, state.shown.visible && !state.label->isHidden()};
+}
+
+void hideLabel(SBIconView view, bool hidden) { View::state(view).label->setHidden(hidden); }
+
+void showEditingBadge(SBIconView view, bool shown) {
+  auto& state = View::state(view);
+  if (!shown) {
+    if (state.badge) state.badge->removeFromSuperview();
+    state.badge.clear();
+    return;
+  }
+  if (state.badge) return;
+  CGRect corner{{-badgeSide / 3, -badgeSide / 3}, {badgeSide, badgeSide}};
+  state.badge = bridge::make<UIImageView, &UIView::initWithFrame>(corner);
+  state.badge->setImage(drawnImage(corner.size, drawBadge));
+  view.addSubview(state.badge);
+}
 
 void defineIconView() {
   using bridge::method;
-  ImageView::define<UIImageView>(method<&SBIconImageView::showsSquareCorners, showsSquareCorners>());
   View::define<UIView>(method<&SBIconView::defaultIconImageSize, defaultIconImageSize>(),
-                       method<&UIView::layoutSubviews, layoutView>());
+                       method<&UIView::layoutSubviews, layoutView>(),
+                       method<&TappableIcon::iconTapped, iconTapped>());
 }
 
 }  // namespace sim::springboard

@@ -1,13 +1,18 @@
 // SpringBoard's windows, in their order, and its life cycle.
 #include "simulator/springboard/springboard.hpp"
 
+#include <algorithm>
+
 #include "platform/uikit/screen.hpp"
 #include "platform/uikit/window.hpp"
 #include "simulator/artwork/app_catalogue.hpp"
+#include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/dock_icon_list_view.hpp"
 #include "simulator/springboard/dock_view.hpp"
 #include "simulator/springboard/icon.hpp"
 #include "simulator/springboard/icon_controller.hpp"
+#include "simulator/springboard/icon_image_view.hpp"
+#include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/icon_list_view.hpp"
 #include "simulator/springboard/icon_view.hpp"
 #include "simulator/springboard/lock_screen.hpp"
@@ -22,6 +27,7 @@ namespace {
 
 constexpr CGFloat wallpaperLevel = -1;
 constexpr int iconsInFolder = 5;
+constexpr NSInteger mostDockIcons = 20;
 
 struct Windows {
   bridge::Strong<UIWindow> wallpaper, home;
@@ -40,6 +46,8 @@ bridge::Strong<UIWindow> makeWindow() {
 void turnWindows(NSInteger to) {
   CGFloat height = UIScreen::mainScreen().bounds().size.height;
   uikit::setInterfaceOrientation(to);
+  uikit::setDeviceOrientation(to == UIInterfaceOrientationLandscapeRight ? UIDeviceOrientationLandscapeLeft
+                                                                         : UIDeviceOrientationPortrait);
   CGSize size = UIScreen::mainScreen().bounds().size;
   NSArray all = UIApplication::sharedApplication().windows();
   for (NSUInteger i = 0; i < all.count(); ++i) {
@@ -49,12 +57,22 @@ void turnWindows(NSInteger to) {
   }
 }
 
+// A dock is filled: with what the device's docks usually hold, or, where somebody else says how many that is,
+// with that many.
+int dockCount() {
+  auto maximum = static_cast<NSInteger>(SBDockIconListView::maxIcons());
+  if (maximum == stockDock(UIInterfaceOrientationPortrait).maximum) return device().dockIcons;
+  return static_cast<int>(std::clamp<NSInteger>(maximum, 0, mostDockIcons));
+}
+
 Icons namedIcons(const Contents& contents) {
   const StockGrid& grid = device().portrait;
   int count = contents.icons >= 0 ? contents.icons : contents.pages * grid.rows * grid.columns;
   Icons icons;
-  for (int i = 0; i < device().dockIcons; ++i) icons.dock.push_back(dockAppName(i));
+  for (int i = 0; i < dockCount(); ++i) icons.dock.push_back(dockAppName(i));
   for (int i = 0; i < count; ++i) icons.home.push_back(appName(i));
+  // The first page ends with the folder.
+  if (count > 1) icons.home[static_cast<size_t>(std::min(count, grid.rows * grid.columns) - 1)] = folderName;
   for (int i = 0; i < iconsInFolder; ++i) icons.folder.push_back(appName(count + i));
   return icons;
 }
@@ -63,12 +81,15 @@ Icons namedIcons(const Contents& contents) {
 
 void defineClasses() {
   defineIcon();
+  defineIconImageView();
+  defineIconLabel();
   defineIconView();
   defineIconListView();
   defineDockIconListView();
   defineDockView();
   defineIconController();
   defineLockScreen();
+  defineApplications();
 }
 
 void start(const Contents& contents) {
@@ -82,11 +103,11 @@ void start(const Contents& contents) {
   windows().home = makeWindow();
   controller.view();  // loads it
   windows().home->setRootViewController(controller);
-  fillHomeScreen(namedIcons(contents));
+  fillHomeScreen(namedIcons(contents), contents.pages);
   windows().home->makeKeyAndVisible();
   showStatusBar();
+  homeScreen().dockView->setBackgroundAlpha(1);
   uikit::layoutPass();
-  controller.viewDidAppear(NO);
 }
 
 Orientation orientation() { return asOrientation(currentOrientation()); }
@@ -96,17 +117,12 @@ bool beginRotation(Orientation to) {
   bridge::Pool pool;
   SBIconController controller = SBIconController::sharedInstance();
   controller.willRotateToInterfaceOrientation_duration(asInterfaceOrientation(to), rotationDuration);
-  // The page that is on screen is known before the pages change their width.
-  CGFloat page = static_cast<CGFloat>(controller.currentIconListIndex());
-  UIView::animateWithDuration_animations(
-      rotationDuration, bridge::Block<void()>([&] {
-        turnWindows(asInterfaceOrientation(to));
-        controller.willAnimateRotationToInterfaceOrientation_duration(asInterfaceOrientation(to),
-                                                                      rotationDuration);
-        uikit::layoutPass();
-        auto& scrollView = homeScreen().scrollView;
-        scrollView->setContentOffset({page * scrollView->bounds().size.width, 0});
-      }));
+  UIView::animateWithDuration_animations(rotationDuration, bridge::Block<void()>([&] {
+                                           turnWindows(asInterfaceOrientation(to));
+                                           controller.willAnimateRotationToInterfaceOrientation_duration(
+                                               asInterfaceOrientation(to), rotationDuration);
+                                           uikit::layoutPass();
+                                         }));
   return true;
 }
 

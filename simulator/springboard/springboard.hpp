@@ -8,7 +8,8 @@ namespace sim::springboard {
 // Before the library is loaded, which replaces methods of these classes.
 void defineClasses();
 
-// How much the home screen holds. `icons` below zero: as many as fill `pages` pages of the stock grid.
+// How much the home screen holds: at least `pages` pages. `icons` below zero: as many as fill that many pages
+// of the stock grid.
 struct Contents {
   int pages = 3;
   int icons = -1;

@@ -1,6 +1,7 @@
 // SpringBoard's own layout, from the catalogue of devices.
 #include "simulator/springboard/stock.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "simulator/springboard/orientation.hpp"
@@ -58,20 +59,19 @@ Grid stockGrid(ListKind kind, NSInteger orientation) {
 CGSize iconImageSize() { return device().iconImageSize; }
 CGSize iconViewSize() { return device().iconViewSize; }
 
-CGRect pageFrame(CGSize size, NSInteger orientation) {
-  Dock dock = stockDock(orientation);
-  if (dock.upright) return {{0, 0}, {size.width - dock.thickness, size.height}};
-  return {{0, 0}, {size.width, size.height - dock.thickness}};
+CGRect pageFrame(CGSize size, NSInteger orientation, CGFloat thickness) {
+  if (stockDock(orientation).upright) return {{0, 0}, {size.width - thickness, size.height}};
+  return {{0, 0}, {size.width, size.height - thickness}};
 }
 
-CGRect dockFrame(CGSize size, NSInteger orientation) {
+CGRect dockFrame(CGSize size, NSInteger orientation, CGFloat thickness) {
   Dock dock = stockDock(orientation);
-  if (dock.upright) return {{size.width - dock.thickness, 0}, {dock.thickness, size.height}};
-  CGRect frame{{0, size.height - dock.thickness}, {size.width, dock.thickness}};
+  if (dock.upright) return {{size.width - thickness, 0}, {thickness, size.height}};
+  CGRect frame{{0, size.height - thickness}, {size.width, thickness}};
   if (!dock.floating) return frame;
   // As wide as its icons and the gaps between them take.
   CGFloat width = (device().dockIcons + 1) * iconImageSize().width * CGFloat(1.3);
-  return {{(size.width - width) / 2, frame.origin.y}, {width, dock.thickness - floatingGap}};
+  return {{(size.width - width) / 2, frame.origin.y}, {width, std::max<CGFloat>(0, thickness - floatingGap)}};
 }
 
 Dock stockDock(NSInteger orientation) {

@@ -28,9 +28,10 @@ Grid stockGrid(ListKind kind, NSInteger orientation);
 CGSize iconImageSize();
 CGSize iconViewSize();
 
-// The part of a screen of `size` that a home-screen page covers, and the part that the dock covers.
-CGRect pageFrame(CGSize size, NSInteger orientation);
-CGRect dockFrame(CGSize size, NSInteger orientation);
+// The part of a screen of `size` that a home-screen page covers, and the part that a dock of `thickness`
+// covers.
+CGRect pageFrame(CGSize size, NSInteger orientation, CGFloat thickness);
+CGRect dockFrame(CGSize size, NSInteger orientation, CGFloat thickness);
 
 struct Dock {
   CGFloat thickness;    // its height, or its width where it stands at the right side

@@ -3,8 +3,10 @@
 
 #include "bridge/define.hpp"
 #include "platform/uikit/application.hpp"
+#include "simulator/uikit/action.hpp"
 #include "simulator/uikit/array.hpp"
 #include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/touch_dispatch.hpp"
 #include "simulator/uikit/window.hpp"
 
 namespace sim::uikit {
@@ -23,6 +25,25 @@ UIWindow keyWindowOf(UIApplication) { return keyWindow(); }
 NSArray windowsOf(UIApplication) { return makeArray(windows()); }
 NSInteger statusBarOrientation(UIApplication) { return configuration().orientation; }
 
+void sendEvent(UIApplication, UIEvent event) {
+  for (const auto& window : touchedWindows()) window->sendEvent(event);
+}
+
+// Who takes an action without a target: the first from the sender on that knows it.
+bridge::Object takerOf(SEL action, bridge::Object sender) {
+  if (!bridge::isKindOf<UIResponder>(sender)) return {};
+  for (auto one = bridge::as<UIResponder>(sender); one; one = one.nextResponder())
+    if (one.respondsToSelector(action)) return one;
+  return {};
+}
+
+BOOL sendActionTo(UIApplication, SEL action, bridge::Object target, bridge::Object sender, UIEvent event) {
+  const bridge::Object taker = target ? target : takerOf(action, sender);
+  if (!taker) return NO;
+  sendAction(action, taker, sender, event);
+  return YES;
+}
+
 }  // namespace
 
 void defineApplication() {
@@ -30,6 +51,8 @@ void defineApplication() {
   bridge::Implementation<UIApplication>::define<UIResponder>(
       method<&UIApplication::sharedApplication, sharedApplication>(),
       method<&UIApplication::keyWindow, keyWindowOf>(), method<&UIApplication::windows, windowsOf>(),
+      method<&UIApplication::sendEvent, sendEvent>(),
+      method<&UIApplication::sendAction_to_from_forEvent, sendActionTo>(),
       method<&UIApplication::statusBarOrientation, statusBarOrientation>());
 }
 

@@ -5,7 +5,9 @@
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/control.hpp"
 #include "simulator/uikit/device.hpp"
+#include "simulator/uikit/event.hpp"
 #include "simulator/uikit/font.hpp"
+#include "simulator/uikit/gesture_recognizer.hpp"
 #include "simulator/uikit/image.hpp"
 #include "simulator/uikit/image_view.hpp"
 #include "simulator/uikit/label.hpp"
@@ -14,6 +16,7 @@
 #include "simulator/uikit/responder.hpp"
 #include "simulator/uikit/screen.hpp"
 #include "simulator/uikit/scroll_view.hpp"
+#include "simulator/uikit/touch.hpp"
 #include "simulator/uikit/view.hpp"
 #include "simulator/uikit/view_controller.hpp"
 #include "simulator/uikit/window.hpp"
@@ -29,6 +32,13 @@ void registerClasses() {
   defineResponder();
   defineApplication();
   defineView();
+  defineTouch();
+  defineEvent();
+  defineGestureRecognizer();
+  defineTapGestureRecognizer();
+  defineSwipeGestureRecognizer();
+  definePanGestureRecognizer();
+  defineLongPressGestureRecognizer();
   defineControl();
   definePageControl();
   defineImageView();

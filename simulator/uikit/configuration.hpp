@@ -19,6 +19,8 @@ struct Configuration {
   NSInteger deviceOrientation = UIDeviceOrientationPortrait;
   // Whether page controls name the page when they show a dot, or leave it out as older systems do.
   bool indexedPageIndicators = true;
+  // Whether the screen feels how hard it is pressed.
+  bool forceTouch = true;
 };
 
 /** Call before the first use of UIKit, and again to become another device. */

@@ -2,6 +2,7 @@
 #include "simulator/uikit/responder.hpp"
 
 #include "bridge/define.hpp"
+#include "platform/uikit/event.hpp"
 #include "platform/uikit/responder.hpp"
 
 namespace sim::uikit {
@@ -9,11 +10,30 @@ namespace {
 
 UIResponder nextResponder(UIResponder) { return {}; }
 
+// Touches that a responder does not handle are the next one's.
+void touchesBegan(UIResponder self, NSSet touches, UIEvent event) {
+  self.nextResponder().touchesBegan_withEvent(touches, event);
+}
+void touchesMoved(UIResponder self, NSSet touches, UIEvent event) {
+  self.nextResponder().touchesMoved_withEvent(touches, event);
+}
+void touchesEnded(UIResponder self, NSSet touches, UIEvent event) {
+  self.nextResponder().touchesEnded_withEvent(touches, event);
+}
+void touchesCancelled(UIResponder self, NSSet touches, UIEvent event) {
+  self.nextResponder().touchesCancelled_withEvent(touches, event);
+}
+
 }  // namespace
 
 void defineResponder() {
+  using bridge::method;
   bridge::Implementation<UIResponder>::define<NSObject>(
-      bridge::method<&UIResponder::nextResponder, nextResponder>());
+      method<&UIResponder::nextResponder, nextResponder>(),
+      method<&UIResponder::touchesBegan_withEvent, touchesBegan>(),
+      method<&UIResponder::touchesMoved_withEvent, touchesMoved>(),
+      method<&UIResponder::touchesEnded_withEvent, touchesEnded>(),
+      method<&UIResponder::touchesCancelled_withEvent, touchesCancelled>());
 }
 
 }  // namespace sim::uikit

@@ -7,6 +7,7 @@
 #include "simulator/uikit/animation.hpp"
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/drawing_context.hpp"
+#include "simulator/uikit/gesture_recognizer.hpp"
 #include "simulator/uikit/layer.hpp"
 #include "simulator/uikit/view_methods.hpp"
 
@@ -100,6 +101,8 @@ ViewState::~ViewState() {
     stateOf(subview).superview = {};
     layerOf(subview.get()).removeFromParent();
   }
+  for (const Strong<UIGestureRecognizer>& recognizer : gestureRecognizers)
+    stateOf(recognizer.get()).view = {};
   if (!layer) return;
   // Somebody else may keep the layer.
   cancelAnimations(layer);
@@ -172,6 +175,12 @@ void defineView() {
                           &ViewState::userInteractionEnabled>(),
       method<&UIView::hitTest_withEvent, view::hitTest>(),
       method<&UIView::pointInside_withEvent, view::pointInside>(),
+      ViewClass::property<&UIView::isMultipleTouchEnabled, &UIView::setMultipleTouchEnabled,
+                          &ViewState::multipleTouchEnabled>(),
+      method<&UIView::gestureRecognizers, view::gestureRecognizers>(),
+      method<&UIView::addGestureRecognizer, view::addGestureRecognizer>(),
+      method<&UIView::removeGestureRecognizer, view::removeGestureRecognizer>(),
+      method<&UIView::gestureRecognizerShouldBegin, view::gestureRecognizerShouldBegin>(),
       // Animation.
       method<&UIView::animateWithDuration_animations, view::animate>(),
       method<&UIView::animateWithDuration_animations_completion, view::animateThen>(),

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "bridge/strong.hpp"
+#include "platform/uikit/gesture_recognizer.hpp"
 #include "platform/uikit/layer.hpp"
 #include "platform/uikit/view_controller.hpp"
 #include "platform/uikit/window.hpp"
@@ -22,6 +23,8 @@ struct ViewState {
   NSUInteger autoresizingMask = UIViewAutoresizingNone;
   BOOL autoresizesSubviews = YES;
   BOOL userInteractionEnabled = YES;
+  BOOL multipleTouchEnabled = NO;
+  std::vector<bridge::Strong<UIGestureRecognizer>> gestureRecognizers;  // in the order of their coming
   NSInteger contentMode = UIViewContentModeScaleToFill;
   NSInteger tag = 0;
   bool needsLayout = true;

@@ -41,6 +41,12 @@ void layoutIfNeeded(UIView self);
 UIView hitTest(UIView self, CGPoint point, UIEvent event);
 BOOL pointInside(UIView self, CGPoint point, UIEvent event);
 
+// view_gestures.cpp
+NSArray gestureRecognizers(UIView self);
+void addGestureRecognizer(UIView self, UIGestureRecognizer recognizer);
+void removeGestureRecognizer(UIView self, UIGestureRecognizer recognizer);
+BOOL gestureRecognizerShouldBegin(UIView self, UIGestureRecognizer recognizer);
+
 // view_animation.cpp
 void animate(Class, double duration, bridge::BlockRef<void()> animations);
 void animateThen(Class, double duration, bridge::BlockRef<void()> animations,

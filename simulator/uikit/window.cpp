@@ -5,6 +5,7 @@
 
 #include "bridge/define.hpp"
 #include "platform/uikit/application.hpp"
+#include "simulator/uikit/touch_dispatch.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace sim::uikit {
@@ -84,6 +85,8 @@ void setRootViewController(UIWindow self, UIViewController controller) {
   showRootView(self);
 }
 
+void sendEvent(UIWindow self, UIEvent) { deliverTouches(self); }
+
 UIResponder nextResponder(UIWindow) { return UIApplication::sharedApplication(); }
 
 }  // namespace
@@ -104,7 +107,7 @@ void defineWindow() {
       method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::setHidden, setHidden>(),
       method<&UIWindow::makeKeyWindow, makeKeyWindow>(),
       method<&UIWindow::makeKeyAndVisible, makeKeyAndVisible>(),
-      method<&UIWindow::isKeyWindow, isKeyWindow>(),
+      method<&UIWindow::isKeyWindow, isKeyWindow>(), method<&UIWindow::sendEvent, sendEvent>(),
       WindowClass::property<&UIWindow::windowLevel, &UIWindow::setWindowLevel, &WindowState::level>(),
       method<&UIWindow::rootViewController, rootViewController>(),
       method<&UIWindow::setRootViewController, setRootViewController>(),

@@ -1,6 +1,6 @@
 #!/bin/sh
-# check_layers.sh <root of the tree>: fails when a source includes something of a layer that it may not know.
-# The bridge stands on nothing of ours, the platform's faces on the bridge, the library and the simulator each on
+# check_layers.sh <root of the tree>: fails when a source includes something of a layer it may not know. The
+# bridge stands on nothing of ours, the platform's faces on the bridge, the library and the simulator each on
 # those two and never on each other.
 set -eu
 cd "$1"
@@ -18,7 +18,8 @@ layer() {
     return 0
   fi
   forbidden=$(echo "$@" | tr ' ' '|')
-  if grep -rnE --include='*.[ch]pp' "^[[:space:]]*#[[:space:]]*include[[:space:]]*[<\"](\.\./)*($forbidden)/" "$folder/"; then
+  line="^[[:space:]]*#[[:space:]]*include[[:space:]]*[<\"](\.\./)*($forbidden)/"
+  if grep -rnE --include='*.[ch]pp' "$line" "$folder/"; then
     echo "$folder: must not include from: $*"
     failed=1
   fi

@@ -15,7 +15,6 @@ struct Counted : bridge::Face<"BridgeTestCounted", NSObject> {
   MESSAGE Method<"retain", bridge::Object()> retain;
   MESSAGE Method<"release", void()> release;
   MESSAGE Method<"autorelease", bridge::Object()> autorelease;
-  MESSAGE Method<"dealloc", void()> dealloc;
 };
 
 struct CountedChild : bridge::Face<"BridgeTestCountedChild", Counted> {};

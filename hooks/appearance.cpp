@@ -1,0 +1,59 @@
+// The replacements of icon images, labels, page dots and the launch of applications.
+#include "hooks/appearance.hpp"
+
+#include "bridge/replace.hpp"
+#include "startup/shared_state.hpp"
+
+namespace tilo::hooks {
+namespace {
+
+using bridge::original;
+
+bool wantsSquareIcons() { return setting("square"_ns).boolValue(); }
+
+// Absent counts as hidden, as long as the library is switched on.
+bool hides(NSString key) {
+  bool shown = setting(key).boolValue();
+  return !shown && setting("enabled"_ns).boolValue();
+}
+
+}  // namespace
+
+void imageLayoutSubviews(SBIconImageView self) {
+  original<imageLayoutSubviews>(self);
+  if (wantsSquareIcons()) self.setShowsSquareCorners(YES);
+}
+
+CGFloat cornerRadius(Class self) { return original<cornerRadius>(self); }
+
+BOOL showsSquareCorners(SBIconImageView self) {
+  return wantsSquareIcons() ? YES : original<showsSquareCorners>(self);
+}
+
+UIColor shadowColor(SBIconLabelImageParameters self) {
+  return hides("labels"_ns) ? UIColor::clearColor() : original<shadowColor>(self);
+}
+
+UIColor textColor(SBIconLabelImageParameters self) {
+  return hides("labels"_ns) ? UIColor::clearColor() : original<textColor>(self);
+}
+
+// A hidden label takes no room either.
+CGRect labelRect(Class self, BOOL drawing, CGRect rect, SBIconLabelImageParameters parameters) {
+  return hides("labels"_ns) ? CGRect{} : original<labelRect>(self, drawing, rect, parameters);
+}
+
+void setIndicatorImageAtIndex(SBIconListPageControl self, UIImageView image, BOOL enabled, NSInteger index) {
+  if (!hides("page"_ns)) original<setIndicatorImageAtIndex>(self, image, enabled, index);
+}
+
+void setIndicatorImage(SBIconListPageControl self, UIImageView image, BOOL enabled) {
+  if (!hides("page"_ns)) original<setIndicatorImage>(self, image, enabled);
+}
+
+void activateApplication(SBUIController self, SBApplication application) {
+  gestController->popView().didHitCancel();
+  original<activateApplication>(self, application);
+}
+
+}  // namespace tilo::hooks

@@ -1,0 +1,77 @@
+// The replacements of the dock's methods.
+#include "hooks/dock.hpp"
+
+#include <cstdint>
+
+#include "bridge/replace.hpp"
+#include "startup/shared_state.hpp"
+
+namespace tilo::hooks {
+namespace {
+
+using bridge::original;
+
+constexpr int32_t usualCount = 4;     // without a stored number, and below it the dock is short
+constexpr CGFloat dockSpacing = 10;   // points
+constexpr double fadeDuration = 0.3;  // seconds
+
+bool dockIsHidden() { return setting("dock"_ns).boolValue(); }
+
+NSUInteger widened(int32_t count) { return static_cast<NSUInteger>(static_cast<NSInteger>(count)); }
+
+// Every question about the dock's size has the same answer: the user's number of icons, or SpringBoard's.
+template <auto Replacement, class Self, class... A>
+NSUInteger dockCount(Self self, A... arguments) {
+  return SBDockIconListView::isDockIconsEnabled() ? widened(SBDockIconListView::numberOfDockIcons())
+                                                  : original<Replacement>(self, arguments...);
+}
+
+}  // namespace
+
+BOOL isDockIconsEnabled(Class) { return setting("dockIconsEnabled"_ns).boolValue(); }
+
+int numberOfDockIcons(Class) {
+  NSNumber stored = setting("dockIcons"_ns);
+  return stored ? static_cast<int32_t>(stored.integerValue()) : usualCount;
+}
+
+void dockLayoutSubviews(SBDockIconListView self) {
+  original<dockLayoutSubviews>(self);
+  if (dockIsHidden()) self.setAlpha(0);
+  int count = SBDockIconListView::isDockIconsEnabled() ? SBDockIconListView::numberOfDockIcons() : usualCount;
+  if (count < usualCount) self.setSpacing(dockSpacing);
+}
+
+// SpringBoard's own answer is never asked for.
+CGFloat effectiveSpacing(SBDockIconListView) { return dockSpacing; }
+
+SBIcon iconAtPoint(SBDockIconListView self, CGPoint point, NSUInteger* index, int* proposedOrder,
+                   SBIcon grabbed) {
+  return original<iconAtPoint>(self, point, index, proposedOrder, grabbed);
+}
+
+NSUInteger iconsInRowForSpacingCalculation(SBDockIconListView self) {
+  return dockCount<iconsInRowForSpacingCalculation>(self);
+}
+
+NSUInteger maxIcons(Class self) { return dockCount<maxIcons>(self); }
+
+NSUInteger dockIconRowsForInterfaceOrientation(Class self, NSInteger orientation) {
+  return dockCount<dockIconRowsForInterfaceOrientation>(self, orientation);
+}
+
+NSUInteger maxVisibleIconRows(Class self, NSInteger orientation) {
+  return dockCount<maxVisibleIconRows>(self, orientation);
+}
+
+CGFloat defaultHeight(Class self) { return dockIsHidden() ? 0 : original<defaultHeight>(self); }
+
+// A hidden dock keeps whatever alpha its background had.
+void setBackgroundAlpha(SBDockView self, CGFloat alpha) {
+  if (dockIsHidden()) return;
+  UIView::animateWithDuration_animations_completion(
+      fadeDuration, bridge::Block<void()>([self, alpha] { original<setBackgroundAlpha>(self, alpha); }),
+      bridge::Block<void(BOOL)>([](BOOL) {}));
+}
+
+}  // namespace tilo::hooks

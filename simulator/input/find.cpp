@@ -1,0 +1,137 @@
+// Finding what bears a name.
+#include "simulator/input/find.hpp"
+
+#include <fmt/format.h>
+
+#include <vector>
+
+#include "bridge/runtime.hpp"
+#include "platform/uikit/control.hpp"
+#include "platform/uikit/label.hpp"
+#include "simulator/device/usage_error.hpp"
+#include "simulator/springboard/icon_view.hpp"
+#include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/touch_dispatch.hpp"
+#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/window.hpp"
+
+namespace sim::input {
+namespace {
+
+constexpr double leastAlpha = 0.01;  // below which a view takes no touches
+
+// What bears a name, and the part of it that is looked at.
+struct Thing {
+  UIView view, part;
+};
+
+template <class T>
+UIView nearestAbove(UIView view) {
+  for (; view; view = view.superview())
+    if (bridge::isKindOf<T>(view)) return view;
+  return {};
+}
+
+std::string textOf(NSString text) { return text ? withoutGlyphs(text.UTF8String()) : ""; }
+
+// The thing that a view names by its text, where it has one of that name.
+std::optional<Thing> thingNamed(UIView view, std::string_view name) {
+  if (bridge::isKindOf<SBIconView>(view)) {
+    const auto icon = bridge::as<SBIconView>(view);
+    if (textOf(springboard::iconOf(icon).displayName()) == name)
+      return Thing{view, springboard::imageViewOf(icon)};
+  }
+  if (!bridge::isKindOf<UILabel>(view) || textOf(bridge::as<UILabel>(view).text()) != name)
+    return std::nullopt;
+  const UIView control = nearestAbove<UIControl>(view);
+  return control ? Thing{control, control} : Thing{view, view};
+}
+
+// Front to back.
+std::vector<Thing> thingsNamed(std::string_view name) {
+  std::vector<Thing> found;
+  for (const UIWindow window : uikit::windows())
+    uikit::forEachInTree(window, [&](UIView view) {
+      if (const std::optional<Thing> thing = thingNamed(view, name)) found.push_back(*thing);
+    });
+  return {found.rbegin(), found.rend()};
+}
+
+CGPoint middleOnScreen(UIView view) {
+  const CGRect bounds = view.bounds();
+  return sim::convertPoint(
+      {bounds.origin.x + bounds.size.width / 2, bounds.origin.y + bounds.size.height / 2},
+      &uikit::layerOf(view), nullptr);
+}
+
+bool isHidden(UIView view) {
+  for (; view; view = view.superview())
+    if (view.isHidden() || view.alpha() < leastAlpha) return true;
+  return false;
+}
+
+bool isDisabled(UIView view) {
+  if (bridge::isKindOf<UIControl>(view) && !bridge::as<UIControl>(view).isEnabled()) return true;
+  // A plain label takes no touches itself; those above it do.
+  if (bridge::isKindOf<UILabel>(view)) view = view.superview();
+  for (; view; view = view.superview())
+    if (!view.isUserInteractionEnabled()) return true;
+  return false;
+}
+
+bool isOnScreen(CGPoint point) {
+  const CGSize screen = uikit::screenSize();
+  return point.x >= 0 && point.y >= 0 && point.x < screen.width && point.y < screen.height;
+}
+
+// Why the thing cannot be tapped; nothing when it can.
+std::string obstacle(const Thing& thing) {
+  if (isHidden(thing.part)) return "is hidden";
+  const CGPoint middle = middleOnScreen(thing.part);
+  if (!isOnScreen(middle)) return "is not on the screen";
+  if (isDisabled(thing.view)) return "is disabled";
+  const UIView hit = uikit::viewAt(middle);
+  if (hit && hit.isDescendantOfView(thing.view)) return "";
+  if (hit && bridge::isKindOf<UILabel>(thing.view) && thing.view.isDescendantOfView(hit)) return "";
+  return hit ? fmt::format("is covered by a {}", class_getName(bridge::classOf(hit.raw)))
+             : "takes no touches now";
+}
+
+bool isGlyph(std::string_view text, std::size_t at) {
+  // U+E000 to U+F8FF in UTF-8: EE 80 80 to EF A3 BF.
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[at + i]); };
+  if (at + 2 >= text.size()) return false;
+  return byte(0) == 0xEE || (byte(0) == 0xEF && byte(1) <= 0xA3);
+}
+
+}  // namespace
+
+std::string withoutGlyphs(std::string_view text) {
+  std::string kept;
+  for (std::size_t at = 0; at < text.size();) {
+    if (isGlyph(text, at)) {
+      at += 3;
+    } else {
+      kept += text[at++];
+    }
+  }
+  const std::size_t first = kept.find_first_not_of(' ');
+  if (first == std::string::npos) return "";
+  return kept.substr(first, kept.find_last_not_of(' ') - first + 1);
+}
+
+CGPoint findNamed(std::string_view name) {
+  const bridge::Pool pool;
+  uikit::layoutPass();
+  std::string why;
+  for (const Thing& thing : thingsNamed(name)) {
+    const std::string reason = obstacle(thing);
+    if (reason.empty()) return middleOnScreen(thing.part);
+    if (why.empty()) why = reason;
+  }
+  throw UsageError(why.empty() ? fmt::format("nothing is called \"{}\"", name)
+                               : fmt::format("\"{}\" {}", name, why));
+}
+
+}  // namespace sim::input

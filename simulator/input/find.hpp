@@ -1,0 +1,30 @@
+// Finding things on the screen, as somebody looks for them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/coregraphics/geometry.hpp"
+
+namespace sim::input {
+
+/**
+ * Where to tap what bears that name, in points of the screen as it is turned. An icon bears its label, a
+ * control the text of the labels within it, a label its own; icon-font glyphs, and the spaces that they leave
+ * at either end, do not count. Throws UsageError that says why when there is none, or when it is hidden, not
+ * on the screen, disabled or covered.
+ */
+CGPoint findNamed(std::string_view name);
+
+/**
+ * The point nearest the middle of the screen that no icon and no label of one covers; one that keeps
+ * `distance` points from `other`, where that is given. Throws UsageError when there is none.
+ */
+CGPoint freePoint();
+CGPoint freePoint(CGPoint other, double distance);
+
+/** A text without glyphs of the private use area and without the spaces at either end then. */
+std::string withoutGlyphs(std::string_view text);
+
+}  // namespace sim::input

@@ -1,0 +1,92 @@
+// GNUstep puts a blank after every colon and comma, the device only when it is asked for a readable text. And
+// GNUstep takes texts that go on behind their end, are no UTF-8, or are nested until its stack is full.
+#include "simulator/runtime/json_text.hpp"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+
+#include "bridge/replace.hpp"
+#include "platform/foundation/dictionary.hpp"
+#include "platform/foundation/json.hpp"
+
+namespace sim {
+namespace {
+
+struct MadeData : bridge::Face<"NSData", NSData> {
+  static constexpr bridge::ClassMethod<"NSData", "dataWithBytes:length:", NSData(const void*, NSUInteger)>
+      dataWithBytes_length{};
+};
+
+struct NSError : bridge::Face<"NSError", NSObject> {
+  static constexpr bridge::ClassMethod<"NSError", "errorWithDomain:code:userInfo:",
+                                       NSError(NSString, NSInteger, NSDictionary)>
+      errorWithDomain_code_userInfo{};
+};
+
+using Read = bridge::Descriptor<&NSJSONSerialization::JSONObjectWithData_options_error>;
+using Write = bridge::Descriptor<&NSJSONSerialization::dataWithJSONObject_options_error>;
+bridge::Slot readSlot, writeSlot;
+
+constexpr NSUInteger prettyPrinted = 1;   // NSJSONWritingPrettyPrinted
+constexpr NSInteger corruptError = 3840;  // NSPropertyListReadCorruptError
+constexpr int deepestNesting = 512;       // assumed
+
+std::string_view textOf(NSData data) { return {static_cast<const char*>(data.bytes()), data.length()}; }
+
+// Calls `each` with every character of a JSON text and whether it is part of a string.
+template <class Each>
+void walk(std::string_view text, Each each) {
+  bool inString = false, escaped = false;
+  for (char c : text) {
+    bool quote = c == '"' && !escaped;
+    each(c, inString || quote);
+    inString ^= quote;
+    escaped = c == '\\' && !escaped;
+  }
+}
+
+int nesting(std::string_view text) {
+  int depth = 0, deepest = 0;
+  walk(text, [&](char c, bool inString) {
+    if (inString) return;
+    depth += (c == '[' || c == '{') - (c == ']' || c == '}');
+    deepest = std::max(deepest, depth);
+  });
+  return deepest;
+}
+
+NSData withoutBlanks(NSData data) {
+  std::string compact;
+  walk(textOf(data), [&](char c, bool inString) {
+    if (inString || !std::string_view(" \t\r\n").contains(c)) compact += c;
+  });
+  return MadeData::dataWithBytes_length(compact.data(), compact.size());
+}
+
+id readJson(id self, SEL selector, id data, NSUInteger options, id* error) {
+  std::string_view text = textOf(bridge::as<NSData>(data));
+  if (!nlohmann::json::accept(text) || nesting(text) > deepestNesting) {
+    if (error) *error = NSError::errorWithDomain_code_userInfo("NSCocoaErrorDomain"_ns, corruptError, {}).raw;
+    return nullptr;
+  }
+  return reinterpret_cast<decltype(&readJson)>(readSlot.implementation())(self, selector, data, options,
+                                                                          error);
+}
+
+id writeJson(id self, SEL selector, id object, NSUInteger options, id* error) {
+  id written = reinterpret_cast<decltype(&writeJson)>(writeSlot.implementation())(self, selector, object,
+                                                                                  options, error);
+  return written && !(options & prettyPrinted) ? withoutBlanks(bridge::as<NSData>(written)).raw : written;
+}
+
+}  // namespace
+
+void useDeviceJson() {
+  Class meta = bridge::classOf(reinterpret_cast<id>(bridge::classNamed<NSJSONSerialization>()));
+  bridge::replaceMethod(meta, Read::selector(), reinterpret_cast<IMP>(&readJson), readSlot);
+  bridge::replaceMethod(meta, Write::selector(), reinterpret_cast<IMP>(&writeJson), writeSlot);
+}
+
+}  // namespace sim

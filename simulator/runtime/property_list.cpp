@@ -1,0 +1,75 @@
+// GNUstep's own reading of dictionaries from files knows texts only, and complains on standard error about
+// others. Its own writing of them leaves an empty file when a value has letters that are not in ASCII.
+#include "simulator/runtime/property_list.hpp"
+
+#include <string_view>
+
+#include "bridge/replace.hpp"
+#include "platform/foundation/data.hpp"
+
+namespace sim {
+namespace {
+
+struct NSPropertyListSerialization : bridge::Face<"NSPropertyListSerialization", NSObject> {
+  // Data, options, format (a result), error (a result); the last two may be null.
+  static constexpr bridge::ClassMethod<"NSPropertyListSerialization",
+                                       "propertyListWithData:options:format:error:",
+                                       bridge::Object(NSData, NSUInteger, NSUInteger*, id*)>
+      propertyListWithData_options_format_error{};
+  // Object, format, options, error (a result, may be null).
+  static constexpr bridge::ClassMethod<"NSPropertyListSerialization",
+                                       "dataWithPropertyList:format:options:error:",
+                                       NSData(bridge::Object, NSUInteger, NSUInteger, id*)>
+      dataWithPropertyList_format_options_error{};
+};
+
+constexpr NSUInteger xmlFormat = 100;  // NSPropertyListXMLFormat_v1_0
+
+// Whether it looks whole and as one of the device's forms do: binary, XML, or the old text. GNUstep takes
+// anything else for a form of its own and trusts whatever lengths it finds, and reads on behind the end of an
+// XML text that breaks off.
+bool hasKnownForm(NSData data) {
+  constexpr std::string_view blanks = " \t\r\n", mark = "\xef\xbb\xbf";
+  std::string_view text(static_cast<const char*>(data.bytes()), data.length());
+  if (text.starts_with("bplist00")) return true;
+  if (text.starts_with(mark)) text.remove_prefix(mark.size());
+  size_t first = text.find_first_not_of(blanks);
+  if (first == text.npos) return false;
+  text = text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+  return text.starts_with('<') ? text.ends_with("</plist>") : std::string_view("{(/").contains(text[0]);
+}
+
+// Nil for a damaged one. GNUstep raises for some of them.
+bridge::Object parsed(NSData data) {
+  NSUInteger format = 0;
+  id error = nullptr;
+  try {
+    return NSPropertyListSerialization::propertyListWithData_options_format_error(data, 0, &format, &error);
+  } catch (...) {
+    return {};
+  }
+}
+
+BOOL writeToFile(id self, SEL, id file, BOOL atomically) {
+  NSData data = NSPropertyListSerialization::dataWithPropertyList_format_options_error(
+      bridge::as<bridge::Object>(self), xmlFormat, 0, nullptr);
+  return data.writeToFile_atomically(bridge::as<NSString>(file), atomically);
+}
+
+}  // namespace
+
+void writePropertyListsAsXml() {
+  static bridge::Slot slot;
+  bridge::replaceMethod(bridge::classNamed<NSDictionary>(),
+                        bridge::Descriptor<&NSDictionary::writeToFile_atomically>::selector(),
+                        reinterpret_cast<IMP>(&writeToFile), slot);
+}
+
+NSDictionary propertyList(NSString file) {
+  NSData data = NSData::dataWithContentsOfFile(file);
+  if (!hasKnownForm(data)) return {};
+  bridge::Object read = parsed(data);
+  return bridge::isKindOf<NSDictionary>(read) ? bridge::as<NSDictionary>(read) : NSDictionary{};
+}
+
+}  // namespace sim

@@ -1,0 +1,14 @@
+// Reading property lists, in whatever of their forms, and writing them as the device does.
+#pragma once
+
+#include "platform/foundation/dictionary.hpp"
+
+namespace sim {
+
+// Keys and values of the file, XML or binary; nil when it cannot be read or holds something else. Borrowed.
+NSDictionary propertyList(NSString file);
+
+// From now on dictionaries are written to files as XML in UTF-8, whatever their values. Call once.
+void writePropertyListsAsXml();
+
+}  // namespace sim

@@ -1,0 +1,51 @@
+// References that do not keep their object.
+#include "simulator/runtime/weak.hpp"
+
+#include <unordered_map>
+
+#include "simulator/runtime/dealloc.hpp"
+
+namespace sim {
+namespace {
+
+using References = std::unordered_multimap<id, Weak*>;
+
+References& references() {
+  static auto& all = *new References();
+  return all;
+}
+
+}  // namespace
+
+void forgetWeak(id dead) {
+  const auto [first, last] = references().equal_range(dead);
+  for (auto one = first; one != last; ++one) one->second->object = {};
+  references().erase(first, last);
+}
+
+void Weak::refer(bridge::Object to) {
+  static const bool watching = [] {
+    whenObjectsDie(forgetWeak);
+    return true;
+  }();
+  if (object && watching) {
+    const auto [first, last] = references().equal_range(object.raw);
+    for (auto one = first; one != last; ++one) {
+      if (one->second != this) continue;
+      references().erase(one);
+      break;
+    }
+  }
+  object = to;
+  if (object) references().emplace(object.raw, this);
+}
+
+Weak::Weak(bridge::Object referred) { refer(referred); }
+Weak::~Weak() { refer({}); }
+
+Weak& Weak::operator=(const Weak& other) {
+  refer(other.object);
+  return *this;
+}
+
+}  // namespace sim

@@ -1,0 +1,105 @@
+// SBUIController and the applications that it brings on screen: each is a window with its artwork in the
+// middle.
+#include "simulator/springboard/applications.hpp"
+
+#include <algorithm>
+#include <string>
+
+#include "bridge/define.hpp"
+#include "platform/uikit/color.hpp"
+#include "platform/uikit/screen.hpp"
+#include "platform/uikit/window.hpp"
+#include "simulator/artwork/app_icon.hpp"
+#include "simulator/springboard/drawn_image.hpp"
+
+namespace sim::springboard {
+namespace {
+
+constexpr CGFloat windowLevel = 10;   // over the home screen, below the status bar
+constexpr CGFloat startScale = 0.2;   // of the screen, when an application opens
+constexpr CGFloat artworkSide = 120;  // points
+
+struct ApplicationState {
+  bridge::Strong<NSString> name;
+};
+
+using Application = bridge::Implementation<SBApplication, ApplicationState>;
+
+struct Shown {
+  bridge::Strong<SBApplication> application;
+  bridge::Strong<UIWindow> window;
+};
+
+Shown& shown() {
+  static auto& current = *new Shown();
+  return current;
+}
+
+using UIController = bridge::Implementation<SBUIController>;
+
+NSString displayName(SBApplication self) { return Application::state(self).name.get(); }
+
+SBUIController sharedInstance(Class) {
+  static id shared = bridge::make<SBUIController, &NSObject::init>().leak();
+  return bridge::as<SBUIController>(shared);
+}
+
+bridge::Strong<UIWindow> makeWindow(const std::string& name) {
+  CGRect screen = UIScreen::mainScreen().bounds();
+  auto window = bridge::make<UIWindow, &UIView::initWithFrame>(screen);
+  window->setWindowLevel(windowLevel);
+  window->setBackgroundColor(UIColor::colorWithWhite_alpha(0.08, 1));
+  auto artwork = bridge::make<UIImageView, &UIView::initWithFrame>(
+      CGRect{{(screen.size.width - artworkSide) / 2, (screen.size.height - artworkSide) / 2},
+             {artworkSide, artworkSide}});
+  artwork->setImage(drawnImage({artworkSide, artworkSide}, [name](cairo_t* context, CGSize size) {
+    drawAppIcon(context, name, size.width, IconCorners::rounded);
+  }));
+  artwork->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
+                               UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin);
+  window->addSubview(artwork);
+  return window;
+}
+
+void activate(SBUIController, SBApplication application) {
+  auto window = makeWindow(application.displayName().UTF8String());
+  window->setTransform({startScale, 0, 0, startScale, 0, 0});
+  window->setAlpha(0);
+  window->setHidden(NO);
+  shown() = {bridge::retained(application), window};
+  UIView::animateWithDuration_animations(launchDuration, bridge::Block<void()>([window] {
+                                           window->setTransform(identityTransform);
+                                           window->setAlpha(1);
+                                         }));
+}
+
+}  // namespace
+
+bridge::Strong<SBApplication> applicationOf(SBIcon icon) {
+  auto application = bridge::make<SBApplication, &NSObject::init>();
+  Application::state(application.get()).name = bridge::retained(icon.displayName());
+  return application;
+}
+
+SBApplication shownApplication() { return shown().application.get(); }
+
+void leaveApplication() {
+  bridge::Strong<UIWindow> window = shown().window;
+  shown() = {};
+  if (!window) return;
+  UIView::animateWithDuration_animations_completion(
+      launchDuration, bridge::Block<void()>([window] {
+        window->setTransform({startScale, 0, 0, startScale, 0, 0});
+        window->setAlpha(0);
+      }),
+      bridge::Block<void(BOOL)>([window](BOOL) { window->setHidden(YES); }));
+}
+
+void defineApplications() {
+  using bridge::method;
+  Application::define<NSObject>(method<&SBApplication::displayName, displayName>());
+  UIController::define<NSObject>(method<&SBUIController::sharedInstance, sharedInstance>(),
+                                 method<&SBUIController::activateApplicationAnimated, activate>());
+}
+
+}  // namespace sim::springboard

@@ -1,0 +1,102 @@
+// How icons look: square corners, hidden labels and dots, and what a launch does to the panel.
+#include <gtest/gtest.h>
+
+#include "platform/springboard/icon.hpp"
+#include "platform/springboard/icon_label.hpp"
+#include "platform/springboard/ui_controller.hpp"
+#include "simulator/springboard/icon_label.hpp"
+#include "simulator/uikit/color.hpp"
+#include "tests/support/home.hpp"
+
+namespace {
+
+using test::Home;
+
+sim::Json firstIcon(Home& home) { return home.report()["pages"][0]["icons"][0]; }
+
+TEST(SquareIcons, NeedNoMasterSwitch) {
+  Home home({"--set", "enabled=NO", "--set", "square=YES"});
+  EXPECT_EQ(firstIcon(home)["square"], true);
+}
+
+TEST(SquareIcons, AreOffWithoutTheSetting) {
+  Home home({"--set", "enabled=YES"});
+  EXPECT_EQ(firstIcon(home)["square"], false);
+}
+
+TEST(SquareIcons, LeaveTheCornerRadiusAsItIs) {
+  Home home({"--set", "square=YES"});
+  EXPECT_NEAR(SBIconImageView::cornerRadius(), 60 * 0.225, 1e-9);
+}
+
+TEST(Labels, AreHiddenWhileTheLibraryIsOn) {
+  Home home({"--set", "enabled=YES", "--set", "labels=NO"});
+  EXPECT_EQ(firstIcon(home)["label"]["visible"], false);
+  auto parameters = sim::springboard::makeLabelParameters("Name"_ns);
+  EXPECT_EQ(sim::uikit::colorOf(parameters->textColor()).alpha, 0);
+  EXPECT_EQ(sim::uikit::colorOf(parameters->shadowColor()).alpha, 0);
+  CGRect rect = SBIconLabelImage::_rectWithDrawing_inRect_fromParameters(NO, {{1, 2}, {80, 14}}, parameters);
+  EXPECT_EQ(rect, (CGRect{{0, 0}, {0, 0}}));
+}
+
+TEST(Labels, AreHiddenWithoutTheKey) {
+  Home home({"--set", "enabled=YES"});
+  EXPECT_EQ(firstIcon(home)["label"]["visible"], false);
+}
+
+TEST(Labels, AreTheSystemsWhenTheyAreWanted) {
+  Home home({"--set", "enabled=YES", "--set", "labels=YES"});
+  EXPECT_EQ(firstIcon(home)["label"]["visible"], true);
+  auto parameters = sim::springboard::makeLabelParameters("Name"_ns);
+  EXPECT_EQ(sim::uikit::colorOf(parameters->textColor()), sim::whiteColor);
+  CGRect rect = SBIconLabelImage::_rectWithDrawing_inRect_fromParameters(NO, {{1, 2}, {80, 14}}, parameters);
+  EXPECT_GT(rect.size.width, 20);
+  EXPECT_EQ(rect.size.height, 14);
+}
+
+TEST(Labels, AreTheSystemsWhileTheLibraryIsOff) {
+  Home home({"--set", "enabled=NO", "--set", "labels=NO"});
+  EXPECT_EQ(firstIcon(home)["label"]["visible"], true);
+}
+
+TEST(PageDots, AreNeverDrawnWhileTheyAreHidden) {
+  Home home({"--set", "enabled=YES", "--set", "page=NO"});
+  EXPECT_EQ(home.report()["pageDots"]["count"], 3);
+  EXPECT_EQ(home.report()["pageDots"]["drawn"], 0);
+}
+
+TEST(PageDots, AreHiddenByTheOlderSystemsMessageToo) {
+  Home home({"--device", "iPhone 6", "--ios", "9.3.3", "--set", "enabled=YES", "--set", "page=NO"});
+  EXPECT_EQ(home.report()["pageDots"]["drawn"], 0);
+}
+
+TEST(PageDots, AreDrawnWhenTheyAreWantedOnEitherSystem) {
+  Home home({"--device", "iPhone 6", "--ios", "9.3.3", "--set", "enabled=YES", "--set", "page=YES"});
+  EXPECT_EQ(home.report()["pageDots"]["drawn"], 3);
+}
+
+TEST(PageDots, AreDrawnWhileTheLibraryIsOff) {
+  Home home({"--set", "enabled=NO", "--set", "page=NO"});
+  EXPECT_EQ(home.report()["pageDots"]["drawn"], 3);
+}
+
+TEST(Launch, ClosesAnOpenPanelFirst) {
+  Home home({"--set", "enabled=YES", "--set", "quick=YES", "--set", "custom_preset=-1", "--set",
+             "sideIconInset=27", "--set", "horiIconPadding=27", "--set", "topIconInset=30", "--set",
+             "vertIconPadding=14"});
+  home.step("swipe up");
+  ASSERT_FALSE(home.report()["panel"].is_null());
+  home.step("launch \"Calendar\"");
+  EXPECT_EQ(home.report()["application"], "Calendar");
+  EXPECT_TRUE(home.report()["panel"].is_null());
+  home.step("home");
+  EXPECT_TRUE(home.report()["application"].is_null());
+}
+
+TEST(Launch, NeedsNoPanel) {
+  Home home({"--stock"});
+  home.step("launch \"Calendar\"");
+  EXPECT_EQ(home.report()["application"], "Calendar");
+}
+
+}  // namespace

@@ -1,0 +1,65 @@
+// Scripts: the grammar of what fingers do.
+#include <gtest/gtest.h>
+
+#include "simulator/device/usage_error.hpp"
+#include "simulator/input/script.hpp"
+
+namespace sim {
+namespace {
+
+Step parse(std::string_view line) { return parseStep(line, "file:7", "/base").value(); }
+
+std::string errorOf(std::string_view line) {
+  try {
+    parse(line);
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+TEST(TouchScript, SwipeTakesADirectionAndMayTakeAPlace) {
+  const Step step = parse("swipe up");
+  EXPECT_EQ(step.kind, StepKind::swipe);
+  EXPECT_EQ(step.text(0), "up");
+  EXPECT_EQ(step.arguments.size(), 1u);
+  EXPECT_EQ(parse("swipe left 10 20.5").number(2), 20.5);
+  EXPECT_EQ(errorOf("swipe sideways"),
+            "file:7: 'sideways' is not what 'swipe up|down|left|right POINTS POINTS' takes");
+  EXPECT_EQ(errorOf("swipe up 3"), "file:7: 'swipe' lacks POINTS");
+}
+
+TEST(TouchScript, TapTakesAPlaceOrAName) {
+  EXPECT_EQ(parse("tap 10 -20").number(1), -20);
+  EXPECT_EQ(parse("tap \"App Store\"").text(0), "App Store");
+  EXPECT_EQ(errorOf("tap Maps"), "file:7: 'Maps' is not what 'tap POINTS POINTS' takes");
+  EXPECT_EQ(errorOf("tap \"\""), "file:7: '' is not what 'tap POINTS POINTS' takes");
+}
+
+TEST(TouchScript, PlacesOfPressAndTwoFingerTapMayBeLeftOut) {
+  EXPECT_EQ(parse("two-finger-tap").kind, StepKind::twoFingerTap);
+  EXPECT_EQ(parse("two-finger-tap 1 2").arguments.size(), 2u);
+  EXPECT_EQ(parse("press 3.5").number(0), 3.5);
+  EXPECT_EQ(parse("press 3.5 1 2").arguments.size(), 3u);
+  EXPECT_EQ(errorOf("press -1"), "file:7: '-1' is not what 'press FORCE POINTS POINTS' takes");
+}
+
+TEST(TouchScript, DragMayTakeSeconds) {
+  EXPECT_EQ(parse("drag 1 2 3 4").arguments.size(), 4u);
+  EXPECT_EQ(parse("drag 1 2 3 4 0.7").number(4), 0.7);
+  EXPECT_EQ(errorOf("drag 1 2 3"), "file:7: 'drag' lacks POINTS");
+}
+
+TEST(TouchScript, FingersAreNumbered) {
+  const Step step = parse("finger 2 move 10 20 0.5");
+  EXPECT_EQ(step.kind, StepKind::finger);
+  EXPECT_EQ(step.number(0), 2);
+  EXPECT_EQ(step.text(1), "move");
+  EXPECT_EQ(step.number(4), 0.5);
+  EXPECT_EQ(parse("finger 0 up 1 2").arguments.size(), 4u);
+  for (const char* bad : {"finger 1.5 up 1 2", "finger 11 up 1 2", "finger -1 up 1 2", "finger 1 lift 1 2"})
+    EXPECT_NE(errorOf(bad).find("is not what"), std::string::npos) << bad;
+}
+
+}  // namespace
+}  // namespace sim

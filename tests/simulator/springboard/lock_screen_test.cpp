@@ -1,0 +1,70 @@
+// The lock screen.
+#include "platform/springboard/lock_screen.hpp"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/home.hpp"
+
+namespace {
+
+class LockScreen : public testing::Test {
+ protected:
+  test::Home home{{"--stock", "--device", "iPad Air 2"}};
+
+  static bool visible() {
+    return SBLockScreenManager::sharedInstance().lockScreenViewController().isLockScreenVisible();
+  }
+
+  std::string picture() {
+    std::string file = test::temporaryFile("screen.png", "");
+    home.step("snapshot " + file);
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+};
+
+TEST_F(LockScreen, HasOneManagerAndOneController) {
+  SBLockScreenManager manager = SBLockScreenManager::sharedInstance();
+  EXPECT_TRUE(manager);
+  EXPECT_EQ(SBLockScreenManager::sharedInstance(), manager);
+  EXPECT_TRUE(manager.lockScreenViewController());
+  EXPECT_EQ(manager.lockScreenViewController(), manager.lockScreenViewController());
+}
+
+TEST_F(LockScreen, IsVisibleWhileTheDeviceIsLocked) {
+  EXPECT_FALSE(visible());
+  home.step("lock");
+  EXPECT_TRUE(visible());
+  home.step("rotate landscape");
+  EXPECT_TRUE(visible());
+  home.step("lock");
+  EXPECT_TRUE(visible());
+  home.step("unlock");
+  EXPECT_FALSE(visible());
+  home.step("unlock");
+  EXPECT_FALSE(visible());
+}
+
+TEST_F(LockScreen, CoversTheHomeScreenAndUncoversIt) {
+  std::string before = picture();
+  home.step("lock");
+  std::string locked = picture();
+  EXPECT_NE(locked, before);
+  home.step("unlock");
+  EXPECT_EQ(picture(), before);
+  home.step("lock");
+  EXPECT_EQ(picture(), locked);
+}
+
+TEST_F(LockScreen, LeavesTheHomeScreenAsItIs) {
+  sim::Json before = home.report();
+  home.step("lock");
+  EXPECT_EQ(home.report()["pages"], before["pages"]);
+  home.step("unlock");
+  EXPECT_EQ(home.report(), before);
+}
+
+}  // namespace
