@@ -17,7 +17,6 @@
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/relayouts.hpp"
-#include "simulator/springboard/springboard.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace sim {
@@ -44,13 +43,20 @@ std::ifstream open(Simulation& simulation, const char* devicePath) {
   return std::ifstream(simulation.fileSystem().hostPath(devicePath));
 }
 
-// A file that is no JSON is shown as the text it is.
+constexpr int deepestPresets = 32;  // far more than presets need, far less than would exhaust the stack
+
+// A file that is no JSON, or none of presets, is shown as the text it is.
 Json presets(Simulation& simulation) {
   std::ifstream file = open(simulation, "/var/mobile/Documents/com.wexor.tilo3/custom/config.json");
   std::string text{std::istreambuf_iterator<char>(file), {}};
   if (!file) return nullptr;
-  Json parsed = Json::parse(text, nullptr, false);
-  return parsed.is_discarded() ? Json(text) : parsed;
+  bool tooDeep = false;
+  auto depthIsSane = [&](int depth, Json::parse_event_t, Json&) {
+    tooDeep = tooDeep || depth > deepestPresets;
+    return !tooDeep;
+  };
+  Json parsed = Json::parse(text, depthIsSane, false);
+  return tooDeep || parsed.is_discarded() ? Json(text) : parsed;
 }
 
 Json log(Simulation& simulation) {
@@ -98,7 +104,7 @@ Json makeReport(Simulation& simulation) {
   bridge::Pool pool;
   constexpr NSInteger portrait = UIInterfaceOrientationPortrait;
   const Options& options = simulation.startOptions();
-  bool landscape = springboard::orientation() == Orientation::landscape;
+  bool landscape = simulation.device().homeScreenTurns && options.orientation == Orientation::landscape;
   return {
       {"device", simulation.device().name},
       {"ios", options.ios.text()},

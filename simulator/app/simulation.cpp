@@ -3,9 +3,11 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 #include "bridge/runtime.hpp"
 #include "simulator/app/preference_file.hpp"
@@ -33,6 +35,13 @@ fs::path beside(const char* name) { return fs::canonical("/proc/self/exe").paren
 // Assumed: when page controls began to name the page whose dot they show.
 constexpr Version indexedPageDotsSince{10};
 
+// The phones of the catalogue whose screens feel force.
+bool feelsForce(const Device& device) {
+  constexpr std::string_view names[] = {"iPhone 6s", "iPhone 6s Plus", "iPhone 7", "iPhone 7 Plus",
+                                        "iPhone 8",  "iPhone 8 Plus",  "iPhone X"};
+  return std::ranges::find(names, device.name) != std::end(names);
+}
+
 uikit::Configuration configurationOf(const Options& options) {
   const Device& device = *options.device;
   uikit::Configuration configuration;
@@ -41,6 +50,7 @@ uikit::Configuration configurationOf(const Options& options) {
   configuration.size = device.points;
   configuration.scale = device.scale;
   configuration.nativeSize = device.nativePixels;
+  configuration.forceTouch = feelsForce(device);
   configuration.indexedPageIndicators = options.ios >= indexedPageDotsSince;
   configuration.orientation = springboard::asInterfaceOrientation(
       device.homeScreenTurns ? options.orientation : Orientation::portrait);

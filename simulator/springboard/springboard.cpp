@@ -55,6 +55,7 @@ void turnWindows(NSInteger to) {
     CGFloat own = window.bounds().size.height;
     window.setFrame({{0, 0}, {size.width, own == height ? size.height : own}});
   }
+  showStatusBar();
 }
 
 // A dock is filled: with what the device's docks usually hold, or, where somebody else says how many that is,

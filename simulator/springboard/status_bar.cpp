@@ -9,20 +9,32 @@
 #include "simulator/springboard/stock.hpp"
 
 namespace sim::springboard {
+namespace {
+
+struct StatusBar {
+  bridge::Strong<UIWindow> window;
+  bridge::Strong<UIImageView> picture;
+};
+
+StatusBar make() {
+  StatusBar bar{bridge::make<UIWindow, &UIView::initWithFrame>(CGRect{}),
+                bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{})};
+  bar.window->setWindowLevel(UIWindowLevelStatusBar);
+  bar.window->setUserInteractionEnabled(NO);
+  bar.window->addSubview(bar.picture);
+  return bar;
+}
+
+}  // namespace
 
 void showStatusBar() {
-  CGFloat height = device().statusBarHeight();
-  CGSize screen = UIScreen::mainScreen().bounds().size;
-  static auto& window = *new bridge::Strong<UIWindow>(
-      bridge::make<UIWindow, &UIView::initWithFrame>(CGRect{{0, 0}, {screen.width, height}}));
-  window->setWindowLevel(UIWindowLevelStatusBar);
-  window->setUserInteractionEnabled(NO);
-  auto bar = bridge::make<UIImageView, &UIView::initWithFrame>(window->bounds());
-  bar->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-  bar->setImage(
-      drawnImage(window->bounds().size, [](cairo_t* context, CGSize size) { drawStatusBar(context, size); }));
-  window->addSubview(bar);
-  window->setHidden(NO);
+  static auto& bar = *new StatusBar(make());
+  CGRect frame{{0, 0}, {UIScreen::mainScreen().bounds().size.width, device().statusBarHeight()}};
+  bar.window->setFrame(frame);
+  bar.picture->setFrame(frame);
+  bar.picture->setImage(
+      drawnImage(frame.size, [](cairo_t* context, CGSize size) { drawStatusBar(context, size); }));
+  bar.window->setHidden(NO);
 }
 
 }  // namespace sim::springboard

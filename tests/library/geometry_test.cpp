@@ -107,6 +107,8 @@ struct Measured {
   CGFloat scale;
   CGFloat heightFactor, widthFactor;
   CGSize icon;
+
+  friend void PrintTo(const Measured& screen, std::ostream* stream) { *stream << screen.device; }
 };
 
 class ScreenSizes : public testing::TestWithParam<Measured> {};

@@ -14,6 +14,8 @@ using Json = sim::Json;
 struct Screen {
   const char* device;
   const char* orientation;
+
+  friend void PrintTo(const Screen& screen, std::ostream* stream) { *stream << screen.device; }
 };
 
 const Screen screens[] = {

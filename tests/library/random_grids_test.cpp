@@ -201,6 +201,8 @@ INSTANTIATE_TEST_SUITE_P(OfSeed, RandomHomes, testing::Range<uint64_t>(1, 9),
 struct Live {
   const char* device;
   const char* orientation;
+
+  friend void PrintTo(const Live& live, std::ostream* stream) { *stream << live.device; }
 };
 
 class RandomSettings : public testing::TestWithParam<Live> {};

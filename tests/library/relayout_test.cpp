@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "bridge/replace.hpp"
+#include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/device.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/home.hpp"
@@ -14,8 +15,8 @@ namespace {
 using bridge::original;
 using sim::Json;
 
-// The settings pane and the panel are what counts the pages and asks for a relayout; here the count is set
-// and the scroll view's handler gets its message by hand.
+// Pages are counted when the home screen scrolls, and a notification asks for a relayout. Counts that no home
+// screen has are set here, and the handler gets its message by hand.
 void setPageCount(int count) { test::libraryVariable<int>("tilo::numOfPages") = count; }
 
 void askForRelayout() { sim::springboard::homeScreen().scrollView->layout({}); }
@@ -47,6 +48,16 @@ TEST(Relayout, LaysOutEveryPageInAscendingOrder) {
   askForRelayout();
   home.step("wait 0");
   EXPECT_EQ(home.report()["relayouts"], Json::array({call(0, 0), call(1, 0), call(2, 0)}));
+}
+
+TEST(Relayout, FollowsAScrolledHomeScreenAndANotification) {
+  test::Home home({"--pages", "4"});
+  showPage(1);
+  NSNotificationCenter::defaultCenter().postNotificationName_object("PopupViewDidDisappearNotification"_ns,
+                                                                    {});
+  EXPECT_EQ(pagesLaidOut(home), Json::array());
+  home.step("wait 0");
+  EXPECT_EQ(pagesLaidOut(home), Json::array({0, 1, 2, 3}));
 }
 
 TEST(Relayout, HappensWhenItIsAskedFor) {
@@ -143,17 +154,17 @@ TEST(Relayout, WorksBeforeTheControllerReferenceIsKept) {
 
 TEST(RelayoutOfTheCurrentPage, LaysOutThePageOnScreenAlone) {
   test::Home home({"--pages", "3"});
-  setPageCount(1);
   showPage(2);
+  setPageCount(1);
   layoutIcons(true);
   home.step("wait 0");
   EXPECT_EQ(home.report()["relayouts"], Json::array({call(2, 0)}));
 }
 
-TEST(RelayoutOfTheCurrentPage, DoesNotCarePagesAreCounted) {
+TEST(RelayoutOfTheCurrentPage, NeedsNoCountOfPages) {
   test::Home home({"--pages", "3"});
-  setPageCount(0);
   showPage(1);
+  setPageCount(0);
   layoutIcons(true);
   home.step("wait 0");
   EXPECT_EQ(pagesLaidOut(home), Json::array({1}));

@@ -7,6 +7,8 @@ struct Screen {
   const char* device;
   unsigned width, height;  // pixels held upright
   bool turns;
+
+  friend void PrintTo(const Screen& screen, std::ostream* stream) { *stream << screen.device; }
 };
 
 class Snapshot : public testing::TestWithParam<Screen> {

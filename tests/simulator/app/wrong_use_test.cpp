@@ -1,4 +1,8 @@
 // Wrong options: exit status 2, and one line that names the culprit.
+#include <sys/wait.h>
+
+#include <cstdlib>
+
 #include "tests/simulator/app/run.hpp"
 
 namespace {
@@ -29,6 +33,8 @@ TEST(WrongDevice, IsNamed) {
   expectRefused({"--device", "iphone 7"}, "iphone 7");
   expectRefused({"--device", ""}, "''");
 }
+
+TEST(WrongDevice, WithALineBreakIsStillOneLine) { expectRefused({"--device", "spoon\nfork"}, "fork"); }
 
 TEST(WrongVersion, IsNamed) {
   expectRefused({"--ios", "ten"}, "'ten'");
@@ -71,6 +77,14 @@ TEST(WrongFile, ThatCannotBeWrittenIsNamed) {
     expectRefused({option, "/dev/full"}, "/dev/full");
   }
   expectRefused({"--list-devices", "--report", missing()}, missing());
+}
+
+TEST(WrongFile, MayBeTheStandardOutput) {
+  std::string program = std::filesystem::canonical("/proc/self/exe").parent_path() / "tilo-sim";
+  std::string errors = test::temporaryFile("errors", "");
+  int status = std::system((program + " --report - >/dev/full 2>" + errors).c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  EXPECT_NE(test::contentsOf(errors).find("standard output"), std::string::npos);
 }
 
 TEST(WrongFile, ThatIsNoPropertyListIsNamed) {

@@ -8,7 +8,6 @@
 #include "simulator/artwork/app_catalogue.hpp"
 #include "simulator/artwork/app_icon.hpp"
 #include "simulator/artwork/dock_background.hpp"
-#include "simulator/artwork/page_dot.hpp"
 #include "simulator/artwork/status_bar.hpp"
 #include "simulator/artwork/wallpaper.hpp"
 #include "simulator/quartz/fonts.hpp"
@@ -152,17 +151,6 @@ TEST(DockBackground, FloatingHasRoundCorners) {
   EXPECT_EQ(pixelAt(image.get(), 2, 2).alpha, 0);
   EXPECT_EQ(pixelAt(image.get(), 297, 87).alpha, 0);
   EXPECT_GT(pixelAt(image.get(), 150, 45).alpha, 60);
-}
-
-TEST(PageDot, OfTheCurrentPageIsFullAndOfOthersFaint) {
-  const auto middle = [](bool current) {
-    return pixelAt(
-               drawn(7, 7, [=](cairo_t* context, CGSize size) { drawPageDot(context, size, current); }).get(),
-               3, 3)
-        .alpha;
-  };
-  EXPECT_EQ(middle(true), 255);
-  EXPECT_NEAR(middle(false), 102, 1);
 }
 
 }  // namespace

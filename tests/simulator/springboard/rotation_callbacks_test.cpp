@@ -70,7 +70,6 @@ TEST(Rotation, TellsNobodyWhereTheHomeScreenDoesNotTurn) {
   EXPECT_EQ(calls, Calls{});
   Json after = home.report();
   EXPECT_EQ(after["time"], 0.4);
-  EXPECT_EQ(after["orientation"], "portrait");
   EXPECT_EQ(after["pages"], before["pages"]);
 }
 
@@ -87,14 +86,16 @@ TEST(Rotation, GoesOnBehindTheLockScreen) {
   home.step("lock");
   home.step("rotate landscape");
   EXPECT_EQ(calls.size(), 3u);
-  EXPECT_EQ(home.report()["orientation"], "landscape");
+  EXPECT_EQ(home.page(0).iconColumnsForCurrentOrientation(), 5u);
 }
 
 TEST(Rotation, EndsWhereADeviceStartsThatIsHeldThatWay) {
   for (const char* device : {"iPad Air 2", "iPhone 7 Plus"}) {
     auto run = [&](std::vector<std::string> options, const char* script) {
       options.insert(options.end(), {"--stock", "--device", device, "--script", "-", "--report", "-"});
-      return Json::parse(test::runSimulator(options, script).output);
+      Json report = Json::parse(test::runSimulator(options, script).output);
+      report.erase("orientation");  // that of the start
+      return report;
     };
     Json turned = run({}, "rotate landscape\n"), started = run({"--orientation", "landscape"}, "wait 0.4\n");
     EXPECT_EQ(turned, started) << device;
