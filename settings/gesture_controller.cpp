@@ -84,8 +84,7 @@ void defineGestureController() {
   using Face = RQGestureController;
   Controller::define<NSObject>(
       method<&Face::sharedInstance, sharedInstance>(), method<&Face::update, update>(),
-      method<&Face::showPopup, showPopup>(),
-      method<&Face::updateConfigWithValue, updateConfig>(),
+      method<&Face::showPopup, showPopup>(), method<&Face::updateConfigWithValue, updateConfig>(),
       method<&Face::savePrefsWithKey_value, savePrefs>(),
       Controller::property<&Face::gestureView, &Face::setGestureView, &ControllerState::gestureView>(),
       Controller::property<&Face::popView, &Face::setPopView, &ControllerState::popView>(),

@@ -116,8 +116,7 @@ TEST(Orientation, IsTheOneOfTheStart) {
   EXPECT_EQ(report["pages"][0]["columns"], 5);
   EXPECT_EQ(report["classColumns"], 4);
   EXPECT_EQ(reportOf({"--orientation", "portrait"})["orientation"], "portrait");
-  EXPECT_EQ(reportOf({"--device", "iPad Air 2", "--script", "-"}, "rotate landscape\n")["orientation"],
-            "portrait");
+  EXPECT_EQ(reportOf({"--device", "iPad Air 2"}, "rotate landscape\n")["orientation"], "portrait");
 }
 
 TEST(Stock, LoadsNoLibrary) {
