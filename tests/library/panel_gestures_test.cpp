@@ -4,6 +4,7 @@
 #include "platform/foundation/notification_center.hpp"
 #include "platform/springboard/icon_scroll_view.hpp"
 #include "settings/configuration_manager.hpp"
+#include "settings/gesture_controller.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/home.hpp"
 
@@ -114,6 +115,31 @@ TEST(Press, OpensNothingOnAScreenThatFeelsNoForce) {
   std::vector<std::string> options = settings({"forceTouch=YES"});
   options[1] = "iPhone 6";
   Home home(options);
+  home.step("press 5");
+  EXPECT_FALSE(panelIsShown(home));
+}
+
+TEST(Press, ThatGoesOnOpensNothingMoreUntilTheFingerIsLifted) {
+  Home home(settings({"forceTouch=YES"}));
+  home.step("finger 1 down 187 24");
+  home.step("wait 0.2");  // a scroll view holds touches back while it may yet be dragged
+  home.step("finger 1 move 187 24 3.2");
+  ASSERT_TRUE(panelIsShown(home));
+  tilo::RQGestureController::sharedInstance().popView().didHitCancel();
+  home.step("finger 1 move 188 24 4");
+  home.step("finger 1 move 187 24 5");
+  EXPECT_FALSE(panelIsShown(home));
+  home.step("finger 1 up 187 24");
+  home.step("press 4 187 24");
+  EXPECT_TRUE(panelIsShown(home));
+}
+
+TEST(Press, OpensNothingOnASystemOlderThanForce) {
+  std::vector<std::string> options = settings({"forceTouch=YES"});
+  options[1] = "iPhone 6";
+  options.insert(options.end(), {"--ios", "8.4"});
+  Home home(options);
+  EXPECT_FALSE(class_getInstanceMethod(objc_getClass("UITouch"), bridge::selector<"force">()));
   home.step("press 5");
   EXPECT_FALSE(panelIsShown(home));
 }
