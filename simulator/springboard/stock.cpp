@@ -39,7 +39,6 @@ void useDevice(const Device& used, Version version) {
 }
 
 const Device& device() { return *current; }
-Version systemVersion() { return currentVersion; }
 
 Grid stockGrid(ListKind kind, NSInteger orientation) {
   switch (kind) {

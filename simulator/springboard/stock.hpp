@@ -11,7 +11,6 @@ namespace sim::springboard {
 // alive.
 void useDevice(const Device& used, Version version);
 const Device& device();
-Version systemVersion();
 
 enum class ListKind { root, folder, dock };
 
