@@ -11,5 +11,8 @@ struct NSArray : bridge::Face<"NSArray", NSObject> {
 
 struct NSMutableArray : bridge::Face<"NSMutableArray", NSArray> {
   static constexpr bridge::ClassMethod<"NSMutableArray", "array", NSMutableArray()> array{};
+  static constexpr bridge::ClassMethod<"NSMutableArray", "arrayWithArray:", NSMutableArray(NSArray)>
+      arrayWithArray{};
   MESSAGE Method<"addObject:", void(bridge::Object)> addObject;
+  MESSAGE Method<"removeObject:", void(bridge::Object)> removeObject;  // every one equal to it
 };

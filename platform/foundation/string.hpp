@@ -12,8 +12,14 @@ enum : NSUInteger { NSNumericSearch = 64 };
 struct NSString : bridge::Face<"NSString", NSObject> {
   static constexpr bridge::ClassMethod<"NSString", "stringWithUTF8String:", NSString(const char*)>
       stringWithUTF8String{};
+  // UTF-16 units.
+  static constexpr bridge::ClassMethod<"NSString", "stringWithCharacters:length:",
+                                       NSString(const unsigned short*, NSUInteger)>
+      stringWithCharacters_length{};
   MESSAGE Method<"UTF8String", const char*()> UTF8String;
   MESSAGE Method<"length", NSUInteger()> length;
+  MESSAGE Method<"characterAtIndex:", unsigned short(NSUInteger)> characterAtIndex;
+  MESSAGE Method<"floatValue", float()> floatValue;  // 0 where there is no number
   MESSAGE Method<"isEqualToString:", BOOL(NSString)> isEqualToString;
   MESSAGE Method<"compare:options:", NSInteger(NSString, NSUInteger)> compare_options;
   MESSAGE Method<"stringByAppendingString:", NSString(NSString)> stringByAppendingString;

@@ -1,7 +1,7 @@
 // UIColor.
 #pragma once
 
-#include "platform/coregraphics/geometry.hpp"
+#include "platform/coregraphics/color.hpp"
 #include "platform/foundation/object.hpp"
 
 // Components from 0 to 1.
@@ -11,6 +11,9 @@ struct UIColor : bridge::Face<"UIColor", NSObject> {
       colorWithRed_green_blue_alpha{};
   static constexpr bridge::ClassMethod<"UIColor", "colorWithWhite:alpha:", UIColor(CGFloat, CGFloat)>
       colorWithWhite_alpha{};
+  static constexpr bridge::ClassMethod<"UIColor", "colorWithHue:saturation:brightness:alpha:",
+                                       UIColor(CGFloat, CGFloat, CGFloat, CGFloat)>
+      colorWithHue_saturation_brightness_alpha{};
   static constexpr bridge::ClassMethod<"UIColor", "blackColor", UIColor()> blackColor{};
   static constexpr bridge::ClassMethod<"UIColor", "darkGrayColor", UIColor()> darkGrayColor{};
   static constexpr bridge::ClassMethod<"UIColor", "lightGrayColor", UIColor()> lightGrayColor{};
@@ -33,4 +36,10 @@ struct UIColor : bridge::Face<"UIColor", NSObject> {
   // The arguments receive the components and may be null.
   MESSAGE Method<"getRed:green:blue:alpha:", BOOL(CGFloat*, CGFloat*, CGFloat*, CGFloat*)>
       getRed_green_blue_alpha;
+  MESSAGE Method<"getHue:saturation:brightness:alpha:", BOOL(CGFloat*, CGFloat*, CGFloat*, CGFloat*)>
+      getHue_saturation_brightness_alpha;
+  MESSAGE Method<"CGColor", CGColorRef()> CGColor;  // belongs to the colour
+  MESSAGE Method<"set", void()> set;                // for filling and stroking
+  MESSAGE Method<"setFill", void()> setFill;
+  MESSAGE Method<"setStroke", void()> setStroke;
 };

@@ -1,6 +1,7 @@
 // CALayer.
 #pragma once
 
+#include "platform/coregraphics/color.hpp"
 #include "platform/coregraphics/encoding.hpp"
 #include "platform/foundation/object.hpp"
 
@@ -22,5 +23,17 @@ struct CALayer : bridge::Face<"CALayer", NSObject> {
   MESSAGE Method<"setHidden:", void(BOOL)> setHidden;
   MESSAGE Method<"masksToBounds", BOOL()> masksToBounds;
   MESSAGE Method<"setMasksToBounds:", void(BOOL)> setMasksToBounds;
+  MESSAGE Method<"shadowColor", CGColorRef()> shadowColor;
+  MESSAGE Method<"setShadowColor:", void(CGColorRef)> setShadowColor;
+  MESSAGE Method<"shadowOpacity", float()> shadowOpacity;
+  MESSAGE Method<"setShadowOpacity:", void(float)> setShadowOpacity;
+  MESSAGE Method<"shadowRadius", CGFloat()> shadowRadius;
+  MESSAGE Method<"setShadowRadius:", void(CGFloat)> setShadowRadius;
+  MESSAGE Method<"shadowOffset", CGSize()> shadowOffset;
+  MESSAGE Method<"setShadowOffset:", void(CGSize)> setShadowOffset;
+  MESSAGE Method<"shouldRasterize", BOOL()> shouldRasterize;
+  MESSAGE Method<"setShouldRasterize:", void(BOOL)> setShouldRasterize;
+  MESSAGE Method<"rasterizationScale", CGFloat()> rasterizationScale;  // pixels per point
+  MESSAGE Method<"setRasterizationScale:", void(CGFloat)> setRasterizationScale;
   MESSAGE Method<"removeAllAnimations", void()> removeAllAnimations;
 };

@@ -83,6 +83,10 @@ struct UIView : bridge::Face<"UIView", UIResponder> {
   MESSAGE Method<"setBackgroundColor:", void(UIColor)> setBackgroundColor;
   MESSAGE Method<"clipsToBounds", BOOL()> clipsToBounds;
   MESSAGE Method<"setClipsToBounds:", void(BOOL)> setClipsToBounds;
+  MESSAGE Method<"isOpaque", BOOL()> isOpaque;
+  MESSAGE Method<"setOpaque:", void(BOOL)> setOpaque;
+  MESSAGE Method<"tintColor", UIColor()> tintColor;
+  MESSAGE Method<"setTintColor:", void(UIColor)> setTintColor;
   MESSAGE Method<"contentMode", NSInteger()> contentMode;
   MESSAGE Method<"setContentMode:", void(NSInteger)> setContentMode;
   MESSAGE Method<"layer", CALayer()> layer;
@@ -102,6 +106,8 @@ struct UIView : bridge::Face<"UIView", UIResponder> {
   MESSAGE Method<"tag", NSInteger()> tag;
   MESSAGE Method<"setTag:", void(NSInteger)> setTag;
   MESSAGE Method<"viewWithTag:", UIView(NSInteger)> viewWithTag;
+  // The first responder among the view and those below it gives up; with YES even against its will.
+  MESSAGE Method<"endEditing:", BOOL(BOOL)> endEditing;
   MESSAGE Method<"willMoveToSuperview:", void(UIView)> willMoveToSuperview;
   MESSAGE Method<"didMoveToSuperview", void()> didMoveToSuperview;
   MESSAGE Method<"willMoveToWindow:", void(UIWindow)> willMoveToWindow;

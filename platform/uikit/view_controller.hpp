@@ -20,5 +20,13 @@ struct UIViewController : bridge::Face<"UIViewController", UIResponder> {
   MESSAGE Method<"willAnimateRotationToInterfaceOrientation:duration:", void(NSInteger, double)>
       willAnimateRotationToInterfaceOrientation_duration;
   MESSAGE Method<"didRotateFromInterfaceOrientation:", void(NSInteger)> didRotateFromInterfaceOrientation;
+  // Over everything in the window. The completion may be empty.
+  MESSAGE Method<"presentViewController:animated:completion:",
+                 void(UIViewController, BOOL, bridge::BlockRef<void()>)>
+      presentViewController_animated_completion;
+  MESSAGE Method<"dismissViewControllerAnimated:completion:", void(BOOL, bridge::BlockRef<void()>)>
+      dismissViewControllerAnimated_completion;
+  MESSAGE Method<"presentedViewController", UIViewController()> presentedViewController;
+  MESSAGE Method<"presentingViewController", UIViewController()> presentingViewController;
   MESSAGE Method<"interfaceOrientation", NSInteger()> interfaceOrientation;
 };
