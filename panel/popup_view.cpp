@@ -17,7 +17,7 @@ CGRect cardFrame(CGSize window) {
   return {{sideGap, window.height - height - bottomGap}, {window.width - 2 * sideGap, height}};
 }
 
-void show(RQPopupView self, UIView) {
+void show(RQPopupView self, bridge::Object) {
   UIWindow window = UIApplication::sharedApplication().keyWindow();
   self.setFrame(cardFrame(window.bounds().size));
   self.setBackgroundColor(UIColor::whiteColor());
