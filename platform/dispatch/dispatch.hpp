@@ -1,7 +1,7 @@
 // Grand Central Dispatch: the main queue and one-time initialisation.
 #pragma once
 
-#include "bridge/block.hpp"
+#include "bridge/encoding.hpp"
 
 extern "C" {
 struct dispatch_queue_s;
@@ -9,6 +9,12 @@ extern dispatch_queue_s _dispatch_main_q;
 void dispatch_async(dispatch_queue_s* queue, void* block);
 void dispatch_once_f(long* token, void* context, void (*function)(void*));
 }
+
+// Queues are objects to the class runtime.
+template <>
+struct bridge::Encoding<dispatch_queue_s*> {
+  static constexpr Name text = "@";
+};
 
 namespace dispatch {
 
