@@ -9,6 +9,7 @@
 #include "platform/uikit/window.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
+#include "simulator/uikit/touch_dispatch.hpp"
 
 namespace sim::springboard {
 namespace {
@@ -63,7 +64,10 @@ void show(bool visible) {
 
 }  // namespace
 
-void lock() { show(true); }
+void lock() {
+  uikit::cancelFingers();
+  show(true);
+}
 void unlock() { show(false); }
 
 void defineLockScreen() {

@@ -59,6 +59,19 @@ TEST_F(LockScreen, CoversTheHomeScreenAndUncoversIt) {
   EXPECT_EQ(picture(), locked);
 }
 
+TEST_F(LockScreen, TakesTheFingersFromWhatLiesBelow) {
+  const sim::Json icon = home.report()["pages"][0]["icons"][0]["frame"];
+  const std::string place =
+      std::to_string(icon[0].get<double>() + 10) + " " + std::to_string(icon[1].get<double>() + 10);
+  home.step("finger 1 down " + place);
+  home.step("lock");
+  home.step("finger 1 up " + place);
+  home.step("unlock");
+  EXPECT_TRUE(home.report()["application"].is_null());
+  home.step("tap " + place);
+  EXPECT_FALSE(home.report()["application"].is_null());
+}
+
 TEST_F(LockScreen, LeavesTheHomeScreenAsItIs) {
   sim::Json before = home.report();
   home.step("lock");

@@ -1,0 +1,26 @@
+// The home screen that is measured, and what is measured on it: each thing as SpringBoard does it, then as it
+// goes with the library.
+//
+// A process has one SpringBoard and a library that is loaded stays, so all stock figures are taken first.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include "simulator/app/simulation.hpp"
+
+namespace bench {
+
+// Brought up so far that SpringBoard's classes are there.
+sim::Simulation& simulation();
+// The same with the library loaded and the home screen on display.
+sim::Simulation& started();
+
+// A page's answer for its vertical padding.
+void verticalPaddingStock(benchmark::State& state);
+void verticalPaddingReplaced(benchmark::State& state);
+
+// One step of scrolling over three pages.
+void scrollStepStock(benchmark::State& state);
+void scrollStepReplaced(benchmark::State& state);
+
+}  // namespace bench

@@ -1,0 +1,29 @@
+// Costs, stock and with the library, in one run: build/tilo-bench.
+#include "bench/home_screen.hpp"
+
+namespace bench {
+
+sim::Simulation& simulation() {
+  static const char* arguments[] = {"tilo-bench",       "--set", "enabled=YES",         "--set",
+                                    "custom_preset=-1", "--set", "vertIconPadding=12.0"};
+  static auto& only = *new sim::Simulation(sim::parseOptions(7, arguments));
+  return only;
+}
+
+sim::Simulation& started() {
+  if (!simulation().library()) simulation().start();
+  return simulation();
+}
+
+}  // namespace bench
+
+int main(int count, char** arguments) {
+  benchmark::Initialize(&count, arguments);
+  if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
+  benchmark::RegisterBenchmark("vertical padding, stock", bench::verticalPaddingStock);
+  benchmark::RegisterBenchmark("scroll step, stock", bench::scrollStepStock);
+  benchmark::RegisterBenchmark("vertical padding, replaced", bench::verticalPaddingReplaced);
+  benchmark::RegisterBenchmark("scroll step, replaced", bench::scrollStepReplaced);
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+}
