@@ -1,5 +1,6 @@
 // What runs when the loader loads the library into SpringBoard: two routines, in this order, and nothing
 // else.
+#include "controls/button.hpp"
 #include "panel/popup_view.hpp"
 #include "platform/iconsupport/icon_support.hpp"
 #include "settings/configuration_manager.hpp"
@@ -27,6 +28,7 @@ void defineClasses() {
   defineConfigurationManager();
   defineGestureController();
   defineValue();
+  defineButton();
   definePopupView();
 }
 

@@ -1,7 +1,9 @@
 // The classes of UIKit, superclasses first.
 #include "simulator/uikit/classes.hpp"
 
+#include "simulator/uikit/appearance.hpp"
 #include "simulator/uikit/application.hpp"
+#include "simulator/uikit/button.hpp"
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/control.hpp"
 #include "simulator/uikit/device.hpp"
@@ -32,6 +34,7 @@ void registerClasses() {
   defineResponder();
   defineApplication();
   defineView();
+  defineAppearance();
   defineTouch();
   defineEvent();
   defineGestureRecognizer();
@@ -43,6 +46,7 @@ void registerClasses() {
   definePageControl();
   defineImageView();
   defineLabel();
+  defineButton();
   defineScrollView();
   defineWindow();
   defineScreen();

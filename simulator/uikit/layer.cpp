@@ -9,6 +9,7 @@
 #include "bridge/define.hpp"
 #include "platform/uikit/window.hpp"
 #include "simulator/uikit/animation.hpp"
+#include "simulator/uikit/color.hpp"
 #include "simulator/uikit/exception.hpp"
 #include "simulator/uikit/view.hpp"
 
@@ -18,6 +19,7 @@ namespace {
 struct LayerState {
   Layer layer;
   UIView view;  // not retained
+  CGColor shadowColor{{0, 1}, true};
 };
 
 using LayerClass = bridge::Implementation<CALayer, LayerState>;
@@ -73,6 +75,24 @@ void setHidden(CALayer self, BOOL value) { layerOf(self).hidden = value; }
 void setMasksToBounds(CALayer self, BOOL value) { layerOf(self).masksToBounds = value; }
 void removeAllAnimations(CALayer self) { cancelAnimations(self); }
 
+CGColorRef shadowColor(CALayer self) { return &LayerClass::state(self).shadowColor; }
+
+void setShadowColor(CALayer self, CGColorRef value) {
+  LayerClass::state(self).shadowColor = value ? *value : CGColor{{0, 0}, true};
+  layerOf(self).shadowColor = colorOf(value);
+}
+
+// A value of the layer that no animation follows.
+template <class Result, auto Field>
+Result plain(CALayer self) {
+  return static_cast<Result>(layerOf(self).*Field);
+}
+
+template <class Value, auto Field>
+void setPlain(CALayer self, Value value) {
+  layerOf(self).*Field = value;
+}
+
 }  // namespace
 
 Layer& layerOf(CALayer layer) { return LayerClass::state(layer).layer; }
@@ -126,7 +146,18 @@ void defineLayer() {
       method<&CALayer::opacity, opacity>(), method<&CALayer::setOpacity, setOpacityOf>(),
       method<&CALayer::isHidden, isHidden>(), method<&CALayer::setHidden, setHidden>(),
       method<&CALayer::masksToBounds, masksToBounds>(),
-      method<&CALayer::setMasksToBounds, setMasksToBounds>(),
+      method<&CALayer::setMasksToBounds, setMasksToBounds>(), method<&CALayer::shadowColor, shadowColor>(),
+      method<&CALayer::setShadowColor, setShadowColor>(),
+      method<&CALayer::shadowOpacity, plain<float, &Layer::shadowOpacity>>(),
+      method<&CALayer::setShadowOpacity, setPlain<float, &Layer::shadowOpacity>>(),
+      method<&CALayer::shadowRadius, plain<CGFloat, &Layer::shadowRadius>>(),
+      method<&CALayer::setShadowRadius, setPlain<CGFloat, &Layer::shadowRadius>>(),
+      method<&CALayer::shadowOffset, plain<CGSize, &Layer::shadowOffset>>(),
+      method<&CALayer::setShadowOffset, setPlain<CGSize, &Layer::shadowOffset>>(),
+      method<&CALayer::shouldRasterize, plain<BOOL, &Layer::shouldRasterize>>(),
+      method<&CALayer::setShouldRasterize, setPlain<BOOL, &Layer::shouldRasterize>>(),
+      method<&CALayer::rasterizationScale, plain<CGFloat, &Layer::rasterizationScale>>(),
+      method<&CALayer::setRasterizationScale, setPlain<CGFloat, &Layer::rasterizationScale>>(),
       method<&CALayer::removeAllAnimations, removeAllAnimations>());
 }
 

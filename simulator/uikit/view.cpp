@@ -64,6 +64,15 @@ void setViewBackgroundColor(UIView self, UIColor color) {
   setBackgroundColor(layerObjectOf(self), colorOf(color));
 }
 
+// That of the nearest ancestor that has one, or the system's blue.
+UIColor tintColor(UIView self) {
+  for (UIView one = self; one; one = stateOf(one).superview)
+    if (stateOf(one).tintColor) return stateOf(one).tintColor;
+  return makeColor(rgb(0x007aff)).autoreleased();
+}
+
+void setTintColor(UIView self, UIColor color) { stateOf(self).tintColor = retained(color); }
+
 ContentsGravity gravityOf(NSInteger contentMode) {
   // In the order of UIViewContentMode.
   constexpr ContentsGravity gravities[] = {
@@ -149,6 +158,8 @@ void defineView() {
       method<&UIView::backgroundColor, backgroundColor>(),
       method<&UIView::setBackgroundColor, setViewBackgroundColor>(),
       method<&UIView::clipsToBounds, clipsToBounds>(), method<&UIView::setClipsToBounds, setClipsToBounds>(),
+      ViewClass::property<&UIView::isOpaque, &UIView::setOpaque, &ViewState::opaque>(),
+      method<&UIView::tintColor, tintColor>(), method<&UIView::setTintColor, setTintColor>(),
       method<&UIView::contentMode, contentMode>(), method<&UIView::setContentMode, setContentMode>(),
       method<&UIView::layer, layer>(), method<&UIView::setNeedsDisplay, setNeedsDisplay>(),
       method<&UIView::drawRect, drawRect>(),

@@ -20,6 +20,8 @@ struct ViewState {
   std::vector<bridge::Strong<UIView>> subviews;  // the last one is in front
   UIViewController controller;                   // whose view it is; not retained
   bridge::Strong<UIColor> backgroundColor;
+  bridge::Strong<UIColor> tintColor;  // none: the superview's
+  BOOL opaque = YES;
   NSUInteger autoresizingMask = UIViewAutoresizingNone;
   BOOL autoresizesSubviews = YES;
   BOOL userInteractionEnabled = YES;

@@ -1,0 +1,8 @@
+// UIButton.
+#pragma once
+
+namespace sim::uikit {
+
+void defineButton();
+
+}  // namespace sim::uikit
