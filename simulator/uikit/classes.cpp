@@ -1,6 +1,9 @@
 // The classes of UIKit, superclasses first.
 #include "simulator/uikit/classes.hpp"
 
+#include "simulator/uikit/alert_action.hpp"
+#include "simulator/uikit/alert_controller.hpp"
+#include "simulator/uikit/alert_view.hpp"
 #include "simulator/uikit/appearance.hpp"
 #include "simulator/uikit/application.hpp"
 #include "simulator/uikit/button.hpp"
@@ -15,6 +18,7 @@
 #include "simulator/uikit/label.hpp"
 #include "simulator/uikit/layer.hpp"
 #include "simulator/uikit/page_control.hpp"
+#include "simulator/uikit/presentation.hpp"
 #include "simulator/uikit/responder.hpp"
 #include "simulator/uikit/screen.hpp"
 #include "simulator/uikit/scroll_view.hpp"
@@ -51,6 +55,11 @@ void registerClasses() {
   defineWindow();
   defineScreen();
   defineViewController();
+  defineStageView();
+  defineAlertAction();
+  defineAlertButton();
+  defineAlertView();
+  defineAlertController();
 }
 
 }  // namespace sim::uikit

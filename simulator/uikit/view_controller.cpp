@@ -6,20 +6,13 @@
 #include "bridge/define.hpp"
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/screen.hpp"
+#include "simulator/uikit/presentation.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace sim::uikit {
 namespace {
 
 using bridge::Strong;
-
-struct ViewControllerState {
-  Strong<UIView> view;
-
-  ~ViewControllerState() {
-    if (view) stateOf(view).controller = {};
-  }
-};
 
 using ViewControllerClass = bridge::Implementation<UIViewController, ViewControllerState>;
 
@@ -52,6 +45,14 @@ UIResponder nextResponder(UIViewController self) {
   return stateOf(view).superview;
 }
 
+UIViewController presentedViewController(UIViewController self) {
+  return ViewControllerClass::state(self).presented;
+}
+
+UIViewController presentingViewController(UIViewController self) {
+  return ViewControllerClass::state(self).presenting;
+}
+
 NSInteger interfaceOrientation(UIViewController) {
   return UIApplication::sharedApplication().statusBarOrientation();
 }
@@ -63,6 +64,14 @@ void rotation(UIViewController, NSInteger, double) {}
 void rotated(UIViewController, NSInteger) {}
 
 }  // namespace
+
+ViewControllerState::~ViewControllerState() {
+  if (view) stateOf(view).controller = {};
+  if (presented) stateOf(presented.get()).presenting = {};
+  if (stage) stage->removeFromSuperview();
+}
+
+ViewControllerState& stateOf(UIViewController controller) { return ViewControllerClass::state(controller); }
 
 void defineViewController() {
   using bridge::method;
@@ -77,6 +86,10 @@ void defineViewController() {
       method<&UIViewController::willRotateToInterfaceOrientation_duration, rotation>(),
       method<&UIViewController::willAnimateRotationToInterfaceOrientation_duration, rotation>(),
       method<&UIViewController::didRotateFromInterfaceOrientation, rotated>(),
+      method<&UIViewController::presentViewController_animated_completion, present>(),
+      method<&UIViewController::dismissViewControllerAnimated_completion, dismiss>(),
+      method<&UIViewController::presentedViewController, presentedViewController>(),
+      method<&UIViewController::presentingViewController, presentingViewController>(),
       method<&UIViewController::interfaceOrientation, interfaceOrientation>());
 }
 

@@ -1,0 +1,137 @@
+// The card that an alert is: texts that scroll when they are long, and buttons below them.
+#include "simulator/uikit/alert_view.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "bridge/define.hpp"
+#include "platform/uikit/color.hpp"
+#include "platform/uikit/layer.hpp"
+#include "platform/uikit/scroll_view.hpp"
+#include "simulator/uikit/alert_layout.hpp"
+#include "simulator/uikit/configuration.hpp"
+
+namespace sim::uikit {
+namespace {
+
+using bridge::Strong;
+
+constexpr double cornerRadius = 14, titleSize = 17, messageSize = 13;  // points
+constexpr double screenMargin = 24;                                    // above and below the highest alert
+
+struct AlertState {
+  Strong<UIScrollView> header;
+  Strong<UILabel> title, message;
+  std::vector<Strong<AlertButton>> buttons;  // in the order of the actions
+  std::vector<Strong<UIView>> lines;
+};
+
+using AlertClass = bridge::Implementation<AlertView, AlertState>;
+
+double pixel() { return 1 / configuration().scale; }
+
+Strong<UILabel> makeText(NSString text, UIFont font) {
+  auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
+  label->setText(text);
+  label->setFont(font);
+  label->setNumberOfLines(0);
+  label->setLineBreakMode(NSLineBreakByWordWrapping);
+  label->setTextAlignment(NSTextAlignmentCenter);
+  return label;
+}
+
+double heightOf(UILabel label) {
+  return label.text().length() ? label.sizeThatFits({alertTextWidth, 0}).height : 0;
+}
+
+bool cancels(const Strong<AlertButton>& button) {
+  return actionOf(button).style() == UIAlertActionStyleCancel;
+}
+
+// The one that cancels comes first of two, and last of more.
+std::vector<Strong<AlertButton>> inOrder(AlertView self) {
+  std::vector<Strong<AlertButton>> buttons = AlertClass::state(self).buttons;
+  const auto cancelling = std::ranges::find_if(buttons, cancels);
+  if (cancelling == buttons.end()) return buttons;
+  if (buttons.size() == 2)
+    std::rotate(buttons.begin(), cancelling, cancelling + 1);
+  else
+    std::rotate(cancelling, cancelling + 1, buttons.end());
+  return buttons;
+}
+
+AlertLayout layoutWithin(AlertView self, double greatestHeight) {
+  const AlertState& state = AlertClass::state(self);
+  AlertContent content{.titleHeight = heightOf(state.title), .messageHeight = heightOf(state.message)};
+  for (const auto& button : inOrder(self)) content.buttonWidths.push_back(titleWidth(button));
+  return layOutAlert(content, greatestHeight, pixel());
+}
+
+CGSize sizeThatFits(AlertView self, CGSize room) {
+  return layoutWithin(self, room.height - 2 * screenMargin).size;
+}
+
+void placeLines(AlertView self, const std::vector<CGRect>& frames) {
+  auto& lines = AlertClass::state(self).lines;
+  while (lines.size() < frames.size()) {
+    auto line = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
+    line->setBackgroundColor(UIColor::colorWithWhite_alpha(0, 0.2));
+    self.addSubview(line);
+    lines.push_back(std::move(line));
+  }
+  for (std::size_t i = 0; i < frames.size(); ++i) lines[i]->setFrame(frames[i]);
+}
+
+void layoutSubviews(AlertView self) {
+  const AlertState& state = AlertClass::state(self);
+  const AlertLayout layout = layoutWithin(self, self.bounds().size.height);
+  state.header->setFrame(layout.header);
+  state.header->setContentSize({layout.header.size.width, layout.headerContentHeight});
+  state.title->setFrame(layout.title);
+  state.message->setFrame(layout.message);
+  const auto buttons = inOrder(self);
+  for (std::size_t i = 0; i < buttons.size(); ++i) buttons[i]->setFrame(layout.buttons[i]);
+  placeLines(self, layout.lines);
+}
+
+}  // namespace
+
+Strong<AlertView> makeAlertView(NSString title, NSString message) {
+  auto card = bridge::make<AlertView, &UIView::initWithFrame>(CGRect{});
+  card->setBackgroundColor(UIColor::colorWithWhite_alpha(0.976, 0.97));
+  card->setClipsToBounds(YES);
+  card->layer().setCornerRadius(cornerRadius);
+  AlertState& state = AlertClass::state(card);
+  state.header = bridge::make<UIScrollView, &UIView::initWithFrame>(CGRect{});
+  state.title = makeText(title, UIFont::boldSystemFontOfSize(titleSize));
+  state.message = makeText(message, UIFont::systemFontOfSize(messageSize));
+  state.header->addSubview(state.title);
+  state.header->addSubview(state.message);
+  card->addSubview(state.header);
+  return card;
+}
+
+void addButton(AlertView card, Strong<AlertButton> button) {
+  card.addSubview(button);
+  AlertClass::state(card).buttons.push_back(std::move(button));
+  card.setNeedsLayout();
+}
+
+CGRect roomForAlerts(UIView stage) { return stage.bounds(); }
+
+CGPoint alertCenter(const CGRect& room, CGSize size) {
+  auto start = [](double origin, double length, double own) {
+    return origin + std::floor((length - own) / 2 / pixel()) * pixel();
+  };
+  return {start(room.origin.x, room.size.width, size.width) + size.width / 2,
+          start(room.origin.y, room.size.height, size.height) + size.height / 2};
+}
+
+void defineAlertView() {
+  using bridge::method;
+  AlertClass::define<UIView>(method<&UIView::sizeThatFits, sizeThatFits>(),
+                             method<&UIView::layoutSubviews, layoutSubviews>());
+}
+
+}  // namespace sim::uikit

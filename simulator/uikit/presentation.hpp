@@ -1,0 +1,15 @@
+// View controllers that are shown over others, in the window of those.
+#pragma once
+
+#include "platform/uikit/view_controller.hpp"
+
+namespace sim::uikit {
+
+void present(UIViewController self, UIViewController other, BOOL animated,
+             bridge::BlockRef<void()> completion);
+void dismiss(UIViewController self, BOOL animated, bridge::BlockRef<void()> completion);
+
+/** The view that a presented controller stands on; it covers the window. */
+void defineStageView();
+
+}  // namespace sim::uikit
