@@ -6,6 +6,7 @@
 #include "simulator/uikit/alert_view.hpp"
 #include "simulator/uikit/appearance.hpp"
 #include "simulator/uikit/application.hpp"
+#include "simulator/uikit/bezier_path.hpp"
 #include "simulator/uikit/button.hpp"
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/control.hpp"
@@ -30,6 +31,7 @@
 namespace sim::uikit {
 
 void registerClasses() {
+  defineBezierPath();
   defineColor();
   defineDevice();
   defineFont();

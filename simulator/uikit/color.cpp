@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "bridge/define.hpp"
-#include "simulator/runtime/export.hpp"
+#include "platform/coregraphics/context.hpp"
 
 namespace sim::uikit {
 namespace {
@@ -120,6 +120,21 @@ BOOL getHue(UIColor self, CGFloat* hue, CGFloat* saturation, CGFloat* brightness
 
 CGColorRef cgColor(UIColor self) { return &ColorClass::state(self).color; }
 
+void setFill(UIColor self) {
+  if (CGContextRef context = UIGraphicsGetCurrentContext())
+    CGContextSetFillColorWithColor(context, self.CGColor());
+}
+
+void setStroke(UIColor self) {
+  if (CGContextRef context = UIGraphicsGetCurrentContext())
+    CGContextSetStrokeColorWithColor(context, self.CGColor());
+}
+
+void setBoth(UIColor self) {
+  self.setFill();
+  self.setStroke();
+}
+
 // A grey is no colour of equal components.
 BOOL isEqual(UIColor self, bridge::Object other) {
   return bridge::isKindOf<UIColor>(other) &&
@@ -149,13 +164,6 @@ UIColor gray(Class) {
 
 }  // namespace
 
-Color colorOf(const CGColor* color) {
-  if (!color) return clearColor;
-  const auto& parts = color->components;
-  return color->gray ? Color{parts[0], parts[0], parts[0], parts[1]}
-                     : Color{parts[0], parts[1], parts[2], parts[3]};
-}
-
 Color colorOf(UIColor color) { return color ? colorOf(&ColorClass::state(color).color) : clearColor; }
 
 Strong<UIColor> makeColor(const Color& color) {
@@ -173,7 +181,9 @@ void defineColor() {
       method<&UIColor::colorWithAlphaComponent, colorWithAlphaComponent>(),
       method<&UIColor::getRed_green_blue_alpha, getComponents>(),
       method<&UIColor::getHue_saturation_brightness_alpha, getHue>(), method<&UIColor::CGColor, cgColor>(),
-      method<&Comparable::isEqual, isEqual>(), method<&Comparable::hash, hash>(),
+      method<&UIColor::set, setBoth>(), method<&UIColor::setFill, setFill>(),
+      method<&UIColor::setStroke, setStroke>(), method<&Comparable::isEqual, isEqual>(),
+      method<&Comparable::hash, hash>(),
       // Apple's values, as the platform's reference gives them.
       method<&UIColor::blackColor, gray<0, 1>>(), method<&UIColor::darkGrayColor, gray<1, 3>>(),
       method<&UIColor::lightGrayColor, gray<2, 3>>(), method<&UIColor::whiteColor, gray<1, 1>>(),
@@ -188,11 +198,3 @@ void defineColor() {
 }
 
 }  // namespace sim::uikit
-
-SIMULATOR_EXPORT size_t CGColorGetNumberOfComponents(CGColorRef color) {
-  return color ? (color->gray ? 2 : 4) : 0;
-}
-
-SIMULATOR_EXPORT const CGFloat* CGColorGetComponents(CGColorRef color) {
-  return color ? color->components.data() : nullptr;
-}

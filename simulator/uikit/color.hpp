@@ -1,26 +1,15 @@
 // UIColor.
 #pragma once
 
-#include <array>
-
 #include "bridge/strong.hpp"
 #include "platform/uikit/color.hpp"
-#include "simulator/quartz/color.hpp"
-
-/** The components of a colour: a grey has its level and alpha, any other red, green, blue and alpha. */
-struct CGColor {
-  std::array<CGFloat, 4> components{};
-  bool gray = false;
-
-  bool operator==(const CGColor&) const = default;
-};
+#include "simulator/coregraphics/color.hpp"
 
 namespace sim::uikit {
 
 /** Clear for nil. */
 Color colorOf(UIColor color);
-/** Clear for null. */
-Color colorOf(const CGColor* color);
+using sim::colorOf;
 /** One of red, green and blue, even where they are equal. */
 bridge::Strong<UIColor> makeColor(const Color& color);
 

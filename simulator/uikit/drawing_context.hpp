@@ -3,6 +3,8 @@
 
 #include <cairo.h>
 
+#include "simulator/coregraphics/context.hpp"
+
 namespace sim::uikit {
 
 /** The innermost context in force, in points of the view that draws; null outside drawing. */
@@ -17,7 +19,7 @@ class DrawingContext {
   DrawingContext& operator=(const DrawingContext&) = delete;
 
  private:
-  cairo_t* outer;
+  CGContext context;
 };
 
 }  // namespace sim::uikit

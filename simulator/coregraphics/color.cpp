@@ -1,0 +1,23 @@
+// CGColor's functions.
+#include "simulator/coregraphics/color.hpp"
+
+#include "simulator/runtime/export.hpp"
+
+namespace sim {
+
+Color colorOf(const CGColor* color) {
+  if (!color) return clearColor;
+  const auto& parts = color->components;
+  return color->gray ? Color{parts[0], parts[0], parts[0], parts[1]}
+                     : Color{parts[0], parts[1], parts[2], parts[3]};
+}
+
+}  // namespace sim
+
+SIMULATOR_EXPORT size_t CGColorGetNumberOfComponents(CGColorRef color) {
+  return color ? (color->gray ? 2 : 4) : 0;
+}
+
+SIMULATOR_EXPORT const CGFloat* CGColorGetComponents(CGColorRef color) {
+  return color ? color->components.data() : nullptr;
+}

@@ -1,0 +1,8 @@
+// UIBezierPath.
+#pragma once
+
+namespace sim::uikit {
+
+void defineBezierPath();
+
+}  // namespace sim::uikit
