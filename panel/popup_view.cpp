@@ -1,37 +1,68 @@
-// The card's place and looks.
+// RQPopupView's class table.
 #include "panel/popup_view.hpp"
 
-#include "bridge/define.hpp"
-#include "platform/uikit/application.hpp"
-#include "platform/uikit/color.hpp"
+#include "panel/popup_state.hpp"
 
 namespace tilo {
 namespace {
 
-using Popup = bridge::Implementation<RQPopupView>;
+using namespace panel;
+using Face = RQPopupView;
 
-constexpr CGFloat sideGap = 10, bottomGap = 10, height = 300;  // points
-
-// As wide as the window, at its lower edge.
-CGRect cardFrame(CGSize window) {
-  return {{sideGap, window.height - height - bottomGap}, {window.width - 2 * sideGap, height}};
+template <auto Getter, auto Setter, auto Field>
+bridge::PropertyEntry property() {
+  return Popup::property<Getter, Setter, Field>();
 }
-
-void show(RQPopupView self, bridge::Object) {
-  UIWindow window = UIApplication::sharedApplication().keyWindow();
-  self.setFrame(cardFrame(window.bounds().size));
-  self.setBackgroundColor(UIColor::whiteColor());
-  window.addSubview(self);
-}
-
-void didHitCancel(RQPopupView self) { self.removeFromSuperview(); }
 
 }  // namespace
 
 void definePopupView() {
   using bridge::method;
-  Popup::define<UIView>(method<&RQPopupView::show, show>(),
-                        method<&RQPopupView::didHitCancel, didHitCancel>());
+  using State = PopupState;
+  Popup::define<UIView>(
+      property<&Face::moveTimer, &Face::setMoveTimer, &State::moveTimer>(),
+      property<&Face::toggleButton, &Face::setToggleButton, &State::toggleButton>(),
+      property<&Face::contentView, &Face::setContentView, &State::contentView>(),
+      property<&Face::pickerView, &Face::setPickerView, &State::pickerView>(),
+      property<&Face::toolBar, &Face::setToolBar, &State::toolBar>(),
+      property<&Face::scrollView, &Face::setScrollView, &State::scrollView>(),
+      property<&Face::horSlider, &Face::setHorSlider, &State::horSlider>(),
+      property<&Face::vertSlider, &Face::setVertSlider, &State::vertSlider>(),
+      property<&Face::sideSlider, &Face::setSideSlider, &State::sideSlider>(),
+      property<&Face::topSlider, &Face::setTopSlider, &State::topSlider>(),
+      property<&Face::pan, &Face::setPan, &State::pan>(),
+      property<&Face::horValue, &Face::setHorValue, &State::horValue>(),
+      property<&Face::vertValue, &Face::setVertValue, &State::vertValue>(),
+      property<&Face::sideValue, &Face::setSideValue, &State::sideValue>(),
+      property<&Face::topValue, &Face::setTopValue, &State::topValue>(),
+      property<&Face::data, &Face::setData, &State::data>(),
+      property<&Face::configurations, &Face::setConfigurations, &State::configurations>(),
+      property<&Face::addButton, &Face::setAddButton, &State::addButton>(),
+      property<&Face::pageControl, &Face::setPageControl, &State::pageControl>(),
+      property<&Face::select, &Face::setSelect, &State::select>(),
+      property<&Face::pickerLabel, &Face::setPickerLabel, &State::pickerLabel>(),
+      property<&Face::rowSelected, &Face::setRowSelected, &State::rowSelected>(),
+      property<&Face::rootObj, &Face::setRootObj, &State::rootObj>(),
+      // The card.
+      method<&NSObject::init, init>(), method<&Face::styleView, styleView>(),
+      method<&Face::isDarkMode, isDarkMode>(), method<&Face::controlColor, controlColor>(),
+      method<&Face::getBackgroundColor, getBackgroundColor>(), method<&Face::addStyle, addStyle>(),
+      method<&Face::loadMyCustomFont, loadMyCustomFont>(),
+      method<&Face::setupChevronView, setupChevronView>(), method<&Face::setupScrollView, setupScrollView>(),
+      method<&Face::setupPageControl, setupPageControl>(), method<&Face::setupPanGesture, setupPanGesture>(),
+      method<&UIScrollViewDelegate::scrollViewDidScroll, scrollViewDidScroll>(), method<&Face::show, show>(),
+      method<&Face::hide, hide>(), method<&Face::toggleHeight, toggleHeight>(),
+      method<&Face::handlePanGesture, handlePanGesture>(), method<&UIView::hitTest_withEvent, hitTest>(),
+      // The adjustment page.
+      method<&Face::setupControlsForScrollView, setupControlsForScrollView>(),
+      method<&Face::moveIcons, moveIcons>(), method<&Face::moveIconsNotification, moveIconsNotification>(),
+      method<&Face::endSliding, endSliding>(), method<&Face::didHitCancel, didHitCancel>(),
+      // The presets page.
+      method<&Face::setupPickerView, setupPickerView>(), method<&Face::getData, getData>(),
+      method<&Face::items, items>(), method<&Face::didHitDone, didHitDone>(),
+      method<&Face::deleteSelectedLayout, deleteSelectedLayout>(),
+      method<&Face::saveCurrentLayout, saveCurrentLayout>(), method<&Face::saveWithTitle, saveWithTitle>(),
+      method<&Face::exportSettings, exportSettings>(), method<&Face::openSettings, openSettings>());
 }
 
 }  // namespace tilo

@@ -1,6 +1,7 @@
 // What runs when the loader loads the library into SpringBoard: two routines, in this order, and nothing
 // else.
 #include "controls/button.hpp"
+#include "panel/color_manager.hpp"
 #include "panel/popup_view.hpp"
 #include "platform/iconsupport/icon_support.hpp"
 #include "settings/configuration_manager.hpp"
@@ -29,6 +30,7 @@ void defineClasses() {
   defineGestureController();
   defineValue();
   defineButton();
+  defineColorManager();
   definePopupView();
 }
 

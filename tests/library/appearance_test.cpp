@@ -88,6 +88,7 @@ TEST(Launch, ClosesAnOpenPanelFirst) {
   ASSERT_FALSE(home.report()["panel"].is_null());
   home.step("launch \"Calendar\"");
   EXPECT_EQ(home.report()["application"], "Calendar");
+  home.step("wait 1");
   EXPECT_TRUE(home.report()["panel"].is_null());
   home.step("home");
   EXPECT_TRUE(home.report()["application"].is_null());

@@ -126,6 +126,7 @@ TEST(Press, ThatGoesOnOpensNothingMoreUntilTheFingerIsLifted) {
   home.step("finger 1 move 187 24 3.2");
   ASSERT_TRUE(panelIsShown(home));
   tilo::RQGestureController::sharedInstance().popView().didHitCancel();
+  home.step("wait 1");
   home.step("finger 1 move 188 24 4");
   home.step("finger 1 move 187 24 5");
   EXPECT_FALSE(panelIsShown(home));

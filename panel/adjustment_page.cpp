@@ -1,0 +1,147 @@
+// The panel's first page: four sliders that move the icons at once.
+#include <cstdio>
+
+#include "panel/popup_state.hpp"
+#include "platform/dispatch/dispatch.hpp"
+#include "platform/foundation/notification_center.hpp"
+#include "settings/gesture_controller.hpp"
+
+namespace tilo::panel {
+namespace {
+
+using bridge::Block;
+
+// Points.
+constexpr CGFloat left = 10, firstCaptionTop = 15, rowPitch = 80, sliderBelowCaption = 35;
+constexpr CGFloat rowHeight = 30, sliderWidth = 255;
+constexpr CGFloat addFromRight = 90, addTop = 5, addFontSize = 20;
+constexpr CGSize addSize{100, 50};
+constexpr NSUInteger plus = 0xF067;  // of Font Awesome
+
+constexpr double quietInterval = 3;  // seconds after a press until the panel shows again
+constexpr double fading = 0.2;       // seconds
+constexpr CGFloat fadedAlpha = 0.5;
+
+struct Row {
+  NSString caption;
+  CGFloat captionWidth;
+  NSString key;
+  float minimum, maximum;
+  void (*keep)(RQPopupView, ColorSlider);
+};
+
+template <auto Setter>
+void keep(RQPopupView self, ColorSlider slider) {
+  bridge::Descriptor<Setter>::send(self.raw, slider);
+}
+
+void addCaption(RQPopupView self, const Row& row, CGFloat top) {
+  auto caption =
+      bridge::make<UILabel, &UIView::initWithFrame>(CGRect{{left, top}, {row.captionWidth, rowHeight}});
+  caption->setText(row.caption);
+  caption->setTextColor(self.controlColor());
+  caption->setBackgroundColor(UIColor::clearColor());
+  self.scrollView().addSubview(caption);
+}
+
+void addSlider(RQPopupView self, const Row& row, CGFloat top) {
+  auto slider = bridge::make<ColorSlider, &ColorSlider::initWithFrame_type>(
+      CGRect{{left, top}, {sliderWidth, rowHeight}}, row.key);
+  row.keep(self, slider);
+  slider->addTarget_action_forControlEvents(self, bridge::selector<"moveIcons:">(),
+                                            UIControlEventValueChanged);
+  slider->addTarget_action_forControlEvents(self, bridge::selector<"endSliding:">(),
+                                            UIControlEventTouchUpInside);
+  slider->setBackgroundColor(UIColor::clearColor());
+  slider->setMinimumValue(row.minimum);
+  slider->setMaximumValue(row.maximum);
+  slider->setContinuous(YES);
+  slider->setValue(bridge::as<NSNumber>(self.rootObj().objectForKey(row.key)).floatValue());
+  self.scrollView().addSubview(slider);
+}
+
+void addAddButton(RQPopupView self) {
+  CGFloat width = self.scrollView().frame().size.width;
+  auto button = bridge::make<BButton, &BButton::initWithFrame_type_style>(
+      CGRect{{width - addFromRight, addTop}, addSize}, BButtonTypeClear, BButtonStyleBootstrapV3);
+  self.setAddButton(button);
+  button->setTitle_forState("Add"_ns, UIControlStateNormal);
+  button->addAwesomeIcon_beforeTitle(plus, YES);
+  button->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, addFontSize));
+  button->setTitleColor_forState(self.controlColor(), UIControlStateNormal);
+  button->addTarget_action_forControlEvents(self, bridge::selector<"saveCurrentLayout:">(),
+                                            UIControlEventTouchUpInside);
+  self.scrollView().addSubview(button);
+}
+
+// The preference that the slider edits; nil for one that is none of the rows.
+NSString keyOf(RQPopupView self, ColorSlider slider) {
+  if (slider == self.horSlider()) return "horiIconPadding"_ns;
+  if (slider == self.vertSlider()) return "vertIconPadding"_ns;
+  if (slider == self.sideSlider()) return "sideIconInset"_ns;
+  if (slider == self.topSlider()) return "topIconInset"_ns;
+  return {};
+}
+
+void store(RQPopupView self, NSString key, NSNumber value) {
+  self.rootObj().setObject_forKey(value, key);
+  RQGestureController::sharedInstance().savePrefsWithKey_value(key, value);
+}
+
+void showValue(ColorSlider slider) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%0.1f", static_cast<double>(slider.value()));
+  slider.valueLabel().setText(NSString::stringWithUTF8String(text));
+}
+
+void fadeTo(RQPopupView self, CGFloat alpha) {
+  UIView::animateWithDuration_animations(
+      fading, Block<void()>([self = bridge::retained(self), alpha] { self->setAlpha(alpha); }));
+}
+
+}  // namespace
+
+void setupControlsForScrollView(RQPopupView self) {
+  const Row rows[] = {
+      {"Horizontal Padding"_ns, 170, "horiIconPadding"_ns, -20, 100, keep<&RQPopupView::setHorSlider>},
+      {"Vertical Padding"_ns, 170, "vertIconPadding"_ns, -20, 100, keep<&RQPopupView::setVertSlider>},
+      {"Side Inset"_ns, 130, "sideIconInset"_ns, 0, 500, keep<&RQPopupView::setSideSlider>},
+      {"Top Inset"_ns, 130, "topIconInset"_ns, 0, 600, keep<&RQPopupView::setTopSlider>},
+  };
+  CGFloat top = firstCaptionTop;
+  for (const Row& row : rows) {
+    addCaption(self, row, top);
+    addSlider(self, row, top + sliderBelowCaption);
+    top += rowPitch;
+  }
+  addAddButton(self);
+}
+
+void moveIcons(RQPopupView self, ColorSlider slider) {
+  // The values no longer are those of a saved layout.
+  store(self, "custom_preset"_ns, NSNumber::numberWithInt(-1));
+  fadeTo(self, fadedAlpha);
+  if (NSString key = keyOf(self, slider)) {
+    showValue(slider);
+    store(self, key, NSNumber::numberWithFloat(slider.value()));
+  }
+  // The panel stays; the home screen's scroll view takes this as the order to lay its icons out.
+  NSNotificationCenter::defaultCenter().postNotificationName_object("PopupViewDidDisappearNotification"_ns,
+                                                                    self);
+}
+
+void moveIconsNotification(RQPopupView self, bridge::Object notification) {
+  self.moveTimer().invalidate();
+  self.setMoveTimer(NSTimer::scheduledTimerWithTimeInterval_target_selector_userInfo_repeats(
+      quietInterval, self, bridge::selector<"endSliding:">(), {}, NO));
+  self.moveIcons(bridge::as<ColorSlider>(bridge::as<NSNotification>(notification).object()));
+}
+
+void endSliding(RQPopupView self, bridge::Object) { fadeTo(self, 1); }
+
+void didHitCancel(RQPopupView self) {
+  dispatch::onMainQueue(
+      [self = bridge::retained(self)] { slideOut(self, [self](BOOL) { self->removeFromSuperview(); }); });
+}
+
+}  // namespace tilo::panel

@@ -1,0 +1,213 @@
+// The panel's card: its construction, its header and its looks.
+#include "panel/color_manager.hpp"
+#include "panel/popup_state.hpp"
+#include "platform/foundation/notification_center.hpp"
+#include "platform/springboard/panel_parts.hpp"
+#include "platform/uikit/device.hpp"
+#include "platform/uikit/layer.hpp"
+#include "platform/uikit/screen.hpp"
+#include "settings/configuration_manager.hpp"
+
+namespace tilo::panel {
+namespace {
+
+// Points.
+constexpr CGRect cardFrame{{0, 0}, {300, 390}};
+constexpr CGFloat cardCornerRadius = 20;
+constexpr CGFloat shadowRadius = 10;
+constexpr CGSize shadowOffset{3, 3};
+constexpr float shadowOpacity = 0.5f;
+
+constexpr CGRect upperChevronFrame{{135, 10}, {50, 30}}, lowerChevronFrame{{135, 17}, {50, 30}};
+constexpr CGFloat chevronAlpha = 0.4;
+constexpr CGFloat closeBoxFromRight = 35, closeBoxTop = 8, closeBoxSide = 24;
+constexpr CGRect toggleFrame{{10, 6}, {30, 30}};
+constexpr CGFloat toggleFontSize = 25, toggleAlpha = 0.7;
+constexpr NSUInteger circledChevronUp = 0xF139;  // of Font Awesome
+constexpr CGFloat separatorHeight = 1, separatorCenterY = 43, separatorAlpha = 0.6;
+
+constexpr CGFloat scrollViewTop = 30, scrollViewLess = 40;  // less high than the card
+constexpr CGFloat pages = 2;
+constexpr CGFloat pageControlFromMiddle = 50, pageControlFromBottom = 25;
+constexpr CGSize pageControlSize{100, 30};
+
+bool systemIsAtLeast(NSString version) {
+  return UIDevice::currentDevice().systemVersion().compare_options(version, NSNumericSearch) !=
+         NSOrderedAscending;
+}
+
+CGSize sizeOf(UIView view) { return view.frame().size; }
+
+void addContentView(RQPopupView self) {
+  auto content = bridge::make<UIView, &UIView::initWithFrame>(cardFrame);
+  self.setContentView(content);
+  content->setClipsToBounds(YES);
+  content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  self.layer().setCornerRadius(cardCornerRadius);
+  // The settings are not known yet: the palette's first colour, until the card is styled.
+  self.setBackgroundColor(self.getBackgroundColor());
+  self.addSubview(content);
+  self.setUserInteractionEnabled(YES);
+}
+
+void setUp(RQPopupView self) {
+  self.addStyle();
+  self.loadMyCustomFont();
+  self.setupChevronView();
+  self.setupScrollView();
+  self.setupPageControl();
+  self.setupPickerView();
+  self.setupPanGesture();
+  self.getData();
+  self.styleView();
+}
+
+void addChevron(RQPopupView self, const CGRect& frame) {
+  UIColor color = self.controlColor();
+  bridge::Strong<SBChevronView> chevron;
+  if (systemIsAtLeast("10.0"_ns))
+    chevron = bridge::make<SBUIChevronView, &SBChevronView::initWithColor>(color);
+  else
+    chevron = bridge::make<SBChevronView, &SBChevronView::initWithColor>(color);
+  chevron->setAlpha(chevronAlpha);
+  chevron->setFrame(frame);
+  self.contentView().addSubview(chevron);
+}
+
+void addCloseBox(RQPopupView self) {
+  CGRect frame{{sizeOf(self).width - closeBoxFromRight, closeBoxTop}, {closeBoxSide, closeBoxSide}};
+  bridge::Strong<SBCloseBoxView> box;
+  if (systemIsAtLeast("11.0"_ns))
+    box = bridge::make<SBXCloseBoxView, &UIView::initWithFrame>(frame);
+  else
+    box = bridge::make<SBCloseBoxView, &UIView::initWithFrame>(frame);
+  box->addTarget_action_forControlEvents(self, bridge::selector<"didHitCancel">(),
+                                         UIControlEventTouchUpInside);
+  self.contentView().addSubview(box);
+}
+
+void addToggle(RQPopupView self) {
+  auto toggle = bridge::make<BButton, &BButton::initWithFrame_type_style>(toggleFrame, BButtonTypeClear,
+                                                                          BButtonStyleBootstrapV3);
+  self.setToggleButton(toggle);
+  toggle->addAwesomeIcon_beforeTitle(circledChevronUp, YES);
+  toggle->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, toggleFontSize));
+  toggle->setTitleColor_forState(self.controlColor(), UIControlStateNormal);
+  toggle->addTarget_action_forControlEvents(self, bridge::selector<"toggleHeight">(),
+                                            UIControlEventTouchUpInside);
+  toggle->setAlpha(toggleAlpha);
+  self.contentView().addSubview(toggle);
+}
+
+void addSeparator(RQPopupView self) {
+  auto line =
+      bridge::make<UIView, &UIView::initWithFrame>(CGRect{{0, 0}, {sizeOf(self).width, separatorHeight}});
+  line->setCenter({self.center().x, separatorCenterY});
+  line->setBackgroundColor(self.controlColor());
+  line->setAlpha(separatorAlpha);
+  self.contentView().addSubview(line);
+}
+
+NSNumber setting(RQPopupView self, NSString key) {
+  return bridge::as<NSNumber>(self.rootObj().objectForKey(key));
+}
+
+}  // namespace
+
+bridge::Strong<NSObject> init(RQPopupView self) {
+  auto made = bridge::adopt<RQPopupView>(Popup::super<&UIView::initWithFrame>(self, cardFrame).leak());
+  if (!made) return nullptr;
+  made->setAutoresizesSubviews(YES);
+  addContentView(made);
+  made->setRootObj(ConfigurationManager::sharedManager().configuration());
+  setUp(made);
+  NSNotificationCenter::defaultCenter().addObserver_selector_name_object(
+      made.get(), bridge::selector<"moveIconsNotification:">(), "slider_buttons_pressed"_ns, {});
+  return made;
+}
+
+// What follows the settings after construction. Header and captions keep the colour they were built with.
+void styleView(RQPopupView self) {
+  self.setBackgroundColor(self.getBackgroundColor());
+  self.pickerLabel().setTextColor(self.controlColor());
+  BOOL dark = self.isDarkMode();
+  for (ColorSlider slider : {self.horSlider(), self.topSlider(), self.vertSlider(), self.sideSlider()})
+    slider.setDarkMode(dark);
+}
+
+BOOL isDarkMode(RQPopupView self) { return setting(self, "isDarkMode"_ns).boolValue(); }
+
+UIColor controlColor(RQPopupView self) {
+  return self.isDarkMode() ? UIColor::whiteColor() : UIColor::blackColor();
+}
+
+// An index beyond the palette raises, unless it is dark.
+UIColor getBackgroundColor(RQPopupView self) {
+  UIColor dark = RQColorManager::darkModeBlack();
+  NSArray colors = RQColorManager::colors();
+  int index = setting(self, "qsBackgroundColor"_ns).intValue();
+  return self.isDarkMode() ? dark : bridge::as<UIColor>(colors.objectAtIndex(static_cast<NSUInteger>(index)));
+}
+
+void addStyle(RQPopupView self) {
+  CALayer layer = self.layer();
+  layer.setShadowColor(UIColor::blackColor().CGColor());
+  layer.setShadowOpacity(shadowOpacity);
+  layer.setShadowRadius(shadowRadius);
+  layer.setShadowOffset(shadowOffset);
+  layer.setShouldRasterize(YES);
+  layer.setRasterizationScale(UIScreen::mainScreen().scale());
+}
+
+void loadMyCustomFont(RQPopupView) {}
+
+void setupChevronView(RQPopupView self) {
+  addChevron(self, upperChevronFrame);
+  addChevron(self, lowerChevronFrame);
+  addCloseBox(self);
+  addToggle(self);
+  addSeparator(self);
+}
+
+void setupScrollView(RQPopupView self) {
+  CGSize card = sizeOf(self);
+  auto view = bridge::make<UIScrollView, &UIView::initWithFrame>(
+      CGRect{{0, scrollViewTop}, {card.width, card.height - scrollViewLess}});
+  self.setScrollView(view);
+  view->setShowsHorizontalScrollIndicator(NO);
+  view->setScrollEnabled(YES);
+  view->setPagingEnabled(YES);
+  view->setUserInteractionEnabled(YES);
+  view->setBackgroundColor(UIColor::clearColor());
+  CGSize page = sizeOf(view);
+  view->setContentSize({pages * page.width, page.height});
+  view->setDelegate(self);
+  self.contentView().addSubview(view);
+  self.setupControlsForScrollView();
+}
+
+void setupPageControl(RQPopupView self) {
+  CGSize card = sizeOf(self);
+  CGPoint origin{card.width / 2 - pageControlFromMiddle, card.height - pageControlFromBottom};
+  auto control = bridge::make<UIPageControl, &UIView::initWithFrame>(CGRect{origin, pageControlSize});
+  self.setPageControl(control);
+  control->setNumberOfPages(static_cast<NSInteger>(pages));
+  control->setCurrentPage(0);
+  self.contentView().addSubview(control);
+}
+
+void setupPanGesture(RQPopupView self) {
+  auto pan = bridge::make<UIPanGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
+      self, bridge::selector<"handlePanGesture:">());
+  self.setPan(pan);
+  self.addGestureRecognizer(pan);
+  pan->setDelegate(self);
+}
+
+void scrollViewDidScroll(RQPopupView self, UIScrollView view) {
+  CGFloat page = view.contentOffset().x / sizeOf(view).width;
+  // To the nearest page, halves away from zero.
+  self.pageControl().setCurrentPage(static_cast<NSInteger>(page < 0 ? page - 0.5 : page + 0.5));
+}
+
+}  // namespace tilo::panel
