@@ -7,6 +7,9 @@
 // UIUserInterfaceIdiom
 enum : NSInteger { UIUserInterfaceIdiomPhone = 0, UIUserInterfaceIdiomPad = 1 };
 
+// Posted by the device after it was turned.
+extern "C" const id UIDeviceOrientationDidChangeNotification;
+
 struct UIDevice : bridge::Face<"UIDevice", NSObject> {
   static constexpr bridge::ClassMethod<"UIDevice", "currentDevice", UIDevice()> currentDevice{};
   MESSAGE Method<"systemVersion", NSString()> systemVersion;

@@ -15,6 +15,7 @@
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/foundation.hpp"
 #include "simulator/runtime/hooking.hpp"
+#include "simulator/runtime/threads.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/springboard.hpp"
@@ -100,6 +101,7 @@ Simulation::Simulation(const Options& given)
       files(rootOf(given, temporary), given.loader),
       messages(files.root()) {
   prepareFoundation();
+  watchThreads();
   appsupport::defineMessagingCenter();
   putPreferences();
   putPresets();

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -67,14 +68,22 @@ CPDistributedMessagingCenter centerNamed(Class, NSString wanted) {
   return centers().emplace_back(made);
 }
 
+// Targets die on any thread.
+std::mutex& registrationLock() {
+  static auto& lock = *new std::mutex();
+  return lock;
+}
+
 void registerFor(CPDistributedMessagingCenter self, NSString message, bridge::Object target, SEL selector) {
   auto& all = Center::state(self).registrations;
   const std::string name = message.UTF8String();
+  const std::lock_guard guard(registrationLock());
   std::erase_if(all, [&](const Registration& old) { return old.message == name; });
   all.push_back({name, target.raw, selector});
 }
 
 void forget(id dead) {
+  const std::lock_guard guard(registrationLock());
   for (auto center : centers())
     std::erase_if(Center::state(center).registrations,
                   [&](const Registration& registration) { return registration.target == dead; });
@@ -108,13 +117,19 @@ BOOL sendMessage(CPDistributedMessagingCenter self, NSString name, NSDictionary 
   return outcome == Outcome::delivered || outcome == Outcome::dropped;
 }
 
+std::optional<Registration> registrationOf(const CenterState& center, std::string_view message) {
+  const std::lock_guard guard(registrationLock());
+  const auto found = std::ranges::find(center.registrations, message, &Registration::message);
+  if (found == center.registrations.end()) return std::nullopt;
+  return *found;
+}
+
 Reply deliver(const CenterState& center, std::string_view payload) {
   bridge::Pool pool;
   const auto message = decode(payload);
   if (!message) return Reply::refused;
-  const auto found =
-      std::ranges::find(center.registrations, message->name.UTF8String(), &Registration::message);
-  if (found == center.registrations.end()) return Reply::dropped;
+  const auto found = registrationOf(center, message->name.UTF8String());
+  if (!found) return Reply::dropped;
   // Some handlers answer a dictionary and some nothing; nothing is made of it.
   using Handler = void (*)(id, SEL, id, id);
   const auto [name, target, selector] = *found;  // the handler may change what is registered

@@ -1,7 +1,9 @@
 // Every object's dealloc ends in NSObject's.
 #include "simulator/runtime/dealloc.hpp"
 
-#include <vector>
+#include <array>
+#include <atomic>
+#include <cstdlib>
 
 #include "bridge/replace.hpp"
 #include "platform/foundation/object.hpp"
@@ -9,25 +11,27 @@
 namespace sim {
 namespace {
 
-std::vector<void (*)(id)>& observers() {
-  static auto& list = *new std::vector<void (*)(id)>();
-  return list;
-}
+// Objects die on any thread while observers are still being added.
+constinit std::array<std::atomic<void (*)(id)>, 8> observers{};
+constinit std::atomic<std::size_t> count = 0;
 
 bridge::Slot slot;
 
 void dealloc(id self, SEL selector) {
-  for (auto observer : observers()) observer(self);
+  for (const auto& place : observers)
+    if (auto* observer = place.load(std::memory_order_acquire)) observer(self);
   reinterpret_cast<void (*)(id, SEL)>(slot.implementation())(self, selector);
 }
 
 }  // namespace
 
 void whenObjectsDie(void (*observer)(id)) {
-  if (observers().empty())
+  const std::size_t place = count++;
+  if (place == observers.size()) std::abort();  // more than the simulator has
+  if (place == 0)
     bridge::replaceMethod(bridge::classNamed<NSObject>(), bridge::selector<"dealloc">(),
                           reinterpret_cast<IMP>(&dealloc), slot);
-  observers().push_back(observer);
+  observers[place].store(observer, std::memory_order_release);
 }
 
 }  // namespace sim

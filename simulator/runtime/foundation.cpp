@@ -3,6 +3,7 @@
 // ends the process with its name and reason.
 #include "simulator/runtime/foundation.hpp"
 
+#include <mutex>
 #include <unordered_set>
 
 #include "bridge/replace.hpp"
@@ -36,24 +37,36 @@ void end(id raised) {
   endUncaught(exception.name(), exception.reason());
 }
 
-// Only objects that observe anything are worth asking the notification centre about when they die.
-std::unordered_set<id>& observers() {
-  static auto& set = *new std::unordered_set<id>();
-  return set;
+// Only objects that observe anything are worth asking the notification centre about when they die, on
+// whatever thread that is.
+struct Observers {
+  std::mutex lock;
+  std::unordered_set<id> objects;
+};
+
+Observers& observers() {
+  static auto& all = *new Observers();
+  return all;
 }
 
 using AddObserver = bridge::Descriptor<&NSNotificationCenter::addObserver_selector_name_object>;
 bridge::Slot addSlot;
 
 void addObserver(id self, SEL selector, id observer, SEL action, id name, id object) {
-  observers().insert(observer);
+  {
+    const std::lock_guard guard(observers().lock);
+    observers().objects.insert(observer);
+  }
   reinterpret_cast<decltype(&addObserver)>(addSlot.implementation())(self, selector, observer, action, name,
                                                                      object);
 }
 
 void forgetObserver(id object) {
-  if (observers().erase(object))
-    NSNotificationCenter::defaultCenter().removeObserver(bridge::as<bridge::Object>(object));
+  const auto wasObserver = [object] {
+    const std::lock_guard guard(observers().lock);
+    return observers().objects.erase(object) > 0;
+  };
+  if (wasObserver()) NSNotificationCenter::defaultCenter().removeObserver(bridge::as<bridge::Object>(object));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // References that do not keep their object.
 #include "simulator/runtime/weak.hpp"
 
+#include <mutex>
 #include <unordered_map>
 
 #include "simulator/runtime/dealloc.hpp"
@@ -8,7 +9,10 @@
 namespace sim {
 namespace {
 
-using References = std::unordered_multimap<id, Weak*>;
+// Objects die on any thread.
+struct References : std::unordered_multimap<id, Weak*> {
+  std::mutex lock;
+};
 
 References& references() {
   static auto& all = *new References();
@@ -18,6 +22,7 @@ References& references() {
 }  // namespace
 
 void forgetWeak(id dead) {
+  const std::lock_guard guard(references().lock);
   const auto [first, last] = references().equal_range(dead);
   for (auto one = first; one != last; ++one) one->second->object = {};
   references().erase(first, last);
@@ -28,6 +33,7 @@ void Weak::refer(bridge::Object to) {
     whenObjectsDie(forgetWeak);
     return true;
   }();
+  const std::lock_guard guard(references().lock);
   if (object && watching) {
     const auto [first, last] = references().equal_range(object.raw);
     for (auto one = first; one != last; ++one) {

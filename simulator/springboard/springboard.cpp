@@ -20,6 +20,7 @@
 #include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/device.hpp"
 #include "simulator/uikit/rendering.hpp"
 
 namespace sim::springboard {
@@ -56,6 +57,7 @@ void turnWindows(NSInteger to) {
     window.setFrame({{0, 0}, {size.width, own == height ? size.height : own}});
   }
   showStatusBar();
+  uikit::postDeviceOrientation();
 }
 
 // A dock is filled: with what the device's docks usually hold, or, where somebody else says how many that is,

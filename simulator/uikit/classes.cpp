@@ -1,6 +1,7 @@
 // The classes of UIKit, superclasses first.
 #include "simulator/uikit/classes.hpp"
 
+#include "simulator/uikit/activity_indicator.hpp"
 #include "simulator/uikit/alert_action.hpp"
 #include "simulator/uikit/alert_controller.hpp"
 #include "simulator/uikit/alert_view.hpp"
@@ -23,6 +24,7 @@
 #include "simulator/uikit/responder.hpp"
 #include "simulator/uikit/screen.hpp"
 #include "simulator/uikit/scroll_view.hpp"
+#include "simulator/uikit/string_drawing.hpp"
 #include "simulator/uikit/touch.hpp"
 #include "simulator/uikit/view.hpp"
 #include "simulator/uikit/view_controller.hpp"
@@ -35,6 +37,7 @@ void registerClasses() {
   defineColor();
   defineDevice();
   defineFont();
+  defineStringDrawing();
   defineImage();
   defineLayer();
   defineResponder();
@@ -50,6 +53,7 @@ void registerClasses() {
   defineLongPressGestureRecognizer();
   defineControl();
   definePageControl();
+  defineActivityIndicator();
   defineImageView();
   defineLabel();
   defineButton();

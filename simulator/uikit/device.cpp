@@ -2,8 +2,13 @@
 #include "simulator/uikit/device.hpp"
 
 #include "bridge/define.hpp"
+#include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/device.hpp"
+#include "simulator/runtime/export.hpp"
 #include "simulator/uikit/configuration.hpp"
+
+SIMULATOR_EXPORT const id UIDeviceOrientationDidChangeNotification =
+    "UIDeviceOrientationDidChangeNotification"_ns.raw;
 
 namespace sim::uikit {
 namespace {
@@ -21,6 +26,11 @@ NSInteger userInterfaceIdiom(UIDevice) { return configuration().idiom; }
 NSInteger orientation(UIDevice) { return configuration().deviceOrientation; }
 
 }  // namespace
+
+void postDeviceOrientation() {
+  NSNotificationCenter::defaultCenter().postNotificationName_object(
+      bridge::as<NSString>(UIDeviceOrientationDidChangeNotification), UIDevice::currentDevice());
+}
 
 void defineDevice() {
   using bridge::method;

@@ -5,21 +5,12 @@
 #include <vector>
 
 #include "bridge/define.hpp"
-#include "platform/foundation/dictionary.hpp"
+#include "platform/foundation/key_value.hpp"
 #include "platform/foundation/notification_center.hpp"
 
 namespace test {
 
-struct KeyValue : bridge::Face<"NSObject", NSObject> {
-  MESSAGE Method<"valueForKey:", bridge::Object(NSString)> valueForKey;
-  MESSAGE Method<"setValue:forKey:", void(bridge::Object, NSString)> setValue_forKey;
-  MESSAGE Method<"addObserver:forKeyPath:options:context:", void(bridge::Object, NSString, NSUInteger, void*)>
-      addObserver_forKeyPath_options_context;
-  MESSAGE Method<"removeObserver:forKeyPath:", void(bridge::Object, NSString)> removeObserver_forKeyPath;
-  MESSAGE Method<"observeValueForKeyPath:ofObject:change:context:",
-                 void(NSString, bridge::Object, NSDictionary, void*)>
-      observeValueForKeyPath_ofObject_change_context;
-};
+using KeyValue = NSKeyValueObserving;
 
 inline KeyValue coding(bridge::Object object) { return bridge::as<KeyValue>(object); }
 

@@ -1,22 +1,12 @@
 // Key-value coding and observing of UIKit's properties.
-#include "platform/foundation/dictionary.hpp"
+#include "platform/foundation/key_value.hpp"
+
 #include "platform/foundation/number.hpp"
 #include "platform/uikit/scroll_view.hpp"
 #include "tests/simulator/uikit/fixture.hpp"
 
 namespace test {
 namespace {
-
-struct KeyValue : bridge::Face<"NSObject", NSObject> {
-  MESSAGE Method<"valueForKey:", NSObject(NSString)> valueForKey;
-  MESSAGE Method<"setValue:forKey:", void(bridge::Object, NSString)> setValue_forKey;
-  MESSAGE Method<"addObserver:forKeyPath:options:context:", void(bridge::Object, NSString, NSUInteger, void*)>
-      addObserver_forKeyPath_options_context;
-  MESSAGE Method<"removeObserver:forKeyPath:", void(bridge::Object, NSString)> removeObserver_forKeyPath;
-  MESSAGE Method<"observeValueForKeyPath:ofObject:change:context:",
-                 void(NSString, bridge::Object, NSDictionary, void*)>
-      observeValueForKeyPath_ofObject_change_context;
-};
 
 struct Observer : bridge::Face<"TestObserver", NSObject> {};
 
@@ -30,7 +20,7 @@ class KeyValues : public UIKit {
  protected:
   KeyValues() {
     bridge::Implementation<Observer>::define<NSObject>(
-        method<&KeyValue::observeValueForKeyPath_ofObject_change_context, observe>());
+        method<&NSKeyValueObserving::observeValueForKeyPath_ofObject_change_context, observe>());
     observer = make<Observer, &NSObject::init>();
     observed.clear();
     for (NSString key : keys())
@@ -45,7 +35,7 @@ class KeyValues : public UIKit {
   }
 
   Strong<UIScrollView> view = make<UIScrollView, &UIView::initWithFrame>(CGRect{{1, 2}, {3, 4}});
-  KeyValue properties = bridge::as<KeyValue>(view.get());
+  NSKeyValueObserving properties = bridge::as<NSKeyValueObserving>(view.get());
   Strong<Observer> observer;
 };
 

@@ -1,0 +1,8 @@
+// UIActivityIndicatorView.
+#pragma once
+
+namespace sim::uikit {
+
+void defineActivityIndicator();
+
+}  // namespace sim::uikit
