@@ -20,6 +20,7 @@
 #include "simulator/uikit/label.hpp"
 #include "simulator/uikit/layer.hpp"
 #include "simulator/uikit/page_control.hpp"
+#include "simulator/uikit/picker_view.hpp"
 #include "simulator/uikit/presentation.hpp"
 #include "simulator/uikit/responder.hpp"
 #include "simulator/uikit/screen.hpp"
@@ -58,6 +59,7 @@ void registerClasses() {
   defineLabel();
   defineButton();
   defineScrollView();
+  definePickerView();
   defineWindow();
   defineScreen();
   defineViewController();
