@@ -1,5 +1,6 @@
 // The panel's card: its construction, its header and its looks.
 #include "panel/color_manager.hpp"
+#include "panel/icon_font.hpp"
 #include "panel/popup_state.hpp"
 #include "platform/foundation/notification_center.hpp"
 #include "platform/springboard/panel_parts.hpp"
@@ -159,7 +160,7 @@ void addStyle(RQPopupView self) {
   layer.setRasterizationScale(UIScreen::mainScreen().scale());
 }
 
-void loadMyCustomFont(RQPopupView) {}
+void loadMyCustomFont(RQPopupView) { registerIconFont(); }
 
 void setupChevronView(RQPopupView self) {
   addChevron(self, upperChevronFrame);

@@ -3,6 +3,7 @@
 #include "controls/button.hpp"
 #include "panel/color_manager.hpp"
 #include "panel/popup_view.hpp"
+#include "panel/resource_bundle.hpp"
 #include "platform/iconsupport/icon_support.hpp"
 #include "settings/configuration_manager.hpp"
 #include "settings/console_log.hpp"
@@ -31,6 +32,7 @@ void defineClasses() {
   defineValue();
   defineButton();
   defineColorManager();
+  addResourceBundle();
   definePopupView();
 }
 

@@ -89,6 +89,13 @@ void installLibrary(const fs::path& library, const fs::path& place) {
   fs::create_symlink(library, place);
 }
 
+// A copy, so that what is done to the device's does not reach the one that was built.
+void installBundle(const fs::path& bundle, const fs::path& place) {
+  if (!fs::exists(bundle)) throw UsageError("no resources '" + bundle.string() + "'");
+  fs::remove_all(place);
+  fs::copy(bundle, place, fs::copy_options::recursive);
+}
+
 fs::path rootOf(const Options& options, std::optional<TemporaryRoot>& temporary) {
   return options.root ? *options.root : temporary.emplace().path();
 }
@@ -131,9 +138,11 @@ void Simulation::putPresets() {
 }
 
 void Simulation::installLibraries() {
-  if (!options.stock)
-    installLibrary(libraryFile(options),
-                   files.hostPath(std::string(libraryFolder(options.loader)) + "/Tilo.dylib"));
+  if (!options.stock) {
+    const fs::path folder = files.hostPath(libraryFolder(options.loader));
+    installLibrary(libraryFile(options), folder / "Tilo.dylib");
+    installBundle(beside("Tilo_Main.bundle"), folder / "Tilo_Main.bundle");
+  }
   if (options.iconSupport)
     installLibrary(beside("libIconSupport.so"), files.hostPath(iconSupportPath));
   else

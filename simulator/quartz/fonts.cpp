@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <stdexcept>
 
 #include "simulator/quartz/surface.hpp"
@@ -34,23 +35,26 @@ void addFont(FcConfig* config, const std::string& file, const char* package) {
 }
 
 // Built in memory from single files: no settings are read and no cache is written.
-FcConfig* privateFonts() {
+FcConfig* textFonts() {
   FcConfig* config = FcConfigCreate();
   for (const char* style : {"Thin", "ExtraLight", "Light", "Regular", "Medium", "SemiBold", "Bold",
                             "ExtraBold", "Black", "Italic", "MediumItalic", "SemiBoldItalic", "BoldItalic"}) {
     addFont(config, fmt::format("/usr/share/fonts/opentype/inter/Inter-{}.otf", style), "fonts-inter");
   }
-  addFont(config, "/usr/share/fonts/opentype/font-awesome/FontAwesome.otf", "fonts-font-awesome");
   addFont(config, "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", "fonts-dejavu-core");
   addFont(config, "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf", "fonts-dejavu-core");
   return config;
 }
 
+// A set of its own, so that no text finds an icon in it.
+FcConfig* iconFonts() {
+  FcConfig* config = FcConfigCreate();
+  addFont(config, "/usr/share/fonts/opentype/font-awesome/FontAwesome.otf", "fonts-font-awesome");
+  return config;
+}
+
 // Never given back: a thread of Pango's may still be reading the fonts when the program ends.
-PangoContext* makeContext() {
-  FcConfig* config = privateFonts();
-  // As the process's own as well: Pango initialises fontconfig, which would otherwise load the machine's.
-  FcConfigSetCurrent(config);
+PangoContext* makeContext(FcConfig* config) {
   PangoFontMap* map = pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT);
   pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), config);
   PangoContext* context = pango_font_map_create_context(map);
@@ -67,16 +71,54 @@ PangoContext* makeContext() {
   return context;
 }
 
+// Families that were added, beside the system's.
+std::set<std::string>& addedFamilies() {
+  static auto& families = *new std::set<std::string>();
+  return families;
+}
+
+PangoContext* makeTextContext() {
+  FcConfig* config = textFonts();
+  // As the process's own as well: Pango initialises fontconfig, which would otherwise load the machine's.
+  FcConfigSetCurrent(config);
+  return makeContext(config);
+}
+
+PangoContext* iconContext() {
+  static PangoContext* context = makeContext(iconFonts());
+  return context;
+}
+
+Description describe(const Font& font, const std::string& families) {
+  Description description(pango_font_description_new());
+  pango_font_description_set_family(description.get(), families.c_str());
+  // Point sizes as user units, whatever the resolution.
+  pango_font_description_set_absolute_size(description.get(), std::max(font.size, 0.1) * PANGO_SCALE);
+  pango_font_description_set_weight(description.get(), static_cast<PangoWeight>(font.weight));
+  pango_font_description_set_style(description.get(), font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+  return description;
+}
+
+// For single glyphs, which may be icons.
+PangoContext* glyphContext(const Font& font) {
+  PangoContext* texts = textContext();  // first: it keeps fontconfig from the machine's fonts
+  return font.family == iconFontFamily ? iconContext() : texts;
+}
+
+Description describeGlyph(const Font& font) {
+  return font.family == iconFontFamily ? describe(font, iconFontFamily) : Description(describeFont(font));
+}
+
 FontHandle load(const Font& font) {
-  const Description description(describeFont(font));
-  FontHandle loaded(pango_context_load_font(textContext(), description.get()));
+  const Description description = describeGlyph(font);
+  FontHandle loaded(pango_context_load_font(glyphContext(font), description.get()));
   if (!loaded) throw std::runtime_error(fmt::format("font {} cannot be loaded", font.family));
   return loaded;
 }
 
 Layout layoutOf(char32_t character, const Font& font) {
-  Layout layout(pango_layout_new(textContext()));
-  const Description description(describeFont(font));
+  Layout layout(pango_layout_new(glyphContext(font)));
+  const Description description = describeGlyph(font);
   pango_layout_set_font_description(layout.get(), description.get());
   pango_layout_set_text(layout.get(), utf8(character).c_str(), -1);
   return layout;
@@ -106,19 +148,24 @@ double heightAboveBaseline(char32_t character, const Font& font) {
 }  // namespace
 
 PangoContext* textContext() {
-  static PangoContext* context = makeContext();
+  static PangoContext* context = makeTextContext();
   return context;
 }
 
+void addTextFont(const std::string& file, const std::string& family) {
+  PangoFontMap* map = pango_context_get_font_map(textContext());
+  FcConfigAppFontAddFile(pango_fc_font_map_get_config(PANGO_FC_FONT_MAP(map)),
+                         reinterpret_cast<const FcChar8*>(file.c_str()));
+  pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(map));
+  addedFamilies().insert(family);
+}
+
+// What an added family lacks is the system family's.
 PangoFontDescription* describeFont(const Font& font) {
-  PangoFontDescription* description = pango_font_description_new();
-  const bool known = font.family == iconFontFamily || font.family == fallbackFamily;
-  pango_font_description_set_family(description, known ? font.family.c_str() : systemFontFamily);
-  // Point sizes as user units, whatever the resolution.
-  pango_font_description_set_absolute_size(description, std::max(font.size, 0.1) * PANGO_SCALE);
-  pango_font_description_set_weight(description, static_cast<PangoWeight>(font.weight));
-  pango_font_description_set_style(description, font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
-  return description;
+  std::string families = systemFontFamily;
+  if (font.family == fallbackFamily) families = fallbackFamily;
+  if (addedFamilies().contains(font.family)) families = font.family + "," + systemFontFamily;
+  return describe(font, families).release();
 }
 
 FontMetrics fontMetrics(const Font& font) {

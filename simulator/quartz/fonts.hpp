@@ -14,7 +14,10 @@ typedef struct _PangoFontDescription PangoFontDescription;
 
 namespace sim {
 
-/** Names of the two families that a picture may ask for; any other is shown in the system family. */
+/**
+ * Names of the two families that are there from the start; any other is shown in the system family, unless it
+ * was added. The icon family is for glyphs alone: a text has it when the device was given the font.
+ */
 inline constexpr char systemFontFamily[] = "Inter";
 inline constexpr char iconFontFamily[] = "FontAwesome";
 
@@ -66,7 +69,10 @@ std::string utf8(char32_t character);
  */
 PangoContext* textContext();
 
-/** Pango's description of a font; the caller frees it. */
+/** Lets texts be shown in the family of a font file, which must stay as long as the program. */
+void addTextFont(const std::string& file, const std::string& family);
+
+/** Pango's description of a font for texts; the caller frees it. */
 PangoFontDescription* describeFont(const Font& font);
 
 }  // namespace sim
