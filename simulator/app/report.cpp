@@ -11,6 +11,7 @@
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/orientation.hpp"
 #include "simulator/app/home_screen_report.hpp"
+#include "simulator/app/panel_report.hpp"
 #include "simulator/app/simulation.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/console.hpp"
@@ -71,23 +72,6 @@ Json application() {
   return shown ? Json(shown.displayName().UTF8String()) : Json();
 }
 
-// A panel of the library's in the key window; nothing when there is none.
-UIView shownPanel() {
-  Class panel = objc_getClass("RQPopupView");
-  NSArray views = UIApplication::sharedApplication().keyWindow().subviews();
-  for (NSUInteger i = 0; i < views.count(); ++i)
-    if (bridge::isKindOf(views.objectAtIndex(i), panel)) return bridge::as<UIView>(views.objectAtIndex(i));
-  return {};
-}
-
-// The bare card that stands in for the panel: where it is and how opaque.
-Json panel() {
-  UIView card = shownPanel();
-  if (!card) return nullptr;
-  return {{"frame", frame(uikit::layerOf(card).frame(clock::now()))},
-          {"alpha", number(uikit::layerOf(card).presentation(clock::now()).opacity)}};
-}
-
 Json relayouts() {
   Json calls = Json::array();
   for (const springboard::Relayout& call : springboard::relayouts())
@@ -119,7 +103,7 @@ Json makeReport(Simulation& simulation) {
       {"dock", reportDock()},
       {"pageDots", reportPageDots()},
       {"framing", framing(simulation)},
-      {"panel", panel()},
+      {"panel", reportPanel()},
       {"preferences", plain(preferenceDomain("com.wexor.tilo"_ns))},
       {"presets", presets(simulation)},
       {"log", log(simulation)},

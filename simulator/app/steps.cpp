@@ -33,6 +33,7 @@ void perform(Simulation& simulation, const Step& step) {
     case StepKind::press:
     case StepKind::drag:
     case StepKind::finger:
+    case StepKind::page:
       return performTouch(step);
     case StepKind::launch:
     case StepKind::home:

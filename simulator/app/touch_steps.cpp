@@ -6,6 +6,7 @@
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
+#include "simulator/input/panel.hpp"
 #include "simulator/uikit/configuration.hpp"
 
 namespace sim {
@@ -70,6 +71,8 @@ void make(const Step& step) {
       return press(step);
     case StepKind::drag:
       return drag(step);
+    case StepKind::page:
+      return input::turnToPage(step.text(0) == "0" ? 0 : 1);
     default:
       return finger(step);
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "bridge/runtime.hpp"
+#include "platform/springboard/panel_parts.hpp"
 #include "platform/uikit/control.hpp"
 #include "platform/uikit/label.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -26,11 +27,29 @@ struct Thing {
   UIView view, part;
 };
 
+// Without those at either end.
+std::string_view withoutSpaces(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return "";
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 template <class T>
 UIView nearestAbove(UIView view) {
   for (; view; view = view.superview())
     if (bridge::isKindOf<T>(view)) return view;
   return {};
+}
+
+bool isCloseBox(UIView view) {
+  return bridge::isKindOf<SBCloseBoxView>(view) || bridge::isKindOf<SBXCloseBoxView>(view);
+}
+
+// Things without words of their own, as people call them.
+bool isCalled(UILabel label, std::string_view name) {
+  constexpr std::string_view circledChevronUp = "\uF139";  // of Font Awesome
+  const NSString text = label.text();
+  return name == "collapse" && text && withoutSpaces(text.UTF8String()) == circledChevronUp;
 }
 
 std::string textOf(NSString text) { return text ? withoutGlyphs(text.UTF8String()) : ""; }
@@ -42,8 +61,10 @@ std::optional<Thing> thingNamed(UIView view, std::string_view name) {
     if (textOf(springboard::iconOf(icon).displayName()) == name)
       return Thing{view, springboard::imageViewOf(icon)};
   }
-  if (!bridge::isKindOf<UILabel>(view) || textOf(bridge::as<UILabel>(view).text()) != name)
-    return std::nullopt;
+  if (isCloseBox(view) && name == "close") return Thing{view, view};
+  if (!bridge::isKindOf<UILabel>(view)) return std::nullopt;
+  const auto label = bridge::as<UILabel>(view);
+  if (textOf(label.text()) != name && !isCalled(label, name)) return std::nullopt;
   const UIView control = nearestAbove<UIControl>(view);
   return control ? Thing{control, control} : Thing{view, view};
 }
@@ -80,6 +101,16 @@ bool isDisabled(UIView view) {
   return false;
 }
 
+// Whether something that cuts off what sticks out of it leaves that point out.
+bool isCutOff(UIView view, CGPoint onScreen) {
+  for (; view; view = view.superview()) {
+    if (!view.clipsToBounds()) continue;
+    const CGPoint at = sim::convertPoint(onScreen, nullptr, &uikit::layerOf(view));
+    if (!view.pointInside_withEvent(at, {})) return true;
+  }
+  return false;
+}
+
 bool isOnScreen(CGPoint point) {
   const CGSize screen = uikit::screenSize();
   return point.x >= 0 && point.y >= 0 && point.x < screen.width && point.y < screen.height;
@@ -90,6 +121,7 @@ std::string obstacle(const Thing& thing) {
   if (isHidden(thing.part)) return "is hidden";
   const CGPoint middle = middleOnScreen(thing.part);
   if (!isOnScreen(middle)) return "is not on the screen";
+  if (isCutOff(thing.part, middle)) return "is out of sight";
   if (isDisabled(thing.view)) return "is disabled";
   const UIView hit = uikit::viewAt(middle);
   if (hit && hit.isDescendantOfView(thing.view)) return "";
@@ -116,9 +148,7 @@ std::string withoutGlyphs(std::string_view text) {
       kept += text[at++];
     }
   }
-  const std::size_t first = kept.find_first_not_of(' ');
-  if (first == std::string::npos) return "";
-  return kept.substr(first, kept.find_last_not_of(' ') - first + 1);
+  return std::string(withoutSpaces(kept));
 }
 
 CGPoint findNamed(std::string_view name) {

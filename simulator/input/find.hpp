@@ -12,8 +12,9 @@ namespace sim::input {
 /**
  * Where to tap what bears that name, in points of the screen as it is turned. An icon bears its label, a
  * control the text of the labels within it, a label its own; icon-font glyphs, and the spaces that they leave
- * at either end, do not count. Throws UsageError that says why when there is none, or when it is hidden, not
- * on the screen, disabled or covered.
+ * at either end, do not count. A close box is called "close", a button that bears Font Awesome's circled
+ * chevron alone "collapse". Throws UsageError that says why when there is none, or when it is hidden, not
+ * on the screen, cut off by what it lies in, disabled or covered.
  */
 CGPoint findNamed(std::string_view name);
 

@@ -34,7 +34,8 @@ enum class Shape {
   direction,
   name,
   finger,
-  phase
+  phase,
+  page
 };
 
 constexpr std::size_t mostArguments = 6;
@@ -71,6 +72,7 @@ constexpr Form forms[] = {
     {"finger",
      StepKind::finger,
      {Shape::finger, Shape::phase, Shape::coordinate, Shape::coordinate, Shape::force}},
+    {"page", StepKind::page, {Shape::page}},
     {"launch", StepKind::launch, {Shape::name}},
     {"home", StepKind::home},
     {"open", StepKind::open, {Shape::name}},
@@ -107,6 +109,8 @@ std::string_view description(Shape shape) {
       return "N";
     case Shape::phase:
       return "down|move|up";
+    case Shape::page:
+      return "0|1";
     case Shape::word:
       return "NAME";
     case Shape::setting:
@@ -170,6 +174,8 @@ std::optional<StepArgument> argument(Shape shape, const Token& token, const std:
       return oneOf(token, {"up", "down", "left", "right"});
     case Shape::phase:
       return oneOf(token, {"down", "move", "up"});
+    case Shape::page:
+      return oneOf(token, {"0", "1"});
     case Shape::name:
       if (!token.quoted || token.text.empty()) return std::nullopt;
       return token.text;

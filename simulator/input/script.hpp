@@ -19,6 +19,7 @@ enum class StepKind {
   press,
   drag,
   finger,
+  page,
   launch,
   home,
   open,

@@ -17,6 +17,7 @@
 #include "simulator/springboard/icon_view.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/panel_parts.hpp"
 #include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/configuration.hpp"
@@ -93,6 +94,8 @@ void defineClasses() {
   defineIconController();
   defineLockScreen();
   defineApplications();
+  defineChevron();
+  defineCloseBox();
 }
 
 void start(const Contents& contents) {

@@ -49,4 +49,8 @@ bool homeScreenTurns();
 // Whether SpringBoard has the relayout entry point of version 11.0.
 bool hasAnimationTypeLayout();
 
+// Whether chevrons and close boxes have their later class names.
+bool hasUIChevron();
+bool hasXCloseBox();
+
 }  // namespace sim::springboard

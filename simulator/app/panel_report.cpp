@@ -1,0 +1,152 @@
+// The panel: its state, its rows, and the whole tree of its views.
+#include "simulator/app/panel_report.hpp"
+
+#include <cmath>
+#include <string>
+
+#include "bridge/runtime.hpp"
+#include "platform/foundation/number.hpp"
+#include "platform/uikit/label.hpp"
+#include "platform/uikit/page_control.hpp"
+#include "platform/uikit/picker_view.hpp"
+#include "platform/uikit/slider.hpp"
+#include "platform/uikit/text_field.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/input/panel.hpp"
+#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/view.hpp"
+
+namespace sim {
+namespace {
+
+using input::panelPart;
+
+constexpr double collapsedHeight = 40;    // points
+constexpr double leastErrorAlpha = 0.01;  // of a message that counts as shown
+
+LayerValues shown(UIView view) { return uikit::layerOf(view).presentation(clock::now()); }
+
+int component(double value) { return static_cast<int>(std::lround(value * 255)); }
+
+Json opaqueColor(const Color& color) {
+  return Json::array({component(color.red), component(color.green), component(color.blue)});
+}
+
+// Null for one that nobody sees.
+Json color(const Color& color) {
+  if (color.alpha <= 0) return nullptr;
+  Json all = opaqueColor(color);
+  all.push_back(number(color.alpha));
+  return all;
+}
+
+Json string(NSString text) { return text ? Json(text.UTF8String()) : Json(); }
+
+Json transform(const CGAffineTransform& t) {
+  return Json::array({number(t.a), number(t.b), number(t.c), number(t.d), number(t.tx), number(t.ty)});
+}
+
+// Labels and fields are the views that show a text of their own.
+Json textOf(UIView view) {
+  if (bridge::isKindOf<UILabel>(view)) return string(bridge::as<UILabel>(view).text());
+  if (bridge::isKindOf<UITextField>(view)) return string(bridge::as<UITextField>(view).text());
+  return nullptr;
+}
+
+Json textColorOf(UIView view) {
+  if (bridge::isKindOf<UILabel>(view)) return color(uikit::colorOf(bridge::as<UILabel>(view).textColor()));
+  if (bridge::isKindOf<UITextField>(view))
+    return color(uikit::colorOf(bridge::as<UITextField>(view).textColor()));
+  return nullptr;
+}
+
+Json tree(UIView view) {
+  const LayerValues values = shown(view);
+  Json children = Json::array();
+  const NSArray subviews = view.subviews();
+  for (NSUInteger i = 0; i < subviews.count(); ++i)
+    children.push_back(tree(bridge::as<UIView>(subviews.objectAtIndex(i))));
+  return {{"class", class_getName(bridge::classOf(view.raw))},
+          {"frame", frame(uikit::layerOf(view).frame(clock::now()))},
+          {"alpha", number(values.opacity)},
+          {"hidden", static_cast<bool>(view.isHidden())},
+          {"transform", transform(values.transform)},
+          {"background", color(values.backgroundColor)},
+          {"textColor", textColorOf(view)},
+          {"text", textOf(view)},
+          {"children", children}};
+}
+
+// The message beside a row's number, while it can be seen.
+Json errorOf(UIView slider) {
+  const auto label = bridge::as<UILabel>(panelPart(slider, "errorLabel"_ns));
+  return label && shown(label).opacity > leastErrorAlpha ? string(label.text()) : Json();
+}
+
+Json row(UISlider slider) {
+  const auto field = bridge::as<UITextField>(panelPart(slider, "valueLabel"_ns));
+  return {{"key", plain(panelPart(slider, "type"_ns))},
+          {"value", number(slider.value())},
+          {"minimum", number(slider.minimumValue())},
+          {"maximum", number(slider.maximumValue())},
+          {"text", string(field.text())},
+          {"error", errorOf(slider)}};
+}
+
+// The label that stands over the slider: of those that begin no lower, the lowest.
+std::string captionOf(UISlider slider) {
+  const NSArray siblings = slider.superview().subviews();
+  UILabel caption;
+  for (NSUInteger i = 0; i < siblings.count(); ++i) {
+    if (!bridge::isKindOf<UILabel>(siblings.objectAtIndex(i))) continue;
+    const auto label = bridge::as<UILabel>(siblings.objectAtIndex(i));
+    const CGFloat top = label.frame().origin.y;
+    if (top <= slider.frame().origin.y && (!caption || top > caption.frame().origin.y)) caption = label;
+  }
+  const NSString text = caption.text();
+  return text ? text.UTF8String() : "";
+}
+
+Json rows(UIView panel) {
+  Json all = Json::object();
+  uikit::forEachInTree(panel, [&](UIView view) {
+    if (!bridge::isKindOf<UISlider>(view)) return;
+    const auto slider = bridge::as<UISlider>(view);
+    all[captionOf(slider)] = row(slider);
+  });
+  return all;
+}
+
+Json presets(UIView panel) {
+  Json names = plain(panelPart(panel, "data"_ns));
+  return names.is_null() ? Json::array() : names;
+}
+
+Json selectedRow(UIView panel) {
+  const auto picker = bridge::as<UIPickerView>(panelPart(panel, "pickerView"_ns));
+  return picker ? Json(static_cast<long>(picker.selectedRowInComponent(0))) : Json();
+}
+
+bool isTrue(bridge::Object flag) { return bridge::as<NSNumber>(flag).boolValue(); }
+
+}  // namespace
+
+Json reportPanel() {
+  const UIView panel = input::shownPanel();
+  if (!panel) return nullptr;
+  const auto pages = bridge::as<UIPageControl>(panelPart(panel, "pageControl"_ns));
+  const auto caption = bridge::as<UILabel>(panelPart(panel, "pickerLabel"_ns));
+  return {{"frame", frame(uikit::layerOf(panel).frame(clock::now()))},
+          {"alpha", number(shown(panel).opacity)},
+          {"background", opaqueColor(shown(panel).backgroundColor)},
+          {"dark", isTrue(panelPart(panel, "isDarkMode"_ns))},
+          {"collapsed", panel.bounds().size.height == collapsedHeight},
+          {"page", static_cast<long>(pages.currentPage())},
+          {"rows", rows(panel)},
+          {"presets", presets(panel)},
+          {"selectedRow", selectedRow(panel)},
+          {"caption", string(caption.text())},
+          {"views", tree(panel)}};
+}
+
+}  // namespace sim
