@@ -33,6 +33,7 @@ void defineClasses() {
   defineButton();
   defineColorManager();
   addResourceBundle();
+  defineColorSlider();
   definePopupView();
 }
 

@@ -7,6 +7,7 @@
 #include "simulator/uikit/alert_view.hpp"
 #include "simulator/uikit/appearance.hpp"
 #include "simulator/uikit/application.hpp"
+#include "simulator/uikit/bar_button_item.hpp"
 #include "simulator/uikit/bezier_path.hpp"
 #include "simulator/uikit/button.hpp"
 #include "simulator/uikit/color.hpp"
@@ -20,12 +21,17 @@
 #include "simulator/uikit/label.hpp"
 #include "simulator/uikit/layer.hpp"
 #include "simulator/uikit/page_control.hpp"
+#include "simulator/uikit/pasteboard.hpp"
 #include "simulator/uikit/picker_view.hpp"
 #include "simulator/uikit/presentation.hpp"
 #include "simulator/uikit/responder.hpp"
 #include "simulator/uikit/screen.hpp"
 #include "simulator/uikit/scroll_view.hpp"
+#include "simulator/uikit/slider.hpp"
 #include "simulator/uikit/string_drawing.hpp"
+#include "simulator/uikit/text_field.hpp"
+#include "simulator/uikit/toolbar.hpp"
+#include "simulator/uikit/toolbar_button.hpp"
 #include "simulator/uikit/touch.hpp"
 #include "simulator/uikit/view.hpp"
 #include "simulator/uikit/view_controller.hpp"
@@ -58,6 +64,12 @@ void registerClasses() {
   defineImageView();
   defineLabel();
   defineButton();
+  defineSlider();
+  definePasteboard();
+  defineTextField();
+  defineBarButtonItem();
+  defineToolbarButton();
+  defineToolbar();
   defineScrollView();
   definePickerView();
   defineWindow();

@@ -7,7 +7,6 @@
 
 #include "bridge/define.hpp"
 #include "platform/uikit/application.hpp"
-#include "platform/uikit/control.hpp"
 #include "simulator/runtime/weak.hpp"
 #include "simulator/uikit/event.hpp"
 #include "simulator/uikit/touch.hpp"
@@ -58,15 +57,7 @@ void sendAction(UIControl self, SEL action, bridge::Object target, UIEvent event
   UIApplication::sharedApplication().sendAction_to_from_forEvent(action, target, self, event);
 }
 
-void send(UIControl self, NSUInteger events, UIEvent event) {
-  const Strong<UIControl> alive = retained(self);
-  const std::vector<Target> targets = ControlClass::state(self).targets;  // an action may change them
-  for (const Target& one : targets)
-    if ((one.events & events) && (one.upTheChain || one.object.get()))
-      self.sendAction_to_forEvent(one.action, one.object.get(), event);
-}
-
-void sendActionsForControlEvents(UIControl self, NSUInteger events) { send(self, events, {}); }
+void sendActionsForControlEvents(UIControl self, NSUInteger events) { sendActions(self, events, {}); }
 
 NSUInteger state(UIControl self) {
   NSUInteger bits = UIControlStateNormal;
@@ -121,7 +112,8 @@ void touchesBegan(UIControl self, NSSet touches, UIEvent event) {
   state.touchInside = YES;
   self.setHighlighted(YES);
   if (!self.beginTrackingWithTouch_withEvent(touch, event)) return stopTracking(self);
-  send(self, UIControlEventTouchDown | (touch.tapCount() > 1 ? UIControlEventTouchDownRepeat : 0), event);
+  sendActions(self, UIControlEventTouchDown | (touch.tapCount() > 1 ? UIControlEventTouchDownRepeat : 0),
+              event);
 }
 
 void touchesMoved(UIControl self, NSSet touches, UIEvent event) {
@@ -133,8 +125,8 @@ void touchesMoved(UIControl self, NSSet touches, UIEvent event) {
   state.touchInside = is;
   if (was != is) self.setHighlighted(is);
   if (!self.continueTrackingWithTouch_withEvent(touch, event)) return stopTracking(self);
-  if (was != is) send(self, is ? UIControlEventTouchDragEnter : UIControlEventTouchDragExit, event);
-  send(self, is ? UIControlEventTouchDragInside : UIControlEventTouchDragOutside, event);
+  if (was != is) sendActions(self, is ? UIControlEventTouchDragEnter : UIControlEventTouchDragExit, event);
+  sendActions(self, is ? UIControlEventTouchDragInside : UIControlEventTouchDragOutside, event);
 }
 
 void touchesEnded(UIControl self, NSSet touches, UIEvent event) {
@@ -144,7 +136,7 @@ void touchesEnded(UIControl self, NSSet touches, UIEvent event) {
   const bool inside = isInside(self, touch);
   self.endTrackingWithTouch_withEvent(touch, event);
   stopTracking(self);
-  send(self, inside ? UIControlEventTouchUpInside : UIControlEventTouchUpOutside, event);
+  sendActions(self, inside ? UIControlEventTouchUpInside : UIControlEventTouchUpOutside, event);
 }
 
 void touchesCancelled(UIControl self, NSSet touches, UIEvent event) {
@@ -152,7 +144,7 @@ void touchesCancelled(UIControl self, NSSet touches, UIEvent event) {
   const Strong<UIControl> alive = retained(self);
   self.cancelTrackingWithEvent(event);
   stopTracking(self);
-  send(self, UIControlEventTouchCancel, event);
+  sendActions(self, UIControlEventTouchCancel, event);
 }
 
 // A control that takes taps keeps a view above it from taking a single tap of one finger as well.
@@ -164,6 +156,20 @@ BOOL gestureRecognizerShouldBegin(UIControl self, UIGestureRecognizer recognizer
 }
 
 }  // namespace
+
+void sendActions(UIControl control, NSUInteger events, UIEvent event) {
+  const Strong<UIControl> alive = retained(control);
+  const std::vector<Target> targets = ControlClass::state(control).targets;  // an action may change them
+  for (const Target& one : targets)
+    if ((one.events & events) && (one.upTheChain || one.object.get()))
+      control.sendAction_to_forEvent(one.action, one.object.get(), event);
+}
+
+NSUInteger eventsOf(UIControl control) {
+  NSUInteger events = 0;
+  for (const Target& one : ControlClass::state(control).targets) events |= one.events;
+  return events;
+}
 
 void defineControl() {
   using bridge::method;

@@ -4,6 +4,7 @@
 #include "bridge/define.hpp"
 #include "platform/uikit/event.hpp"
 #include "platform/uikit/responder.hpp"
+#include "simulator/uikit/first_responder.hpp"
 
 namespace sim::uikit {
 namespace {
@@ -33,7 +34,15 @@ void defineResponder() {
       method<&UIResponder::touchesBegan_withEvent, touchesBegan>(),
       method<&UIResponder::touchesMoved_withEvent, touchesMoved>(),
       method<&UIResponder::touchesEnded_withEvent, touchesEnded>(),
-      method<&UIResponder::touchesCancelled_withEvent, touchesCancelled>());
+      method<&UIResponder::touchesCancelled_withEvent, touchesCancelled>(),
+      // The first responder.
+      method<&UIResponder::isFirstResponder, responder::isFirstResponder>(),
+      method<&UIResponder::canBecomeFirstResponder, responder::canBecomeFirstResponder>(),
+      method<&UIResponder::becomeFirstResponder, responder::becomeFirstResponder>(),
+      method<&UIResponder::canResignFirstResponder, responder::canResignFirstResponder>(),
+      method<&UIResponder::resignFirstResponder, responder::resignFirstResponder>(),
+      method<&UIResponder::inputView, responder::noInputView>(),
+      method<&UIResponder::inputAccessoryView, responder::noInputView>());
 }
 
 }  // namespace sim::uikit

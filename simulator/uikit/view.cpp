@@ -7,6 +7,7 @@
 #include "simulator/uikit/animation.hpp"
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/drawing_context.hpp"
+#include "simulator/uikit/first_responder.hpp"
 #include "simulator/uikit/gesture_recognizer.hpp"
 #include "simulator/uikit/layer.hpp"
 #include "simulator/uikit/view_methods.hpp"
@@ -113,6 +114,7 @@ ViewState::~ViewState() {
   for (const Strong<UIGestureRecognizer>& recognizer : gestureRecognizers)
     stateOf(recognizer.get()).view = {};
   if (!layer) return;
+  forgetResponder(viewOf(layer));
   // Somebody else may keep the layer.
   cancelAnimations(layer);
   layerOf(layer.get()).setDraw({});
@@ -172,7 +174,7 @@ void defineView() {
       method<&UIView::removeFromSuperview, view::removeFromSuperview>(),
       method<&UIView::isDescendantOfView, view::isDescendantOfView>(),
       ViewClass::property<&UIView::tag, &UIView::setTag, &ViewState::tag>(),
-      method<&UIView::viewWithTag, view::viewWithTag>(),
+      method<&UIView::viewWithTag, view::viewWithTag>(), method<&UIView::endEditing, endEditing>(),
       method<&UIView::willMoveToSuperview, movesToSuperview>(),
       method<&UIView::didMoveToSuperview, movedToSuperview>(),
       method<&UIView::willMoveToWindow, movesToWindow>(), method<&UIView::didMoveToWindow, movedToWindow>(),

@@ -6,6 +6,7 @@
 #include "simulator/uikit/animation.hpp"
 #include "simulator/uikit/array.hpp"
 #include "simulator/uikit/exception.hpp"
+#include "simulator/uikit/first_responder.hpp"
 #include "simulator/uikit/view_methods.hpp"
 
 namespace sim::uikit {
@@ -49,7 +50,10 @@ void announceWindow(UIView view, UIWindow window) {
 
 void tellWindow(UIView view, UIWindow window) {
   forEachInTree(view, [window](UIView one) {
-    if (!window) cancelAnimations(layerObjectOf(one));
+    if (!window) {
+      resignForcibly(one);
+      cancelAnimations(layerObjectOf(one));
+    }
     one.didMoveToWindow();
     if (const UIViewController controller = stateOf(one).controller)
       window ? controller.viewDidAppear(NO) : controller.viewDidDisappear(NO);

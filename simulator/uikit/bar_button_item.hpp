@@ -1,0 +1,13 @@
+// UIBarButtonItem.
+#pragma once
+
+#include "platform/uikit/toolbar.hpp"
+
+namespace sim::uikit {
+
+/** Whether the item is the room between others. */
+bool isFlexibleSpace(UIBarButtonItem item);
+
+void defineBarButtonItem();
+
+}  // namespace sim::uikit

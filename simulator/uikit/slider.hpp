@@ -1,0 +1,13 @@
+// UISlider.
+#pragma once
+
+#include "platform/uikit/slider.hpp"
+
+namespace sim::uikit {
+
+/** Where the thumb stands for that value, in points of the slider. */
+CGRect thumbRectOf(UISlider slider, float value);
+
+void defineSlider();
+
+}  // namespace sim::uikit

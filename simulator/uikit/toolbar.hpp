@@ -1,0 +1,8 @@
+// UIToolbar.
+#pragma once
+
+namespace sim::uikit {
+
+void defineToolbar();
+
+}  // namespace sim::uikit

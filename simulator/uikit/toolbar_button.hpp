@@ -1,0 +1,14 @@
+// What stands on a toolbar for an item with a title.
+#pragma once
+
+#include "bridge/strong.hpp"
+#include "platform/uikit/button.hpp"
+#include "platform/uikit/toolbar.hpp"
+
+namespace sim::uikit {
+
+bridge::Strong<UIButton> makeToolbarButton(UIBarButtonItem item);
+
+void defineToolbarButton();
+
+}  // namespace sim::uikit
