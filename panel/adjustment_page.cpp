@@ -9,8 +9,6 @@
 namespace tilo::panel {
 namespace {
 
-using bridge::Block;
-
 // Points.
 constexpr CGFloat left = 10, firstCaptionTop = 15, rowPitch = 80, sliderBelowCaption = 35;
 constexpr CGFloat rowHeight = 30, sliderWidth = 255;
@@ -83,23 +81,18 @@ NSString keyOf(RQPopupView self, ColorSlider slider) {
   return {};
 }
 
-void store(RQPopupView self, NSString key, NSNumber value) {
-  self.rootObj().setObject_forKey(value, key);
-  RQGestureController::sharedInstance().savePrefsWithKey_value(key, value);
-}
-
 void showValue(ColorSlider slider) {
   char text[64];
   std::snprintf(text, sizeof text, "%0.1f", static_cast<double>(slider.value()));
   slider.valueLabel().setText(NSString::stringWithUTF8String(text));
 }
 
-void fadeTo(RQPopupView self, CGFloat alpha) {
-  UIView::animateWithDuration_animations(
-      fading, Block<void()>([self = bridge::retained(self), alpha] { self->setAlpha(alpha); }));
-}
-
 }  // namespace
+
+void store(RQPopupView self, NSString key, NSNumber value) {
+  self.rootObj().setObject_forKey(value, key);
+  RQGestureController::sharedInstance().savePrefsWithKey_value(key, value);
+}
 
 void setupControlsForScrollView(RQPopupView self) {
   const Row rows[] = {
@@ -120,7 +113,7 @@ void setupControlsForScrollView(RQPopupView self) {
 void moveIcons(RQPopupView self, ColorSlider slider) {
   // The values no longer are those of a saved layout.
   store(self, "custom_preset"_ns, NSNumber::numberWithInt(-1));
-  fadeTo(self, fadedAlpha);
+  fadeTo(self, fadedAlpha, fading);
   if (NSString key = keyOf(self, slider)) {
     showValue(slider);
     store(self, key, NSNumber::numberWithFloat(slider.value()));
@@ -137,7 +130,7 @@ void moveIconsNotification(RQPopupView self, bridge::Object notification) {
   self.moveIcons(bridge::as<ColorSlider>(bridge::as<NSNotification>(notification).object()));
 }
 
-void endSliding(RQPopupView self, bridge::Object) { fadeTo(self, 1); }
+void endSliding(RQPopupView self, bridge::Object) { fadeTo(self, 1, fading); }
 
 void didHitCancel(RQPopupView self) {
   dispatch::onMainQueue(

@@ -1,4 +1,4 @@
-// How the panel moves: in and out by springs, to its header and back, and under a finger.
+// How the panel moves: in and out by springs, to its header and back, and under a finger; and how it fades.
 #include "panel/popup_state.hpp"
 #include "platform/coregraphics/affine_transform.hpp"
 #include "platform/foundation/notification_center.hpp"
@@ -31,6 +31,11 @@ void spring(double duration, Block<void()> animations, Block<void(BOOL)> complet
 }
 
 }  // namespace
+
+void fadeTo(RQPopupView self, CGFloat alpha, double seconds) {
+  UIView::animateWithDuration_animations(
+      seconds, Block<void()>([self = bridge::retained(self), alpha] { self->setAlpha(alpha); }));
+}
 
 void show(RQPopupView self, bridge::Object) {
   UIWindow window = keyWindow();

@@ -49,6 +49,8 @@ void hide(RQPopupView self);
 void toggleHeight(RQPopupView self);
 void handlePanGesture(RQPopupView self, UIPanGestureRecognizer recognizer);
 UIView hitTest(RQPopupView self, CGPoint point, UIEvent event);
+// Animates the panel's opacity.
+void fadeTo(RQPopupView self, CGFloat alpha, double seconds);
 // Slides the panel straight down below the window, then does `gone`.
 void slideOut(RQPopupView self, bridge::Block<void(BOOL)> gone);
 
@@ -58,11 +60,20 @@ void moveIcons(RQPopupView self, ColorSlider slider);
 void moveIconsNotification(RQPopupView self, bridge::Object notification);
 void endSliding(RQPopupView self, bridge::Object ignored);
 void didHitCancel(RQPopupView self);
+// Another value for a preference, in the live dictionary and in the stored ones.
+void store(RQPopupView self, NSString key, NSNumber value);
 
 // presets_page.cpp
 void setupPickerView(RQPopupView self);
 void getData(RQPopupView self);
 NSMutableArray items(RQPopupView self);
+NSInteger numberOfComponents(RQPopupView self, UIPickerView picker);
+NSInteger numberOfRows(RQPopupView self, UIPickerView picker, NSInteger component);
+NSString titleForRow(RQPopupView self, UIPickerView picker, NSInteger row, NSInteger component);
+NSAttributedString attributedTitleForRow(RQPopupView self, UIPickerView picker, NSInteger row,
+                                         NSInteger component);
+CGFloat widthForComponent(RQPopupView self, UIPickerView picker, NSInteger component);
+void didSelectRow(RQPopupView self, UIPickerView picker, NSInteger row, NSInteger component);
 void didHitDone(RQPopupView self);
 void deleteSelectedLayout(RQPopupView self, bridge::Object ignored);
 void saveCurrentLayout(RQPopupView self, bridge::Object ignored);

@@ -59,8 +59,14 @@ void definePopupView() {
       method<&Face::endSliding, endSliding>(), method<&Face::didHitCancel, didHitCancel>(),
       // The presets page.
       method<&Face::setupPickerView, setupPickerView>(), method<&Face::getData, getData>(),
-      method<&Face::items, items>(), method<&Face::didHitDone, didHitDone>(),
-      method<&Face::deleteSelectedLayout, deleteSelectedLayout>(),
+      method<&Face::items, items>(),
+      method<&UIPickerViewDataSource::numberOfComponentsInPickerView, numberOfComponents>(),
+      method<&UIPickerViewDataSource::pickerView_numberOfRowsInComponent, numberOfRows>(),
+      method<&UIPickerViewDelegate::pickerView_titleForRow_forComponent, titleForRow>(),
+      method<&UIPickerViewDelegate::pickerView_attributedTitleForRow_forComponent, attributedTitleForRow>(),
+      method<&UIPickerViewDelegate::pickerView_widthForComponent, widthForComponent>(),
+      method<&UIPickerViewDelegate::pickerView_didSelectRow_inComponent, didSelectRow>(),
+      method<&Face::didHitDone, didHitDone>(), method<&Face::deleteSelectedLayout, deleteSelectedLayout>(),
       method<&Face::saveCurrentLayout, saveCurrentLayout>(), method<&Face::saveWithTitle, saveWithTitle>(),
       method<&Face::exportSettings, exportSettings>(), method<&Face::openSettings, openSettings>());
 }

@@ -1,16 +1,255 @@
-// The panel's second page: the saved layouts. It is empty so far.
+// The panel's second page: the saved layouts in a picker, to be applied or deleted, and how a layout is
+// saved.
+#include "controls/progress_hud.hpp"
 #include "panel/popup_state.hpp"
+#include "platform/foundation/number.hpp"
+#include "platform/springboard/icon_controller.hpp"
+#include "platform/uikit/alert_controller.hpp"
+#include "platform/uikit/application.hpp"
+#include "settings/gesture_controller.hpp"
+#include "settings/presets_file.hpp"
 
 namespace tilo::panel {
+namespace {
 
-void setupPickerView(RQPopupView) {}
-void getData(RQPopupView) {}
+using bridge::Block;
+
+// Points.
+constexpr CGSize buttonSize{100, 50};
+constexpr CGFloat buttonFromBottom = 100, selectFromRight = 110, deleteLeft = 10;
+constexpr CGFloat pickerTop = 20, pickerLess = 70;  // less high than the page
+constexpr CGRect captionFrame{{20, 15}, {200, 30}};
+
+constexpr double fading = 0.4;  // seconds
+constexpr CGFloat blinkAlpha = 0.5;
+constexpr double noticeTime = 0.7;  // seconds
+
+UIButton addButton(RQPopupView self, CGFloat x, NSString title, UIColor color, SEL action) {
+  UIButton button = UIButton::buttonWithType(UIButtonTypeCustom);
+  button.setFrame({{x, self.frame().size.height - buttonFromBottom}, buttonSize});
+  button.setTitle_forState(title, UIControlStateNormal);
+  button.setTitleColor_forState(color, UIControlStateNormal);
+  button.addTarget_action_forControlEvents(self, action, UIControlEventTouchUpInside);
+  self.scrollView().addSubview(button);
+  return button;
+}
+
+void addCaption(RQPopupView self, CGFloat pageLeft) {
+  CGRect frame = captionFrame;
+  frame.origin.x += pageLeft;
+  auto caption = bridge::make<UILabel, &UIView::initWithFrame>(frame);
+  self.setPickerLabel(caption);
+  caption->setText("Saved Presets"_ns);
+  caption->setTextColor(self.controlColor());
+  caption->setBackgroundColor(UIColor::clearColor());
+  self.scrollView().addSubview(caption);
+}
+
+// The panel answers for the counts as well, but is not made the data source.
+bridge::Strong<UIPickerView> makePicker(RQPopupView self, CGFloat pageLeft) {
+  auto picker = bridge::make<UIPickerView, &NSObject::init>();
+  self.setPickerView(picker);
+  picker->setDelegate(self);
+  picker->setFrame(
+      {{pageLeft, pickerTop}, {self.frame().size.width, self.scrollView().frame().size.height - pickerLess}});
+  picker->setBackgroundColor(UIColor::colorWithRed_green_blue_alpha(255, 255, 255, 0));
+  picker->setShowsSelectionIndicator(YES);
+  return picker;
+}
+
+bridge::Object named(NSArray records, NSUInteger index) {
+  return bridge::as<NSDictionary>(records.objectAtIndex(index)).objectForKey("name"_ns);
+}
+
+UIAlertController makeAlert(NSString message) {
+  return UIAlertController::alertControllerWithTitle_message_preferredStyle("Tilo 3"_ns, message,
+                                                                            UIAlertControllerStyleAlert);
+}
+
+void addAction(UIAlertController alert, NSString title, NSInteger style, Block<void(UIAlertAction)> handler) {
+  alert.addAction(UIAlertAction::actionWithTitle_style_handler(title, style, handler));
+}
+
+void present(UIAlertController alert) {
+  UIViewController root = UIApplication::sharedApplication().keyWindow().rootViewController();
+  root.presentViewController_animated_completion(alert, YES, Block<void()>([] {}));
+}
+
+void showFirstRunNotice() {
+  UIAlertController alert =
+      makeAlert("To access the Quick Actions again swipe up anywhere on the SpringBoard."_ns);
+  addAction(alert, "Okay"_ns, UIAlertActionStyleDefault, [](UIAlertAction) {
+    RQGestureController::sharedInstance().savePrefsWithKey_value("showed-setup"_ns,
+                                                                 NSNumber::numberWithBool(YES));
+  });
+  present(alert);
+}
+
+void setUpNameField(UITextField field) {
+  field.setPlaceholder("Name"_ns);
+  field.setClearButtonMode(UITextFieldViewModeWhileEditing);
+  field.setKeyboardAppearance(UIKeyboardAppearanceDark);
+}
+
+NSDictionary spacingOf(RQPopupView self) {
+  NSMutableDictionary spacing = NSMutableDictionary::dictionary();
+  auto put = [&](NSString key, ColorSlider slider) {
+    spacing.setObject_forKey(NSNumber::numberWithFloat(slider.value()), key);
+  };
+  put("horizontal_padding"_ns, self.horSlider());
+  put("vertical_padding"_ns, self.vertSlider());
+  put("side_inset"_ns, self.sideSlider());
+  put("top_inset"_ns, self.topSlider());
+  return spacing;
+}
+
+// Its value is its place at this moment; later deletions do not change it.
+NSDictionary makeRecord(RQPopupView self, NSString title) {
+  NSMutableDictionary record = NSMutableDictionary::dictionary();
+  record.setObject_forKey(title, "name"_ns);
+  record.setObject_forKey(NSNumber::numberWithInt(static_cast<int>(self.configurations().count())),
+                          "value"_ns);
+  record.setObject_forKey(NSNumber::numberWithInt(1), "configurable"_ns);
+  record.setObject_forKey(spacingOf(self), "configuration"_ns);
+  return record;
+}
+
+void rewrite(RQPopupView self) {
+  presets::save(self.configurations());
+  self.getData();
+  self.pickerView().reloadAllComponents();
+}
+
+// The first record that bears the name of the selected row, and every one equal to it.
+void removeSelected(RQPopupView self) {
+  NSMutableArray records = self.configurations();
+  for (NSUInteger i = 0; i < records.count(); ++i) {
+    NSString wanted =
+        bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(self.rowSelected())));
+    if (!bridge::as<NSString>(named(records, i)).isEqualToString(wanted)) continue;
+    records.removeObject(records.objectAtIndex(i));
+    return;
+  }
+}
+
+}  // namespace
+
+// The select property stays empty, so "Select" can always be pressed.
+void setupPickerView(RQPopupView self) {
+  CGFloat width = self.frame().size.width;
+  addButton(self, 2 * width - selectFromRight, "Select"_ns, self.controlColor(),
+            bridge::selector<"didHitDone">());
+  addButton(self, width + deleteLeft, "Delete"_ns,
+            UIColor::colorWithRed_green_blue_alpha(165.0 / 255, 67.0 / 255, 77.0 / 255, 1),
+            bridge::selector<"deleteSelectedLayout:">());
+  auto picker = makePicker(self, width);
+  addCaption(self, width);
+  self.scrollView().addSubview(picker);
+}
+
+void getData(RQPopupView self) {
+  // A file that has gone meanwhile is made anew of what was known, with an empty record behind it.
+  NSMutableArray known = self.configurations();
+  if (known && presets::fileIsMissing()) known.addObject(NSDictionary::dictionary());
+  self.setConfigurations(NSMutableArray::arrayWithArray(presets::load(known)));
+  auto names = bridge::make<NSMutableArray, &NSObject::init>();
+  for (NSUInteger i = 0; i < self.configurations().count(); ++i)
+    names->addObject(named(self.configurations(), i));
+  self.setData(names);
+  bool any = names->count() > 0;
+  if (!any) self.pickerLabel().setText("No Saved Presets"_ns);
+  self.select().setEnabled(any);
+}
+
 NSMutableArray items(RQPopupView self) { return self.data(); }
-void didHitDone(RQPopupView self) { self.hide(); }
-void deleteSelectedLayout(RQPopupView, bridge::Object) {}
-void saveCurrentLayout(RQPopupView, bridge::Object) {}
-void saveWithTitle(RQPopupView, NSString) {}
-void exportSettings(RQPopupView) {}
-void openSettings(RQPopupView) {}
+
+NSInteger numberOfComponents(RQPopupView, UIPickerView) { return 1; }
+
+NSInteger numberOfRows(RQPopupView self, UIPickerView, NSInteger) {
+  return static_cast<NSInteger>(self.data().count());
+}
+
+NSString titleForRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
+  return bridge::as<NSString>(self.items().objectAtIndex(static_cast<NSUInteger>(row)));
+}
+
+NSAttributedString attributedTitleForRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
+  NSString title = bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(row)));
+  NSString color = bridge::as<NSString>(NSForegroundColorAttributeName);
+  return bridge::make<NSAttributedString, &NSAttributedString::initWithString_attributes>(
+             title, NSDictionary::dictionaryWithObject_forKey(self.controlColor(), color))
+      .autoreleased();
+}
+
+CGFloat widthForComponent(RQPopupView, UIPickerView picker, NSInteger) {
+  return static_cast<CGFloat>(static_cast<int>(picker.frame().size.width));
+}
+
+void didSelectRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
+  self.setRowSelected(static_cast<int>(row));
+}
+
+void didHitDone(RQPopupView self) {
+  store(self, "custom_preset"_ns, NSNumber::numberWithInt(self.rowSelected()));
+  RQGestureController::sharedInstance().updateConfigWithValue(self.rowSelected());
+  NSNumber shown = bridge::as<NSNumber>(self.rootObj().objectForKey("showed-setup"_ns));
+  if (!shown.boolValue()) showFirstRunNotice();
+  self.hide();
+}
+
+void deleteSelectedLayout(RQPopupView self, bridge::Object) {
+  bridge::Strong<RQPopupView> panel = bridge::retained(self);
+  UIView::animateWithDuration_delay_options_animations_completion(
+      fading, 0, UIViewAnimationOptionOverrideInheritedDuration,
+      Block<void()>([panel] { panel->setAlpha(blinkAlpha); }),
+      Block<void(BOOL)>([panel](BOOL) { fadeTo(panel, 1, fading); }));
+  self.getData();
+  removeSelected(self);
+  rewrite(self);
+}
+
+// The panel is out of sight while a name is asked for.
+void saveCurrentLayout(RQPopupView self, bridge::Object) {
+  fadeTo(self, 0, fading);
+  UIAlertController alert = makeAlert("Add custom layout"_ns);
+  alert.addTextFieldWithConfigurationHandler(Block<void(UITextField)>(setUpNameField));
+  // The field, not the alert, which would keep itself by its action.
+  auto field = bridge::retained(bridge::as<UITextField>(alert.textFields().objectAtIndex(0)));
+  auto panel = bridge::retained(self);
+  addAction(alert, "Add"_ns, UIAlertActionStyleDefault, [panel, field](UIAlertAction) {
+    fadeTo(panel, 1, fading);
+    if (NSString name = field->text(); name.length() > 0) panel->saveWithTitle(name);
+  });
+  addAction(alert, "Cancel"_ns, UIAlertActionStyleDestructive,
+            [panel](UIAlertAction) { fadeTo(panel, 1, fading); });
+  present(alert);
+}
+
+void saveWithTitle(RQPopupView self, NSString title) {
+  self.getData();
+  self.configurations().addObject(makeRecord(self, title));
+  rewrite(self);
+}
+
+void exportSettings(RQPopupView self) {
+  SBRootIconListView list = SBIconController::sharedInstance().currentRootIconList();
+  auto save = [](NSString key, CGFloat value) {
+    RQGestureController::sharedInstance().savePrefsWithKey_value(
+        key, NSNumber::numberWithFloat(static_cast<float>(value)));
+  };
+  save("sideIconInset"_ns, list.sideIconInset());
+  save("topIconInset"_ns, list.topIconInset());
+  save("horiIconPadding"_ns, list.horizontalIconPadding());
+  save("vertIconPadding"_ns, list.verticalIconPadding());
+  RQProgressHUD notice = RQProgressHUD::showHUDAddedTo_animated(self, YES);
+  notice.setMode(RQProgressHUDModeText);
+  notice.setLabelText("Exported Current Icon Layout"_ns);
+  notice.hide_afterDelay(YES, noticeTime);
+}
+
+void openSettings(RQPopupView self) {
+  UIApplication::sharedApplication().openURL(NSURL::URLWithString("prefs:root=Tilo"_ns));
+  self.didHitCancel();
+}
 
 }  // namespace tilo::panel

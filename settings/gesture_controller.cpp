@@ -50,22 +50,8 @@ void showPopup(RQGestureController self) {
   self.popView().show(self.gestureView());
 }
 
-// Presets by position: stored values may have gaps or repeats, so each copy gets its place in the file as its
-// value.
-bridge::Strong<NSMutableArray> renumbered(NSArray presets) {
-  auto result = bridge::make<NSMutableArray, &NSObject::init>();
-  for (NSUInteger position = 0; position < presets.count(); ++position) {
-    bridge::Object record = presets.objectAtIndex(position);
-    if (!bridge::isKindOf<NSDictionary>(record)) continue;
-    bridge::Strong<NSMutableDictionary> copy = bridge::as<NSDictionary>(record).mutableCopy();
-    copy->setObject_forKey(NSNumber::numberWithInt(static_cast<int>(position)), "value"_ns);
-    result->addObject(copy.get());
-  }
-  return result;
-}
-
 void updateConfig(RQGestureController self, int position) {
-  auto presets = renumbered(presets::load());
+  auto presets = presets::renumbered(presets::load());
   for (NSUInteger i = 0; i < presets->count(); ++i) {
     NSDictionary preset = bridge::as<NSDictionary>(presets->objectAtIndex(i));
     if (bridge::as<NSNumber>(preset.objectForKey("value"_ns)).intValue() == position)

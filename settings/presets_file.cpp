@@ -1,8 +1,10 @@
-// Reading and creating the presets file.
+// Reading, creating and writing the presets file.
 #include "settings/presets_file.hpp"
 
+#include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/file_manager.hpp"
 #include "platform/foundation/json.hpp"
+#include "platform/foundation/number.hpp"
 
 namespace tilo::presets {
 namespace {
@@ -12,26 +14,46 @@ NSString directory() { return "var/mobile/Documents/com.wexor.tilo3/custom/"_ns;
 NSString path() { return "var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
 NSString listKey() { return "configurations"_ns; }
 
-// The bytes of a new file. That they could not be written changes nothing for the caller.
-NSData create() {
-  NSFileManager::defaultManager().createDirectoryAtPath_withIntermediateDirectories_attributes_error(
-      directory(), YES, {}, nullptr);
-  NSDictionary empty = NSDictionary::dictionaryWithObject_forKey(NSArray::array(), listKey());
-  NSData bytes = NSJSONSerialization::dataWithJSONObject_options_error(empty, 0, nullptr);
+// The bytes that were to be written. That they could not be changes nothing for the caller.
+NSData write(NSArray presets) {
+  NSDictionary document = NSDictionary::dictionaryWithObject_forKey(presets, listKey());
+  NSData bytes = NSJSONSerialization::dataWithJSONObject_options_error(document, 0, nullptr);
   bytes.writeToFile_atomically(path(), YES);
   return bytes;
 }
 
+NSData create(NSArray presets) {
+  NSFileManager::defaultManager().createDirectoryAtPath_withIntermediateDirectories_attributes_error(
+      directory(), YES, {}, nullptr);
+  return write(presets ? presets : NSArray::array());
+}
+
 }  // namespace
 
-NSArray load() {
+bool fileIsMissing() { return !NSFileManager::defaultManager().fileExistsAtPath(path()); }
+
+NSArray load(NSArray initial) {
   NSData bytes = NSData::dataWithContentsOfFile(path());
-  if (!bytes && !NSFileManager::defaultManager().fileExistsAtPath(path())) bytes = create();
+  if (!bytes && fileIsMissing()) bytes = create(initial);
   if (bytes.length() == 0) return {};
   bridge::Object document = NSJSONSerialization::JSONObjectWithData_options_error(bytes, 0, nullptr);
   if (!bridge::isKindOf<NSDictionary>(document)) return {};
   bridge::Object list = bridge::as<NSDictionary>(document).objectForKey(listKey());
   return bridge::isKindOf<NSArray>(list) ? bridge::as<NSArray>(list) : NSArray{};
 }
+
+bridge::Strong<NSMutableArray> renumbered(NSArray presets) {
+  auto result = bridge::make<NSMutableArray, &NSObject::init>();
+  for (NSUInteger position = 0; position < presets.count(); ++position) {
+    bridge::Object record = presets.objectAtIndex(position);
+    if (!bridge::isKindOf<NSDictionary>(record)) continue;
+    bridge::Strong<NSMutableDictionary> copy = bridge::as<NSDictionary>(record).mutableCopy();
+    copy->setObject_forKey(NSNumber::numberWithInt(static_cast<int>(position)), "value"_ns);
+    result->addObject(copy.get());
+  }
+  return result;
+}
+
+void save(NSArray presets) { write(presets); }
 
 }  // namespace tilo::presets

@@ -8,8 +8,18 @@
 
 namespace tilo::presets {
 
+bool fileIsMissing();
+
 // The presets in file order, or nil when the file cannot be read or is of another shape. A file that is
-// missing is created without presets; one that exists is never changed by reading it.
-NSArray load();
+// missing is created with the presets that are given, or without any; one that exists is never changed by
+// reading it.
+NSArray load(NSArray initial = {});
+
+// Copies of the presets whose "value" is their position. The stored values may have gaps and repeats.
+bridge::Strong<NSMutableArray> renumbered(NSArray presets);
+
+// In place of the file's presets, all at once or not at all. A write that fails changes nothing and is not
+// told.
+void save(NSArray presets);
 
 }  // namespace tilo::presets

@@ -99,7 +99,7 @@ void layoutSubviews(AlertView self) {
 
 Strong<AlertView> makeAlertView(NSString title, NSString message) {
   auto card = bridge::make<AlertView, &UIView::initWithFrame>(CGRect{});
-  card->setBackgroundColor(UIColor::colorWithWhite_alpha(0.976, 0.97));
+  card->setBackgroundColor(UIColor::colorWithWhite_alpha(0.973, 1));
   card->setClipsToBounds(YES);
   card->layer().setCornerRadius(cornerRadius);
   AlertState& state = AlertClass::state(card);

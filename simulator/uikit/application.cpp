@@ -25,6 +25,18 @@ UIWindow keyWindowOf(UIApplication) { return keyWindow(); }
 NSArray windowsOf(UIApplication) { return makeArray(windows()); }
 NSInteger statusBarOrientation(UIApplication) { return configuration().orientation; }
 
+std::vector<std::string>& opened() {
+  static auto& list = *new std::vector<std::string>();
+  return list;
+}
+
+// Whatever the address, there is nobody here who could take it.
+BOOL openURL(UIApplication, NSURL url) {
+  if (!url) return NO;
+  opened().emplace_back(url.absoluteString().UTF8String());
+  return YES;
+}
+
 void sendEvent(UIApplication, UIEvent event) {
   for (const auto& window : touchedWindows()) window->sendEvent(event);
 }
@@ -46,12 +58,14 @@ BOOL sendActionTo(UIApplication, SEL action, bridge::Object target, bridge::Obje
 
 }  // namespace
 
+const std::vector<std::string>& openedURLs() { return opened(); }
+
 void defineApplication() {
   using bridge::method;
   bridge::Implementation<UIApplication>::define<UIResponder>(
       method<&UIApplication::sharedApplication, sharedApplication>(),
       method<&UIApplication::keyWindow, keyWindowOf>(), method<&UIApplication::windows, windowsOf>(),
-      method<&UIApplication::sendEvent, sendEvent>(),
+      method<&UIApplication::sendEvent, sendEvent>(), method<&UIApplication::openURL, openURL>(),
       method<&UIApplication::sendAction_to_from_forEvent, sendActionTo>(),
       method<&UIApplication::statusBarOrientation, statusBarOrientation>());
 }

@@ -1,7 +1,13 @@
 // UIApplication.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace sim::uikit {
+
+/** The addresses that were opened, in order. */
+const std::vector<std::string>& openedURLs();
 
 void defineApplication();
 
