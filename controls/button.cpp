@@ -3,6 +3,7 @@
 
 #include "bridge/define.hpp"
 #include "controls/button_colors.hpp"
+#include "controls/button_drawing.hpp"
 #include "controls/icon_string.hpp"
 #include "platform/foundation/character_set.hpp"
 
@@ -60,63 +61,8 @@ void setShouldShowDisabled(BButton self, BOOL value) {
   showDisabled(self);
 }
 
-UIColor colorForV2(Class, NSUInteger type) {
-  switch (type) {
-    case BButtonTypePrimary:
-      return ButtonColor::bb_primaryColorV2();
-    case BButtonTypeInfo:
-      return ButtonColor::bb_infoColorV2();
-    case BButtonTypeSuccess:
-      return ButtonColor::bb_successColorV2();
-    case BButtonTypeWarning:
-      return ButtonColor::bb_warningColorV2();
-    case BButtonTypeDanger:
-      return ButtonColor::bb_dangerColorV2();
-    case BButtonTypeInverse:
-      return ButtonColor::bb_inverseColorV2();
-    case BButtonTypeTwitter:
-      return ButtonColor::bb_twitterColor();
-    case BButtonTypeFacebook:
-      return ButtonColor::bb_facebookColor();
-    case BButtonTypePurple:
-      return ButtonColor::bb_purpleBButtonColor();
-    case BButtonTypeGray:
-      return ButtonColor::bb_grayBButtonColor();
-    case BButtonTypeClear:
-      return ButtonColor::bb_clearBButtonColor();
-    default:
-      return ButtonColor::bb_defaultColorV2();
-  }
-}
-
-UIColor colorForV3(Class, NSUInteger type) {
-  switch (type) {
-    case BButtonTypePrimary:
-      return ButtonColor::bb_primaryColorV3();
-    case BButtonTypeInfo:
-      return ButtonColor::bb_infoColorV3();
-    case BButtonTypeSuccess:
-      return ButtonColor::bb_successColorV3();
-    case BButtonTypeWarning:
-      return ButtonColor::bb_warningColorV3();
-    case BButtonTypeDanger:
-      return ButtonColor::bb_dangerColorV3();
-    case BButtonTypeInverse:
-      return ButtonColor::bb_inverseColorV3();
-    case BButtonTypeTwitter:
-      return ButtonColor::bb_twitterColor();
-    case BButtonTypeFacebook:
-      return ButtonColor::bb_facebookColor();
-    case BButtonTypePurple:
-      return ButtonColor::bb_purpleBButtonColor();
-    case BButtonTypeGray:
-      return ButtonColor::bb_grayBButtonColor();
-    case BButtonTypeClear:
-      return ButtonColor::bb_clearBButtonColor();
-    default:
-      return ButtonColor::bb_defaultColorV3();
-  }
-}
+UIColor colorForV2(Class, NSUInteger type) { return raisedColor(type); }
+UIColor colorForV3(Class, NSUInteger type) { return flatColor(type); }
 
 UIColor colorForType(Class self, NSUInteger type, NSUInteger style) {
   return style != BButtonStyleBootstrapV2 ? BButton::colorForV3StyleButtonWithType.on(self, type)
@@ -298,6 +244,9 @@ void defineButton() {
       method<&Face::cornerRadiusForStyle, cornerRadiusForStyle>(),
       method<&UIControl::setHighlighted, setFlag<&UIControl::setHighlighted>>(),
       method<&UIControl::setEnabled, setFlag<&UIControl::setEnabled>>(),
+      method<&UIView::drawRect, drawButton>(),
+      method<&Face::drawBButtonStyleV2InRect_withContext, drawRaised>(),
+      method<&Face::drawBButtonStyleV3InRect_withContext, drawFlat>(),
       // Titles.
       method<&Face::addAwesomeIcon_beforeTitle, addIcon>(),
       method<&Face::stringByTrimingWhiteSpaceFromString, trimmed>(), method<&Face::isStringEmpty, isEmpty>());

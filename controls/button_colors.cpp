@@ -1,9 +1,10 @@
-// UIColor(BButton)'s methods.
+// UIColor(BButton)'s methods, and which colour a kind of button has.
 #include "controls/button_colors.hpp"
 
 #include <algorithm>
 
 #include "bridge/replace.hpp"
+#include "controls/button.hpp"
 
 namespace tilo {
 namespace {
@@ -73,6 +74,64 @@ bridge::Row category() {
 }
 
 }  // namespace
+
+UIColor raisedColor(NSUInteger type) {
+  switch (type) {
+    case BButtonTypePrimary:
+      return ButtonColor::bb_primaryColorV2();
+    case BButtonTypeInfo:
+      return ButtonColor::bb_infoColorV2();
+    case BButtonTypeSuccess:
+      return ButtonColor::bb_successColorV2();
+    case BButtonTypeWarning:
+      return ButtonColor::bb_warningColorV2();
+    case BButtonTypeDanger:
+      return ButtonColor::bb_dangerColorV2();
+    case BButtonTypeInverse:
+      return ButtonColor::bb_inverseColorV2();
+    case BButtonTypeTwitter:
+      return ButtonColor::bb_twitterColor();
+    case BButtonTypeFacebook:
+      return ButtonColor::bb_facebookColor();
+    case BButtonTypePurple:
+      return ButtonColor::bb_purpleBButtonColor();
+    case BButtonTypeGray:
+      return ButtonColor::bb_grayBButtonColor();
+    case BButtonTypeClear:
+      return ButtonColor::bb_clearBButtonColor();
+    default:
+      return ButtonColor::bb_defaultColorV2();
+  }
+}
+
+UIColor flatColor(NSUInteger type) {
+  switch (type) {
+    case BButtonTypePrimary:
+      return ButtonColor::bb_primaryColorV3();
+    case BButtonTypeInfo:
+      return ButtonColor::bb_infoColorV3();
+    case BButtonTypeSuccess:
+      return ButtonColor::bb_successColorV3();
+    case BButtonTypeWarning:
+      return ButtonColor::bb_warningColorV3();
+    case BButtonTypeDanger:
+      return ButtonColor::bb_dangerColorV3();
+    case BButtonTypeInverse:
+      return ButtonColor::bb_inverseColorV3();
+    case BButtonTypeTwitter:
+      return ButtonColor::bb_twitterColor();
+    case BButtonTypeFacebook:
+      return ButtonColor::bb_facebookColor();
+    case BButtonTypePurple:
+      return ButtonColor::bb_purpleBButtonColor();
+    case BButtonTypeGray:
+      return ButtonColor::bb_grayBButtonColor();
+    case BButtonTypeClear:
+      return ButtonColor::bb_clearBButtonColor();
+    default:
+      return ButtonColor::bb_defaultColorV3();
+  }
+}
 
 void addButtonColors() {
   using Face = ButtonColor;

@@ -36,6 +36,10 @@ struct ButtonColor : bridge::Face<"UIColor", UIColor> {
       bb_desaturatedColorToPercentSaturation;
 };
 
+// The palette's colour of a kind of button (BButtonType…) in the look of style 0 and in that of style 1.
+UIColor raisedColor(NSUInteger type);
+UIColor flatColor(NSUInteger type);
+
 // Gives UIColor these methods.
 void addButtonColors();
 

@@ -6,8 +6,11 @@
 #include <map>
 
 #include "bridge/define.hpp"
+#include "platform/foundation/dictionary.hpp"
+#include "platform/foundation/number.hpp"
 #include "platform/uikit/button.hpp"
 #include "platform/uikit/image_view.hpp"
+#include "simulator/uikit/coding.hpp"
 #include "simulator/uikit/configuration.hpp"
 
 namespace sim::uikit {
@@ -201,6 +204,44 @@ UIButton buttonWithType(Class self, NSInteger type) {
   return std::move(made).autoreleased();
 }
 
+template <class T>
+void encode(const ByState<T>& values, NSCoder coder, NSString key) {
+  auto archived = bridge::make<NSMutableDictionary, &NSObject::init>();
+  for (const auto& [state, value] : values.values)
+    if (value) archived->setObject_forKey(value.get(), NSNumber::numberWithInt(static_cast<int>(state)));
+  coder.encodeObject_forKey(archived.get(), key);
+}
+
+template <class T>
+void decode(ByState<T>& values, NSCoder coder, NSString key) {
+  const auto archived = bridge::as<NSDictionary>(coder.decodeObjectForKey(key));
+  for (const NSUInteger state :
+       {UIControlStateNormal, UIControlStateHighlighted, UIControlStateDisabled, UIControlStateSelected})
+    if (const auto value = archived.objectForKey(NSNumber::numberWithInt(static_cast<int>(state))))
+      values.values[state] = retained(bridge::as<T>(value));
+}
+
+// The label comes with the title.
+void encodeWithCoder(UIButton self, NSCoder coder) {
+  const ButtonState& state = stateOf(self);
+  encodeLooks(self, coder);
+  coder.encodeInteger_forKey(state.type, "UIButtonType"_ns);
+  encode(state.titles, coder, "UIButtonTitles"_ns);
+  encode(state.titleColors, coder, "UIButtonTitleColors"_ns);
+  encode(state.shadowColors, coder, "UIButtonTitleShadowColors"_ns);
+}
+
+Strong<UIView> initWithCoder(UIButton self, NSCoder coder) {
+  auto made = bridge::adopt<UIButton>(ButtonClass::super<&Coding::initWithCoder>(self, coder).leak());
+  ButtonState& state = stateOf(made.get());
+  state.type = coder.decodeIntegerForKey("UIButtonType"_ns);
+  decode(state.titles, coder, "UIButtonTitles"_ns);
+  decode(state.titleColors, coder, "UIButtonTitleColors"_ns);
+  decode(state.shadowColors, coder, "UIButtonTitleShadowColors"_ns);
+  update(made);
+  return made;
+}
+
 NSInteger buttonType(UIButton self) { return stateOf(self).type; }
 
 }  // namespace
@@ -211,6 +252,7 @@ void defineButton() {
   ButtonClass::define<UIControl>(
       method<&UIView::initWithFrame, initWithFrame>(), method<&Face::buttonWithType, buttonWithType>(),
       method<&Face::buttonType, buttonType>(), method<&Face::titleLabel, titleLabel>(),
+      method<&Coding::initWithCoder, initWithCoder>(), method<&Coding::encodeWithCoder, encodeWithCoder>(),
       // By state.
       method<&Face::titleForState, titleForState>(), method<&Face::setTitle_forState, setTitle>(),
       method<&Face::titleColorForState, titleColorForState>(),

@@ -8,6 +8,7 @@
 
 #include "bridge/define.hpp"
 #include "platform/coregraphics/context.hpp"
+#include "simulator/uikit/coding.hpp"
 
 namespace sim::uikit {
 namespace {
@@ -25,9 +26,18 @@ struct Comparable : bridge::Face<"NSObject", bridge::Object> {
   MESSAGE Method<"hash", NSUInteger()> hash;
 };
 
+struct CodedColor : bridge::Face<"UIColor", UIColor> {
+  MESSAGE Method<"initWithCoder:", UIColor(NSCoder)> initWithCoder;
+};
+
 struct HueColor {
   double hue, saturation, brightness;
 };
+
+NSString componentKey(std::size_t index) {
+  const NSString keys[] = {"UIColor0"_ns, "UIColor1"_ns, "UIColor2"_ns, "UIColor3"_ns};
+  return keys[index];
+}
 
 double unit(double component) { return std::clamp(component, 0.0, 1.0); }
 
@@ -135,6 +145,21 @@ void setBoth(UIColor self) {
   self.setStroke();
 }
 
+void encodeWithCoder(UIColor self, NSCoder coder) {
+  const CGColor& color = ColorClass::state(self).color;
+  coder.encodeInteger_forKey(color.gray, "UIColorIsGray"_ns);
+  for (std::size_t i = 0; i < color.components.size(); ++i)
+    coder.encodeDouble_forKey(color.components[i], componentKey(i));
+}
+
+Strong<UIColor> initWithCoder(UIColor self, NSCoder coder) {
+  CGColor color;
+  color.gray = coder.decodeIntegerForKey("UIColorIsGray"_ns) != 0;
+  for (std::size_t i = 0; i < color.components.size(); ++i)
+    color.components[i] = coder.decodeDoubleForKey(componentKey(i));
+  return initialised(self, color);
+}
+
 // A grey is no colour of equal components.
 BOOL isEqual(UIColor self, bridge::Object other) {
   return bridge::isKindOf<UIColor>(other) &&
@@ -182,7 +207,8 @@ void defineColor() {
       method<&UIColor::getRed_green_blue_alpha, getComponents>(),
       method<&UIColor::getHue_saturation_brightness_alpha, getHue>(), method<&UIColor::CGColor, cgColor>(),
       method<&UIColor::set, setBoth>(), method<&UIColor::setFill, setFill>(),
-      method<&UIColor::setStroke, setStroke>(), method<&Comparable::isEqual, isEqual>(),
+      method<&UIColor::setStroke, setStroke>(), method<&CodedColor::initWithCoder, initWithCoder>(),
+      method<&Coding::encodeWithCoder, encodeWithCoder>(), method<&Comparable::isEqual, isEqual>(),
       method<&Comparable::hash, hash>(),
       // Apple's values, as the platform's reference gives them.
       method<&UIColor::blackColor, gray<0, 1>>(), method<&UIColor::darkGrayColor, gray<1, 3>>(),

@@ -70,7 +70,12 @@ Text textOf(UILabel self) {
             .lineLimit = static_cast<int>(std::max<NSInteger>(state.numberOfLines, 0))};
   if (state.text)
     text.runs.push_back({state.text->UTF8String(), fontOf(state.font), colorOf(self.textColor())});
-  if (state.shadowColor) text.shadow = TextShadow{colorOf(state.shadowColor), state.shadowOffset};
+  // Faint text casts a faint shadow; one that lies right behind the text is not drawn.
+  if (state.shadowColor && !(state.shadowOffset == CGSize{})) {
+    const Color color = colorOf(state.shadowColor);
+    const double alpha = color.alpha * colorOf(self.textColor()).alpha;
+    text.shadow = TextShadow{withAlpha(color, alpha), state.shadowOffset};
+  }
   return text;
 }
 

@@ -5,6 +5,7 @@
 
 #include "bridge/define.hpp"
 #include "simulator/uikit/animation.hpp"
+#include "simulator/uikit/coding.hpp"
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/drawing_context.hpp"
 #include "simulator/uikit/first_responder.hpp"
@@ -44,6 +45,12 @@ Strong<UIView> initWithFrame(UIView self, CGRect frame) {
 
 Strong<NSObject> init(UIView self) {
   return bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, CGRect{});
+}
+
+Strong<UIView> initWithCoder(UIView self, NSCoder coder) {
+  auto made = initWithFrame(self, {});
+  decodeView(made, coder);
+  return made;
 }
 
 UIResponder nextResponder(UIView self) {
@@ -139,6 +146,7 @@ void defineView() {
   using bridge::method;
   ViewClass::define<UIResponder>(
       method<&NSObject::init, init>(), method<&UIView::initWithFrame, initWithFrame>(),
+      method<&Coding::initWithCoder, initWithCoder>(), method<&Coding::encodeWithCoder, encodeView>(),
       method<&UIResponder::nextResponder, nextResponder>(),
       // Geometry.
       method<&UIView::frame, view::frame>(), method<&UIView::setFrame, view::setFrame>(),

@@ -1,0 +1,211 @@
+// BButton drawn: the flat look's colours, the older look, and what changes them.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "controls/button.hpp"
+#include "controls/button_colors.hpp"
+#include "platform/uikit/application.hpp"
+#include "platform/uikit/layer.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/uikit/rendering.hpp"
+#include "tests/simulator/quartz/pixels.hpp"
+#include "tests/support/home.hpp"
+
+namespace {
+
+using bridge::Strong;
+using sim::test::Pixel;
+using test::Home;
+using tilo::BButton;
+using tilo::ButtonColor;
+
+constexpr CGRect frame{{20, 100}, {100, 40}};
+
+// A black screen with a button on it, two pixels to the point.
+class Screen {
+ public:
+  Screen() {
+    back->setBackgroundColor(UIColor::blackColor());
+    UIApplication::sharedApplication().keyWindow().addSubview(back);
+  }
+
+  Strong<BButton> add(UIColor color, NSUInteger style) {
+    auto button = bridge::make<BButton, &BButton::initWithFrame_color_style>(frame, color, style);
+    back->addSubview(button);
+    return button;
+  }
+
+  // Places in points of the button; the pixel whose corner lies there.
+  Pixel at(double x, double y) {
+    const sim::Surface picture = sim::uikit::renderScreen(sim::clock::now());
+    return sim::test::pixelAt(picture.get(), static_cast<int>(std::lround((frame.origin.x + x) * 2)),
+                              static_cast<int>(std::lround((frame.origin.y + y) * 2)));
+  }
+  Pixel fill() { return at(50, 20); }
+  Pixel outline() { return at(50, 0); }
+
+ private:
+  Home home;
+  Strong<UIView> back = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{0, 0}, {375, 667}});
+};
+
+UIColor orange() { return UIColor::colorWithRed_green_blue_alpha(0.8, 0.4, 0.2, 1); }
+
+Pixel pixelOf(UIColor color) {
+  CGFloat red = 0, green = 0, blue = 0, alpha = 0;
+  color.getRed_green_blue_alpha(&red, &green, &blue, &alpha);
+  const auto byte = [](double part) { return static_cast<int>(std::lround(part * 255)); };
+  return {byte(red), byte(green), byte(blue), byte(alpha)};
+}
+
+UIColor darker(CGFloat by) { return bridge::as<ButtonColor>(orange()).bb_darkenColorWithValue(by); }
+
+UIColor paler(UIColor color) {
+  return bridge::as<ButtonColor>(color).bb_desaturatedColorToPercentSaturation(0.6);
+}
+
+void expectNear(Pixel shown, UIColor color) {
+  const Pixel wanted = pixelOf(color);
+  EXPECT_NEAR(shown.red, wanted.red, 1);
+  EXPECT_NEAR(shown.green, wanted.green, 1);
+  EXPECT_NEAR(shown.blue, wanted.blue, 1);
+}
+
+TEST(FlatButton, IsFilledWithItsColorAndOutlinedALittleDarker) {
+  Screen screen;
+  auto button = screen.add(orange(), 1);
+  expectNear(screen.fill(), orange());
+  expectNear(screen.outline(), darker(0.06f));
+  expectNear(screen.at(50, 39.5), darker(0.06f));
+  expectNear(screen.at(0, 20), darker(0.06f));
+  expectNear(screen.at(99.5, 20), darker(0.06f));
+  expectNear(screen.at(50, 1), orange());
+}
+
+TEST(FlatButton, IsDarkerWhileItIsHighlighted) {
+  Screen screen;
+  auto button = screen.add(orange(), 1);
+  expectNear(screen.fill(), orange());
+  button->setHighlighted(YES);
+  expectNear(screen.fill(), darker(0.06f));
+  expectNear(screen.outline(), darker(0.12f));
+  button->setHighlighted(NO);
+  expectNear(screen.fill(), orange());
+}
+
+TEST(FlatButton, IsPalerWhileItIsDisabled) {
+  Screen screen;
+  auto button = screen.add(orange(), 1);
+  expectNear(screen.fill(), orange());
+  button->setEnabled(NO);
+  expectNear(screen.fill(), paler(orange()));
+  expectNear(screen.outline(), paler(darker(0.06f)));
+  button->setEnabled(YES);
+  expectNear(screen.fill(), orange());
+}
+
+TEST(FlatButton, IsDarkerAndPalerWhenItIsBoth) {
+  Screen screen;
+  auto button = screen.add(orange(), 1);
+  button->setHighlighted(YES);
+  button->setEnabled(NO);
+  expectNear(screen.fill(), paler(darker(0.06f)));
+  expectNear(screen.outline(), paler(darker(0.12f)));
+}
+
+TEST(FlatButton, HasRoundCornersOfItsRadius) {
+  Screen screen;
+  auto button = screen.add(orange(), 1);
+  EXPECT_EQ(screen.at(0, 0), pixelOf(UIColor::blackColor()));
+  expectNear(screen.at(2.5, 2.5), orange());
+  button->setButtonCornerRadius(NSNumber::numberWithFloat(15));
+  button->setNeedsDisplay();
+  EXPECT_EQ(screen.at(2.5, 2.5), pixelOf(UIColor::blackColor()));
+}
+
+TEST(FlatButton, IsRedrawnInAnotherColor) {
+  Screen screen;
+  auto button = screen.add(orange(), 1);
+  expectNear(screen.fill(), orange());
+  button->setColor(UIColor::blueColor());
+  expectNear(screen.fill(), UIColor::blueColor());
+  button->setType(tilo::BButtonTypeSuccess);
+  expectNear(screen.fill(), ButtonColor::bb_successColorV3());
+}
+
+TEST(ClearButton, ShowsNothingButItsTitle) {
+  Screen screen;
+  auto button = screen.add(UIColor::clearColor(), 1);
+  const Pixel black = pixelOf(UIColor::blackColor());
+  for (const bool highlighted : {false, true})
+    for (const bool enabled : {false, true}) {
+      button->setHighlighted(highlighted);
+      button->setEnabled(enabled);
+      EXPECT_EQ(screen.fill(), black);
+      EXPECT_EQ(screen.outline(), black);
+    }
+}
+
+TEST(ClearButton, ShowsNothingInTheOlderLookEither) {
+  Screen screen;
+  auto button = screen.add(UIColor::clearColor(), 0);
+  for (const double y : {0.0, 1.5, 20.0, 38.5, 39.5})
+    EXPECT_EQ(screen.at(50, y), pixelOf(UIColor::blackColor())) << y;
+}
+
+TEST(ButtonOfAnUnknownStyle, ShowsNothingButItsTitle) {
+  Screen screen;
+  auto button = screen.add(orange(), 2);
+  EXPECT_EQ(screen.fill(), pixelOf(UIColor::blackColor()));
+  EXPECT_EQ(screen.outline(), pixelOf(UIColor::blackColor()));
+  button->setStyle(1);
+  expectNear(screen.fill(), orange());
+}
+
+TEST(RaisedButton, GetsDarkerFromAboveToBelow) {
+  Screen screen;
+  auto button = screen.add(orange(), 0);
+  int last = 256;
+  for (const double y : {4.0, 12.0, 20.0, 28.0, 35.0}) {
+    const int red = screen.at(50, y).red;
+    EXPECT_LT(red, last) << y;
+    last = red;
+  }
+  EXPECT_LT(screen.at(50, 38.5).red, last) << "the border";
+}
+
+TEST(RaisedButton, HasALitEdgeInsideAboveAndOutsideBelow) {
+  Screen screen;
+  auto button = screen.add(orange(), 0);
+  EXPECT_GT(screen.at(50, 1.5).blue, screen.at(50, 4).blue + 30);
+  EXPECT_GT(screen.at(50, 39.5).blue, 50);
+}
+
+TEST(RaisedButton, IsDarkerAboveWhileItIsHighlighted) {
+  Screen screen;
+  auto button = screen.add(orange(), 0);
+  const int before = screen.at(50, 4).red;
+  button->setHighlighted(YES);
+  EXPECT_LT(screen.at(50, 4).red, before - 40);
+  EXPECT_LT(screen.at(50, 3).red, screen.at(50, 20).red);
+}
+
+TEST(RaisedButton, IsPalerWhileItIsDisabled) {
+  Screen screen;
+  auto button = screen.add(orange(), 0);
+  const Pixel before = screen.fill();
+  button->setEnabled(NO);
+  const Pixel after = screen.fill();
+  EXPECT_NEAR(after.red - after.blue, 0.6 * (before.red - before.blue), 4);
+}
+
+TEST(Button, DrawsNothingWithoutAContext) {
+  Screen screen;
+  auto raised = screen.add(orange(), 0), flat = screen.add(orange(), 1);
+  raised->drawRect(frame);
+  flat->drawRect(frame);
+  expectNear(screen.fill(), orange());
+}
+
+}  // namespace
