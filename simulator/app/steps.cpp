@@ -4,6 +4,7 @@
 #include "bridge/runtime.hpp"
 #include "simulator/app/home_steps.hpp"
 #include "simulator/app/outside.hpp"
+#include "simulator/app/row_steps.hpp"
 #include "simulator/app/run_loop.hpp"
 #include "simulator/app/touch_steps.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -35,6 +36,8 @@ void perform(Simulation& simulation, const Step& step) {
     case StepKind::finger:
     case StepKind::page:
       return performTouch(step);
+    case StepKind::slide:
+      return performRow(step);
     case StepKind::launch:
     case StepKind::home:
     case StepKind::open:

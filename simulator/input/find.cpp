@@ -79,13 +79,6 @@ std::vector<Thing> thingsNamed(std::string_view name) {
   return {found.rbegin(), found.rend()};
 }
 
-CGPoint middleOnScreen(UIView view) {
-  const CGRect bounds = view.bounds();
-  return sim::convertPoint(
-      {bounds.origin.x + bounds.size.width / 2, bounds.origin.y + bounds.size.height / 2},
-      &uikit::layerOf(view), nullptr);
-}
-
 bool isHidden(UIView view) {
   for (; view; view = view.superview())
     if (view.isHidden() || view.alpha() < leastAlpha) return true;
@@ -116,20 +109,6 @@ bool isOnScreen(CGPoint point) {
   return point.x >= 0 && point.y >= 0 && point.x < screen.width && point.y < screen.height;
 }
 
-// Why the thing cannot be tapped; nothing when it can.
-std::string obstacle(const Thing& thing) {
-  if (isHidden(thing.part)) return "is hidden";
-  const CGPoint middle = middleOnScreen(thing.part);
-  if (!isOnScreen(middle)) return "is not on the screen";
-  if (isCutOff(thing.part, middle)) return "is out of sight";
-  if (isDisabled(thing.view)) return "is disabled";
-  const UIView hit = uikit::viewAt(middle);
-  if (hit && hit.isDescendantOfView(thing.view)) return "";
-  if (hit && bridge::isKindOf<UILabel>(thing.view) && thing.view.isDescendantOfView(hit)) return "";
-  return hit ? fmt::format("is covered by a {}", class_getName(bridge::classOf(hit.raw)))
-             : "takes no touches now";
-}
-
 bool isGlyph(std::string_view text, std::size_t at) {
   // U+E000 to U+F8FF in UTF-8: EE 80 80 to EF A3 BF.
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[at + i]); };
@@ -138,6 +117,25 @@ bool isGlyph(std::string_view text, std::size_t at) {
 }
 
 }  // namespace
+
+CGPoint middleOnScreen(UIView view) {
+  const CGRect bounds = view.bounds();
+  return sim::convertPoint(
+      {bounds.origin.x + bounds.size.width / 2, bounds.origin.y + bounds.size.height / 2},
+      &uikit::layerOf(view), nullptr);
+}
+
+std::string obstacle(UIView view, UIView part, CGPoint place) {
+  if (isHidden(part)) return "is hidden";
+  if (!isOnScreen(place)) return "is not on the screen";
+  if (isCutOff(part, place)) return "is out of sight";
+  if (isDisabled(view)) return "is disabled";
+  const UIView hit = uikit::viewAt(place);
+  if (hit && hit.isDescendantOfView(view)) return "";
+  if (hit && bridge::isKindOf<UILabel>(view) && view.isDescendantOfView(hit)) return "";
+  return hit ? fmt::format("is covered by a {}", class_getName(bridge::classOf(hit.raw)))
+             : "takes no touches now";
+}
 
 std::string withoutGlyphs(std::string_view text) {
   std::string kept;
@@ -156,8 +154,9 @@ CGPoint findNamed(std::string_view name) {
   uikit::layoutPass();
   std::string why;
   for (const Thing& thing : thingsNamed(name)) {
-    const std::string reason = obstacle(thing);
-    if (reason.empty()) return middleOnScreen(thing.part);
+    const CGPoint middle = middleOnScreen(thing.part);
+    const std::string reason = obstacle(thing.view, thing.part, middle);
+    if (reason.empty()) return middle;
     if (why.empty()) why = reason;
   }
   throw UsageError(why.empty() ? fmt::format("nothing is called \"{}\"", name)

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/coregraphics/geometry.hpp"
+#include "platform/uikit/view.hpp"
 
 namespace sim::input {
 
@@ -24,6 +24,15 @@ CGPoint findNamed(std::string_view name);
  */
 CGPoint freePoint();
 CGPoint freePoint(CGPoint other, double distance);
+
+/** The middle of a view, in points of the screen as it is turned. */
+CGPoint middleOnScreen(UIView view);
+
+/**
+ * Why a finger at that point of the screen, on a part of the view, does not act on the view: words that go on
+ * after its name. Empty when nothing is in its way.
+ */
+std::string obstacle(UIView view, UIView part, CGPoint place);
 
 /** A text without glyphs of the private use area and without the spaces at either end then. */
 std::string withoutGlyphs(std::string_view text);

@@ -48,6 +48,10 @@ void send(int finger, NSInteger phase, CGPoint place, double force) {
   uikit::sendFingers({{finger, phase, place, force}});
 }
 
+CGPoint onTheWay(CGPoint from, CGPoint to, double part) {
+  return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
+}
+
 // Moves the gesture's finger in even steps; `at` gets the fraction of the way, which ends with exactly 1.
 void moveOver(double seconds, auto at) {
   const int moves = std::max(1, static_cast<int>(std::lround(seconds * movesPerSecond)));
@@ -124,9 +128,14 @@ void press(double force, CGPoint place) {
 void drag(CGPoint from, CGPoint to, double seconds) {
   checkPlace(to);
   fingerDown(ownFinger, from);
-  moveOver(seconds, [&](double part) {
-    fingerMove(ownFinger, {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part});
-  });
+  moveOver(seconds, [&](double part) { fingerMove(ownFinger, onTheWay(from, to, part)); });
+  fingerUp(ownFinger, to);
+}
+
+void dragAtOnce(CGPoint from, CGPoint to, int moves) {
+  checkPlace(to);
+  fingerDown(ownFinger, from);
+  for (int i = 1; i <= moves; ++i) fingerMove(ownFinger, onTheWay(from, to, static_cast<double>(i) / moves));
   fingerUp(ownFinger, to);
 }
 

@@ -30,5 +30,7 @@ void swipe(Direction direction, CGPoint from);
 void press(double force, CGPoint place);
 /** At even speed. */
 void drag(CGPoint from, CGPoint to, double seconds);
+/** In so many even moves, which take no time. */
+void dragAtOnce(CGPoint from, CGPoint to, int moves);
 
 }  // namespace sim::input

@@ -5,38 +5,14 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cmath>
-#include <limits>
 #include <span>
 #include <utility>
 
 #include "simulator/device/usage_error.hpp"
+#include "simulator/input/step_arguments.hpp"
 
 namespace sim {
 namespace {
-
-struct Token {
-  std::string text;
-  bool quoted;
-};
-
-// What an argument may be; none where a form of a step has fewer arguments than there is room for.
-enum class Shape {
-  none,
-  seconds,
-  orientation,
-  file,
-  word,
-  setting,
-  coordinate,
-  force,
-  direction,
-  name,
-  finger,
-  phase,
-  page
-};
 
 constexpr std::size_t mostArguments = 6;
 
@@ -73,6 +49,7 @@ constexpr Form forms[] = {
      StepKind::finger,
      {Shape::finger, Shape::phase, Shape::coordinate, Shape::coordinate, Shape::force}},
     {"page", StepKind::page, {Shape::page}},
+    {"slide", StepKind::slide, {Shape::name, Shape::value}},
     {"launch", StepKind::launch, {Shape::name}},
     {"home", StepKind::home},
     {"open", StepKind::open, {Shape::name}},
@@ -86,115 +63,12 @@ constexpr Form forms[] = {
     {"message", StepKind::message, {Shape::word}, Shape::setting},
 };
 
-constexpr double mostFingers = 10;
-constexpr double longestWait = 1e6;  // seconds: eleven days, far more than a script can mean
-
-std::string_view description(Shape shape) {
-  switch (shape) {
-    case Shape::seconds:
-      return "SECONDS";
-    case Shape::orientation:
-      return "portrait|landscape";
-    case Shape::file:
-      return "FILE";
-    case Shape::coordinate:
-      return "POINTS";
-    case Shape::force:
-      return "FORCE";
-    case Shape::direction:
-      return "up|down|left|right";
-    case Shape::name:
-      return "\"NAME\"";
-    case Shape::finger:
-      return "N";
-    case Shape::phase:
-      return "down|move|up";
-    case Shape::page:
-      return "0|1";
-    case Shape::word:
-      return "NAME";
-    case Shape::setting:
-      return "KEY=VALUE";
-    case Shape::none:
-      break;
-  }
-  return "";
-}
-
 std::string usage(const Form& form) {
   std::string text(form.name);
   for (std::size_t index = 0; index < form.count(); ++index)
     text += fmt::format(" {}", description(form.shapes[index]));
   if (form.more != Shape::none) text += fmt::format(" {} ...", description(form.more));
   return text;
-}
-
-std::optional<double> finiteNumber(const Token& token) {
-  double value = 0;
-  const char* const end = token.text.data() + token.text.size();
-  const auto [stop, error] = std::from_chars(token.text.data(), end, value);
-  if (token.quoted || error != std::errc{} || stop != end || !std::isfinite(value)) return std::nullopt;
-  return value;
-}
-
-bool isSetting(const std::string& text) {
-  const std::size_t equals = text.find('=');
-  return equals != std::string::npos && equals > 0;
-}
-
-std::optional<StepArgument> numberWithin(const Token& token, double least, double most) {
-  const std::optional<double> value = finiteNumber(token);
-  if (!value || *value < least || *value > most) return std::nullopt;
-  return *value;
-}
-
-std::optional<StepArgument> oneOf(const Token& token, std::initializer_list<std::string_view> words) {
-  if (token.quoted || std::ranges::find(words, token.text) == words.end()) return std::nullopt;
-  return token.text;
-}
-
-// The argument that a token is; none when it has not that shape.
-std::optional<StepArgument> argument(Shape shape, const Token& token, const std::filesystem::path& folder) {
-  switch (shape) {
-    case Shape::seconds: {
-      const std::optional<double> value = finiteNumber(token);
-      if (!value || *value < 0 || *value > longestWait) return std::nullopt;
-      return *value;
-    }
-    case Shape::coordinate:
-      return numberWithin(token, -std::numeric_limits<double>::max(), std::numeric_limits<double>::max());
-    case Shape::force:
-      return numberWithin(token, 0, std::numeric_limits<double>::max());
-    case Shape::finger: {
-      const std::optional<StepArgument> value = numberWithin(token, 0, mostFingers);
-      if (!value || std::get<double>(*value) != std::floor(std::get<double>(*value))) return std::nullopt;
-      return value;
-    }
-    case Shape::direction:
-      return oneOf(token, {"up", "down", "left", "right"});
-    case Shape::phase:
-      return oneOf(token, {"down", "move", "up"});
-    case Shape::page:
-      return oneOf(token, {"0", "1"});
-    case Shape::name:
-      if (!token.quoted || token.text.empty()) return std::nullopt;
-      return token.text;
-    case Shape::orientation:
-      if (token.quoted || (token.text != "portrait" && token.text != "landscape")) return std::nullopt;
-      return token.text;
-    case Shape::file:
-      if (token.text.empty()) return std::nullopt;
-      return token.text == "-" ? token.text : (folder / token.text).string();
-    case Shape::word:
-      if (token.text.empty()) return std::nullopt;
-      return token.text;
-    case Shape::setting:
-      if (!isSetting(token.text)) return std::nullopt;
-      return token.text;
-    case Shape::none:
-      break;
-  }
-  return std::nullopt;
 }
 
 bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\f' || c == '\v'; }

@@ -20,6 +20,7 @@ enum class StepKind {
   drag,
   finger,
   page,
+  slide,
   launch,
   home,
   open,

@@ -16,6 +16,7 @@ struct TouchState {
   double timestamp = 0;  // seconds
   NSUInteger tapCount = 1;
   CGPoint location{}, previous{};  // points of the window
+  CGPoint start{};                 // where it came down
   double force = 0;                // 1 is an average touch
   bridge::Strong<UIWindow> window;
   bridge::Strong<UIView> view;

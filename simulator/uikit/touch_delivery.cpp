@@ -28,6 +28,26 @@ void tell(UIView view, NSInteger phase, const std::vector<Strong<UITouch>>& touc
   }
 }
 
+// Where a touch has got to, kept while its view hears of an earlier phase.
+struct Present {
+  explicit Present(const TouchState& state)
+      : phase(state.phase), location(state.location), previous(state.previous) {}
+
+  NSInteger phase;
+  CGPoint location, previous;
+};
+
+void show(TouchState& state, NSInteger phase) {
+  state.phase = phase;
+  if (phase == UITouchPhaseBegan) state.location = state.previous = state.start;
+}
+
+void restore(TouchState& state, const Present& present) {
+  state.phase = present.phase;
+  state.location = present.location;
+  state.previous = present.previous;
+}
+
 // Tells of a phase, which the touches show meanwhile even where they have gone further.
 void tellPhase(NSInteger phase, std::vector<Strong<UITouch>> touches) {
   while (!touches.empty()) {
@@ -38,10 +58,13 @@ void tellPhase(NSInteger phase, std::vector<Strong<UITouch>> touches) {
       ofView.push_back(touch);
       return true;
     });
-    std::vector<NSInteger> phases;
-    for (const auto& touch : ofView) phases.push_back(std::exchange(stateOf(touch.get()).phase, phase));
+    std::vector<Present> presents;
+    for (const auto& touch : ofView) {
+      presents.emplace_back(stateOf(touch.get()));
+      show(stateOf(touch.get()), phase);
+    }
     tell(view, phase, ofView);
-    for (std::size_t i = 0; i < ofView.size(); ++i) stateOf(ofView[i].get()).phase = phases[i];
+    for (std::size_t i = 0; i < ofView.size(); ++i) restore(stateOf(ofView[i].get()), presents[i]);
   }
 }
 
@@ -62,7 +85,7 @@ bool begins(UITouch touch, TouchState& state) {
   }
   if (isBeginningWithheld(touch)) return false;
   state.delivery = TouchDelivery::begun;
-  if (state.phase == UITouchPhaseBegan || state.phase == UITouchPhaseMoved) state.changed = false;
+  if (state.phase == UITouchPhaseBegan) state.changed = false;
   return true;
 }
 

@@ -64,7 +64,7 @@ void begin(const FingerChange& change) {
   state.timestamp = clock::now();
   state.view = retained(view);
   state.window = retained(windowOf(view));
-  state.location = state.previous = toWindow(change.location, state.window);
+  state.location = state.previous = state.start = toWindow(change.location, state.window);
   state.force = change.force;
   state.changed = true;
   const LastTap& last = lastTap();

@@ -1,0 +1,47 @@
+// The steps that use a row of the panel.
+#include "simulator/app/row_steps.hpp"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "simulator/device/usage_error.hpp"
+#include "simulator/input/fingers.hpp"
+#include "simulator/input/rows.hpp"
+
+namespace sim {
+namespace {
+
+using input::Row;
+
+constexpr int slideMoves = 10;          // of the finger on its way
+constexpr double mostDeviation = 1e-3;  // of the range, by which a thumb may miss its value
+
+// Takes the thumb there in even moves, without letting time pass.
+void slide(const Row& row, float value) {
+  const float minimum = row.slider.minimumValue(), maximum = row.slider.maximumValue();
+  if (value < minimum || value > maximum)
+    throw UsageError(
+        fmt::format("\"{}\" goes from {} to {}, not to {}", row.caption, minimum, maximum, value));
+  const CGPoint from = placeOfThumb(row), to = placeOfThumb(row, value);
+  input::dragAtOnce(from, to, slideMoves);
+  if (std::abs(row.slider.value() - value) > mostDeviation * (maximum - minimum))
+    throw UsageError(fmt::format("the thumb of \"{}\" does not go to {}", row.caption, value));
+}
+
+void make(const Step& step) {
+  const Row row = input::rowNamed(step.text(0));
+  slide(row, static_cast<float>(step.number(1)));
+}
+
+}  // namespace
+
+void performRow(const Step& step) {
+  try {
+    make(step);
+  } catch (const UsageError& error) {
+    throw UsageError(step.place + ": " + error.what());
+  }
+}
+
+}  // namespace sim

@@ -1,0 +1,63 @@
+// The steps of a script that use a row of numbers.
+#include "simulator/device/usage_error.hpp"
+#include "tests/library/color_slider_fixture.hpp"
+
+namespace test {
+namespace {
+
+class RowStep : public ColorSlider {
+ protected:
+  std::string errorOf(const std::string& line) {
+    try {
+      home.step(line);
+    } catch (const sim::UsageError& error) {
+      return error.what();
+    }
+    return "no error";
+  }
+};
+
+TEST_F(RowStep, SlideDragsTheThumbToTheValue) {
+  show(-20, 100, 5);
+  const double before = home.report()["time"];
+  home.step("slide \"Row\" 27.5");
+  EXPECT_EQ(slider->value(), 27.5f);
+  EXPECT_EQ(home.report()["time"], before);
+}
+
+TEST_F(RowStep, SlideReachesBothEnds) {
+  show(-20, 100, 5);
+  home.step("slide \"Row\" -20");
+  EXPECT_EQ(slider->value(), -20);
+  home.step("slide \"Row\" 100");
+  EXPECT_EQ(slider->value(), 100);
+}
+
+TEST_F(RowStep, SlideRefusesWhatTheRowDoesNotReach) {
+  show(-20, 100, 5);
+  EXPECT_EQ(errorOf("slide \"Row\" 101"), "test:1: \"Row\" goes from -20 to 100, not to 101");
+  EXPECT_EQ(slider->value(), 5);
+}
+
+TEST_F(RowStep, SaysThatThereIsNoSuchRow) {
+  EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: no row is called \"Row\"");
+}
+
+TEST_F(RowStep, SaysWhatIsInTheWayOfTheThumb) {
+  show();
+  slider->setEnabled(NO);
+  EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is disabled");
+  slider->setEnabled(YES);
+  slider->setHidden(YES);
+  EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is hidden");
+  slider->setHidden(NO);
+  auto cover = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 200}});
+  card->addSubview(cover);
+  EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is covered by a UIView");
+  cover->removeFromSuperview();
+  card->setFrame({{-400, 100}, {300, 200}});
+  EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is not on the screen");
+}
+
+}  // namespace
+}  // namespace test
