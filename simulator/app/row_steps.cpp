@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "simulator/app/run_loop.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/input/rows.hpp"
@@ -14,8 +15,9 @@ namespace {
 
 using input::Row;
 
-constexpr int slideMoves = 10;          // of the finger on its way
-constexpr double mostDeviation = 1e-3;  // of the range, by which a thumb may miss its value
+constexpr double pauseAfterPress = 0.25;  // seconds
+constexpr int slideMoves = 10;            // of the finger on its way
+constexpr double mostDeviation = 1e-3;    // of the range, by which a thumb may miss its value
 
 // Takes the thumb there in even moves, without letting time pass.
 void slide(const Row& row, float value) {
@@ -29,9 +31,25 @@ void slide(const Row& row, float value) {
     throw UsageError(fmt::format("the thumb of \"{}\" does not go to {}", row.caption, value));
 }
 
+// A finger presses, and waits before it presses again.
+void press(const Row& row, UIView button, const char* name, double times) {
+  for (int i = 0; i < times; ++i) {
+    input::tap(placeOf(row, button, name));
+    letPass(pauseAfterPress);
+  }
+}
+
 void make(const Step& step) {
   const Row row = input::rowNamed(step.text(0));
-  slide(row, static_cast<float>(step.number(1)));
+  const double times = step.arguments.size() > 1 ? step.number(1) : 1;
+  switch (step.kind) {
+    case StepKind::increment:
+      return press(row, row.plus, "plus button", times);
+    case StepKind::decrement:
+      return press(row, row.minus, "minus button", times);
+    default:
+      return slide(row, static_cast<float>(step.number(1)));
+  }
 }
 
 }  // namespace

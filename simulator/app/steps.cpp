@@ -36,6 +36,8 @@ void perform(Simulation& simulation, const Step& step) {
     case StepKind::finger:
     case StepKind::page:
       return performTouch(step);
+    case StepKind::increment:
+    case StepKind::decrement:
     case StepKind::slide:
       return performRow(step);
     case StepKind::launch:

@@ -20,6 +20,8 @@ enum class StepKind {
   drag,
   finger,
   page,
+  increment,
+  decrement,
   slide,
   launch,
   home,

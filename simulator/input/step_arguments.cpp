@@ -11,6 +11,7 @@ namespace sim {
 namespace {
 
 constexpr double mostFingers = 10;
+constexpr double mostTimes = 10000;
 constexpr double longestWait = 1e6;  // seconds: eleven days, far more than a script can mean
 
 std::optional<double> finiteNumber(const Token& token) {
@@ -29,6 +30,12 @@ bool isSetting(const std::string& text) {
 std::optional<StepArgument> numberWithin(const Token& token, double least, double most) {
   const std::optional<double> value = finiteNumber(token);
   if (!value || *value < least || *value > most) return std::nullopt;
+  return *value;
+}
+
+std::optional<StepArgument> wholeWithin(const Token& token, double least, double most) {
+  const std::optional<double> value = finiteNumber(token);
+  if (!value || *value < least || *value > most || *value != std::floor(*value)) return std::nullopt;
   return *value;
 }
 
@@ -61,6 +68,8 @@ std::string_view description(Shape shape) {
       return "down|move|up";
     case Shape::page:
       return "0|1";
+    case Shape::times:
+      return "TIMES";
     case Shape::value:
       return "VALUE";
     case Shape::word:
@@ -84,11 +93,10 @@ std::optional<StepArgument> argument(Shape shape, const Token& token, const std:
       return numberWithin(token, -std::numeric_limits<double>::max(), std::numeric_limits<double>::max());
     case Shape::force:
       return numberWithin(token, 0, std::numeric_limits<double>::max());
-    case Shape::finger: {
-      const std::optional<StepArgument> value = numberWithin(token, 0, mostFingers);
-      if (!value || std::get<double>(*value) != std::floor(std::get<double>(*value))) return std::nullopt;
-      return value;
-    }
+    case Shape::finger:
+      return wholeWithin(token, 0, mostFingers);
+    case Shape::times:
+      return wholeWithin(token, 1, mostTimes);
     case Shape::direction:
       return oneOf(token, {"up", "down", "left", "right"});
     case Shape::phase:

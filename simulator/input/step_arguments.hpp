@@ -31,6 +31,7 @@ enum class Shape {
   finger,
   phase,
   page,
+  times,
   value
 };
 

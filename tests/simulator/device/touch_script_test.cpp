@@ -61,5 +61,24 @@ TEST(TouchScript, FingersAreNumbered) {
     EXPECT_NE(errorOf(bad).find("is not what"), std::string::npos) << bad;
 }
 
+TEST(TouchScript, PressesOfARowMayBeCounted) {
+  EXPECT_EQ(parse("increment \"Top Inset\"").kind, StepKind::increment);
+  EXPECT_EQ(parse("increment \"Top Inset\"").text(0), "Top Inset");
+  const Step step = parse("decrement \"Top Inset\" 5");
+  EXPECT_EQ(step.kind, StepKind::decrement);
+  EXPECT_EQ(step.number(1), 5);
+  for (const char* bad : {"0", "-1", "1.5", "\"2\"", "10001"})
+    EXPECT_NE(errorOf(std::string("increment \"Top Inset\" ") + bad).find("is not what"), std::string::npos)
+        << bad;
+  EXPECT_EQ(errorOf("increment"), "file:7: 'increment' lacks \"NAME\"");
+}
+
+TEST(TouchScript, PagesAreTwo) {
+  EXPECT_EQ(parse("page 0").text(0), "0");
+  EXPECT_EQ(parse("page 1").kind, StepKind::page);
+  for (const char* bad : {"page 2", "page -1", "page one"})
+    EXPECT_NE(errorOf(bad).find("is not what 'page 0|1' takes"), std::string::npos) << bad;
+}
+
 }  // namespace
 }  // namespace sim
