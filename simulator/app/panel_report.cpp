@@ -118,7 +118,8 @@ Json rows(UIView panel) {
 }
 
 Json presets(UIView panel) {
-  Json names = plain(panelPart(panel, "data"_ns));
+  // The key "data" would lead to -getData, which loads them anew.
+  Json names = plain(panelPart(panel, "items"_ns));
   return names.is_null() ? Json::array() : names;
 }
 

@@ -10,6 +10,7 @@
 #include "platform/springboard/dock.hpp"
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/orientation.hpp"
+#include "simulator/app/alert_report.hpp"
 #include "simulator/app/home_screen_report.hpp"
 #include "simulator/app/panel_report.hpp"
 #include "simulator/app/simulation.hpp"
@@ -18,6 +19,7 @@
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/relayouts.hpp"
+#include "simulator/uikit/application.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace sim {
@@ -104,11 +106,13 @@ Json makeReport(Simulation& simulation) {
       {"pageDots", reportPageDots()},
       {"framing", framing(simulation)},
       {"panel", reportPanel()},
+      {"alert", reportAlert()},
       {"preferences", plain(preferenceDomain("com.wexor.tilo"_ns))},
       {"presets", presets(simulation)},
       {"log", log(simulation)},
       {"console", console()},
       {"application", application()},
+      {"openedURLs", uikit::openedURLs()},
       {"relayouts", relayouts()},
       {"time", number(clock::now())},
   };

@@ -4,6 +4,7 @@
 #include "bridge/runtime.hpp"
 #include "simulator/app/home_steps.hpp"
 #include "simulator/app/outside.hpp"
+#include "simulator/app/panel_steps.hpp"
 #include "simulator/app/row_steps.hpp"
 #include "simulator/app/run_loop.hpp"
 #include "simulator/app/touch_steps.hpp"
@@ -40,6 +41,11 @@ void perform(Simulation& simulation, const Step& step) {
     case StepKind::decrement:
     case StepKind::slide:
       return performRow(step);
+    case StepKind::pick:
+    case StepKind::choose:
+    case StepKind::enter:
+    case StepKind::call:
+      return performPanelStep(step);
     case StepKind::launch:
     case StepKind::home:
     case StepKind::open:

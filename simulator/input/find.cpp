@@ -69,11 +69,11 @@ std::optional<Thing> thingNamed(UIView view, std::string_view name) {
   return control ? Thing{control, control} : Thing{view, view};
 }
 
-// Front to back.
-std::vector<Thing> thingsNamed(std::string_view name) {
+// Front to back, in these trees.
+std::vector<Thing> thingsNamed(std::string_view name, const std::vector<UIView>& trees) {
   std::vector<Thing> found;
-  for (const UIWindow window : uikit::windows())
-    uikit::forEachInTree(window, [&](UIView view) {
+  for (const UIView tree : trees)
+    uikit::forEachInTree(tree, [&](UIView view) {
       if (const std::optional<Thing> thing = thingNamed(view, name)) found.push_back(*thing);
     });
   return {found.rbegin(), found.rend()};
@@ -150,10 +150,15 @@ std::string withoutGlyphs(std::string_view text) {
 }
 
 CGPoint findNamed(std::string_view name) {
+  const std::vector<UIWindow> windows = uikit::windows();
+  return findNamed(name, {windows.begin(), windows.end()});
+}
+
+CGPoint findNamed(std::string_view name, const std::vector<UIView>& trees) {
   const bridge::Pool pool;
   uikit::layoutPass();
   std::string why;
-  for (const Thing& thing : thingsNamed(name)) {
+  for (const Thing& thing : thingsNamed(name, trees)) {
     const CGPoint middle = middleOnScreen(thing.part);
     const std::string reason = obstacle(thing.view, thing.part, middle);
     if (reason.empty()) return middle;
@@ -161,6 +166,14 @@ CGPoint findNamed(std::string_view name) {
   }
   throw UsageError(why.empty() ? fmt::format("nothing is called \"{}\"", name)
                                : fmt::format("\"{}\" {}", name, why));
+}
+
+CGPoint findView(UIView view, std::string_view name) {
+  uikit::layoutPass();
+  const CGPoint middle = middleOnScreen(view);
+  const std::string reason = obstacle(view, view, middle);
+  if (!reason.empty()) throw UsageError(fmt::format("{} {}", name, reason));
+  return middle;
 }
 
 }  // namespace sim::input

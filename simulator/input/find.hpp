@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/uikit/view.hpp"
 
@@ -17,6 +18,11 @@ namespace sim::input {
  * on the screen, cut off by what it lies in, disabled or covered.
  */
 CGPoint findNamed(std::string_view name);
+/** The same among these views and what is in them. */
+CGPoint findNamed(std::string_view name, const std::vector<UIView>& trees);
+/** The middle of a view where it can be tapped; otherwise throws UsageError that says why not, and calls it
+ * by that name. */
+CGPoint findView(UIView view, std::string_view name);
 
 /**
  * The point nearest the middle of the screen that no icon and no label of one covers; one that keeps

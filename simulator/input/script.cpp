@@ -65,6 +65,10 @@ constexpr Form forms[] = {
     {"report", StepKind::report, {Shape::file}},
     {"write", StepKind::write, {Shape::setting}},
     {"message", StepKind::message, {Shape::word}, Shape::setting},
+    {"pick", StepKind::pick, {Shape::row}},
+    {"choose", StepKind::choose, {Shape::name}},
+    {"enter", StepKind::enter, {Shape::text}},
+    {"call", StepKind::call, {Shape::selector}},
 };
 
 std::string usage(const Form& form) {

@@ -33,7 +33,11 @@ enum class StepKind {
   snapshot,
   report,
   write,
-  message
+  message,
+  pick,
+  choose,
+  enter,
+  call
 };
 
 /** A number in the unit of its step, or a text: a word of the step's vocabulary, a file, a name or

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double mostFingers = 10;
 constexpr double mostTimes = 10000;
+constexpr double mostRows = 1e6;     // far more than a picker can have
 constexpr double longestWait = 1e6;  // seconds: eleven days, far more than a script can mean
 
 std::optional<double> finiteNumber(const Token& token) {
@@ -76,6 +77,12 @@ std::string_view description(Shape shape) {
       return "NAME";
     case Shape::setting:
       return "KEY=VALUE";
+    case Shape::row:
+      return "ROW";
+    case Shape::text:
+      return "\"TEXT\"";
+    case Shape::selector:
+      return "exportSettings|openSettings";
     case Shape::none:
       break;
   }
@@ -120,6 +127,13 @@ std::optional<StepArgument> argument(Shape shape, const Token& token, const std:
     case Shape::setting:
       if (!isSetting(token.text)) return std::nullopt;
       return token.text;
+    case Shape::row:
+      return wholeWithin(token, 0, mostRows);
+    case Shape::text:
+      if (!token.quoted) return std::nullopt;
+      return token.text;
+    case Shape::selector:
+      return oneOf(token, {"exportSettings", "openSettings"});
     case Shape::none:
       break;
   }

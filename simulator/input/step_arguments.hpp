@@ -32,7 +32,10 @@ enum class Shape {
   phase,
   page,
   times,
-  value
+  value,
+  row,
+  text,
+  selector
 };
 
 /** How usage lines show it; nothing for none. */

@@ -13,9 +13,12 @@ namespace {
 
 using bridge::Strong;
 
+constexpr CGFloat fieldTextSize = 13;  // points
+
 struct AlertState {
   Strong<NSString> title, message;
   std::vector<Strong<UIAlertAction>> actions;
+  std::vector<Strong<UITextField>> fields;
 };
 
 using AlertClass = bridge::Implementation<UIAlertController, AlertState>;
@@ -59,10 +62,27 @@ void addAction(UIAlertController self, UIAlertAction action) {
   if (self.isViewLoaded()) showAction(self, action);
 }
 
+NSArray textFields(UIAlertController self) { return makeArray(AlertClass::state(self).fields); }
+
+void addTextField(UIAlertController self, bridge::BlockRef<void(UITextField)> configure) {
+  const auto field = bridge::make<UITextField, &UIView::initWithFrame>(CGRect{});
+  field->setFont(UIFont::systemFontOfSize(fieldTextSize));
+  AlertClass::state(self).fields.push_back(field);
+  if (configure) configure(field);
+  if (self.isViewLoaded()) addField(cardOf(self), field);
+}
+
+// Whoever is asked for a text can begin to type.
+void viewDidAppear(UIAlertController self, BOOL) {
+  const AlertState& state = AlertClass::state(self);
+  if (!state.fields.empty()) state.fields.front()->becomeFirstResponder();
+}
+
 void loadView(UIAlertController self) {
   const AlertState& state = AlertClass::state(self);
   const Strong<AlertView> card = makeAlertView(state.title, state.message);
   self.setView(card);
+  for (const Strong<UITextField>& field : state.fields) addField(card, field);
   for (const Strong<UIAlertAction>& action : state.actions) showAction(self, action);
 }
 
@@ -81,7 +101,9 @@ void defineAlertController() {
       method<&Face::alertControllerWithTitle_message_preferredStyle, makeAlert>(),
       method<&Face::title, title>(), method<&Face::message, message>(),
       method<&Face::preferredStyle, preferredStyle>(), method<&Face::addAction, addAction>(),
-      method<&Face::actions, actions>(), method<&UIViewController::loadView, loadView>(),
+      method<&Face::actions, actions>(), method<&Face::addTextFieldWithConfigurationHandler, addTextField>(),
+      method<&Face::textFields, textFields>(), method<&UIViewController::loadView, loadView>(),
+      method<&UIViewController::viewDidAppear, viewDidAppear>(),
       method<&ButtonTarget::_actionViewTapped, actionViewTapped>());
 }
 

@@ -11,6 +11,7 @@
 #include "platform/uikit/scroll_view.hpp"
 #include "simulator/uikit/alert_layout.hpp"
 #include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/view.hpp"
 
 namespace sim::uikit {
 namespace {
@@ -18,11 +19,15 @@ namespace {
 using bridge::Strong;
 
 constexpr double cornerRadius = 14, titleSize = 17, messageSize = 13;  // points
-constexpr double screenMargin = 24;                                    // above and below the highest alert
+constexpr double fieldHeight = 26, fieldMargin = 5;
+constexpr double screenMargin = 24;  // above and below the highest alert
+
+constexpr Color fieldBorderColor = rgb(0x4d4d4d, 0.6);
 
 struct AlertState {
   Strong<UIScrollView> header;
   Strong<UILabel> title, message;
+  std::vector<Strong<UIView>> fields;        // each holds a text field
   std::vector<Strong<AlertButton>> buttons;  // in the order of the actions
   std::vector<Strong<UIView>> lines;
 };
@@ -63,7 +68,10 @@ std::vector<Strong<AlertButton>> inOrder(AlertView self) {
 
 AlertLayout layoutWithin(AlertView self, double greatestHeight) {
   const AlertState& state = AlertClass::state(self);
-  AlertContent content{.titleHeight = heightOf(state.title), .messageHeight = heightOf(state.message)};
+  AlertContent content{.titleHeight = heightOf(state.title),
+                       .messageHeight = heightOf(state.message),
+                       .fields = static_cast<int>(state.fields.size()),
+                       .fieldHeight = fieldHeight};
   for (const auto& button : inOrder(self)) content.buttonWidths.push_back(titleWidth(button));
   return layOutAlert(content, greatestHeight, pixel());
 }
@@ -90,6 +98,7 @@ void layoutSubviews(AlertView self) {
   state.header->setContentSize({layout.header.size.width, layout.headerContentHeight});
   state.title->setFrame(layout.title);
   state.message->setFrame(layout.message);
+  for (std::size_t i = 0; i < state.fields.size(); ++i) state.fields[i]->setFrame(layout.fields[i]);
   const auto buttons = inOrder(self);
   for (std::size_t i = 0; i < buttons.size(); ++i) buttons[i]->setFrame(layout.buttons[i]);
   placeLines(self, layout.lines);
@@ -115,6 +124,20 @@ Strong<AlertView> makeAlertView(NSString title, NSString message) {
 void addButton(AlertView card, Strong<AlertButton> button) {
   card.addSubview(button);
   AlertClass::state(card).buttons.push_back(std::move(button));
+  card.setNeedsLayout();
+}
+
+void addField(AlertView card, UITextField field) {
+  auto box = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{}, {alertTextWidth, fieldHeight}});
+  box->setBackgroundColor(UIColor::whiteColor());
+  layerOf(box.get()).borderWidth = pixel();
+  layerOf(box.get()).borderColor = fieldBorderColor;
+  field.setFrame({{fieldMargin, 0}, {alertTextWidth - 2 * fieldMargin, fieldHeight}});
+  field.setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  box->addSubview(field);
+  AlertState& state = AlertClass::state(card);
+  state.header->addSubview(box);
+  state.fields.push_back(std::move(box));
   card.setNeedsLayout();
 }
 

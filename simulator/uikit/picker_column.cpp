@@ -237,6 +237,8 @@ NSInteger selectedRowOf(PickerColumn column) {
   return state.rows > 0 ? state.selected : -1;
 }
 
+double positionOf(PickerColumn column) { return ColumnClass::state(column).position; }
+
 void turnTo(PickerColumn column, NSInteger row, bool animated) {
   const ColumnState& state = ColumnClass::state(column);
   const NSInteger nearest = std::clamp<NSInteger>(row, 0, std::max<NSInteger>(state.rows - 1, 0));

@@ -24,6 +24,8 @@ void setRows(PickerColumn column, NSInteger rows, double height);
 NSInteger rowsOf(PickerColumn column);
 /** The row in the middle, or on the way there; -1 without rows. */
 NSInteger selectedRowOf(PickerColumn column);
+/** How far the rim has turned, in points. */
+double positionOf(PickerColumn column);
 /** Turns to a row, the nearest there is; nobody is told. */
 void turnTo(PickerColumn column, NSInteger row, bool animated);
 /** The owner is gone. */

@@ -227,6 +227,8 @@ void layoutSubviews(UIPickerView self) {
 
 }  // namespace
 
+WheelPosition wheelOf(UIPickerView picker) { return {positionOf(columnAt(picker, 0)), rowHeight(picker, 0)}; }
+
 void definePickerView() {
   using bridge::method;
   using Face = UIPickerView;

@@ -6,6 +6,12 @@
 
 namespace sim::uikit {
 
+/** How the first wheel stands, in points: how far its rim has turned, and the height of a row on it. */
+struct WheelPosition {
+  double position, rowHeight;
+};
+WheelPosition wheelOf(UIPickerView picker);
+
 void definePickerView();
 
 }  // namespace sim::uikit

@@ -113,6 +113,7 @@ void takeDown(UIViewController presenter, BOOL animated, bridge::Block<void()> c
   stateOf(presented).beingDismissed = true;
   const Strong<UIView> stage = stateOf(presenter).stage;
   presented.view().setUserInteractionEnabled(NO);
+  presented.view().endEditing(YES);
   animate(
       animated ? dismissingDuration : 0, UIViewAnimationOptionAllowUserInteraction,
       [stage] { setGone(stage, true, 1); },

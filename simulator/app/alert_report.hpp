@@ -1,0 +1,11 @@
+// What the report tells of the alert in front.
+#pragma once
+
+#include "simulator/app/json.hpp"
+
+namespace sim {
+
+// Null when there is none.
+Json reportAlert();
+
+}  // namespace sim
