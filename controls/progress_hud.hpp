@@ -81,7 +81,7 @@ struct RQProgressHUD : bridge::Face<"RQProgressHUD", UIView> {
   MESSAGE Method<"setDetailsLabelText:", void(NSString)> setDetailsLabelText;
   MESSAGE Method<"opacity", float()> opacity;
   MESSAGE Method<"setOpacity:", void(float)> setOpacity;
-  // The box's fill as it stands; nil for black of that opacity.
+  // The box's fill, of that opacity; nil for black.
   MESSAGE Method<"color", UIColor()> color;
   MESSAGE Method<"setColor:", void(UIColor)> setColor;
   MESSAGE Method<"labelFont", UIFont()> labelFont;
@@ -121,6 +121,8 @@ struct RQProgressHUD : bridge::Face<"RQProgressHUD", UIView> {
   MESSAGE Method<"setTaskInProgress:", void(BOOL)> setTaskInProgress;
   MESSAGE Method<"delegate", RQProgressHUDDelegate()> delegate;  // not retained
   MESSAGE Method<"setDelegate:", void(RQProgressHUDDelegate)> setDelegate;
+  MESSAGE Method<"isFinished", BOOL()> isFinished;  // shown, and hidden again
+  // Called once, when it has been hidden.
   MESSAGE Method<"completionBlock", bridge::BlockRef<void()>()> completionBlock;
   MESSAGE Method<"setCompletionBlock:", void(bridge::BlockRef<void()>)> setCompletionBlock;
 };

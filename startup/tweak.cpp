@@ -1,6 +1,7 @@
 // What runs when the loader loads the library into SpringBoard: two routines, in this order, and nothing
 // else.
 #include "controls/button.hpp"
+#include "controls/progress_hud.hpp"
 #include "panel/color_manager.hpp"
 #include "panel/popup_view.hpp"
 #include "panel/resource_bundle.hpp"
@@ -34,6 +35,7 @@ void defineClasses() {
   defineColorManager();
   addResourceBundle();
   defineColorSlider();
+  defineProgressHUD();
   definePopupView();
 }
 

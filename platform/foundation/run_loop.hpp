@@ -4,8 +4,10 @@
 #include "platform/foundation/string.hpp"
 
 struct NSDate : bridge::Face<"NSDate", NSObject> {
+  static constexpr bridge::ClassMethod<"NSDate", "date", NSDate()> date{};
   // Seconds since 1 January 2001.
   MESSAGE Method<"timeIntervalSinceReferenceDate", double()> timeIntervalSinceReferenceDate;
+  MESSAGE Method<"timeIntervalSinceNow", double()> timeIntervalSinceNow;  // seconds; negative for the past
 };
 
 struct NSRunLoop : bridge::Face<"NSRunLoop", NSObject> {

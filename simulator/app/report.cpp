@@ -12,6 +12,7 @@
 #include "platform/uikit/orientation.hpp"
 #include "simulator/app/alert_report.hpp"
 #include "simulator/app/home_screen_report.hpp"
+#include "simulator/app/hud_report.hpp"
 #include "simulator/app/panel_report.hpp"
 #include "simulator/app/simulation.hpp"
 #include "simulator/device/clock.hpp"
@@ -107,6 +108,7 @@ Json makeReport(Simulation& simulation) {
       {"framing", framing(simulation)},
       {"panel", reportPanel()},
       {"alert", reportAlert()},
+      {"hud", reportHud()},
       {"preferences", plain(preferenceDomain("com.wexor.tilo"_ns))},
       {"presets", presets(simulation)},
       {"log", log(simulation)},

@@ -1,37 +1,32 @@
-// What a test's piece of code raises.
+// Exceptions of the platform, caught.
 #pragma once
 
 #include <string>
 
 #include "bridge/replace.hpp"
-#include "platform/foundation/string.hpp"
+#include "platform/foundation/exception.hpp"
 
 namespace test {
 
-struct RaisingException : bridge::Face<"NSException", NSObject> {
-  MESSAGE Method<"name", NSString()> name;
-  MESSAGE Method<"raise", void()> raise;
-};
+inline std::string lastRaised;
 
-// An exception of the platform as one of C++, which can be caught by its type.
-struct Raised {
-  std::string name;
-};
+inline void noteRaise(NSException exception) {
+  lastRaised = std::string(exception.name().UTF8String()) + ": " + exception.reason().UTF8String();
+  bridge::original<noteRaise>(exception);
+}
 
-inline void raiseAsRaised(RaisingException self) { throw Raised{self.name().UTF8String()}; }
-
-// The name of the exception that `code` raises; empty when it raises none. From the first use on exceptions
-// of the platform travel as Raised everywhere in the process.
-std::string raised(auto code) {
-  static const bool installed = [] {
-    bridge::install(bridge::replace<RaisingException, &RaisingException::raise, raiseAsRaised>());
-    return true;
-  }();
-  (void)installed;
+// "Name: reason" of the exception that `function` raises; empty when it raises none.
+std::string raised(const auto& function) {
+  using Raise = bridge::Descriptor<&NSException::raise>;
+  if (!bridge::slot<noteRaise>.previous)
+    bridge::replaceMethod(bridge::classNamed<NSException>(), Raise::selector(),
+                          bridge::implementationOf<&NSException::raise, noteRaise>(),
+                          bridge::slot<noteRaise>);
+  lastRaised.clear();
   try {
-    code();
-  } catch (const Raised& exception) {
-    return exception.name;
+    function();
+  } catch (...) {
+    return lastRaised;
   }
   return "";
 }

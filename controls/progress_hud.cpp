@@ -1,0 +1,194 @@
+// RQProgressHUD's class.
+#include "controls/progress_hud.hpp"
+
+#include "controls/atomic_property.hpp"
+#include "controls/progress_hud_parts.hpp"
+#include "controls/redrawing_view.hpp"
+#include "platform/foundation/exception.hpp"
+
+namespace tilo {
+namespace {
+
+using bridge::Block;
+using bridge::Strong;
+using hud::HUD;
+using hud::HUDState;
+using Face = RQProgressHUD;
+
+constexpr CGFloat labelFontSize = 16, detailsLabelFontSize = 12;
+constexpr NSUInteger flexibleMargins =
+    UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
+    UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin;
+
+Strong<UILabel> makeLabel(RQProgressHUD self, UIFont font, UIColor color, NSInteger lines) {
+  auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
+  auto made = bridge::as<UILabel>(label.get());
+  made.setTextAlignment(NSTextAlignmentCenter);
+  made.setNumberOfLines(lines);
+  made.setFont(font);
+  made.setTextColor(color);
+  beTransparent(made);
+  self.addSubview(made);
+  return retained(made);
+}
+
+void setUp(RQProgressHUD self) {
+  HUDState& state = HUD::state(self);
+  self.setAutoresizingMask(flexibleMargins);
+  self.setContentMode(UIViewContentModeRedraw);
+  beTransparent(self);
+  self.setAlpha(0);
+  self.setLabelFont(UIFont::boldSystemFontOfSize(labelFontSize));
+  self.setLabelColor(UIColor::whiteColor());
+  self.setDetailsLabelFont(UIFont::boldSystemFontOfSize(detailsLabelFontSize));
+  self.setDetailsLabelColor(UIColor::whiteColor());
+  state.label = makeLabel(self, self.labelFont(), self.labelColor(), 1);
+  state.detailsLabel = makeLabel(self, self.detailsLabelFont(), self.detailsLabelColor(), 0);
+  hud::updateIndicator(self);
+  hud::observeOwnProperties(self);
+  hud::listenToOrientation(self);
+}
+
+Strong<UIView> initWithFrame(RQProgressHUD self, CGRect frame) {
+  auto made = HUD::super<&UIView::initWithFrame>(self, frame);
+  if (made) setUp(bridge::as<RQProgressHUD>(made.get()));
+  return made;
+}
+
+Strong<RQProgressHUD> initWithView(RQProgressHUD self, UIView view) {
+  if (!view)
+    NSException::exceptionWithName_reason_userInfo("NSInternalInconsistencyException"_ns,
+                                                   "View must not be nil."_ns, {})
+        .raise();
+  return bridge::adopt<RQProgressHUD>(
+      bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, view.bounds()).leak());
+}
+
+Strong<RQProgressHUD> initWithWindow(RQProgressHUD self, UIWindow window) {
+  return bridge::Descriptor<&Face::initWithView>::send(self.raw, window);
+}
+
+// Class methods.
+
+RQProgressHUD showAddedTo(Class, UIView view, BOOL animated) {
+  auto made = bridge::make<RQProgressHUD, &Face::initWithView>(view);
+  view.addSubview(made);
+  made->show(animated);
+  return std::move(made).autoreleased();
+}
+
+void hideAndRemove(RQProgressHUD self, BOOL animated) {
+  self.setRemoveFromSuperViewOnHide(YES);
+  self.hide(animated);
+}
+
+RQProgressHUD topmostIn(Class self, UIView view) {
+  NSArray subviews = view.subviews();
+  for (NSUInteger i = subviews.count(); i-- > 0;)
+    if (bridge::isKindOf(subviews.objectAtIndex(i), self))
+      return bridge::as<RQProgressHUD>(subviews.objectAtIndex(i));
+  return {};
+}
+
+NSArray allIn(Class self, UIView view) {
+  auto found = bridge::make<NSMutableArray, &NSObject::init>();
+  NSArray subviews = view.subviews();
+  for (NSUInteger i = 0; i < subviews.count(); ++i)
+    if (bridge::isKindOf(subviews.objectAtIndex(i), self)) found->addObject(subviews.objectAtIndex(i));
+  return std::move(found).autoreleased();
+}
+
+BOOL hideTopmostIn(Class self, UIView view, BOOL animated) {
+  RQProgressHUD found = Face::HUDForView.on(self, view);
+  if (!found) return NO;
+  hideAndRemove(found, animated);
+  return YES;
+}
+
+BOOL hideAllIn(Class self, UIView view, BOOL animated) {
+  NSArray all = Face::allHUDsForView.on(self, view);
+  for (NSUInteger i = 0; i < all.count(); ++i)
+    hideAndRemove(bridge::as<RQProgressHUD>(all.objectAtIndex(i)), animated);
+  return all.count() > 0;
+}
+
+// Properties.
+
+template <auto Getter, auto Setter, auto Field>
+bridge::PropertyEntry property() {
+  return atomicProperty<HUD, Getter, Setter, Field>();
+}
+
+bridge::BlockRef<void()> completionBlock(RQProgressHUD self) { return HUD::state(self).completionBlock; }
+
+void setCompletionBlock(RQProgressHUD self, bridge::BlockRef<void()> block) {
+  HUD::state(self).completionBlock = Block<void()>(block);
+}
+
+BOOL isFinished(RQProgressHUD self) { return HUD::state(self).isFinished; }
+
+}  // namespace
+
+void defineProgressHUD() {
+  using bridge::method;
+  using hud::Own;
+  using State = HUDState;
+  defineRoundProgressView();
+  defineBarProgressView();
+  HUD::define<UIView>(
+      method<&Face::showHUDAddedTo_animated, showAddedTo>(),
+      method<&Face::hideHUDForView_animated, hideTopmostIn>(),
+      method<&Face::hideAllHUDsForView_animated, hideAllIn>(), method<&Face::HUDForView, topmostIn>(),
+      method<&Face::allHUDsForView, allIn>(), method<&UIView::initWithFrame, initWithFrame>(),
+      method<&Face::initWithView, initWithView>(), method<&Face::initWithWindow, initWithWindow>(),
+      // Showing and hiding.
+      method<&Face::show, hud::show>(), method<&Face::hide, hud::hide>(),
+      method<&Face::hide_afterDelay, hud::hideLater>(), method<&Own::hideDelayed, hud::hideDelayed>(),
+      method<&Own::handleGraceTimer, hud::handleGraceTimer>(),
+      method<&Own::handleMinShowTimer, hud::handleMinShowTimer>(), method<&Own::done, hud::done>(),
+      // Tasks.
+      method<&Face::showWhileExecuting_onTarget_withObject_animated, hud::showWhileExecuting>(),
+      method<&Own::launchExecution, hud::launchExecution>(), method<&Own::cleanUp, hud::cleanUp>(),
+      method<&Face::showAnimated_whileExecutingBlock, hud::showWithBlock>(),
+      method<&Face::showAnimated_whileExecutingBlock_completionBlock, hud::showWithBlockThen>(),
+      method<&Face::showAnimated_whileExecutingBlock_onQueue, hud::showWithBlockOnQueue>(),
+      method<&Face::showAnimated_whileExecutingBlock_onQueue_completionBlock,
+             hud::showWithBlockOnQueueThen>(),
+      // Following properties and the device.
+      method<&NSKeyValueObserving::observeValueForKeyPath_ofObject_change_context, hud::observeValue>(),
+      method<&Own::updateForKeyPath, hud::updateForKeyPath>(),
+      method<&Own::deviceOrientationDidChange, hud::deviceOrientationDidChange>(),
+      method<&UIView::didMoveToSuperview, hud::didMoveToSuperview>(),
+      method<&UIView::layoutSubviews, hud::layoutSubviews>(), method<&UIView::drawRect, hud::drawRect>(),
+      // Properties.
+      property<&Face::mode, &Face::setMode, &State::mode>(),
+      property<&Face::animationType, &Face::setAnimationType, &State::animationType>(),
+      atomicCopyProperty<HUD, &Face::labelText, &Face::setLabelText, &State::labelText>(),
+      atomicCopyProperty<HUD, &Face::detailsLabelText, &Face::setDetailsLabelText,
+                         &State::detailsLabelText>(),
+      property<&Face::opacity, &Face::setOpacity, &State::opacity>(),
+      property<&Face::color, &Face::setColor, &State::color>(),
+      property<&Face::labelFont, &Face::setLabelFont, &State::labelFont>(),
+      property<&Face::labelColor, &Face::setLabelColor, &State::labelColor>(),
+      property<&Face::detailsLabelFont, &Face::setDetailsLabelFont, &State::detailsLabelFont>(),
+      property<&Face::detailsLabelColor, &Face::setDetailsLabelColor, &State::detailsLabelColor>(),
+      property<&Face::xOffset, &Face::setXOffset, &State::xOffset>(),
+      property<&Face::yOffset, &Face::setYOffset, &State::yOffset>(),
+      property<&Face::dimBackground, &Face::setDimBackground, &State::dimBackground>(),
+      property<&Face::margin, &Face::setMargin, &State::margin>(),
+      property<&Face::cornerRadius, &Face::setCornerRadius, &State::cornerRadius>(),
+      property<&Face::graceTime, &Face::setGraceTime, &State::graceTime>(),
+      property<&Face::minShowTime, &Face::setMinShowTime, &State::minShowTime>(),
+      property<&Face::removeFromSuperViewOnHide, &Face::setRemoveFromSuperViewOnHide,
+               &State::removeFromSuperViewOnHide>(),
+      property<&Face::minSize, &Face::setMinSize, &State::minSize>(),
+      property<&Face::square, &Face::setSquare, &State::square>(),
+      property<&Face::progress, &Face::setProgress, &State::progress>(),
+      property<&Face::customView, &Face::setCustomView, &State::customView>(),
+      property<&Face::taskInProgress, &Face::setTaskInProgress, &State::taskInProgress>(),
+      property<&Face::delegate, &Face::setDelegate, &State::delegate>(),
+      method<&Face::completionBlock, completionBlock>(),
+      method<&Face::setCompletionBlock, setCompletionBlock>(), method<&Face::isFinished, isFinished>());
+}
+
+}  // namespace tilo

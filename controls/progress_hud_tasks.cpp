@@ -1,0 +1,72 @@
+// Tasks for whose time the box is shown: on a thread of their own, or on a queue.
+#include "controls/progress_hud_parts.hpp"
+#include "platform/foundation/thread.hpp"
+
+namespace tilo::hud {
+namespace {
+
+using bridge::Block;
+using bridge::Strong;
+
+void perform(const Task& task) {
+  if (!task.target) return;
+  const id target = task.target.get().raw;
+  auto send = reinterpret_cast<void (*)(id, SEL, id)>(bridge::messenger(target, task.action, false));
+  send(target, task.action, task.object.get().raw);
+}
+
+void run(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block, dispatch_queue_s* queue) {
+  self.setTaskInProgress(YES);
+  dispatch::onQueue(queue, [alive = retained(self), work = Block<void()>(block)] {
+    if (work) work();
+    dispatch::onMainQueue([alive] { bridge::as<Own>(alive.get()).cleanUp(); });
+  });
+  self.show(animated);
+}
+
+}  // namespace
+
+void showWhileExecuting(RQProgressHUD self, SEL action, bridge::Object target, bridge::Object object,
+                        BOOL animated) {
+  HUD::state(self).task = {action, retained(target), retained(object)};
+  self.setTaskInProgress(YES);
+  NSThread::detachNewThreadSelector_toTarget_withObject(bridge::selector<"launchExecution">(), self, {});
+  self.show(animated);
+}
+
+// On the task's thread.
+void launchExecution(RQProgressHUD self) {
+  const bridge::Pool pool;
+  perform(HUD::state(self).task);
+  bridge::as<NSThreadPerformAdditions>(self).performSelectorOnMainThread_withObject_waitUntilDone(
+      bridge::selector<"cleanUp">(), {}, NO);
+}
+
+void cleanUp(RQProgressHUD self) {
+  self.setTaskInProgress(NO);
+  const Task ended = std::exchange(HUD::state(self).task, {});
+  self.hide(HUD::state(self).useAnimation);
+}
+
+void showWithBlock(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block) {
+  run(self, animated, block, dispatch::defaultQueue());
+}
+
+void showWithBlockThen(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block,
+                       bridge::BlockRef<void()> completion) {
+  self.setCompletionBlock(completion);
+  run(self, animated, block, dispatch::defaultQueue());
+}
+
+void showWithBlockOnQueue(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block,
+                          dispatch_queue_s* queue) {
+  run(self, animated, block, queue);
+}
+
+void showWithBlockOnQueueThen(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block,
+                              dispatch_queue_s* queue, bridge::BlockRef<void()> completion) {
+  self.setCompletionBlock(completion);
+  run(self, animated, block, queue);
+}
+
+}  // namespace tilo::hud

@@ -1,0 +1,11 @@
+// The notice box on screen.
+#pragma once
+
+#include "simulator/app/json.hpp"
+
+namespace sim {
+
+/** Text, mode and alpha of the foremost notice box; null when none is shown. */
+Json reportHud();
+
+}  // namespace sim
