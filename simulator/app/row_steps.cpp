@@ -7,8 +7,10 @@
 
 #include "simulator/app/run_loop.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/input/rows.hpp"
+#include "simulator/input/typing.hpp"
 
 namespace sim {
 namespace {
@@ -39,16 +41,42 @@ void press(const Row& row, UIView button, const char* name, double times) {
   }
 }
 
+std::string fieldName(const Row& row) { return fmt::format("the number field of \"{}\"", row.caption); }
+
+// Into the row's field, empty.
+UITextField editAnew(const Row& row) {
+  if (!row.field) placeOf(row, row.field, "number field");  // which says so
+  input::edit(row.field, fieldName(row));
+  input::deleteText(row.field);
+  return row.field;
+}
+
+// A button of the bar above the keyboard, while the row's field is edited.
+void pressBarButton(const Row& row, std::string_view title) {
+  if (!row.field || !row.field.isFirstResponder())
+    throw UsageError(fmt::format("{} is not being edited", fieldName(row)));
+  input::tapAtOnce(input::findNamed(title));
+}
+
+double timesOf(const Step& step) { return step.arguments.size() > 1 ? step.number(1) : 1; }
+
 void make(const Step& step) {
   const Row row = input::rowNamed(step.text(0));
-  const double times = step.arguments.size() > 1 ? step.number(1) : 1;
   switch (step.kind) {
     case StepKind::increment:
-      return press(row, row.plus, "plus button", times);
+      return press(row, row.plus, "plus button", timesOf(step));
     case StepKind::decrement:
-      return press(row, row.minus, "minus button", times);
-    default:
+      return press(row, row.minus, "minus button", timesOf(step));
+    case StepKind::slide:
       return slide(row, static_cast<float>(step.number(1)));
+    case StepKind::type:
+      return input::typeText(editAnew(row), step.text(1));
+    case StepKind::paste:
+      return input::pasteText(editAnew(row), step.text(1));
+    case StepKind::apply:
+      return pressBarButton(row, "Apply");
+    default:
+      return pressBarButton(row, "Cancel");
   }
 }
 

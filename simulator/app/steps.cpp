@@ -40,6 +40,10 @@ void perform(Simulation& simulation, const Step& step) {
     case StepKind::increment:
     case StepKind::decrement:
     case StepKind::slide:
+    case StepKind::type:
+    case StepKind::paste:
+    case StepKind::apply:
+    case StepKind::cancel:
       return performRow(step);
     case StepKind::pick:
     case StepKind::choose:

@@ -19,8 +19,7 @@ namespace {
 
 constexpr double movesPerSecond = 60;  // as often as screens of the time tell of a finger
 
-constexpr double tapDuration = 0.05;  // seconds
-constexpr double swipeDuration = 0.15;
+constexpr double swipeDuration = 0.15;  // seconds
 constexpr double pressDuration = 0.3;
 constexpr double swipeLength = 0.4;  // of the screen along its way
 constexpr double edgeMargin = 0.5;   // points that a swipe keeps from the edge
@@ -92,6 +91,11 @@ void fingerUp(int finger, CGPoint place) {
 void tap(CGPoint place) {
   fingerDown(ownFinger, place);
   letPass(tapDuration);
+  fingerUp(ownFinger, place);
+}
+
+void tapAtOnce(CGPoint place) {
+  fingerDown(ownFinger, place);
   fingerUp(ownFinger, place);
 }
 

@@ -17,11 +17,15 @@ void fingerUp(int finger, CGPoint place);
 
 enum class Direction { up, down, left, right };
 
+inline constexpr double tapDuration = 0.05;  // seconds
+
 // Whole gestures, with fingers of their own. Time passes while they are made, and what falls due meanwhile
 // happens. Throw UsageError when a place is not on the screen.
 
-/** Takes 0.05 s. */
+/** Takes tapDuration. */
 void tap(CGPoint place);
+/** Takes no time. */
+void tapAtOnce(CGPoint place);
 /** Two fingers together, 0.05 s. */
 void twoFingerTap(CGPoint one, CGPoint other);
 /** Flicks from there over two fifths of the screen, or as far as its edge, in 0.15 s. */

@@ -11,6 +11,7 @@
 #include "platform/uikit/window.hpp"
 #include "simulator/artwork/app_icon.hpp"
 #include "simulator/springboard/drawn_image.hpp"
+#include "simulator/uikit/first_responder.hpp"
 
 namespace sim::springboard {
 namespace {
@@ -62,6 +63,7 @@ bridge::Strong<UIWindow> makeWindow(const std::string& name) {
 }
 
 void activate(SBUIController, SBApplication application) {
+  uikit::resignForcibly(uikit::firstResponder());
   auto window = makeWindow(application.displayName().UTF8String());
   window->setTransform({startScale, 0, 0, startScale, 0, 0});
   window->setAlpha(0);

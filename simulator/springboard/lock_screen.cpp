@@ -9,6 +9,7 @@
 #include "platform/uikit/window.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
+#include "simulator/uikit/first_responder.hpp"
 #include "simulator/uikit/touch_dispatch.hpp"
 
 namespace sim::springboard {
@@ -66,6 +67,7 @@ void show(bool visible) {
 
 void lock() {
   uikit::cancelFingers();
+  uikit::resignForcibly(uikit::firstResponder());
   show(true);
 }
 void unlock() { show(false); }

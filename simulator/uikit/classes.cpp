@@ -18,6 +18,7 @@
 #include "simulator/uikit/gesture_recognizer.hpp"
 #include "simulator/uikit/image.hpp"
 #include "simulator/uikit/image_view.hpp"
+#include "simulator/uikit/keyboard.hpp"
 #include "simulator/uikit/label.hpp"
 #include "simulator/uikit/layer.hpp"
 #include "simulator/uikit/page_control.hpp"
@@ -73,6 +74,7 @@ void registerClasses() {
   defineScrollView();
   definePickerView();
   defineWindow();
+  defineKeyboard();
   defineScreen();
   defineViewController();
   defineStageView();

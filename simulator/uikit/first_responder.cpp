@@ -11,11 +11,12 @@ namespace {
 
 constinit id current = nullptr;  // not retained: it takes itself away
 constinit bool forced = false;
+constinit bool passing = false;  // from one responder to the next
 constinit void (*changed)() = nullptr;
 
 void become(id responder) {
   current = responder;
-  if (changed) changed();
+  if (changed && !passing) changed();
 }
 
 bool isOnNoScreen(UIResponder responder) {
@@ -23,6 +24,14 @@ bool isOnNoScreen(UIResponder responder) {
 }
 
 bool refusesToResign(UIResponder self) { return !forced && !self.canResignFirstResponder(); }
+
+// Nobody hears that there is no first responder between two.
+bool giveWay(UIResponder responder) {
+  const bool outer = std::exchange(passing, true);
+  const bool gives = responder.resignFirstResponder();
+  passing = outer;
+  return gives;
+}
 
 }  // namespace
 
@@ -53,7 +62,7 @@ UIView noInputView(UIResponder) { return {}; }
 BOOL becomeFirstResponder(UIResponder self) {
   if (self.isFirstResponder()) return YES;
   if (!self.canBecomeFirstResponder() || isOnNoScreen(self)) return NO;
-  if (current && !firstResponder().resignFirstResponder()) return NO;
+  if (current && !giveWay(firstResponder())) return NO;
   become(self.raw);
   return YES;
 }

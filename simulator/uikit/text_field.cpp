@@ -10,6 +10,7 @@
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/drawing_context.hpp"
 #include "simulator/uikit/font.hpp"
+#include "simulator/uikit/keyboard.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace sim::uikit {
@@ -217,6 +218,7 @@ TextFieldState& stateOf(UITextField field) { return TextFieldClass::state(field)
 void textFieldChanged(UITextField field) {
   field.setNeedsDisplay();
   field.setNeedsLayout();
+  keyboardHears(field);
 }
 
 void defineTextField() {

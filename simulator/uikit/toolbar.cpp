@@ -20,7 +20,7 @@ constexpr CGFloat usualHeight = 44, usualMargin = 16;  // points
 constexpr CGFloat hairline = 0.5;
 constexpr Color lightColor = rgb(0xf7f7f7, 0.97), lightEdge = rgb(0x000000, 0.3);
 constexpr Color blackColorOfBar = rgb(0x161616), darkEdge = rgb(0xffffff, 0.15);
-constexpr double translucentAlpha = 0.92;
+constexpr double translucentAlpha = 0.97;
 
 // An item and what shows it; nothing does for a space.
 struct Place {
