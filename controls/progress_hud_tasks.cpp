@@ -6,14 +6,6 @@ namespace tilo::hud {
 namespace {
 
 using bridge::Block;
-using bridge::Strong;
-
-void perform(const Task& task) {
-  if (!task.target) return;
-  const id target = task.target.get().raw;
-  auto send = reinterpret_cast<void (*)(id, SEL, id)>(bridge::messenger(target, task.action, false));
-  send(target, task.action, task.object.get().raw);
-}
 
 void run(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block, dispatch_queue_s* queue) {
   self.setTaskInProgress(YES);
@@ -37,7 +29,8 @@ void showWhileExecuting(RQProgressHUD self, SEL action, bridge::Object target, b
 // On the task's thread.
 void launchExecution(RQProgressHUD self) {
   const bridge::Pool pool;
-  perform(HUD::state(self).task);
+  const Task& task = HUD::state(self).task;
+  bridge::as<NSPerforming>(task.target.get()).performSelector_withObject(task.action, task.object);
   bridge::as<NSThreadPerformAdditions>(self).performSelectorOnMainThread_withObject_waitUntilDone(
       bridge::selector<"cleanUp">(), {}, NO);
 }

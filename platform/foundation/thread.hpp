@@ -11,6 +11,11 @@ struct NSThread : bridge::Face<"NSThread", NSObject> {
       detachNewThreadSelector_toTarget_withObject{};
 };
 
+// What the selector answers is dropped.
+struct NSPerforming : bridge::Face<"NSObject", NSObject> {
+  MESSAGE Method<"performSelector:withObject:", void(SEL, bridge::Object)> performSelector_withObject;
+};
+
 // Receiver and argument are retained until it is done.
 struct NSThreadPerformAdditions : bridge::Face<"NSObject", NSObject> {
   MESSAGE Method<"performSelectorOnMainThread:withObject:waitUntilDone:", void(SEL, bridge::Object, BOOL)>

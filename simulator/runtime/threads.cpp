@@ -53,8 +53,7 @@ void start(Threads self) {
 }
 
 void performNow(NSObject self, SEL action, bridge::Object argument) {
-  auto send = reinterpret_cast<void (*)(id, SEL, id)>(bridge::messenger(self.raw, action, false));
-  send(self.raw, action, argument.raw);
+  bridge::as<NSPerforming>(self).performSelector_withObject(action, argument);
 }
 
 void performOnMainThread(NSObject self, SEL action, bridge::Object argument, BOOL waits) {

@@ -1,0 +1,277 @@
+// Notice boxes that are shown while a thread or a queue works.
+#include <mutex>
+
+#include "bridge/define.hpp"
+#include "platform/foundation/thread.hpp"
+#include "tests/library/hud_fixture.hpp"
+
+namespace test {
+namespace {
+
+struct Worker : bridge::Face<"TestHUDWorker", NSObject> {
+  MESSAGE Method<"work:", void(bridge::Object)> work;
+  MESSAGE Method<"hudWasHidden:", void(RQProgressHUD)> hudWasHidden;
+};
+
+struct Sleeping : bridge::Face<"NSThread", NSThread> {
+  static constexpr bridge::ClassMethod<"NSThread", "sleepForTimeInterval:", void(double)> forSeconds{};
+};
+
+std::mutex notesLock;
+std::vector<std::string> notes;
+double workTime = 0;  // seconds
+RQProgressHUD hudOfWorker;
+
+// With a star: on the main thread.
+void note(std::string what) {
+  if (NSThread::isMainThread()) what += "*";
+  const std::lock_guard guard(notesLock);
+  notes.push_back(what);
+}
+
+void doWork() {
+  note("begin");
+  if (workTime > 0) Sleeping::forSeconds(workTime);
+  note("end");
+}
+
+void work(Worker, bridge::Object argument) {
+  note(bridge::as<NSString>(argument).UTF8String());
+  doWork();
+}
+
+void hudWasHidden(Worker, RQProgressHUD) { note("hidden"); }
+
+using Notes = std::vector<std::string>;
+
+class ProgressHUDTask : public HUD {
+ protected:
+  ProgressHUDTask() {
+    bridge::Implementation<Worker>::define<NSObject>(bridge::method<&Worker::work, work>(),
+                                                     bridge::method<&Worker::hudWasHidden, hudWasHidden>());
+    worker = bridge::make<Worker, &NSObject::init>();
+    hud->setDelegate(bridge::as<tilo::RQProgressHUDDelegate>(worker.get()));
+  }
+
+  void showForThread(BOOL animated) {
+    hud->showWhileExecuting_onTarget_withObject_animated(bridge::selector<"work:">(), worker, "argument"_ns,
+                                                         animated);
+  }
+  void showForBlock(BOOL animated) { hud->showAnimated_whileExecutingBlock(animated, Block<void()>(doWork)); }
+
+  Strong<Worker> worker;
+};
+
+TEST_F(ProgressHUDTask, IsDoneByAThreadOfItsOwnWithItsObject) {
+  showForThread(NO);
+  sim::settle();
+  EXPECT_EQ(notes, (Notes{"argument", "begin", "end", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, IsInProgressUntilTheMainThreadHeardOfItsEnd) {
+  EXPECT_FALSE(hud->taskInProgress());
+  showForThread(NO);
+  EXPECT_TRUE(hud->taskInProgress());
+  sim::settle();
+  EXPECT_FALSE(hud->taskInProgress());
+}
+
+TEST_F(ProgressHUDTask, OfAThreadShowsTheBoxUntilItEnds) {
+  workTime = 2;
+  showForThread(YES);
+  EXPECT_EQ(alpha(), 0);
+  pass(1.999);
+  EXPECT_EQ(alpha(), 1);
+  EXPECT_TRUE(hud->taskInProgress());
+  pass(0.002);
+  EXPECT_FALSE(hud->taskInProgress());
+  EXPECT_LT(hud->alpha(), 1);
+  pass(0.3);
+  EXPECT_EQ(hud->alpha(), 0);
+  EXPECT_EQ(notes, (Notes{"argument", "begin", "end", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, KeepsTargetAndObjectNoLongerThanItTakes) {
+  const NSUInteger before = worker->retainCount(), hudBefore = hud->retainCount();
+  {
+    const bridge::Pool pool;
+    showForThread(NO);
+    EXPECT_GT(worker->retainCount(), before);
+    sim::settle();
+  }
+  EXPECT_EQ(worker->retainCount(), before);
+  EXPECT_EQ(hud->retainCount(), hudBefore);
+}
+
+TEST_F(ProgressHUDTask, MayBeABlockOnTheDefaultQueue) {
+  showForBlock(NO);
+  EXPECT_TRUE(hud->taskInProgress());
+  sim::settle();
+  EXPECT_FALSE(hud->taskInProgress());
+  EXPECT_EQ(notes, (Notes{"begin", "end", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, OfABlockShowsTheBoxUntilItEnds) {
+  workTime = 1;
+  showForBlock(NO);
+  EXPECT_EQ(alpha(), 1);
+  pass(0.999);
+  EXPECT_EQ(alpha(), 1);
+  pass(0.002);
+  EXPECT_EQ(alpha(), 0);
+}
+
+TEST_F(ProgressHUDTask, OfABlockIsFollowedByItsCompletion) {
+  hud->showAnimated_whileExecutingBlock_completionBlock(NO, Block<void()>(doWork),
+                                                        Block<void()>([] { note("completed"); }));
+  sim::settle();
+  EXPECT_EQ(notes, (Notes{"begin", "end", "completed*", "hidden*"}));
+  EXPECT_FALSE(hud->completionBlock());
+}
+
+TEST_F(ProgressHUDTask, OfABlockLeavesACompletionThatIsThereAlready) {
+  hud->setCompletionBlock(Block<void()>([] { note("completed"); }));
+  showForBlock(NO);
+  sim::settle();
+  EXPECT_EQ(notes, (Notes{"begin", "end", "completed*", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, MayBeABlockOnAQueueThatIsNamed) {
+  dispatch_queue_s* queue = dispatch_queue_create("test", nullptr);
+  dispatch::onQueue(queue, [] { note("before"); });
+  hud->showAnimated_whileExecutingBlock_onQueue(NO, Block<void()>(doWork), queue);
+  dispatch::onQueue(queue, [] { note("after"); });
+  dispatch_release(queue);
+  sim::settle();
+  EXPECT_EQ(notes, (Notes{"before", "begin", "end", "after", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, MayBeABlockOnAQueueWithACompletion) {
+  dispatch_queue_s* queue = dispatch_queue_create("test", nullptr);
+  hud->showAnimated_whileExecutingBlock_onQueue_completionBlock(NO, Block<void()>(doWork), queue,
+                                                                Block<void()>([] { note("completed"); }));
+  dispatch_release(queue);
+  sim::settle();
+  EXPECT_EQ(notes, (Notes{"begin", "end", "completed*", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, MayBeABlockOnTheMainQueue) {
+  hud->showAnimated_whileExecutingBlock_onQueue(NO, Block<void()>(doWork), &_dispatch_main_q);
+  EXPECT_TRUE(notes.empty());
+  sim::settle();
+  EXPECT_EQ(notes, (Notes{"begin*", "end*", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, KeepsTheBoxAlive) {
+  view->addSubview(hud);
+  hud->setRemoveFromSuperViewOnHide(YES);
+  workTime = 1;
+  const bridge::Pool pool;
+  showForBlock(YES);
+  hud->removeFromSuperview();
+  hud.clear();
+  pass(2);
+  EXPECT_EQ(notes, (Notes{"begin", "end", "hidden*"}));
+}
+
+// The time that a box is held back.
+
+TEST_F(ProgressHUDTask, ThatEndsWithinTheGraceTimeShowsNothing) {
+  hud->setGraceTime(0.5f);
+  workTime = 0.4;
+  showForBlock(YES);
+  for (int i = 0; i < 20; ++i) {
+    pass(0.1);
+    ASSERT_EQ(alpha(), 0);
+    ASSERT_EQ(hud->alpha(), 0);
+  }
+  EXPECT_EQ(notes, (Notes{"begin", "end", "hidden*"}));
+}
+
+TEST_F(ProgressHUDTask, ThatTakesLongerThanTheGraceTimeShowsTheBoxThen) {
+  hud->setGraceTime(0.5f);
+  workTime = 2;
+  showForThread(NO);
+  pass(0.4995);
+  EXPECT_EQ(alpha(), 0);
+  pass(0.001);
+  EXPECT_EQ(alpha(), 1);
+  pass(1.6);
+  EXPECT_EQ(alpha(), 0);
+}
+
+TEST_F(ProgressHUDTask, ThatEndsEarlyLeavesTheBoxForItsLeastTime) {
+  hud->setMinShowTime(1);
+  workTime = 0.2;
+  showForBlock(NO);
+  pass(0.9995);
+  EXPECT_EQ(alpha(), 1);
+  pass(0.001);
+  EXPECT_EQ(alpha(), 0);
+}
+
+// Properties that the task changes.
+
+TEST_F(ProgressHUDTask, ChangesThePropertiesOfTheBoxOnTheMainThread) {
+  hudOfWorker = hud;
+  hud->setMode(1);
+  hud->showAnimated_whileExecutingBlock(NO, Block<void()>([] {
+                                          hudOfWorker.setProgress(0.25f);
+                                          hudOfWorker.setLabelText("Halfway"_ns);
+                                          hudOfWorker.setDetailsLabelText("There is more"_ns);
+                                          hudOfWorker.setLabelColor(UIColor::redColor());
+                                          Sleeping::forSeconds(1);
+                                          hudOfWorker.setMode(2);
+                                          hudOfWorker.setProgress(0.75f);
+                                          Sleeping::forSeconds(1);
+                                        }));
+  sim::settle();
+  EXPECT_EQ(part<tilo::RQRoundProgressView>().progress(), 0.25f);
+  EXPECT_STREQ(label(0).text().UTF8String(), "Halfway");
+  EXPECT_STREQ(label(1).text().UTF8String(), "There is more");
+  EXPECT_TRUE(label(0).textColor() == UIColor::redColor());
+  pass(1.5);
+  EXPECT_FALSE(part<tilo::RQRoundProgressView>());
+  EXPECT_EQ(part<tilo::RQBarProgressView>().progress(), 0.75f);
+}
+
+TEST_F(ProgressHUDTask, MayChangeAPropertyWhileTheMainThreadReadsIt) {
+  hudOfWorker = hud;
+  hud->show(NO);
+  dispatch::onQueue(dispatch::defaultQueue(), [] {
+    for (int i = 0; i < 300; ++i) {
+      const bridge::Pool pool;
+      hudOfWorker.setLabelText(NSString::stringWithUTF8String(std::to_string(i).c_str()));
+      hudOfWorker.setProgress(static_cast<float>(i) / 300);
+    }
+  });
+  for (int i = 0; i < 300; ++i) {
+    const bridge::Pool pool;
+    NSString text = hud->labelText();
+    ASSERT_LE(text.length(), 3u);
+    ASSERT_LT(hud->progress(), 1);
+  }
+  sim::settle();
+  EXPECT_STREQ(label(0).text().UTF8String(), "299");
+}
+
+TEST_F(ProgressHUDTask, MayChangeAProgressViewByItself) {
+  static tilo::RQRoundProgressView round;
+  static tilo::RQBarProgressView bar;
+  auto ownRound = bridge::make<tilo::RQRoundProgressView, &NSObject::init>();
+  auto ownBar = bridge::make<tilo::RQBarProgressView, &NSObject::init>();
+  round = ownRound, bar = ownBar;
+  view->addSubview(round);
+  view->addSubview(bar);
+  dispatch::onQueue(dispatch::defaultQueue(), [] {
+    round.setProgress(0.5f);
+    bar.setProgress(0.5f);
+    bar.setLineColor(UIColor::redColor());
+  });
+  sim::settle();
+  EXPECT_EQ(round.progress(), 0.5f);
+  EXPECT_EQ(bar.progress(), 0.5f);
+}
+
+}  // namespace
+}  // namespace test
