@@ -23,4 +23,10 @@ void verticalPaddingReplaced(benchmark::State& state);
 void scrollStepStock(benchmark::State& state);
 void scrollStepReplaced(benchmark::State& state);
 
+// A frame of a screen of 750 x 1334 pixels while the panel springs in, drawn anew.
+void panelFrame(benchmark::State& state);
+
+// A press on a plus button, from the finger's coming down to the stored value and the icons' new places.
+void plusPress(benchmark::State& state);
+
 }  // namespace bench

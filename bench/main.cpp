@@ -4,9 +4,10 @@
 namespace bench {
 
 sim::Simulation& simulation() {
-  static const char* arguments[] = {"tilo-bench",       "--set", "enabled=YES",         "--set",
-                                    "custom_preset=-1", "--set", "vertIconPadding=12.0"};
-  static auto& only = *new sim::Simulation(sim::parseOptions(7, arguments));
+  static const char* arguments[] = {"tilo-bench",       "--set", "enabled=YES",          "--set",
+                                    "custom_preset=-1", "--set", "vertIconPadding=12.0", "--set",
+                                    "quick=YES"};
+  static auto& only = *new sim::Simulation(sim::parseOptions(9, arguments));
   return only;
 }
 
@@ -24,6 +25,8 @@ int main(int count, char** arguments) {
   benchmark::RegisterBenchmark("scroll step, stock", bench::scrollStepStock);
   benchmark::RegisterBenchmark("vertical padding, replaced", bench::verticalPaddingReplaced);
   benchmark::RegisterBenchmark("scroll step, replaced", bench::scrollStepReplaced);
+  benchmark::RegisterBenchmark("frame while the panel springs in", bench::panelFrame);
+  benchmark::RegisterBenchmark("press on plus", bench::plusPress);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }
