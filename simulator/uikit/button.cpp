@@ -18,11 +18,11 @@ namespace {
 
 using bridge::Strong;
 
-constexpr CGFloat systemFontSize = 15, customFontSize = 18;  // of titles
-constexpr CGFloat verticalMargin = 6;                        // above a title and below it
-constexpr CGSize leastSize{30, 34};                          // of a button that fits its title
-constexpr CGFloat pressedAlpha = 0.2;                        // of a system button's title
-constexpr CGFloat dimmedAlpha = 0.5;  // of an image that shows a state it has no own for
+constexpr CGFloat titleFontSize = 18;  // of a button that is made in code
+constexpr CGFloat verticalMargin = 6;  // above a title and below it
+constexpr CGSize leastSize{30, 34};    // of a button that fits its title
+constexpr CGFloat pressedAlpha = 0.2;  // of a system button's title
+constexpr CGFloat dimmedAlpha = 0.5;   // of an image that shows a state it has no own for
 
 // By state. What is not set for a state is that of the normal one.
 template <class T>
@@ -69,7 +69,7 @@ UILabel titleLabel(UIButton self) {
   Strong<UILabel>& label = stateOf(self).titleLabel;
   if (!label) {
     label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-    label->setFont(UIFont::systemFontOfSize(isSystem(self) ? systemFontSize : customFontSize));
+    label->setFont(UIFont::systemFontOfSize(titleFontSize));
     label->setLineBreakMode(NSLineBreakByTruncatingMiddle);
     label->setShadowOffset({});
     self.addSubview(label);

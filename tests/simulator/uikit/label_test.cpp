@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "simulator/uikit/font.hpp"
-#include "tests/simulator/uikit/fixture.hpp"
+#include "tests/simulator/uikit/canvas.hpp"
 
 namespace test {
 namespace {
@@ -72,6 +72,45 @@ TEST_F(Label, LargerFontTakesMoreRoom) {
   EXPECT_NEAR(label->sizeThatFits({}).width, 2 * small.width, 1);
   label->sizeToFit();
   EXPECT_EQ(label->frame().size, label->sizeThatFits({}));
+}
+
+class LabelShadow : public Canvas {
+ protected:
+  LabelShadow() {
+    label->setTextColor(UIColor::redColor());
+    label->setShadowColor(UIColor::blueColor());
+    label->setShadowOffset({0, 30});
+  }
+
+  // Blue in the lower half, where nothing but the shadow is.
+  int blue() {
+    label->drawRect(label->bounds());
+    int most = 0;
+    for (int y = 50; y < 100; ++y)
+      for (int x = 0; x < 100; ++x) most = std::max(most, at(x, y).blue);
+    return most;
+  }
+
+  Strong<UILabel> label = [] {
+    auto made = make<UILabel, &UIView::initWithFrame>(CGRect{{0, 0}, {100, 60}});
+    made->setText("HHH"_ns);
+    made->setFont(UIFont::systemFontOfSize(30));
+    return made;
+  }();
+};
+
+TEST_F(LabelShadow, LiesAtItsOffset) { EXPECT_GT(blue(), 240); }
+
+TEST_F(LabelShadow, IsFaintBelowFaintText) {
+  label->setTextColor(UIColor::redColor().colorWithAlphaComponent(0.25));
+  EXPECT_NEAR(blue(), 64, 8);  // assumed
+}
+
+TEST_F(LabelShadow, IsNotDrawnRightBehindTheText) {
+  label->setShadowOffset({0, 0});
+  label->setTextColor(UIColor::redColor().colorWithAlphaComponent(0.5));
+  label->drawRect(label->bounds());
+  for (int x = 0; x < 100; ++x) EXPECT_EQ(at(x, 30).blue, 0);  // assumed
 }
 
 TEST_F(Fonts, SystemFontsHaveTheirSizeAndWeight) {
