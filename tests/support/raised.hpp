@@ -31,4 +31,10 @@ std::string raised(const auto& function) {
   return "";
 }
 
+// The name alone.
+std::string raisedName(const auto& function) {
+  const std::string text = raised(function);
+  return text.substr(0, text.find(':'));
+}
+
 }  // namespace test

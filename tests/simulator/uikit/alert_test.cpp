@@ -269,12 +269,12 @@ TEST_F(Alert, StaysInTheMiddleWhenTheWindowTurns) {
 TEST_F(Alert, HasOneActionForCancellingAtMost) {
   auto alert = makeAlert();
   addAction(alert, "One"_ns, UIAlertActionStyleCancel);
-  EXPECT_EQ(raised([&] { addAction(alert, "Two"_ns, UIAlertActionStyleCancel); }),
+  EXPECT_EQ(raisedName([&] { addAction(alert, "Two"_ns, UIAlertActionStyleCancel); }),
             "NSInternalInconsistencyException");  // confirmed: device behaviour, known widely
 }
 
 TEST_F(Alert, OfTheOtherStyleSaysThatItIsMissing) {
-  EXPECT_EQ(raised([] {
+  EXPECT_EQ(raisedName([] {
               UIAlertController::alertControllerWithTitle_message_preferredStyle(
                   "Title"_ns, {}, UIAlertControllerStyleActionSheet);
             }),
@@ -282,7 +282,7 @@ TEST_F(Alert, OfTheOtherStyleSaysThatItIsMissing) {
 }
 
 TEST_F(Alert, ThatIsNoneIsNotPresented) {
-  EXPECT_EQ(raised([&] { root->presentViewController_animated_completion({}, YES, Block<void()>()); }),
+  EXPECT_EQ(raisedName([&] { root->presentViewController_animated_completion({}, YES, Block<void()>()); }),
             "NSInvalidArgumentException");  // confirmed: device behaviour, known widely
 }
 

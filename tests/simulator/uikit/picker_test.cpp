@@ -296,8 +296,8 @@ TEST_F(Picker, StaysAtItsRowWhenItIsReloadedOrAtTheLast) {
 }
 
 TEST_F(Picker, HasNoOtherComponents) {
-  EXPECT_EQ(raised([&] { picker->numberOfRowsInComponent(1); }), "NSRangeException");  // assumed
-  EXPECT_EQ(raised([&] { picker->selectRow_inComponent_animated(0, -1, NO); }), "NSRangeException");
+  EXPECT_EQ(raisedName([&] { picker->numberOfRowsInComponent(1); }), "NSRangeException");  // assumed
+  EXPECT_EQ(raisedName([&] { picker->selectRow_inComponent_animated(0, -1, NO); }), "NSRangeException");
 }
 
 TEST_F(Picker, WithNothingInItIsTurnedInVain) {
