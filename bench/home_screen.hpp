@@ -29,4 +29,7 @@ void panelFrame(benchmark::State& state);
 // A press on a plus button, from the finger's coming down to the stored value and the icons' new places.
 void plusPress(benchmark::State& state);
 
+// Choosing the last of as many named layouts as the argument says.
+void choosePreset(benchmark::State& state);
+
 }  // namespace bench

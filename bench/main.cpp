@@ -27,6 +27,7 @@ int main(int count, char** arguments) {
   benchmark::RegisterBenchmark("scroll step, replaced", bench::scrollStepReplaced);
   benchmark::RegisterBenchmark("frame while the panel springs in", bench::panelFrame);
   benchmark::RegisterBenchmark("press on plus", bench::plusPress);
+  benchmark::RegisterBenchmark("choosing a named layout", bench::choosePreset)->Arg(50)->Arg(5000);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

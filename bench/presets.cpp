@@ -1,0 +1,40 @@
+// What it costs to choose a named layout: the presets file is read, parsed and renumbered each time.
+#include <filesystem>
+#include <fstream>
+
+#include "bench/home_screen.hpp"
+#include "settings/gesture_controller.hpp"
+#include "simulator/app/json.hpp"
+
+namespace bench {
+namespace {
+
+void writePresets(long count) {
+  sim::Json records = sim::Json::array();
+  for (long i = 0; i < count; ++i)
+    records.push_back({{"name", "Layout " + std::to_string(i)},
+                       {"value", i},
+                       {"configurable", 1},
+                       {"configuration",
+                        {{"horizontal_padding", 10.0},
+                         {"vertical_padding", 5.0},
+                         {"side_inset", 20.0},
+                         {"top_inset", 30.0}}}});
+  const auto file =
+      started().fileSystem().hostPath("/var/mobile/Documents/com.wexor.tilo3/custom/config.json");
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file) << sim::Json{{"configurations", records}};
+}
+
+}  // namespace
+
+void choosePreset(benchmark::State& state) {
+  bridge::Pool pool;
+  writePresets(state.range(0));
+  for (auto _ : state) {
+    bridge::Pool each;
+    tilo::RQGestureController::sharedInstance().updateConfigWithValue(static_cast<int>(state.range(0) - 1));
+  }
+}
+
+}  // namespace bench
