@@ -124,7 +124,10 @@ void moveIcons(RQPopupView self, ColorSlider slider) {
 }
 
 void moveIconsNotification(RQPopupView self, bridge::Object notification) {
-  self.moveTimer().invalidate();
+  // A cancelled panel may be kept by its timer alone, which lets go of it now.
+  auto alive = bridge::retained(self);
+  auto pending = bridge::retained(self.moveTimer());
+  pending->invalidate();
   self.setMoveTimer(NSTimer::scheduledTimerWithTimeInterval_target_selector_userInfo_repeats(
       quietInterval, self, bridge::selector<"endSliding:">(), {}, NO));
   self.moveIcons(bridge::as<ColorSlider>(bridge::as<NSNotification>(notification).object()));

@@ -12,6 +12,7 @@
 
 #include "platform/corefoundation/preferences.hpp"
 #include "platform/foundation/file_manager.hpp"
+#include "platform/foundation/number.hpp"
 #include "simulator/device/descriptor.hpp"
 #include "simulator/runtime/export.hpp"
 #include "simulator/runtime/property_list.hpp"
@@ -55,6 +56,13 @@ bridge::Strong<NSMutableDictionary> current(NSString domain) {
   return values;
 }
 
+// Foundation writes seven digits of a float, which takes nine.
+bridge::Object withAllDigits(bridge::Object value) {
+  if (!bridge::isKindOf<NSNumber>(value)) return value;
+  const auto number = bridge::as<NSNumber>(value);
+  return *number.objCType() == 'f' ? NSNumber::numberWithDouble(number.floatValue()) : value;
+}
+
 }  // namespace
 
 NSDictionary preferenceDomain(NSString domain) {
@@ -65,7 +73,7 @@ NSDictionary preferenceDomain(NSString domain) {
 bool setPreference(NSString domain, NSString key, bridge::Object value) {
   WriteLock lock;
   bool readable = stored(domain) || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
-  unsaved(domain)[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(value));
+  unsaved(domain)[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(withAllDigits(value)));
   if (!readable || !current(domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
   unsaved(domain).clear();
   return true;

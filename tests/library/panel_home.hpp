@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "settings/gesture_controller.hpp"
+#include "simulator/runtime/preferences.hpp"
 #include "tests/library/grid_home.hpp"
 
 namespace test {
@@ -33,9 +34,18 @@ class PanelHome : public Home {
     step("swipe up");
     step("wait 1");
   }
+  // One finger, by hand.
+  void finger(const char* phase, CGPoint place) {
+    step(std::string("finger 1 ") + phase + " " + std::to_string(place.x) + " " + std::to_string(place.y));
+  }
   void wait(double seconds) { step("wait " + std::to_string(seconds)); }
   // What is reported of the panel; null when none is on screen.
   sim::Json shown() { return report()["panel"]; }
+  // A preference as another process would read it, and as the panel has it.
+  static sim::Json stored(NSString key) {
+    return sim::plain(sim::preferenceDomain("com.wexor.tilo"_ns).objectForKey(key));
+  }
+  static sim::Json live(NSString key) { return sim::plain(controller().rootObj().objectForKey(key)); }
 };
 
 // How far a spring has come after `time` of its `duration` (seconds), from 0 to 1 and beyond: one that begins
