@@ -197,14 +197,15 @@ Stroke strokeOf(UISlider self, UIGestureRecognizer recognizer) {
   return {{at.x - way.x, at.y - way.y}, std::abs(way.x) >= std::abs(way.y)};
 }
 
-// A stroke along the slider that began on the thumb is the thumb's alone.
+// A stroke along the slider that began on the thumb is the thumb's alone. The thumb may hear of the finger
+// later than the recogniser, or may have followed it already.
 BOOL gestureRecognizerShouldBegin(UISlider self, UIGestureRecognizer recognizer) {
   const bool strokes = bridge::isKindOf<UIPanGestureRecognizer>(recognizer) ||
                        bridge::isKindOf<UISwipeGestureRecognizer>(recognizer);
   if (!strokes) return SliderClass::super<&UIView::gestureRecognizerShouldBegin>(self, recognizer);
   if (recognizer.view() == self || !self.isEnabled()) return YES;
   const Stroke stroke = strokeOf(self, recognizer);
-  return !stroke.horizontal || !isOnThumb(self, stroke.start);
+  return !stroke.horizontal || !(self.isTracking() || isOnThumb(self, stroke.start));
 }
 
 // Making one.

@@ -9,6 +9,7 @@
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/application.hpp"
 #include "settings/color_slider.hpp"
+#include "simulator/uikit/font.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {
@@ -26,6 +27,7 @@ class ColorSlider : public testing::Test {
 
   // A control as the row with the key "topIconInset" has it, on a plain card of the home screen.
   void show(float minimum = -20, float maximum = 100, float value = 5) {
+    sim::uikit::registerFont("FontAwesome", "FontAwesome");  // as the panel does
     card = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{40, 100}, {300, 200}});
     card->setBackgroundColor(UIColor::whiteColor());
     slider =
