@@ -6,6 +6,7 @@
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
+#include "simulator/uikit/presentation.hpp"
 #include "simulator/uikit/text_field.hpp"
 #include "simulator/uikit/view_controller.hpp"
 #include "simulator/uikit/window.hpp"
@@ -13,8 +14,7 @@
 namespace sim::input {
 namespace {
 
-constexpr double frame = 1.0 / 60;  // seconds
-constexpr double keyTime = 0.1;
+constexpr double keyTime = 0.1;  // seconds
 
 UIAlertController neededAlert() {
   const UIAlertController alert = frontAlert();
@@ -44,7 +44,7 @@ void chooseInAlert(std::string_view title) {
   const bridge::Pool pool;
   const auto alert = bridge::retained(neededAlert());
   tap(findNamed(title, {alert->view()}));
-  while (uikit::stateOf(alert.get()).beingDismissed) letPass(frame);
+  if (uikit::stateOf(alert.get()).beingDismissed) letPass(uikit::dismissingDuration);
 }
 
 void enterInAlert(const std::string& text) {

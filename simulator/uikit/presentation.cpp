@@ -16,9 +16,9 @@ namespace {
 
 using bridge::Strong;
 
-constexpr double presentingDuration = 0.4, dismissingDuration = 0.25;  // seconds
-constexpr double dimming = 0.4;     // the alpha of the black around an alert
-constexpr double firstScale = 1.2;  // from which an alert shrinks to its size
+constexpr double presentingDuration = 0.4;  // seconds
+constexpr double dimming = 0.4;             // the alpha of the black around an alert
+constexpr double firstScale = 1.2;          // from which an alert shrinks to its size
 
 // Lies over everything else in the window and keeps touches from it.
 struct StageView : bridge::Face<"UITransitionView", UIView> {};

@@ -5,6 +5,9 @@
 
 namespace sim::uikit {
 
+/** Seconds that an animated dismissal takes. */
+inline constexpr double dismissingDuration = 0.25;
+
 void present(UIViewController self, UIViewController other, BOOL animated,
              bridge::BlockRef<void()> completion);
 void dismiss(UIViewController self, BOOL animated, bridge::BlockRef<void()> completion);
