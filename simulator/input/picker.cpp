@@ -46,7 +46,7 @@ void pickRow(int row) {
   const auto picker = bridge::retained(frontPicker());
   const CGPoint middle = findView(picker, "the picker");
   const NSInteger rows = picker->numberOfRowsInComponent(0);
-  if (row >= rows) throw UsageError(fmt::format("the picker has {} rows", rows));
+  if (row >= rows) throw UsageError(fmt::format("the picker has no row {}, only {} rows", row, rows));
   // The rim moves as the finger does, which stays on the wheel.
   const double longest = picker->bounds().size.height * 0.9;
   const double rowHeight = uikit::wheelOf(picker).rowHeight;

@@ -1,0 +1,182 @@
+// What the panel does that none of its controls asks for: exporting the layout and opening the settings.
+#include <gtest/gtest.h>
+
+#include "platform/springboard/icon_list_view.hpp"
+#include "simulator/device/usage_error.hpp"
+#include "tests/library/presets_home.hpp"
+
+namespace {
+
+using sim::Json;
+using test::layouts;
+using test::PanelHome;
+using test::PresetsHome;
+
+// Fails the test when the step can be done; what it says otherwise.
+std::string refusal(PanelHome& home, const std::string& step) {
+  try {
+    home.step(step);
+  } catch (const sim::UsageError& error) {
+    return error.what();
+  }
+  ADD_FAILURE() << step << " can be done";
+  return "";
+}
+
+CGFloat side(SBRootIconListView) { return 41.5; }
+CGFloat top(SBRootIconListView) { return 42.5; }
+CGFloat horizontal(SBRootIconListView) { return 43.5; }
+CGFloat vertical(SBRootIconListView) { return 44.5; }
+
+// What the first page itself answers, so that each value shows whose it is.
+void standInForSpacing() {
+  test::standIn<SBRootIconListView, &SBIconListView::sideIconInset, side>();
+  test::standIn<SBRootIconListView, &SBIconListView::topIconInset, top>();
+  test::standIn<SBRootIconListView, &SBIconListView::horizontalIconPadding, horizontal>();
+  test::standIn<SBRootIconListView, &SBIconListView::verticalIconPadding, vertical>();
+}
+
+TEST(Export, StoresWhatTheIconListAnswers) {
+  PanelHome home({"enabled=YES"});
+  home.open();
+  standInForSpacing();
+  home.step("call exportSettings");
+  const Json stored = home.report()["preferences"];
+  EXPECT_EQ(stored["sideIconInset"], 41.5);
+  EXPECT_EQ(stored["topIconInset"], 42.5);
+  EXPECT_EQ(stored["horiIconPadding"], 43.5);
+  EXPECT_EQ(stored["vertIconPadding"], 44.5);
+}
+
+TEST(Export, OfAChosenLayoutStoresItsSpacing) {
+  PresetsHome home({test::layout("a", 0, 7)}, {"custom_preset=0"});
+  home.open();
+  home.step("call exportSettings");
+  const Json stored = home.report()["preferences"];
+  EXPECT_EQ(stored["horiIconPadding"], 7);
+  EXPECT_EQ(stored["vertIconPadding"], 8);
+  EXPECT_EQ(stored["sideIconInset"], 9);
+  EXPECT_EQ(stored["topIconInset"], 10);
+  EXPECT_EQ(stored["custom_preset"], 0);
+}
+
+TEST(OpenSettings, OpensTheSettingsAndClosesThePanel) {
+  PanelHome home;
+  home.open();
+  home.step("call openSettings");
+  EXPECT_EQ(home.report()["openedURLs"], Json({"prefs:root=Tilo"}));
+  home.wait(1);
+  EXPECT_EQ(home.report()["panel"], nullptr);
+}
+
+TEST(Call, NeedsAPanel) {
+  PanelHome home;
+  EXPECT_EQ(refusal(home, "call exportSettings"), "test:1: there is no panel");
+  EXPECT_EQ(home.report()["openedURLs"], Json::array());
+}
+
+TEST(Call, IsForTwoMessagesAlone) {
+  PanelHome home;
+  home.open();
+  EXPECT_EQ(refusal(home, "call didHitDone"),
+            "test:1: 'didHitDone' is not what 'call exportSettings|openSettings' takes");
+}
+
+TEST(Pick, NeedsAPicker) {
+  PanelHome home;
+  EXPECT_EQ(refusal(home, "pick 0"), "test:1: there is no picker");
+}
+
+TEST(Pick, NeedsThePickerInSight) {
+  PresetsHome home(layouts({"a", "b"}));
+  home.open();
+  EXPECT_TRUE(refusal(home, "pick 1").starts_with("test:1: the picker is ")) << refusal(home, "pick 1");
+}
+
+TEST(Pick, NeedsARowThatThereIs) {
+  PresetsHome home(layouts({"a", "b"}));
+  home.openPresets();
+  EXPECT_EQ(refusal(home, "pick 2"), "test:1: the picker has no row 2, only 2 rows");
+  for (const char* row : {"-1", "1.5", "one", "\"1\""})
+    EXPECT_NE(refusal(home, std::string("pick ") + row).find("is not what 'pick ROW' takes"),
+              std::string::npos);
+}
+
+TEST(Pick, TakesNoTime) {
+  PresetsHome home(layouts({"a", "b", "c"}));
+  home.openPresets();
+  const Json before = home.report()["time"];
+  home.step("pick 2");
+  EXPECT_EQ(home.report()["time"], before);
+  EXPECT_EQ(home.panel().rowSelected(), 2);
+}
+
+TEST(Pick, OfTheRowWhereTheWheelStandsTellsOfItAllTheSame) {
+  PresetsHome home(layouts({"a", "b", "c"}));
+  home.openPresets();
+  home.panel().setRowSelected(2);
+  home.step("pick 0");
+  EXPECT_EQ(home.panel().rowSelected(), 0);
+}
+
+TEST(Pick, StopsAWheelThatIsTurning) {
+  PresetsHome home(layouts({"a", "b", "c", "d", "e", "f", "g", "h"}));
+  home.openPresets();
+  home.step("drag 187 370 187 300 0.05");
+  home.step("pick 1");
+  home.wait(2);
+  EXPECT_EQ(home.panel().rowSelected(), 1);
+  EXPECT_EQ(home.shown()["selectedRow"], 1);
+}
+
+TEST(Choose, NeedsAnAlertWithThatButton) {
+  PanelHome home;
+  EXPECT_EQ(refusal(home, "choose \"Add\""), "test:1: there is no alert");
+  home.open();
+  EXPECT_EQ(refusal(home, "choose \"Add\""), "test:1: there is no alert");
+  home.step("tap \"Add\"");
+  EXPECT_EQ(refusal(home, "choose \"Okay\""), "test:1: nothing is called \"Okay\"");
+}
+
+TEST(Choose, LastsUntilTheAlertHasGone) {
+  PanelHome home;
+  home.open();
+  home.step("tap \"Add\"");
+  home.wait(1);
+  const double before = home.report()["time"];
+  home.step("choose \"Cancel\"");
+  EXPECT_NEAR(home.report()["time"].get<double>() - before, 0.3, 1e-6);
+}
+
+TEST(Enter, NeedsAFieldInAnAlert) {
+  PresetsHome home(layouts({"a"}));
+  EXPECT_EQ(refusal(home, "enter \"x\""), "test:1: there is no alert");
+  home.openPresets();
+  home.step("tap \"Select\"");
+  EXPECT_EQ(refusal(home, "enter \"x\""), "test:1: the alert has no text field");
+}
+
+TEST(Enter, GoesOnBehindWhatIsThere) {
+  PanelHome home;
+  home.open();
+  home.step("tap \"Add\"");
+  home.step("enter \"Ho\"");
+  home.step("enter \"me\"");
+  EXPECT_EQ(home.report()["alert"]["text"], "Home");
+}
+
+TEST(Enter, TakesATenthOfASecondForEachCharacter) {
+  PanelHome home;
+  home.open();
+  home.step("tap \"Add\"");
+  const double before = home.report()["time"];
+  home.step("enter \"aé日\"");
+  EXPECT_NEAR(home.report()["time"].get<double>() - before, 0.3, 1e-6);
+}
+
+TEST(Enter, WantsItsTextInQuotes) {
+  PanelHome home;
+  EXPECT_EQ(refusal(home, "enter Home"), "test:1: 'Home' is not what 'enter \"TEXT\"' takes");
+}
+
+}  // namespace

@@ -1,0 +1,93 @@
+// Saving and deleting are atomic: the process is killed at each of its system calls in turn, and the file is
+// the old or the new one.
+#include <gtest/gtest.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <functional>
+
+#include "tests/library/presets_home.hpp"
+
+namespace {
+
+using sim::Json;
+using test::layouts;
+using test::PresetsHome;
+
+// Runs `work` in a copy of the process and kills it at that stop, before or after a system call. Answers
+// whether it came so far; otherwise it has done the work.
+bool killAtStop(int stop, const std::function<void()>& work) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+    ::raise(SIGSTOP);
+    work();
+    ::_exit(0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  for (int stops = 0; WIFSTOPPED(status); ++stops) {
+    if (stops == stop) {
+      ::kill(child, SIGKILL);
+      ::waitpid(child, &status, 0);
+      return true;
+    }
+    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    ::waitpid(child, &status, 0);
+  }
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the work did not come to its end";
+  return false;
+}
+
+struct Outcomes {
+  int before = 0, after = 0, broken = 0;
+};
+
+// What the file is after a kill at each stop of `work`, begun anew with the old file each time.
+Outcomes killEverywhere(PresetsHome& home, const Json& changed, const std::function<void()>& work) {
+  const std::string old = home.contents(test::presetsPath);
+  Outcomes outcomes;
+  for (int stop = 1;; ++stop) {
+    std::filesystem::remove_all(home.file(test::presetsFolder));
+    home.write(test::presetsPath, old);
+    const bool killed = killAtStop(stop, work);
+    const std::string found = home.contents(test::presetsPath);
+    const Json parsed = Json::parse(found, nullptr, false);
+    if (found == old)
+      ++outcomes.before;
+    else if (!parsed.is_discarded() && test::same(parsed, changed))
+      ++outcomes.after;
+    else
+      ++outcomes.broken;
+    if (!killed) return outcomes;
+  }
+}
+
+Json document(const std::vector<Json>& records) { return {{"configurations", records}}; }
+
+TEST(KilledAtAnySystemCall, ASaveLeavesTheOldFileOrTheNewOne) {
+  PresetsHome home(layouts({"one", "two"}),
+                   {"horiIconPadding=10", "vertIconPadding=11", "sideIconInset=12", "topIconInset=13"});
+  home.open();
+  std::vector<Json> changed = layouts({"one", "two"});
+  changed.push_back(test::layout("three", 2, 10));
+  const Outcomes outcomes =
+      killEverywhere(home, document(changed), [&] { home.panel().saveWithTitle("three"_ns); });
+  EXPECT_EQ(outcomes.broken, 0);
+  EXPECT_GT(outcomes.before, 5);
+  EXPECT_GT(outcomes.after, 1);
+}
+
+TEST(KilledAtAnySystemCall, ADeletionLeavesTheOldFileOrTheNewOne) {
+  PresetsHome home(layouts({"one", "two"}));
+  home.open();
+  const Outcomes outcomes = killEverywhere(home, document({layouts({"one", "two"})[1]}),
+                                           [&] { home.panel().deleteSelectedLayout({}); });
+  EXPECT_EQ(outcomes.broken, 0);
+  EXPECT_GT(outcomes.before, 5);
+  EXPECT_GT(outcomes.after, 1);
+}
+
+}  // namespace
