@@ -1,7 +1,6 @@
 // Alerts, as somebody in front of the screen meets them.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "platform/uikit/alert_controller.hpp"
@@ -18,9 +17,9 @@ UIAlertController frontAlert();
 void chooseInAlert(std::string_view title);
 
 /**
- * Types into the alert's first text field, key by key, 0.1 s each. Throws UsageError when there is no alert,
+ * Types into the alert's first text field, key by key, 0.1 s a key. Throws UsageError when there is no alert,
  * or it has no field, or that cannot be reached.
  */
-void enterInAlert(const std::string& text);
+void enterInAlert(std::string_view text);
 
 }  // namespace sim::input

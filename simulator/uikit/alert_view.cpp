@@ -11,6 +11,7 @@
 #include "platform/uikit/scroll_view.hpp"
 #include "simulator/uikit/alert_layout.hpp"
 #include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/keyboard.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace sim::uikit {
@@ -141,7 +142,12 @@ void addField(AlertView card, UITextField field) {
   card.setNeedsLayout();
 }
 
-CGRect roomForAlerts(UIView stage) { return stage.bounds(); }
+CGRect roomForAlerts(UIView stage) {
+  CGRect room = stage.bounds();
+  if (const CGRect keys = keyboardFrame(); keys.size.height > 0)
+    room.size.height = std::min(room.size.height, keys.origin.y);
+  return room;
+}
 
 CGPoint alertCenter(const CGRect& room, CGSize size) {
   auto start = [](double origin, double length, double own) {

@@ -162,8 +162,10 @@ void place() {
 // Where the screen has turned, the keys have other places.
 void layoutSubviews(KeyboardWindow) {
   const Keyboard& all = keyboard();
-  if (!all.keys.empty() && all.pad->bounds().size.width != screenSize().width) turnTo(all.page);
+  const bool turned = all.pad && all.pad->bounds().size.width != screenSize().width;
+  if (turned && !all.keys.empty()) turnTo(all.page);
   place();
+  if (turned) post("UIKeyboardDidChangeFrameNotification"_ns);
 }
 
 // Beside the keyboard, and while it goes down, touches go to what lies below.
@@ -255,7 +257,11 @@ UIControl keyTowards(KeyboardPage page) {
 
 }  // namespace
 
-CGRect keyboardFrame() { return keyboard().isUp ? keyboard().host->frame() : CGRect{}; }
+CGRect keyboardFrame() {
+  if (!keyboard().isUp) return {};
+  const CGSize size = keyboard().host->bounds().size;
+  return {{0, screenSize().height - size.height}, size};
+}
 
 UIControl keyOfKind(KeyKind kind) {
   return keyThat([kind](const Key& key) { return key.kind == kind; });

@@ -8,7 +8,8 @@
 
 namespace sim::uikit {
 
-/** What the keyboard and the view above it cover, in points of the screen; nothing while it is down. */
+/** What the keyboard and the view above it cover once they have risen, in points of the screen; nothing while
+ * they are down. */
 CGRect keyboardFrame();
 
 /** A key, and whether it types what was asked for or only leads to another page of keys. */

@@ -5,6 +5,7 @@
 
 #include "bridge/define.hpp"
 #include "platform/corefoundation/log.hpp"
+#include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/alert_controller.hpp"
 #include "platform/uikit/color.hpp"
 #include "simulator/uikit/alert_view.hpp"
@@ -16,16 +17,25 @@ namespace {
 
 using bridge::Strong;
 
-constexpr double presentingDuration = 0.4;  // seconds
-constexpr double dimming = 0.4;             // the alpha of the black around an alert
-constexpr double firstScale = 1.2;          // from which an alert shrinks to its size
+constexpr double presentingDuration = 0.4, keyboardDuration = 0.25;  // seconds
+constexpr double dimming = 0.4;                                      // the alpha of the black around an alert
+constexpr double firstScale = 1.2;  // from which an alert shrinks to its size
 
 // Lies over everything else in the window and keeps touches from it.
-struct StageView : bridge::Face<"UITransitionView", UIView> {};
+struct StageView : bridge::Face<"UITransitionView", UIView> {
+  MESSAGE Method<"_keyboardMoves:", void(NSNotification)> _keyboardMoves;
+};
 
 struct StageState {
+  StageView self;
   Strong<UIView> shade, content;
   bool isAlert = false;
+  bool followsKeyboard = false;  // from when the alert has its place until it goes
+
+  StageState() = default;
+  ~StageState() { NSNotificationCenter::defaultCenter().removeObserver(self); }
+  StageState(const StageState&) = delete;
+  StageState& operator=(const StageState&) = delete;
 };
 
 using StageClass = bridge::Implementation<StageView, StageState>;
@@ -41,9 +51,35 @@ void layoutSubviews(StageView self) {
   state.content->setCenter(alertCenter(room, size));
 }
 
+void animate(double duration, NSUInteger options, auto changes, auto completion) {
+  UIView::animateWithDuration_delay_options_animations_completion(
+      duration, 0, options, bridge::Block<void()>(std::move(changes)),
+      bridge::Block<void(BOOL)>(std::move(completion)));
+}
+
+void keyboardMoves(StageView self, NSNotification) {
+  if (!StageClass::state(self).followsKeyboard) return;
+  animate(
+      keyboardDuration, UIViewAnimationOptionAllowUserInteraction,
+      [self] {
+        self.setNeedsLayout();
+        self.layoutIfNeeded();
+      },
+      [](BOOL) {});
+}
+
+void listenToKeyboard(StageView self) {
+  const auto center = NSNotificationCenter::defaultCenter();
+  for (const NSString name : {"UIKeyboardWillShowNotification"_ns, "UIKeyboardWillHideNotification"_ns,
+                              "UIKeyboardDidChangeFrameNotification"_ns})
+    center.addObserver_selector_name_object(self, bridge::Descriptor<&StageView::_keyboardMoves>::selector(),
+                                            name, {});
+}
+
 Strong<StageView> makeStage(UIViewController presented, CGRect frame) {
   auto stage = bridge::make<StageView, &UIView::initWithFrame>(frame);
   StageState& state = StageClass::state(stage);
+  state.self = stage;
   state.isAlert = bridge::isKindOf<UIAlertController>(presented);
   state.shade = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{}, frame.size});
   state.content = retained(presented.view());
@@ -51,6 +87,7 @@ Strong<StageView> makeStage(UIViewController presented, CGRect frame) {
   stage->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   stage->addSubview(state.shade);
   stage->addSubview(state.content);
+  if (state.isAlert) listenToKeyboard(stage);
   return stage;
 }
 
@@ -85,12 +122,6 @@ bool mayPresent(UIViewController self, UIViewController other) {
   return false;
 }
 
-void animate(double duration, NSUInteger options, auto changes, auto completion) {
-  UIView::animateWithDuration_delay_options_animations_completion(
-      duration, 0, options, bridge::Block<void()>(std::move(changes)),
-      bridge::Block<void(BOOL)>(std::move(completion)));
-}
-
 void run(const bridge::Block<void()>& block) {
   if (block) block();
 }
@@ -112,6 +143,7 @@ void takeDown(UIViewController presenter, BOOL animated, bridge::Block<void()> c
   if (stateOf(presented).presented) end(presented);
   stateOf(presented).beingDismissed = true;
   const Strong<UIView> stage = stateOf(presenter).stage;
+  StageClass::state(bridge::as<StageView>(stage.get())).followsKeyboard = false;
   presented.view().setUserInteractionEnabled(NO);
   presented.view().endEditing(YES);
   animate(
@@ -140,6 +172,7 @@ void present(UIViewController self, UIViewController other, BOOL animated,
   other.view().setUserInteractionEnabled(YES);
   window.addSubview(stage);
   stage->layoutIfNeeded();
+  StageClass::state(stage).followsKeyboard = StageClass::state(stage).isAlert;
   setGone(stage, true, firstScale);
   animate(
       animated ? presentingDuration : 0, UIViewAnimationOptionAllowUserInteraction,
@@ -154,7 +187,8 @@ void dismiss(UIViewController self, BOOL animated, bridge::BlockRef<void()> comp
 }
 
 void defineStageView() {
-  StageClass::define<UIView>(bridge::method<&UIView::layoutSubviews, layoutSubviews>());
+  StageClass::define<UIView>(bridge::method<&UIView::layoutSubviews, layoutSubviews>(),
+                             bridge::method<&StageView::_keyboardMoves, keyboardMoves>());
 }
 
 }  // namespace sim::uikit

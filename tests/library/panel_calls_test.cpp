@@ -60,6 +60,19 @@ TEST(Export, OfAChosenLayoutStoresItsSpacing) {
   EXPECT_EQ(stored["custom_preset"], 0);
 }
 
+TEST(Export, SaysThatItIsDoneForAMoment) {
+  PanelHome home;
+  home.open();
+  home.step("call exportSettings");
+  home.wait(0.5);
+  const Json notice = home.report()["hud"];
+  EXPECT_EQ(notice["text"], "Exported Current Icon Layout");
+  EXPECT_EQ(notice["mode"], 5);
+  EXPECT_EQ(notice["alpha"], 1);
+  home.wait(0.6);
+  EXPECT_EQ(home.report()["hud"], nullptr);
+}
+
 TEST(OpenSettings, OpensTheSettingsAndClosesThePanel) {
   PanelHome home;
   home.open();
@@ -145,7 +158,7 @@ TEST(Choose, LastsUntilTheAlertHasGone) {
   home.wait(1);
   const double before = home.report()["time"];
   home.step("choose \"Cancel\"");
-  EXPECT_NEAR(home.report()["time"].get<double>() - before, 0.3, 1e-6);
+  EXPECT_NEAR(home.report()["time"].get<double>() - before, 0.25, 1e-6);
 }
 
 TEST(Enter, NeedsAFieldInAnAlert) {

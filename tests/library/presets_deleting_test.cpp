@@ -79,7 +79,7 @@ TEST(Deleting, WithARowBeyondTheListRaises) {
   home.openPresets();
   remove(home, 1);
   EXPECT_EQ(home.panel().rowSelected(), 1);
-  EXPECT_EQ(test::raised([&] { home.panel().deleteSelectedLayout({}); }), "NSRangeException");
+  EXPECT_EQ(test::raisedName([&] { home.panel().deleteSelectedLayout({}); }), "NSRangeException");
   EXPECT_EQ(home.records(), (Records{{"one", 0}}));
 }
 

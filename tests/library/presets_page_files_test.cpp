@@ -68,7 +68,7 @@ TEST(AFileThatGoesWhileThePanelIsOpen, IsMadeAnewOfWhatThePanelKnows) {
   PresetsHome home(layouts({"one"}));
   home.open();
   std::filesystem::remove(home.file(test::presetsPath));
-  EXPECT_EQ(test::raised([&] { home.panel().saveWithTitle("Home"_ns); }), "NSInvalidArgumentException");
+  EXPECT_EQ(test::raisedName([&] { home.panel().saveWithTitle("Home"_ns); }), "NSInvalidArgumentException");
   EXPECT_TRUE(
       test::same(home.report()["presets"], {{"configurations", {layouts({"one"})[0], Json::object()}}}))
       << home.report()["presets"];
@@ -78,7 +78,7 @@ TEST(ARecordWithoutAName, RaisesWhenThePanelOpens) {
   Json nameless = layout("x");
   nameless.erase("name");
   FileHome home(test::presetsDocument(Json::array({layout("one"), nameless})));
-  EXPECT_EQ(test::raised([&] { home.controller().showPopup(); }), "NSInvalidArgumentException");
+  EXPECT_EQ(test::raisedName([&] { home.controller().showPopup(); }), "NSInvalidArgumentException");
 }
 
 TEST(OneOfFiveThousandLayouts, IsListedPickedAndApplied) {

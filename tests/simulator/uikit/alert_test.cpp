@@ -4,6 +4,7 @@
 #include "platform/uikit/alert_controller.hpp"
 #include "simulator/runtime/console.hpp"
 #include "simulator/uikit/alert_layout.hpp"
+#include "simulator/uikit/keyboard.hpp"
 #include "tests/simulator/uikit/touch_fixture.hpp"
 #include "tests/support/raised.hpp"
 
@@ -341,6 +342,94 @@ TEST_F(Alert, PutsTheActionForCancellingFirstOfTwoAndLastOfThree) {
   present(three);
   EXPECT_LT(middleOf("Do").y, middleOf("Undo").y);
   EXPECT_LT(middleOf("Undo").y, middleOf("Cancel").y);  // confirmed: known widely
+}
+
+class AlertWithField : public Alert {
+ protected:
+  AlertWithField() {
+    alert = makeAlert();
+    alert->addTextFieldWithConfigurationHandler(
+        Block<void(UITextField)>([](UITextField field) { field.setPlaceholder("Name"_ns); }));
+    addAction(alert, "Okay"_ns);
+  }
+  ~AlertWithField() override {
+    root->dismissViewControllerAnimated_completion(NO, Block<void()>());
+    pass(1);
+  }
+
+  UITextField field() { return bridge::as<UITextField>(alert->textFields().objectAtIndex(0)); }
+  double middle() {
+    sim::uikit::layoutPass();
+    const CGRect frame = onScreen(alert->view());
+    return frame.origin.y + frame.size.height / 2;
+  }
+
+  Strong<UIAlertController> alert;
+};
+
+TEST_F(AlertWithField, ConfiguresItAtOnce) {
+  ASSERT_EQ(alert->textFields().count(), 1u);
+  EXPECT_STREQ(field().placeholder().UTF8String(), "Name");  // confirmed: Apple documentation
+}
+
+TEST_F(AlertWithField, ShowsItBelowTheTextsAndAboveTheButtons) {
+  present(alert);
+  pass(1);
+  const CGRect frame = onScreen(field());
+  EXPECT_GT(frame.origin.y, middleOf("Message").y);
+  EXPECT_LT(frame.origin.y + frame.size.height, middleOf("Okay").y);
+  EXPECT_GT(frame.size.width, 200);
+}
+
+TEST_F(AlertWithField, IsReadyToBeTypedInto) {
+  present(alert);
+  EXPECT_TRUE(field().isFirstResponder());  // confirmed: known widely
+  pass(1);
+  field().insertText("Home"_ns);
+  EXPECT_STREQ(field().text().UTF8String(), "Home");
+}
+
+TEST_F(AlertWithField, StandsInTheMiddleOfWhatTheKeyboardLeaves) {
+  present(alert);
+  pass(1);
+  const double keys = sim::uikit::keyboardFrame().origin.y;
+  EXPECT_GT(keys, 300);
+  EXPECT_NEAR(middle(), keys / 2, 0.5);  // confirmed: known widely
+  EXPECT_LT(onScreen(alert->view()).origin.y + onScreen(alert->view()).size.height, keys);
+}
+
+TEST_F(AlertWithField, ComesDownWhenTheKeyboardGoes) {
+  present(alert);
+  pass(1);
+  field().resignFirstResponder();
+  EXPECT_LT(shown(alert->view()).position.y, 300);
+  pass(1);
+  EXPECT_NEAR(middle(), 333.5, 0.5);  // confirmed: known widely
+}
+
+TEST_F(AlertWithField, GivesUpTheKeyboardWhenItGoes) {
+  present(alert);
+  pass(1);
+  const double before = shown(alert->view()).position.y;
+  tap(middleOf("Okay"));
+  EXPECT_FALSE(field().isFirstResponder());
+  pass(0.2);
+  EXPECT_EQ(shown(alert->view()).position.y, before);  // assumed: it fades where it stands
+  pass(0.1);
+  EXPECT_EQ(sim::uikit::keyboardFrame().size.height, 0);
+  EXPECT_EQ(takeLog(), Log{"handled Okay"});
+}
+
+TEST_F(AlertWithField, KeepsItsTextForTheHandler) {
+  alert->addAction(UIAlertAction::actionWithTitle_style_handler(
+      "Add"_ns, 0,
+      Block<void(UIAlertAction)>([text = field()](UIAlertAction) { note(text.text().UTF8String()); })));
+  present(alert);
+  pass(1);
+  field().insertText("Home"_ns);
+  tap(middleOf("Add"));
+  pass(1);
+  EXPECT_EQ(takeLog(), Log{"Home"});
 }
 
 TEST(AlertParts, PutsTwoShortButtonsSideBySide) {
