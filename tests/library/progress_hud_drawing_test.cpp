@@ -1,0 +1,79 @@
+// The box and its background on the screen.
+#include "tests/library/hud_fixture.hpp"
+#include "tests/simulator/quartz/pixels.hpp"
+
+namespace test {
+namespace {
+
+using sim::test::Pixel;
+
+// On white; the box is 77 points wide, in the middle of 375 x 667.
+class ProgressHUDDrawing : public HUD {
+ protected:
+  ProgressHUDDrawing() {
+    view->setBackgroundColor(UIColor::whiteColor());
+    hud->show(NO);
+  }
+
+  static Pixel at(CGFloat x, CGFloat y) {
+    const sim::Surface screen = sim::uikit::renderScreen(now());
+    return sim::test::pixelAt(screen.get(), static_cast<int>(x * 2), static_cast<int>(y * 2));
+  }
+  // In the box, beside the indicator.
+  static Pixel inBox() { return at(375 / 2.0 - 30, 667 / 2.0 - 20); }
+  static Pixel corner() { return at(375 / 2.0 - 37, 667 / 2.0 - 37); }
+  static Pixel outside() { return at(375 / 2.0 - 45, 667 / 2.0); }
+};
+
+void expectNear(const Pixel& pixel, int red, int green, int blue) {
+  EXPECT_NEAR(pixel.red, red, 3);
+  EXPECT_NEAR(pixel.green, green, 3);
+  EXPECT_NEAR(pixel.blue, blue, 3);
+}
+
+TEST_F(ProgressHUDDrawing, IsABlackBoxThatLetsAFifthThrough) {
+  expectNear(inBox(), 51, 51, 51);
+  expectNear(outside(), 255, 255, 255);
+}
+
+TEST_F(ProgressHUDDrawing, TakesAnotherOpacity) {
+  hud->setOpacity(0.4f);
+  hud->show(NO);
+  expectNear(inBox(), 153, 153, 153);
+}
+
+TEST_F(ProgressHUDDrawing, TakesAColourWithItsOpacity) {
+  hud->setColor(UIColor::redColor());
+  hud->show(NO);
+  expectNear(inBox(), 255, 51, 51);
+  hud->setColor(UIColor::redColor().colorWithAlphaComponent(0.5));
+  hud->show(NO);
+  expectNear(inBox(), 255, 153, 153);
+}
+
+TEST_F(ProgressHUDDrawing, HasRoundCorners) { expectNear(corner(), 255, 255, 255); }
+
+TEST_F(ProgressHUDDrawing, TakesAnotherCornerRadius) {
+  hud->setCornerRadius(0);
+  hud->show(NO);
+  expectNear(corner(), 51, 51, 51);
+}
+
+TEST_F(ProgressHUDDrawing, DimsTheBackgroundTowardsTheEdges) {
+  hud->setDimBackground(YES);
+  hud->show(NO);
+  EXPECT_LT(outside().red, 252);
+  EXPECT_GT(outside().red, at(375 / 2.0, 400).red - 5);
+  EXPECT_GT(outside().red, at(5, 667 / 2.0).red);
+  expectNear(at(2, 2), 64, 64, 64);
+  expectNear(at(372, 660), 64, 64, 64);
+}
+
+TEST_F(ProgressHUDDrawing, IsDrawnAnewWhenAModeChangesItsSize) {
+  expectNear(outside(), 255, 255, 255);
+  hud->setMode(2);
+  expectNear(outside(), 51, 51, 51);
+}
+
+}  // namespace
+}  // namespace test

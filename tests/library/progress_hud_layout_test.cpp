@@ -1,0 +1,169 @@
+// Where a notice box has its parts, how large it is, and how it turns.
+#include "platform/uikit/activity_indicator.hpp"
+#include "platform/uikit/string_drawing.hpp"
+#include "tests/library/hud_fixture.hpp"
+#include "tests/simulator/quartz/pixels.hpp"
+
+namespace test {
+namespace {
+
+using tilo::RQRoundProgressView;
+
+// Without corners, and of a colour that nothing else on the screen has.
+class ProgressHUDLayout : public HUD {
+ protected:
+  explicit ProgressHUDLayout(std::vector<std::string> options = {}) : HUD(std::move(options)) {
+    view->setBackgroundColor(UIColor::blackColor());
+    hud->setColor(UIColor::greenColor());
+    hud->setOpacity(1);
+    hud->setCornerRadius(0);
+    hud->show(NO);
+  }
+
+  // Of the box on the screen, points.
+  static CGRect box() {
+    const sim::Surface screen = sim::uikit::renderScreen(now());
+    const int width = cairo_image_surface_get_width(screen.get());
+    const int height = cairo_image_surface_get_height(screen.get());
+    int left = width, top = height, right = 0, bottom = 0;
+    for (int y = 0; y < height; ++y)
+      for (int x = 0; x < width; ++x) {
+        const sim::test::Pixel pixel = sim::test::pixelAt(screen.get(), x, y);
+        if (pixel.green < 250 || pixel.red > 5 || pixel.blue > 5) continue;
+        left = std::min(left, x), right = std::max(right, x + 1);
+        top = std::min(top, y), bottom = std::max(bottom, y + 1);
+      }
+    return {{left / 2.0, top / 2.0}, {(right - left) / 2.0, (bottom - top) / 2.0}};
+  }
+
+  // What a label's text takes in one line, in whole points.
+  static CGSize textSize(UILabel label) {
+    const NSDictionary attributes =
+        NSDictionary::dictionaryWithObject_forKey(label.font(), bridge::as<NSString>(NSFontAttributeName));
+    const CGSize size = bridge::as<NSExtendedStringDrawing>(label.text())
+                            .boundingRectWithSize_options_attributes_context({}, 0, attributes, {})
+                            .size;
+    return {std::ceil(size.width), std::ceil(size.height)};
+  }
+};
+
+constexpr CGRect centred(CGSize size, CGPoint offset = {}) {
+  return {{(375 - size.width) / 2 + offset.x, (667 - size.height) / 2 + offset.y}, size};
+}
+
+bool near(const CGRect& one, const CGRect& other) {
+  return std::abs(one.origin.x - other.origin.x) <= 0.5 && std::abs(one.origin.y - other.origin.y) <= 0.5 &&
+         std::abs(one.size.width - other.size.width) <= 0.5 &&
+         std::abs(one.size.height - other.size.height) <= 0.5;
+}
+
+TEST_F(ProgressHUDLayout, HasAMarginAroundTheIndicator) {
+  EXPECT_TRUE(near(box(), centred({77, 77})));
+  EXPECT_TRUE(near(part<UIActivityIndicatorView>().frame(), centred({37, 37})));
+}
+
+TEST_F(ProgressHUDLayout, HasAMarginAroundTheText) {
+  hud->setMode(5);
+  hud->setLabelText("Exported Current Icon Layout"_ns);
+  layOut();
+  const CGSize text = textSize(label(0));
+  EXPECT_TRUE(near(box(), centred({text.width + 40, text.height + 40})));
+  EXPECT_TRUE(near(label(0).frame(), centred(text)));
+}
+
+TEST_F(ProgressHUDLayout, HasItsPartsOneBelowTheOtherFourPointsApart) {
+  hud->setMode(1);
+  hud->setLabelText("Loading"_ns);
+  hud->setDetailsLabelText("Soon"_ns);
+  layOut();
+  const CGSize text = textSize(label(0)), details = textSize(label(1));
+  const CGRect indicator = part<RQRoundProgressView>().frame();
+  EXPECT_EQ(label(0).frame().origin.y, indicator.origin.y + 37 + 4);
+  EXPECT_EQ(label(1).frame().origin.y, label(0).frame().origin.y + text.height + 4);
+  EXPECT_EQ(label(0).frame().size, text);
+  EXPECT_EQ(label(1).frame().size, details);
+  for (const UIView& one : {UIView(label(0)), UIView(label(1))}) EXPECT_NEAR(one.center().x, 375 / 2.0, 0.5);
+  EXPECT_TRUE(near(box(), centred({text.width + 40, 37 + 4 + text.height + 4 + details.height + 40})));
+}
+
+TEST_F(ProgressHUDLayout, GivesAnEmptyTextNoRoom) {
+  hud->setLabelText(""_ns);
+  hud->setDetailsLabelText({});
+  EXPECT_TRUE(near(box(), centred({77, 77})));
+}
+
+TEST_F(ProgressHUDLayout, CapsTheWidthOfTheTexts) {
+  hud->setMode(5);
+  hud->setLabelText("A text that is longer than the screen of a telephone can be wide"_ns);
+  hud->setDetailsLabelText(
+      "Another one that is longer than the screen, and goes on in more than one line"_ns);
+  layOut();
+  EXPECT_EQ(label(0).frame().size.width, 375 - 80);
+  EXPECT_LE(label(1).frame().size.width, 375 - 80);
+  EXPECT_GT(label(1).frame().size.height, 1.9 * textSize(label(1)).height);
+  EXPECT_EQ(label(0).frame().size.height, textSize(label(0)).height);
+  EXPECT_NEAR(box().size.width, 375 - 40, 0.5);
+}
+
+TEST_F(ProgressHUDLayout, CapsTheHeightOfTheDetails) {
+  hud->setMode(5);
+  std::string text;
+  for (int i = 0; i < 500; ++i) text += "word ";
+  hud->setDetailsLabelText(NSString::stringWithUTF8String(text.c_str()));
+  layOut();
+  EXPECT_LE(label(1).frame().size.height, 667 - 80);
+  EXPECT_LE(box().size.height, 667 - 40);
+}
+
+TEST_F(ProgressHUDLayout, TakesAnotherMargin) {
+  hud->setMargin(5);
+  hud->setNeedsLayout();
+  EXPECT_TRUE(near(box(), centred({47, 47})));
+}
+
+TEST_F(ProgressHUDLayout, IsMovedByItsOffsets) {
+  hud->setXOffset(30);
+  hud->setYOffset(-100);
+  hud->show(NO);
+  EXPECT_TRUE(near(box(), centred({77, 77}, {30, -100})));
+  EXPECT_TRUE(near(part<UIActivityIndicatorView>().frame(), centred({37, 37}, {30, -100})));
+}
+
+TEST_F(ProgressHUDLayout, IsAtLeastAsLargeAsItMust) {
+  hud->setMinSize({150, 20});
+  hud->show(NO);
+  EXPECT_TRUE(near(box(), centred({150, 77})));
+  EXPECT_TRUE(near(part<UIActivityIndicatorView>().frame(), centred({37, 37})));
+}
+
+TEST_F(ProgressHUDLayout, MayBeSquare) {
+  hud->setMode(5);
+  hud->setLabelText("Exported Layout"_ns);
+  hud->setSquare(YES);
+  hud->show(NO);
+  layOut();
+  const CGFloat side = textSize(label(0)).width + 40;
+  EXPECT_TRUE(near(box(), centred({side, side})));
+  EXPECT_TRUE(near(label(0).frame(), centred(textSize(label(0)))));
+}
+
+TEST_F(ProgressHUDLayout, FollowsTheSizeOfTheHUD) {
+  hud->setFrame({{0, 0}, {200, 300}});
+  EXPECT_TRUE(near(box(), {{(200 - 77) / 2.0, (300 - 77) / 2.0}, {77, 77}}));
+}
+
+TEST_F(ProgressHUDLayout, StaysInTheMiddleOfAViewThatGrows) {
+  view->setFrame({{0, 0}, {300, 400}});
+  EXPECT_TRUE(near(box(), {{(300 - 77) / 2.0, (400 - 77) / 2.0}, {77, 77}}));
+}
+
+TEST_F(ProgressHUDLayout, HasRoomForAViewSmallerThanItsMargins) {
+  hud->setLabelText("Loading"_ns);
+  hud->setDetailsLabelText("Soon"_ns);
+  hud->setFrame({{0, 0}, {50, 40}});
+  layOut();
+  EXPECT_EQ(label(0).frame().size.width, 0);
+}
+
+}  // namespace
+}  // namespace test
