@@ -8,6 +8,7 @@
 namespace sim::physics {
 namespace {
 
+constexpr double largestRadius = 108;  // points: that of a picker of the usual height
 constexpr double quarterTurn = std::numbers::pi / 2;
 // Below this a row is a line.
 constexpr double leastFlatness = 0.08;
@@ -19,7 +20,7 @@ constexpr double leastBraking = 2, mostBraking = 12;
 
 }  // namespace
 
-Wheel::Wheel(double height) : radius(std::max(height / 2, 1.0)) {}
+Wheel::Wheel(double height) : radius(std::clamp(height / 2, 1.0, largestRadius)) {}
 
 std::optional<WheelRow> Wheel::rowAt(double way) const {
   const double angle = way / radius;

@@ -15,7 +15,7 @@ struct WheelRow {
   double flatness;  // 1 in the middle, 0 at the edge: what is left of its height
 };
 
-/** A wheel that is seen `height` high. */
+/** A wheel as high as the view that it is in, up to a picker's usual height. */
 class Wheel {
  public:
   explicit Wheel(double height);

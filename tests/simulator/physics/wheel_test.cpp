@@ -46,6 +46,8 @@ TEST(Wheel, FindsTheWayToWhatShows) {
   EXPECT_NEAR(wheel.wayTo(1000), wheel.reach(), 1e-9);
 }
 
+TEST(Wheel, IsNoLargerInAHigherView) { EXPECT_EQ(Wheel(280).reach(), Wheel(216).reach()); }
+
 TEST(Wheel, OfNoHeightShowsItsMiddleRow) { EXPECT_TRUE(Wheel(0).rowAt(0)); }
 
 class Turning : public testing::TestWithParam<std::pair<double, double>> {};

@@ -145,7 +145,7 @@ TEST_F(Picker, ShowsTheSelectedRowInTheMiddleAndItsNeighboursFlatter) {
   EXPECT_EQ(row.center(), (CGPoint{150, 140}));
   EXPECT_EQ(row.transform().d, 1);
   EXPECT_EQ(row.alpha(), 1);
-  EXPECT_NEAR(next.center().y, 140 + 140 * std::sin(32.0 / 140), 1e-9);  // assumed
+  EXPECT_NEAR(next.center().y, 140 + 108 * std::sin(32.0 / 108), 1e-9);  // assumed
   EXPECT_LT(next.transform().d, 1);
   EXPECT_LT(second.transform().d, next.transform().d);
   EXPECT_LT(second.alpha(), next.alpha());
