@@ -197,6 +197,18 @@ TEST(PanelTouch, OnASliderSwitchesTheCardsPanOffUntilTheNextElsewhere) {
   home.finger("up", onHeader);
 }
 
+// The slider's finger switches off the recogniser that has the other one.
+TEST(PanelTouch, OfASecondFingerOnASliderEndsTheDragOfTheFirst) {
+  PanelHome home;
+  home.open();
+  home.finger("down", onHeader);
+  home.finger("move", {onHeader.x, onHeader.y + 20});
+  ASSERT_EQ(origin(home).y, top + 20);
+  home.step("finger 2 down " + std::to_string(onSlider.x) + " " + std::to_string(onSlider.y + 20));
+  home.finger("move", {onHeader.x, onHeader.y + 60});
+  EXPECT_EQ(origin(home).y, top + 20);
+}
+
 // A page turns when half of it has been passed.
 class PageDot : public testing::TestWithParam<std::pair<double, int>> {};
 
