@@ -39,6 +39,15 @@ std::string letters(const std::string& selector) {
   return kept;
 }
 
+std::vector<std::string> namesBut(const char* one) {
+  std::vector<std::string> others = names;
+  std::erase(others, one);
+  return others;
+}
+
+// The key "data" leads to -getData, which loads the names of the presets anew.
+class PanelKey : public testing::TestWithParam<std::string> {};
+class PanelObject : public testing::TestWithParam<std::string> {};
 class PanelProperty : public testing::TestWithParam<std::string> {};
 
 TEST_P(PanelProperty, HasAccessorsOfItsType) {
@@ -50,7 +59,7 @@ TEST_P(PanelProperty, HasAccessorsOfItsType) {
   EXPECT_EQ(letters(setterOf(name)), isNumber(name) ? "v@:i" : "v@:@");
 }
 
-TEST_P(PanelProperty, IsFoundByKeyAndCanBeObserved) {
+TEST_P(PanelKey, FindsItsPropertyAndCanBeObserved) {
   PanelHome home;
   auto panel = bridge::make<RQPopupView, &NSObject::init>();
   NSString key = NSString::stringWithUTF8String(GetParam().c_str());
@@ -64,16 +73,14 @@ TEST_P(PanelProperty, IsFoundByKeyAndCanBeObserved) {
     test::coding(panel.get()).setValue_forKey(value.get(), key);
   }
   EXPECT_EQ(test::witnessed, std::vector<std::string>{GetParam()});
-  // The key "data" leads to -getData, which loads the names.
-  bridge::Object found = GetParam() == "data" ? panel->data() : test::coding(panel.get()).valueForKey(key);
+  bridge::Object found = test::coding(panel.get()).valueForKey(key);
   if (isNumber(GetParam()))
     EXPECT_EQ(bridge::as<NSNumber>(found).intValue(), -7);
   else
     EXPECT_EQ(found.raw, value.get().raw);
 }
 
-TEST_P(PanelProperty, HoldsOneReference) {
-  if (isNumber(GetParam())) return;
+TEST_P(PanelObject, IsHeldByOneReference) {
   PanelHome home;
   auto panel = bridge::make<RQPopupView, &NSObject::init>();
   const bridge::Pool pool;
@@ -90,6 +97,11 @@ TEST_P(PanelProperty, HoldsOneReference) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, PanelProperty, testing::ValuesIn(names),
+                         [](const auto& test) { return test.param; });
+
+INSTANTIATE_TEST_SUITE_P(Names, PanelKey, testing::ValuesIn(namesBut("data")),
+                         [](const auto& test) { return test.param; });
+INSTANTIATE_TEST_SUITE_P(Names, PanelObject, testing::ValuesIn(namesBut("rowSelected")),
                          [](const auto& test) { return test.param; });
 
 TEST(PanelProperties, StandInTheOrderOfTheInterface) {
