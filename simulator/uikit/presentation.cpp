@@ -136,11 +136,18 @@ void end(UIViewController presenter) {
   stage->removeFromSuperview();
 }
 
+void endAll(UIViewController presenter) {
+  const UIViewController presented = stateOf(presenter).presented;
+  if (!presented) return;
+  endAll(presented);
+  end(presenter);
+}
+
 // Takes down what `presenter` presents, and at once whatever stands on that.
 void takeDown(UIViewController presenter, BOOL animated, bridge::Block<void()> completion) {
   const UIViewController presented = stateOf(presenter).presented;
   if (stateOf(presented).beingDismissed) return;
-  if (stateOf(presented).presented) end(presented);
+  endAll(presented);
   stateOf(presented).beingDismissed = true;
   const Strong<UIView> stage = stateOf(presenter).stage;
   StageClass::state(bridge::as<StageView>(stage.get())).followsKeyboard = false;

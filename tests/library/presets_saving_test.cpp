@@ -4,6 +4,7 @@
 #include "platform/uikit/alert_controller.hpp"
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/text_field.hpp"
+#include "simulator/uikit/keyboard.hpp"
 #include "tests/library/presets_home.hpp"
 
 namespace {
@@ -66,6 +67,22 @@ TEST(Add, TakesThePanelOutOfSightWhileItAsks) {
   EXPECT_EQ(alphaOf(home), 0);
   home.wait(5);
   EXPECT_EQ(alphaOf(home), 0);
+}
+
+TEST(Add, AsksInTheMiddleOfWhatTheKeyboardLeavesHoweverTheDeviceIsHeld) {
+  PresetsHome home({}, {}, "iPad Air 2");
+  home.open();
+  home.step("tap \"Add\"");
+  for (const char* way : {"landscape", "portrait"}) {
+    home.step(std::string("rotate ") + way);
+    home.wait(1);
+    const UIViewController root = UIApplication::sharedApplication().keyWindow().rootViewController();
+    const CGPoint middle = root.presentedViewController().view().center();
+    const CGRect keys = sim::uikit::keyboardFrame();
+    EXPECT_GT(keys.size.height, 0);
+    EXPECT_NEAR(middle.x, keys.size.width / 2, 0.5) << way;
+    EXPECT_NEAR(middle.y, keys.origin.y / 2, 0.5) << way;
+  }
 }
 
 class AnAnswer : public testing::TestWithParam<const char*> {};
