@@ -85,6 +85,18 @@ TEST(Add, AsksInTheMiddleOfWhatTheKeyboardLeavesHoweverTheDeviceIsHeld) {
   }
 }
 
+TEST(Add, KeepsThePanelNoLongerThanTheAlertStands) {
+  PresetsHome home({});
+  home.open();
+  const NSUInteger before = home.panel().retainCount();
+  home.step("tap \"Add\"");
+  home.wait(1);
+  EXPECT_GT(home.panel().retainCount(), before);
+  home.step("choose \"Cancel\"");
+  home.wait(1);
+  EXPECT_EQ(home.panel().retainCount(), before);
+}
+
 class AnAnswer : public testing::TestWithParam<const char*> {};
 
 TEST_P(AnAnswer, BringsThePanelBack) {
