@@ -11,6 +11,7 @@
 #include "platform/uikit/label.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/springboard/icon_view.hpp"
+#include "simulator/uikit/animation.hpp"
 #include "simulator/uikit/configuration.hpp"
 #include "simulator/uikit/rendering.hpp"
 #include "simulator/uikit/touch_dispatch.hpp"
@@ -116,6 +117,12 @@ bool isGlyph(std::string_view text, std::size_t at) {
   return byte(0) == 0xEE || (byte(0) == 0xEF && byte(1) <= 0xA3);
 }
 
+bool isAnimated(UIView view) {
+  for (; view; view = view.superview())
+    if (uikit::ignoresTouches(uikit::layerObjectOf(view))) return true;
+  return false;
+}
+
 }  // namespace
 
 CGPoint middleOnScreen(UIView view) {
@@ -133,6 +140,7 @@ std::string obstacle(UIView view, UIView part, CGPoint place) {
   const UIView hit = uikit::viewAt(place);
   if (hit && hit.isDescendantOfView(view)) return "";
   if (hit && bridge::isKindOf<UILabel>(view) && view.isDescendantOfView(hit)) return "";
+  if (isAnimated(view)) return "takes no touches while it is animated";
   return hit ? fmt::format("is covered by a {}", class_getName(bridge::classOf(hit.raw)))
              : "takes no touches now";
 }
