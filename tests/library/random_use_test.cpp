@@ -96,6 +96,7 @@ size_t allocatedBytes() {
 // Closes the panel that is open, if one is, and opens and closes another, so that one that was used for a
 // while is kept by nobody.
 void closePanel(Home& home) {
+  const bridge::Pool pool;
   auto controller = tilo::RQGestureController::sharedInstance();
   for (int i = 0; i < 2; ++i) {
     controller.popView().didHitCancel();
