@@ -1,4 +1,5 @@
 // Notice boxes that are shown while a thread or a queue works.
+#include <algorithm>
 #include <mutex>
 
 #include "bridge/define.hpp"
@@ -235,6 +236,18 @@ TEST_F(ProgressHUDTask, ChangesThePropertiesOfTheBoxOnTheMainThread) {
   EXPECT_EQ(part<tilo::RQBarProgressView>().progress(), 0.75f);
 }
 
+TEST_F(ProgressHUDTask, LeavesTheLabelsToTheMainThread) {
+  static UILabel ownLabel;
+  hudOfWorker = hud, ownLabel = label(0);
+  hud->showAnimated_whileExecutingBlock(NO, Block<void()>([] {
+                                          hudOfWorker.setLabelText("Halfway"_ns);
+                                          note(ownLabel.text() ? "changed at once" : "not changed yet");
+                                        }));
+  sim::settle();
+  EXPECT_EQ(std::count(notes.begin(), notes.end(), "not changed yet"), 1);
+  EXPECT_STREQ(ownLabel.text().UTF8String(), "Halfway");
+}
+
 TEST_F(ProgressHUDTask, MayChangeAPropertyWhileTheMainThreadReadsIt) {
   hudOfWorker = hud;
   hud->show(NO);
@@ -255,20 +268,34 @@ TEST_F(ProgressHUDTask, MayChangeAPropertyWhileTheMainThreadReadsIt) {
   EXPECT_STREQ(label(0).text().UTF8String(), "299");
 }
 
+// A progress view that notes when it is to be drawn anew.
+struct NotedRound : bridge::Face<"TestNotedRound", tilo::RQRoundProgressView> {};
+using NotedRoundClass = bridge::Implementation<NotedRound>;
+
+void noteRedraw(NotedRound self) {
+  note("redraw");
+  NotedRoundClass::super<&UIView::setNeedsDisplay>(self);
+}
+
 TEST_F(ProgressHUDTask, MayChangeAProgressViewByItself) {
+  NotedRoundClass::define<tilo::RQRoundProgressView>(bridge::method<&UIView::setNeedsDisplay, noteRedraw>());
   static tilo::RQRoundProgressView round;
   static tilo::RQBarProgressView bar;
-  auto ownRound = bridge::make<tilo::RQRoundProgressView, &NSObject::init>();
+  auto ownRound = bridge::make<NotedRound, &NSObject::init>();
   auto ownBar = bridge::make<tilo::RQBarProgressView, &NSObject::init>();
-  round = ownRound, bar = ownBar;
+  round = bridge::as<tilo::RQRoundProgressView>(ownRound.get());
+  bar = bridge::as<tilo::RQBarProgressView>(ownBar.get());
   view->addSubview(round);
   view->addSubview(bar);
+  notes.clear();
   dispatch::onQueue(dispatch::defaultQueue(), [] {
     round.setProgress(0.5f);
     bar.setProgress(0.5f);
     bar.setLineColor(UIColor::redColor());
+    note("changed");
   });
   sim::settle();
+  EXPECT_EQ(notes, (Notes{"changed", "redraw*"}));
   EXPECT_EQ(round.progress(), 0.5f);
   EXPECT_EQ(bar.progress(), 0.5f);
 }
