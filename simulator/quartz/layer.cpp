@@ -22,6 +22,7 @@ std::vector<LayerAnimation> extract(std::vector<LayerAnimation>& animations, Pre
   std::vector<LayerAnimation> result;
   std::copy_if(animations.begin(), animations.end(), std::back_inserter(result), taken);
   std::erase_if(animations, taken);
+  if (animations.empty()) animations.shrink_to_fit();  // a layer that once had many keeps no room for them
   return result;
 }
 
