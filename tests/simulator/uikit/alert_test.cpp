@@ -331,7 +331,7 @@ TEST_F(Alert, PutsTheActionForCancellingFirstOfTwoAndLastOfThree) {
   addAction(two, "Do"_ns);
   addAction(two, "Cancel"_ns, UIAlertActionStyleCancel);
   present(two);
-  EXPECT_LT(middleOf("Cancel").x, middleOf("Do").x);  // confirmed: device-facts, known widely
+  EXPECT_LT(middleOf("Cancel").x, middleOf("Do").x);  // confirmed: known widely
   EXPECT_EQ(middleOf("Cancel").y, middleOf("Do").y);
   root->dismissViewControllerAnimated_completion(NO, Block<void()>());
   turn();
