@@ -19,8 +19,9 @@ namespace bridge {
 template <Name Selector>
 SEL selector() {
   static constinit SEL cached = nullptr;
-  if (!cached) cached = sel_registerName(Selector.text);
-  return cached;
+  SEL found = loadShared(cached);
+  if (!found) storeShared(cached, found = sel_registerName(Selector.text));
+  return found;
 }
 
 // A selector's family decides who owns the object it answers. Faces mention types that are not complete yet,

@@ -60,8 +60,9 @@ T as(Object object) {
 // kept.
 template <class T>
 Class classNamed() {
-  static constinit Class found = nullptr;
-  if (!found) found = objc_getClass(T::className.text);
+  static constinit Class cached = nullptr;
+  Class found = loadShared(cached);
+  if (!found) storeShared(cached, found = objc_getClass(T::className.text));
   return found;
 }
 

@@ -65,6 +65,18 @@ void objc_setAssociatedObject(id object, const void* key, id value, uintptr_t po
 
 namespace bridge {
 
+// A place that any thread may fill when it is first needed, each with what serves as well as the others'. A
+// reader finds nothing, or something whole: it gets there through the pointer alone, which processors keep in
+// order without being told. So it costs no more than a plain variable.
+template <class T>
+T* loadShared(T* const& place) {
+  return __atomic_load_n(&place, __ATOMIC_RELAXED);
+}
+template <class T>
+void storeShared(T*& place, T* value) {
+  __atomic_store_n(&place, value, __ATOMIC_RELEASE);
+}
+
 // The class of `object`, nil for nil. For a class it is the metaclass.
 Class classOf(id object);
 

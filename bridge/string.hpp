@@ -30,8 +30,9 @@ id constant() {
 #ifdef __APPLE__
   return reinterpret_cast<id>(&constantString<Text>);
 #else
-  static constinit id made = nullptr;
-  if (!made) made = immortalString(Text.text);
+  static constinit id cached = nullptr;
+  id made = loadShared(cached);
+  if (!made) storeShared(cached, made = immortalString(Text.text));
   return made;
 #endif
 }

@@ -82,9 +82,6 @@ class Threads : public testing::Test {
         bridge::method<&Worker::work, work>(),
         bridge::method<&Worker::report, static_cast<void (*)(Worker, bridge::Object)>(report)>());
     worker = bridge::make<Worker, &NSObject::init>();
-    // Looked up before several threads do so at once.
-    EXPECT_TRUE(NSThread::isMainThread());
-    Sleeping::sleepForTimeInterval(0);
   }
 
   void detach(void (*function)(Worker)) {
