@@ -25,12 +25,19 @@ struct NSUserDefaults : bridge::Face<"NSUserDefaults", NSObject> {
   static constexpr bridge::ClassMethod<"NSUserDefaults", "standardUserDefaults", NSUserDefaults()>
       standardUserDefaults{};
   MESSAGE Method<"registerDefaults:", void(NSDictionary)> registerDefaults;
+  MESSAGE Method<"synchronize", BOOL()> synchronize;
 };
 
 struct NSException : bridge::Face<"NSException", NSObject> {
   MESSAGE Method<"name", NSString()> name;
   MESSAGE Method<"reason", NSString()> reason;
 };
+
+bridge::Slot synchronizeSlot;
+
+// GNUstep would keep settings of its own in the home folder of whoever runs the simulator. There are none to
+// keep.
+BOOL synchronize(NSUserDefaults) { return YES; }
 
 void end(id raised) {
   auto exception = bridge::as<NSException>(raised);
@@ -74,6 +81,9 @@ void forgetObserver(id object) {
 void prepareFoundation() {
   bridge::Pool pool;
   NSSetUncaughtExceptionHandler(end);
+  bridge::replaceMethod(
+      bridge::classNamed<NSUserDefaults>(), bridge::Descriptor<&NSUserDefaults::synchronize>::selector(),
+      bridge::implementationOf<&NSUserDefaults::synchronize, synchronize>(), synchronizeSlot);
   NSUserDefaults::standardUserDefaults().registerDefaults(
       NSDictionary::dictionaryWithObject_forKey("YES"_ns, "GSMacOSXCompatible"_ns));
   bridge::replaceMethod(bridge::classNamed<NSNotificationCenter>(), AddObserver::selector(),

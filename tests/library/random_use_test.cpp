@@ -162,9 +162,14 @@ TEST_P(RandomUse, LeavesTheHomeScreenRunningAndItsMemoryFlat) {
   }
   sim::Json report = home.report();
   EXPECT_EQ(report["pages"].size(), 3);
-  // The first batches draw what has not been seen yet. A leak of 8 bytes a step would take more than this.
-  constexpr size_t warmUp = 7, allowance = 16 * 1024;
-  EXPECT_LE(bytes.back(), bytes.at(warmUp) + allowance) << testing::PrintToString(bytes);
+  // The first batches draw what has not been seen yet. After them a leak of 22 bytes a step would take more
+  // than this. The least of three batches counts, since one may end with something shown that others do not
+  // show.
+  constexpr int compared = 3;
+  constexpr size_t allowance = 64 * 1024;
+  const auto last = bytes.end() - compared;
+  EXPECT_LE(*std::min_element(last, bytes.end()), *std::min_element(last - compared, last) + allowance)
+      << testing::PrintToString(bytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(OnADevice, RandomUse, testing::Values("iPhone 7", "iPhone 8 Plus", "iPad Air 2"),

@@ -1,5 +1,7 @@
 // The device's file system, and what a run leaves behind on the host.
+#include <pwd.h>
 #include <stdlib.h>
+#include <unistd.h>
 
 #include "tests/simulator/app/run.hpp"
 
@@ -96,6 +98,18 @@ TEST_F(Host, KeepsItsHomeFolderEmpty) {
   test::runSimulator({"--list-devices"});
   test::runSimulator({"--device", "iPhone 99"});
   EXPECT_TRUE(isEmptyFolder(home));
+}
+
+// Foundation finds the user's folder by itself, and would write its own settings there twice a minute.
+TEST_F(Host, KeepsNoSettingsOfFoundationsOwn) {
+  const fs::path settings = fs::path(getpwuid(getuid())->pw_dir) / "GNUstep/Defaults/.lck";
+  const auto lastWritten = [&] {
+    std::error_code none;
+    return fs::last_write_time(settings, none);
+  };
+  const auto before = lastWritten();
+  reportOf({}, "wait 100\n");
+  EXPECT_EQ(lastWritten(), before);
 }
 
 TEST_F(Host, KeepsNoTemporaryFolder) {
