@@ -68,6 +68,24 @@ UIColor desaturated(ButtonColor self, CGFloat part) {
   return UIColor::colorWithHue_saturation_brightness_alpha(hue, saturation * part, brightness, alpha);
 }
 
+// Of the types that have one colour for both looks; of all others the default.
+UIColor sameInEither(NSUInteger type, UIColor defaultColor) {
+  switch (type) {
+    case BButtonTypeTwitter:
+      return ButtonColor::bb_twitterColor();
+    case BButtonTypeFacebook:
+      return ButtonColor::bb_facebookColor();
+    case BButtonTypePurple:
+      return ButtonColor::bb_purpleBButtonColor();
+    case BButtonTypeGray:
+      return ButtonColor::bb_grayBButtonColor();
+    case BButtonTypeClear:
+      return ButtonColor::bb_clearBButtonColor();
+    default:
+      return defaultColor;
+  }
+}
+
 template <auto Member, auto Function>
 bridge::Row category() {
   return bridge::add<UIColor, Member, Function>(bridge::Descriptor<Member>::types());
@@ -89,18 +107,8 @@ UIColor raisedColor(NSUInteger type) {
       return ButtonColor::bb_dangerColorV2();
     case BButtonTypeInverse:
       return ButtonColor::bb_inverseColorV2();
-    case BButtonTypeTwitter:
-      return ButtonColor::bb_twitterColor();
-    case BButtonTypeFacebook:
-      return ButtonColor::bb_facebookColor();
-    case BButtonTypePurple:
-      return ButtonColor::bb_purpleBButtonColor();
-    case BButtonTypeGray:
-      return ButtonColor::bb_grayBButtonColor();
-    case BButtonTypeClear:
-      return ButtonColor::bb_clearBButtonColor();
     default:
-      return ButtonColor::bb_defaultColorV2();
+      return sameInEither(type, ButtonColor::bb_defaultColorV2());
   }
 }
 
@@ -118,18 +126,8 @@ UIColor flatColor(NSUInteger type) {
       return ButtonColor::bb_dangerColorV3();
     case BButtonTypeInverse:
       return ButtonColor::bb_inverseColorV3();
-    case BButtonTypeTwitter:
-      return ButtonColor::bb_twitterColor();
-    case BButtonTypeFacebook:
-      return ButtonColor::bb_facebookColor();
-    case BButtonTypePurple:
-      return ButtonColor::bb_purpleBButtonColor();
-    case BButtonTypeGray:
-      return ButtonColor::bb_grayBButtonColor();
-    case BButtonTypeClear:
-      return ButtonColor::bb_clearBButtonColor();
     default:
-      return ButtonColor::bb_defaultColorV3();
+      return sameInEither(type, ButtonColor::bb_defaultColorV3());
   }
 }
 

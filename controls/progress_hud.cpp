@@ -20,11 +20,11 @@ constexpr NSUInteger flexibleMargins =
     UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
     UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin;
 
-Strong<UILabel> makeLabel(RQProgressHUD self, UIFont font, UIColor color, NSInteger lines) {
+Strong<UILabel> makeLabel(RQProgressHUD self, UIFont font, UIColor color) {
   auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
   auto made = bridge::as<UILabel>(label.get());
   made.setTextAlignment(NSTextAlignmentCenter);
-  made.setNumberOfLines(lines);
+  made.setNumberOfLines(0);
   made.setFont(font);
   made.setTextColor(color);
   beTransparent(made);
@@ -42,8 +42,8 @@ void setUp(RQProgressHUD self) {
   self.setLabelColor(UIColor::whiteColor());
   self.setDetailsLabelFont(UIFont::boldSystemFontOfSize(detailsLabelFontSize));
   self.setDetailsLabelColor(UIColor::whiteColor());
-  state.label = makeLabel(self, self.labelFont(), self.labelColor(), 1);
-  state.detailsLabel = makeLabel(self, self.detailsLabelFont(), self.detailsLabelColor(), 0);
+  state.label = makeLabel(self, self.labelFont(), self.labelColor());
+  state.detailsLabel = makeLabel(self, self.detailsLabelFont(), self.detailsLabelColor());
   hud::updateIndicator(self);
   hud::observeOwnProperties(self);
   hud::listenToOrientation(self);

@@ -18,15 +18,15 @@ CGFloat rounded(CGFloat length) {
   return static_cast<CGFloat>(static_cast<int>(length + (length < 0 ? -0.5f : 0.5f)));
 }
 
-// The room that a label's text takes, at most `room`.
-CGSize measure(UILabel label, CGSize room, NSInteger options) {
+// The room that a label's text takes, at most `room`. Texts wrap: a notice is to be read, not guessed.
+CGSize measure(UILabel label, CGSize room) {
   NSString text = label.text();
   if (text.length() == 0) return {};
   const NSDictionary attributes =
       NSDictionary::dictionaryWithObject_forKey(label.font(), bridge::as<NSString>(NSFontAttributeName));
   const CGRect rect =
       bridge::as<NSExtendedStringDrawing>(text).boundingRectWithSize_options_attributes_context(
-          room, options, attributes, {});
+          room, NSStringDrawingUsesLineFragmentOrigin, attributes, {});
   return {least(roundedUp(rect.size.width), room.width), least(roundedUp(rect.size.height), room.height)};
 }
 
@@ -86,9 +86,9 @@ void layoutSubviews(RQProgressHUD self) {
 
   Column column;
   if (state.indicator) column.add(state.indicator, state.indicator->bounds().size);
-  column.add(state.label, measure(state.label, {room.width, room.height}, 0));
+  column.add(state.label, measure(state.label, room));
   const CGSize rest{room.width, most(room.height - column.size().height - padding, 0)};
-  column.add(state.detailsLabel, measure(state.detailsLabel, rest, NSStringDrawingUsesLineFragmentOrigin));
+  column.add(state.detailsLabel, measure(state.detailsLabel, rest));
   column.place({bounds.origin.x + bounds.size.width / 2 + static_cast<CGFloat>(self.xOffset()),
                 bounds.origin.y + bounds.size.height / 2 + static_cast<CGFloat>(self.yOffset())});
 

@@ -6,17 +6,13 @@
 
 #include "settings/gesture_controller.hpp"
 #include "simulator/app/alert_report.hpp"
-#include "simulator/springboard/relayouts.hpp"
 #include "tests/support/home.hpp"
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-extern "C" size_t __sanitizer_get_current_allocated_bytes();
-#endif
-#endif
+#include "tests/support/memory.hpp"
 
 namespace {
 
+using test::allocatedBytes;
+using test::bytesOfRelayouts;
 using test::Home;
 
 constexpr int batches = 10, stepsInABatch = 1000;
@@ -85,21 +81,6 @@ class Hand {
   std::mt19937_64 random;
   CGSize size;
 };
-
-// Bytes that are allocated; 0 where nobody counts them.
-size_t allocatedBytes() {
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-  return __sanitizer_get_current_allocated_bytes();
-#endif
-#endif
-  return 0;
-}
-
-// What the report keeps of them, which grows with every step of a slider's thumb.
-size_t bytesOfRelayouts() {
-  return sim::springboard::relayouts().capacity() * sizeof(sim::springboard::Relayout);
-}
 
 // Closes the panel that is open, if one is, and opens and closes another, so that one that was used for a
 // while is kept by nobody.

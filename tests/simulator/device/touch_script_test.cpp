@@ -1,22 +1,10 @@
 // Scripts: the grammar of what fingers do.
 #include <gtest/gtest.h>
 
-#include "simulator/device/usage_error.hpp"
-#include "simulator/input/script.hpp"
+#include "tests/simulator/device/step_fixture.hpp"
 
 namespace sim {
 namespace {
-
-Step parse(std::string_view line) { return parseStep(line, "file:7", "/base").value(); }
-
-std::string errorOf(std::string_view line) {
-  try {
-    parse(line);
-  } catch (const UsageError& error) {
-    return error.what();
-  }
-  return "no error";
-}
 
 TEST(TouchScript, SwipeTakesADirectionAndMayTakeAPlace) {
   const Step step = parse("swipe up");
