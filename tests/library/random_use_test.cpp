@@ -97,6 +97,7 @@ void closePanel(Home& home) {
 
 // Answers the alert that asks for something, if one does, by its last button.
 void answerAlert(Home& home) {
+  const bridge::Pool pool;  // or the alert's actions, and the panel with them, would live as long as the test
   const sim::Json alert = sim::reportAlert();
   if (alert.is_null()) return;
   home.step("choose \"" + alert["actions"].back().get<std::string>() + "\"");
