@@ -9,6 +9,7 @@
 #include "simulator/uikit/coding.hpp"
 #include "simulator/uikit/color.hpp"
 #include "tests/library/key_value.hpp"
+#include "tests/support/archive.hpp"
 #include "tests/support/home.hpp"
 
 namespace {
@@ -162,21 +163,7 @@ TEST(Button, IsNobodyElsesOnceItIsMade) {
   EXPECT_EQ(ofIcon->retainCount(), 1u);
 }
 
-struct Archiver : bridge::Face<"NSKeyedArchiver", NSObject> {
-  static constexpr bridge::ClassMethod<"NSKeyedArchiver",
-                                       "archivedDataWithRootObject:", NSObject(bridge::Object)>
-      archivedDataWithRootObject{};
-};
-struct Unarchiver : bridge::Face<"NSKeyedUnarchiver", NSObject> {
-  static constexpr bridge::ClassMethod<"NSKeyedUnarchiver",
-                                       "unarchiveObjectWithData:", bridge::Object(bridge::Object)>
-      unarchiveObjectWithData{};
-};
-
-BButton archivedAndBack(UIButton button) {
-  return bridge::as<BButton>(
-      Unarchiver::unarchiveObjectWithData(Archiver::archivedDataWithRootObject(button)));
-}
+BButton archivedAndBack(UIButton button) { return bridge::as<BButton>(test::archivedAndBack(button)); }
 
 TEST(ArchivedButton, KeepsItsPlaceAndTitleAndIsSetUpAnew) {
   Home home;

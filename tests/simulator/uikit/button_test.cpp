@@ -6,6 +6,7 @@
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/image.hpp"
 #include "tests/simulator/uikit/touch_fixture.hpp"
+#include "tests/support/archive.hpp"
 
 namespace test {
 namespace {
@@ -181,21 +182,7 @@ TEST_F(PressedButton, ShowsItsStateWhileTheFingerIsOnIt) {
   EXPECT_STREQ(button.titleLabel().text().UTF8String(), "Up");
 }
 
-struct Archiver : bridge::Face<"NSKeyedArchiver", NSObject> {
-  static constexpr bridge::ClassMethod<"NSKeyedArchiver",
-                                       "archivedDataWithRootObject:", NSObject(bridge::Object)>
-      archivedDataWithRootObject{};
-};
-struct Unarchiver : bridge::Face<"NSKeyedUnarchiver", NSObject> {
-  static constexpr bridge::ClassMethod<"NSKeyedUnarchiver",
-                                       "unarchiveObjectWithData:", bridge::Object(bridge::Object)>
-      unarchiveObjectWithData{};
-};
-
-UIButton archivedAndBack(UIView view) {
-  return bridge::as<UIButton>(
-      Unarchiver::unarchiveObjectWithData(Archiver::archivedDataWithRootObject(view)));
-}
+UIButton archivedAndBack(UIView view) { return bridge::as<UIButton>(test::archivedAndBack(view)); }
 
 TEST_F(Button, IsArchivedWithItsLooks) {
   auto original = makeButton(UIButtonTypeSystem);
