@@ -84,17 +84,27 @@ void Layer::removeFromParent() {
 
 void Layer::setDraw(DrawFunction function) {
   draw = std::move(function);
+  image = nullptr;
   contents.reset();
   setNeedsDisplay();
 }
 
-void Layer::setContents(Surface image, double imageScale) {
+void Layer::setContents(Surface pixels, double imageScale) {
   draw = nullptr;
-  contents = std::move(image);
+  image = nullptr;
+  contents = std::move(pixels);
   if (contents) {
     contentsSize = {cairo_image_surface_get_width(contents.get()) / imageScale,
                     cairo_image_surface_get_height(contents.get()) / imageScale};
   }
+  setNeedsDisplay();
+}
+
+void Layer::setContents(std::function<Surface()> due, CGSize pixels, double imageScale) {
+  draw = nullptr;
+  image = std::move(due);
+  contents.reset();
+  contentsSize = {pixels.width / imageScale, pixels.height / imageScale};
   setNeedsDisplay();
 }
 
@@ -105,10 +115,11 @@ void Layer::setNeedsDisplay() {
 
 CGSize Layer::contentSize() const {
   if (draw) return drawnScale == 0 || redrawsOnResize ? bounds.size : contentsSize;
-  return contents ? contentsSize : CGSize{0, 0};
+  return contents || image ? contentsSize : CGSize{0, 0};
 }
 
 void Layer::drawContent(double scale) {
+  if (image) contents = std::exchange(image, nullptr)();
   if (!draw) return;
   const bool resized = redrawsOnResize && !(contentsSize == bounds.size);
   if (drawnScale == scale && !resized) return;

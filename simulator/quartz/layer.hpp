@@ -85,7 +85,9 @@ struct Layer : LayerValues {
   /** Drawn when next shown, then kept until setNeedsDisplay(). None takes the content away. */
   void setDraw(DrawFunction function);
   /** An image of `imageScale` pixels per point; none takes the content away. Shared, not copied. */
-  void setContents(Surface image, double imageScale);
+  void setContents(Surface pixels, double imageScale);
+  /** An image of `pixels` that is asked for when it is first shown. */
+  void setContents(std::function<Surface()> due, CGSize pixels, double imageScale);
   /** The drawn content is out of date; for an image: its pixels were changed. */
   void setNeedsDisplay();
   /** Of the content as it is kept, in points; of a drawing that was not shown yet, what it will have. */
@@ -138,10 +140,11 @@ struct Layer : LayerValues {
   std::vector<Layer*> sublayers;
   std::vector<LayerAnimation> running;
   DrawFunction draw;
-  Surface contents;          // the image, or the drawing's picture
-  CGSize contentsSize{};     // points
-  double drawnScale = 0;     // pixels per point of the drawing's picture; 0 when it has to be drawn
-  std::uint64_t contentsId;  // another one for every other content, over all layers
+  Surface contents;                // the image, or the drawing's picture
+  std::function<Surface()> image;  // asks for the image that has not been shown yet
+  CGSize contentsSize{};           // points
+  double drawnScale = 0;           // pixels per point of the drawing's picture; 0 when it has to be drawn
+  std::uint64_t contentsId;        // another one for every other content, over all layers
   std::unique_ptr<RenderCache> cache;
 };
 

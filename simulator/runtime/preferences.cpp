@@ -1,12 +1,13 @@
-// CFPreferences: values are read from the domain's file at every call and written at once. What the disk
-// refuses to take, or a file that cannot be parsed, stays in memory, and the file is left as it is. Several
-// processes may write: each reads and writes the whole file under a lock, and replaces it in one go.
+// CFPreferences: values are read from the domain's file at every call and changes written at once. What the
+// disk refuses to take, or a file that cannot be parsed, stays in memory, and the file is left as it is.
+// Several processes may write: each reads and writes the whole file under a lock, and replaces it in one go.
 #include "simulator/runtime/preferences.hpp"
 
 #include <fcntl.h>
 #include <sys/file.h>
 
 #include <cerrno>
+#include <cstring>
 #include <map>
 #include <string>
 
@@ -48,8 +49,9 @@ class WriteLock {
 
 NSDictionary stored(NSString domain) { return propertyList(fileOf(domain)); }
 
-bridge::Strong<NSMutableDictionary> current(NSString domain) {
-  bridge::Strong<NSMutableDictionary> values = stored(domain).mutableCopy();
+// The values of the file, with what could not be written into it.
+bridge::Strong<NSMutableDictionary> withUnsaved(NSDictionary file, NSString domain) {
+  bridge::Strong<NSMutableDictionary> values = file.mutableCopy();
   if (!values) values = bridge::make<NSMutableDictionary, &NSObject::init>();
   for (auto& [key, value] : unsaved(domain))
     values->setValue_forKey(value, NSString::stringWithUTF8String(key.c_str()));
@@ -63,18 +65,33 @@ bridge::Object withAllDigits(bridge::Object value) {
   return *number.objCType() == 'f' ? NSNumber::numberWithDouble(number.floatValue()) : value;
 }
 
+// Whether a file would hold both in the same form: a truth value is no 1, and a whole number no 1.0.
+bool isWrittenAs(bridge::Object one, bridge::Object other) {
+  if (!one || !other || !bridge::as<NSObject>(one).isEqual(other)) return false;
+  if (!bridge::isKindOf<NSNumber>(one) || !bridge::isKindOf<NSNumber>(other)) return true;
+  const auto form = [](bridge::Object number) {
+    const char type = *bridge::as<NSNumber>(number).objCType();
+    return std::strchr("cCB", type) ? 'B' : std::strchr("fd", type) ? 'd' : 'q';
+  };
+  return form(one) == form(other);
+}
+
 }  // namespace
 
 NSDictionary preferenceDomain(NSString domain) {
-  auto values = current(domain);
+  auto values = withUnsaved(stored(domain), domain);
   return values->count() ? std::move(values).autoreleased() : NSMutableDictionary{};
 }
 
 bool setPreference(NSString domain, NSString key, bridge::Object value) {
   WriteLock lock;
-  bool readable = stored(domain) || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
-  unsaved(domain)[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(withAllDigits(value)));
-  if (!readable || !current(domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
+  NSDictionary file = stored(domain);
+  const bridge::Object written = withAllDigits(value);
+  // What is set already is not written again.
+  if (unsaved(domain).empty() && isWrittenAs(file.objectForKey(key), written)) return true;
+  const bool readable = file || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
+  unsaved(domain)[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(written));
+  if (!readable || !withUnsaved(file, domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
   unsaved(domain).clear();
   return true;
 }

@@ -22,7 +22,6 @@ struct ColorState {
 using ColorClass = bridge::Implementation<UIColor, ColorState>;
 
 struct Comparable : bridge::Face<"NSObject", bridge::Object> {
-  MESSAGE Method<"isEqual:", BOOL(bridge::Object)> isEqual;
   MESSAGE Method<"hash", NSUInteger()> hash;
 };
 
@@ -208,7 +207,7 @@ void defineColor() {
       method<&UIColor::getHue_saturation_brightness_alpha, getHue>(), method<&UIColor::CGColor, cgColor>(),
       method<&UIColor::set, setBoth>(), method<&UIColor::setFill, setFill>(),
       method<&UIColor::setStroke, setStroke>(), method<&CodedColor::initWithCoder, initWithCoder>(),
-      method<&Coding::encodeWithCoder, encodeWithCoder>(), method<&Comparable::isEqual, isEqual>(),
+      method<&Coding::encodeWithCoder, encodeWithCoder>(), method<&NSObject::isEqual, isEqual>(),
       method<&Comparable::hash, hash>(),
       // Apple's values, as the platform's reference gives them.
       method<&UIColor::blackColor, gray<0, 1>>(), method<&UIColor::darkGrayColor, gray<1, 3>>(),

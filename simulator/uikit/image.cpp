@@ -43,8 +43,8 @@ Surface pixelsOf(UIImage image) {
   if (!image) return {};
   ImageState& state = ImageClass::state(image);
   if (state.draw) {
-    state.pixels = sim::makeImage(wholePixels(state.size.width * state.scale),
-                                  wholePixels(state.size.height * state.scale));
+    const CGSize pixels = pixelSizeOf(image);
+    state.pixels = sim::makeImage(static_cast<int>(pixels.width), static_cast<int>(pixels.height));
     Context context(state.pixels.get());
     cairo_scale(context, state.scale, state.scale);
     state.draw(context, state.size);
@@ -52,6 +52,12 @@ Surface pixelsOf(UIImage image) {
     state.draw = nullptr;
   }
   return state.pixels;
+}
+
+CGSize pixelSizeOf(UIImage image) {
+  const ImageState& state = ImageClass::state(image);
+  return {static_cast<double>(wholePixels(state.size.width * state.scale)),
+          static_cast<double>(wholePixels(state.size.height * state.scale))};
 }
 
 void defineImage() {

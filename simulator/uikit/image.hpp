@@ -9,11 +9,13 @@ namespace sim::uikit {
 
 /** An image of `scale` pixels per point. The pixels are shared and must not change afterwards. */
 bridge::Strong<UIImage> makeImage(Surface pixels, double scale);
-/** An image of that size in points, drawn when a view is first given it, at `scale` pixels per point. */
+/** An image of that size in points, drawn when it is first shown, at `scale` pixels per point. */
 bridge::Strong<UIImage> makeImage(CGSize size, double scale, DrawFunction draw);
 
-/** The image's pixels; none for nil. */
+/** The image's pixels, drawn now if they are due; none for nil. */
 Surface pixelsOf(UIImage image);
+/** How many pixels those are, drawn or not. */
+CGSize pixelSizeOf(UIImage image);
 
 void defineImage();
 

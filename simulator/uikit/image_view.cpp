@@ -21,7 +21,11 @@ UIImage image(UIImageView self) { return ImageViewClass::state(self).image; }
 
 void setImage(UIImageView self, UIImage image) {
   ImageViewClass::state(self).image = retained(image);
-  layerOf(self).setContents(pixelsOf(image), image ? image.scale() : 1);
+  if (image)
+    layerOf(self).setContents([kept = retained(image)] { return pixelsOf(kept); }, pixelSizeOf(image),
+                              image.scale());
+  else
+    layerOf(self).setContents(Surface(), 1);
 }
 
 Strong<UIView> initWithFrame(UIImageView self, CGRect frame) {

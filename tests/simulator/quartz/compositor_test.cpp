@@ -200,6 +200,30 @@ TEST_F(Compositor, ImagesArePlacedByTheirGravity) {
   }
 }
 
+TEST_F(Compositor, ImageThatIsDueIsAskedForWhenItIsFirstShownAndNotAgain) {
+  int asked = 0;
+  box.setContents([&] { return ++asked, twoColors(); }, {20, 10}, 2);
+  EXPECT_EQ(box.contentSize(), (CGSize{10, 5}));
+  EXPECT_EQ(asked, 0);
+  for (int time = 0; time < 2; ++time) {
+    const Surface image = painted();
+    EXPECT_EQ(pixelAt(image.get(), 20, 20), greenPixel);
+    EXPECT_EQ(asked, 1);
+  }
+}
+
+TEST_F(Compositor, ImageThatIsDueIsNeverAskedForOnceThereIsAnother) {
+  int asked = 0;
+  const auto due = [&] { return ++asked, twoColors(); };
+  box.setContents(due, {20, 10}, 2);
+  box.setContents(Surface(), 1);
+  EXPECT_EQ(box.contentSize(), (CGSize{0, 0}));
+  box.setContents(due, {20, 10}, 2);
+  box.setDraw([](cairo_t*, CGSize) {});
+  painted();
+  EXPECT_EQ(asked, 0);
+}
+
 TEST_F(Compositor, StretchedImageKeepsItsEdgesHard) {
   box.setContents(twoColors(), 2);
   const Surface image = painted();

@@ -115,6 +115,25 @@ TEST_F(Preferences, HoldTheLastValueOfAKey) {
   EXPECT_EQ(all(), Json({{"rows", "many"}}));
 }
 
+TEST_F(Preferences, ThatAreSetAlreadyAreNotWrittenAgain) {
+  set("rows"_ns, number(5));
+  const std::string touched = home.contents(domainFile) + "\n";
+  home.write(domainFile, touched);
+  set("rows"_ns, number(5));
+  EXPECT_EQ(home.contents(domainFile), touched);
+  set("rows"_ns, number(6));
+  EXPECT_NE(home.contents(domainFile), touched);
+}
+
+TEST_F(Preferences, OfAnotherKindAreWrittenThoughTheyAreEqual) {
+  set("rows"_ns, number(1));
+  set("rows"_ns, NSNumber::numberWithBool(YES));
+  EXPECT_EQ(all()["rows"], true);
+  EXPECT_TRUE(all()["rows"].isBoolean());
+  set("rows"_ns, NSNumber::numberWithDouble(1));
+  EXPECT_NE(home.contents(domainFile).find("<real>1</real>"), std::string::npos) << home.contents(domainFile);
+}
+
 TEST_F(Preferences, LeaveOutKeysThatAreNotThere) {
   set("rows"_ns, number(5));
   auto wanted = bridge::make<NSMutableArray, &NSObject::init>();

@@ -10,7 +10,6 @@ namespace {
 using Colors = UIKit;
 
 struct Comparable : bridge::Face<"NSObject", NSObject> {
-  MESSAGE Method<"isEqual:", BOOL(bridge::Object)> isEqual;
   MESSAGE Method<"hash", NSUInteger()> hash;
 };
 
