@@ -4,7 +4,7 @@
 
 #include "bench/home_screen.hpp"
 #include "settings/gesture_controller.hpp"
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 
 namespace bench {
 namespace {

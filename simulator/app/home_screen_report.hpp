@@ -1,7 +1,7 @@
 // What the report says of the home screen's own parts.
 #pragma once
 
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 
 namespace sim {
 

@@ -1,7 +1,7 @@
 // The notice box on screen.
 #pragma once
 
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 
 namespace sim {
 

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 
@@ -13,6 +12,7 @@
 #include "simulator/device/device_list.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/script.hpp"
+#include "simulator/json/json.hpp"
 
 namespace {
 

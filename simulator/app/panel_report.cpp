@@ -120,7 +120,7 @@ Json rows(UIView panel) {
 Json presets(UIView panel) {
   // The key "data" would lead to -getData, which loads them anew.
   Json names = plain(panelPart(panel, "items"_ns));
-  return names.is_null() ? Json::array() : names;
+  return names.isNull() ? Json::array() : names;
 }
 
 Json selectedRow(UIView panel) {

@@ -1,7 +1,7 @@
 // What the report tells of the panel.
 #pragma once
 
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 
 namespace sim {
 

@@ -32,7 +32,7 @@ Json hooks(const Simulation& simulation) {
 
 Json iconSupport() {
   Json extensions = plain(ISIconSupport::sharedInstance().extensions());
-  return extensions.is_null() ? Json::array() : extensions;
+  return extensions.isNull() ? Json::array() : extensions;
 }
 
 // The library's exported array of four lengths.
@@ -54,13 +54,7 @@ Json presets(Simulation& simulation) {
   std::ifstream file = open(simulation, "/var/mobile/Documents/com.wexor.tilo3/custom/config.json");
   std::string text{std::istreambuf_iterator<char>(file), {}};
   if (!file) return nullptr;
-  bool tooDeep = false;
-  auto depthIsSane = [&](int depth, Json::parse_event_t, Json&) {
-    tooDeep = tooDeep || depth > deepestPresets;
-    return !tooDeep;
-  };
-  Json parsed = Json::parse(text, depthIsSane, false);
-  return tooDeep || parsed.is_discarded() ? Json(text) : parsed;
+  return Json::read(text, deepestPresets).value_or(Json(text));
 }
 
 Json log(Simulation& simulation) {
@@ -98,8 +92,8 @@ Json makeReport(Simulation& simulation) {
       {"orientation", landscape ? "landscape" : "portrait"},
       {"loaded", simulation.library() != nullptr},
       {"pages", reportPages()},
-      {"classRows", SBIconListView::iconRowsForInterfaceOrientation(portrait)},
-      {"classColumns", SBIconListView::iconColumnsForInterfaceOrientation(portrait)},
+      {"classRows", static_cast<NSInteger>(SBIconListView::iconRowsForInterfaceOrientation(portrait))},
+      {"classColumns", static_cast<NSInteger>(SBIconListView::iconColumnsForInterfaceOrientation(portrait))},
       {"hooks", hooks(simulation)},
       {"iconSupport", iconSupport()},
       {"folder", reportFolder()},

@@ -1,7 +1,7 @@
 // The report: what a program can read of the home screen at one moment.
 #pragma once
 
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 
 namespace sim {
 

@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 
 #include <iterator>
-#include <nlohmann/json.hpp>
 
 #include "simulator/device/catalogue.hpp"
 
@@ -36,8 +35,7 @@ std::string deviceTable() {
   return table;
 }
 
-nlohmann::ordered_json deviceJson() {
-  using Json = nlohmann::ordered_json;
+Json deviceJson() {
   Json list = Json::array();
   for (const Device& device : catalogue()) {
     Json landscape;

@@ -1,8 +1,9 @@
 // The catalogue as users read it.
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
 #include <string>
+
+#include "simulator/json/json.hpp"
 
 namespace sim {
 
@@ -14,6 +15,6 @@ std::string deviceTable();
  * or "pad"), `systemVersions` [first, last], `rows` and `columns`, and `landscape` {`rows`, `columns`} or
  * null where the home screen does not turn.
  */
-nlohmann::ordered_json deviceJson();
+Json deviceJson();
 
 }  // namespace sim

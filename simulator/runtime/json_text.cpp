@@ -3,13 +3,13 @@
 #include "simulator/runtime/json_text.hpp"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
 #include "bridge/replace.hpp"
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/json.hpp"
+#include "simulator/json/json.hpp"
 
 namespace sim {
 namespace {
@@ -67,7 +67,7 @@ NSData withoutBlanks(NSData data) {
 
 id readJson(id self, SEL selector, id data, NSUInteger options, id* error) {
   std::string_view text = textOf(bridge::as<NSData>(data));
-  if (!nlohmann::json::accept(text) || nesting(text) > deepestNesting) {
+  if (!Json::accepts(text) || nesting(text) > deepestNesting) {
     if (error) *error = NSError::errorWithDomain_code_userInfo("NSCocoaErrorDomain"_ns, corruptError, {}).raw;
     return nullptr;
   }

@@ -85,13 +85,13 @@ TEST(Launch, ClosesAnOpenPanelFirst) {
              "sideIconInset=27", "--set", "horiIconPadding=27", "--set", "topIconInset=30", "--set",
              "vertIconPadding=14"});
   home.step("swipe up");
-  ASSERT_FALSE(home.report()["panel"].is_null());
+  ASSERT_FALSE(home.report()["panel"].isNull());
   home.step("launch \"Calendar\"");
   EXPECT_EQ(home.report()["application"], "Calendar");
   home.step("wait 1");
-  EXPECT_TRUE(home.report()["panel"].is_null());
+  EXPECT_TRUE(home.report()["panel"].isNull());
   home.step("home");
-  EXPECT_TRUE(home.report()["application"].is_null());
+  EXPECT_TRUE(home.report()["application"].isNull());
 }
 
 TEST(Launch, NeedsNoPanel) {

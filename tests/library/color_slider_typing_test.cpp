@@ -216,7 +216,7 @@ TEST_F(NumberField, AlertIsBuiltButNotPresented) {
   const auto action = bridge::as<UIAlertAction>(alert.actions().objectAtIndex(0));
   EXPECT_STREQ(action.title().UTF8String(), "Okay");
   EXPECT_EQ(action.style(), UIAlertActionStyleDefault);
-  EXPECT_TRUE(home.report()["alert"].is_null());
+  EXPECT_TRUE(home.report()["alert"].isNull());
 }
 
 TEST_F(NumberField, KeyboardGoesWhenAnApplicationOpensOrTheDeviceIsLocked) {

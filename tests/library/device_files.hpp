@@ -13,6 +13,7 @@
 #include <string>
 
 #include "bridge/replace.hpp"
+#include "tests/support/files.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {
@@ -54,7 +55,7 @@ inline Preparation whenLoaded(Preparation look) {
 
 // The preference domain but for the count of pages, which a running home screen writes by itself.
 inline sim::Json withoutPageCount(sim::Json values) {
-  if (values.is_object()) values.erase("numOfPages");
+  if (values.isObject()) values.erase("numOfPages");
   return values;
 }
 inline sim::Json preferencesOf(Home& home) { return withoutPageCount(home.report()["preferences"]); }
@@ -82,8 +83,7 @@ inline FileState stateOf(sim::Simulation& device, const std::string& devicePath)
   auto place = device.fileSystem().hostPath(devicePath);
   struct stat status{};
   if (::stat(place.c_str(), &status) != 0) return {};
-  std::ifstream stream(place, std::ios::binary);
-  return {true, {std::istreambuf_iterator<char>(stream), {}}, status.st_ino, status.st_mtim};
+  return {true, contentsOf(place), status.st_ino, status.st_mtim};
 }
 
 // Names of what a folder of the device holds.

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 #include "simulator/device/catalogue.hpp"
 
 namespace test {
@@ -53,9 +53,9 @@ struct ExpectedScreen {
 
 // Values as the settings hold them: booleans, integers and real numbers; an absent one reads as zero.
 inline double real(const sim::Json& values, const std::string& key) {
-  if (!values.is_object() || !values.contains(key)) return 0;
+  if (!values.isObject() || !values.contains(key)) return 0;
   const sim::Json& value = values[key];
-  return value.is_boolean() ? (value.get<bool>() ? 1 : 0) : value.get<double>();
+  return value.isBoolean() ? (value.get<bool>() ? 1 : 0) : value.get<double>();
 }
 inline double single(const sim::Json& values, const std::string& key) {
   return static_cast<float>(real(values, key));
@@ -102,7 +102,7 @@ struct ExpectedHome {
     if (!flag(settings, "enabled")) return systemValue;
     if (whole(settings, "custom_preset") < 0) return single(settings, key);
     sim::Json values;
-    if (layout.is_object() && layout.contains("configuration")) values = layout["configuration"];
+    if (layout.isObject() && layout.contains("configuration")) values = layout["configuration"];
     double value = single(values, layoutKey);
     if (flag(layout, "configurable")) return value;
     return isHeight ? scaledHeight(value) : scaledWidth(value);

@@ -21,7 +21,7 @@ RQGestureController controller() { return RQGestureController::sharedInstance();
 sim::Json currentPreset() { return sim::plain(controller().currentPreset()); }
 
 std::string currentName() {
-  return currentPreset().is_null() ? "none" : currentPreset()["name"].get<std::string>();
+  return currentPreset().isNull() ? "none" : currentPreset()["name"].get<std::string>();
 }
 
 // Three presets, of which the third was saved when there were five.
@@ -113,7 +113,7 @@ TEST(SelectedPreset, IsFoundByPositionAndNotByStoredValue) {
   sim::Json expected = test::preset("third", 1, 9, 10, 11, 12);
   expected["value"] = 2;
   // Compared without regard to the order of keys.
-  EXPECT_EQ(nlohmann::json(currentPreset()), nlohmann::json(expected));
+  EXPECT_EQ(currentPreset().sorted(), expected.sorted());
 }
 
 TEST(SelectedPreset, HasAnIntegerForItsPosition) {

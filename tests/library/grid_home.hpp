@@ -37,12 +37,12 @@ inline std::vector<std::string> withPresets(const std::vector<sim::Json>& record
 inline sim::Json reportOf(std::vector<std::string> options) {
   options.insert(options.end(), {"--report", "-"});
   Run run = runSimulator(options);
-  sim::Json report = sim::Json::parse(run.output, nullptr, false);
-  if (run.status != 0 || report.is_discarded()) {
+  auto report = sim::Json::read(run.output);
+  if (run.status != 0 || !report) {
     ADD_FAILURE() << "the simulator ended with " << run.status << ": " << run.errors;
     return nullptr;
   }
-  return report;
+  return *report;
 }
 
 // What SpringBoard itself makes of that device: the report of a run without the library.

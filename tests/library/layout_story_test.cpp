@@ -56,7 +56,7 @@ std::vector<Json> tell(const std::string& root, const std::string& script) {
   std::vector<Json> reports;
   for (size_t i = 0; i < count; ++i) {
     std::ifstream file(folder.path() / (std::to_string(i) + ".json"));
-    reports.push_back(Json::parse(file, nullptr, false));
+    reports.push_back(Json::parse({std::istreambuf_iterator<char>(file), {}}));
   }
   return reports;
 }
@@ -125,7 +125,7 @@ report
   EXPECT_EQ(first[3]["panel"]["alpha"], 1);
   expected.records = {test::preset("Mine", 1, -13, -1, 30, 70)};
   expectState(first[4], expected, "saved");
-  EXPECT_EQ(first[4]["panel"]["presets"], Json({"Mine"}));
+  EXPECT_EQ(first[4]["panel"]["presets"], Json::array({"Mine"}));
   expected.settings["topIconInset"] = 73;
   expectState(first[5], expected, "adjusted once more");
   expectState(first[6], expected, "closed");
@@ -159,7 +159,7 @@ report
   ASSERT_EQ(second.size(), 7u);
   expectState(second[0], expected, "restarted");
   expectState(second[1], expected, "presets page");
-  EXPECT_EQ(second[1]["panel"]["presets"], Json({"Mine"}));
+  EXPECT_EQ(second[1]["panel"]["presets"], Json::array({"Mine"}));
   expected.settings["custom_preset"] = 0;
   expectState(second[2], expected, "chosen");
   EXPECT_EQ(second[2]["panel"], nullptr);

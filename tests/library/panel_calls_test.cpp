@@ -77,7 +77,7 @@ TEST(OpenSettings, OpensTheSettingsAndClosesThePanel) {
   PanelHome home;
   home.open();
   home.step("call openSettings");
-  EXPECT_EQ(home.report()["openedURLs"], Json({"prefs:root=Tilo"}));
+  EXPECT_EQ(home.report()["openedURLs"], Json::array({"prefs:root=Tilo"}));
   home.wait(1);
   EXPECT_EQ(home.report()["panel"], nullptr);
 }

@@ -160,7 +160,7 @@ TEST(PanelFading, HidesNothingFromTheFinger) {
   ASSERT_EQ(alpha(home), 0.5);
   home.step("tap \"close\"");
   home.wait(1);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 TEST(PanelDraggingOfAThumb, StoresAValueForEveryMove) {

@@ -27,7 +27,7 @@ std::vector<std::string> settings(std::vector<std::string> more = {}) {
   return options;
 }
 
-bool panelIsShown(Home& home) { return !home.report()["panel"].is_null(); }
+bool panelIsShown(Home& home) { return !home.report()["panel"].isNull(); }
 
 SBIconScrollView scrollView() { return sim::springboard::homeScreen().scrollView.get(); }
 

@@ -120,7 +120,7 @@ TEST(PanelHiding, SlidesItStraightDownKeepingItsPlaceSideways) {
     EXPECT_EQ(home.shown()["frame"][0], 57.5);
   }
   home.wait(0.1);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 TEST(PanelHiding, AnnouncesItselfOnceWhenItIsOver) {
@@ -137,7 +137,7 @@ TEST(PanelHiding, AnnouncesItselfOnceWhenItIsOver) {
   ASSERT_EQ(scenes.size(), 1u);
   EXPECT_EQ(scenes[0].sender, home.panel().raw);
   EXPECT_TRUE(scenes[0].onScreen) << "it is taken down after that";
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 TEST(PanelHiding, EndsTheObservationOfTheSlidersButtons) {
@@ -165,7 +165,7 @@ TEST(PanelHiding, IsWhatTheSecondPagesDoneActionDoes) {
   test::Listening listening;
   home.panel().didHitDone();
   home.wait(2);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
   EXPECT_EQ(disappearances().size(), 1u);
 }
 
@@ -180,7 +180,7 @@ TEST(PanelCancelling, WaitsForTheNextTurnAndSlidesTheSameWay) {
     EXPECT_NEAR(top(home), expected, approximately) << 0.1 * i;
   }
   home.wait(0.1);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
   EXPECT_FALSE(home.panel().superview());
 }
 
@@ -190,7 +190,7 @@ TEST(PanelCancelling, AnnouncesNothing) {
   test::Listening listening;
   home.step("tap \"close\"");
   home.wait(2);
-  ASSERT_TRUE(home.shown().is_null());
+  ASSERT_TRUE(home.shown().isNull());
   EXPECT_TRUE(disappearances().empty());
   EXPECT_TRUE(home.report()["relayouts"].empty());
 }
@@ -220,9 +220,9 @@ TEST(PanelCancelling, IsWhatLaunchingAnApplicationDoes) {
   test::Listening listening;
   home.step("launch \"Calendar\"");
   EXPECT_EQ(home.report()["application"], "Calendar");
-  EXPECT_FALSE(home.shown().is_null());
+  EXPECT_FALSE(home.shown().isNull());
   home.wait(1);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
   EXPECT_TRUE(disappearances().empty());
 }
 
@@ -311,7 +311,7 @@ TEST(PanelCollapsing, PutsThePagesOutOfSight) {
   EXPECT_THROW(home.step("tap \"Add\""), sim::UsageError);
   home.step("tap \"close\"");
   home.wait(1);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 struct Drag {

@@ -25,7 +25,7 @@ TEST_P(Opening, WantsBothSwitchesOn) {
   test::Home home(test::homeOptions("iPhone 7", settings));
   tilo::RQGestureController::sharedInstance().showPopup();
   EXPECT_EQ(static_cast<bool>(PanelHome::panel()), GetParam().opens);
-  EXPECT_EQ(!home.report()["panel"].is_null(), GetParam().opens);
+  EXPECT_EQ(!home.report()["panel"].isNull(), GetParam().opens);
 }
 
 INSTANTIATE_TEST_SUITE_P(Settings, Opening,
@@ -78,7 +78,7 @@ TEST(OpenPanel, IsANewOneEveryTime) {
   EXPECT_EQ(home.panel(), first.get()) << "kept after it has closed";
   home.open();
   EXPECT_NE(home.panel().raw, first.get().raw);
-  EXPECT_FALSE(home.shown().is_null());
+  EXPECT_FALSE(home.shown().isNull());
 }
 
 TEST(OpenPanel, MayBeInsideAnotherViewOfTheWindow) {
@@ -128,7 +128,7 @@ TEST_P(OpenPanelOn, EveryScreenIsInItsMiddle) {
   home.step("page 0");
   home.step("tap \"close\"");
   home.wait(1);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 INSTANTIATE_TEST_SUITE_P(Devices, OpenPanelOn,

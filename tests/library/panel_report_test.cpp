@@ -16,13 +16,13 @@ std::vector<std::string> keysOf(const Json& object) {
 
 TEST(PanelReport, IsNullWithoutAPanel) {
   PanelHome home;
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 TEST(PanelReport, IsNullWithoutTheLibrary) {
   PanelHome home({}, {"--stock"});
   home.step("swipe up");
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 TEST(PanelReport, HasItsKeysInTheirOrder) {
@@ -48,9 +48,9 @@ TEST(PanelReport, TellsOfAPanelThatIsStillOnItsWay) {
   home.wait(1);
   home.step("tap \"close\"");
   home.wait(0.6);
-  EXPECT_FALSE(home.shown().is_null());
+  EXPECT_FALSE(home.shown().isNull());
   home.wait(0.2);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
 }
 
 TEST(PanelReport, ShowsAColourInTheMiddleOfItsAnimation) {
@@ -117,7 +117,7 @@ wait 1
 )");
   ASSERT_EQ(run.status, 0) << run.errors;
   Json report = Json::parse(run.output);
-  EXPECT_TRUE(report["panel"].is_null());
+  EXPECT_TRUE(report["panel"].isNull());
   EXPECT_EQ(report["preferences"]["horiIconPadding"], 29);
   EXPECT_EQ(report["preferences"]["vertIconPadding"], 13);
   EXPECT_NEAR(report["preferences"]["sideIconInset"].get<double>(), 40, 0.5);

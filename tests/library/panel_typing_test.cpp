@@ -90,7 +90,7 @@ TEST(PanelTyping, KeyboardGoesWithThePanel) {
   home.step("type \"Horizontal Padding\" \"4\"");
   home.step("tap \"close\"");
   home.wait(1);
-  EXPECT_TRUE(home.shown().is_null());
+  EXPECT_TRUE(home.shown().isNull());
   EXPECT_FALSE(keyboardIsUp());
 }
 

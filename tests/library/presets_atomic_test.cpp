@@ -54,10 +54,10 @@ Outcomes killEverywhere(PresetsHome& home, const Json& changed, const std::funct
     home.write(test::presetsPath, old);
     const bool killed = killAtStop(stop, work);
     const std::string found = home.contents(test::presetsPath);
-    const Json parsed = Json::parse(found, nullptr, false);
+    const auto parsed = Json::read(found);
     if (found == old)
       ++outcomes.before;
-    else if (!parsed.is_discarded() && test::same(parsed, changed))
+    else if (parsed && test::same(*parsed, changed))
       ++outcomes.after;
     else
       ++outcomes.broken;

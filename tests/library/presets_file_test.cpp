@@ -14,7 +14,7 @@ RQGestureController controller() { return RQGestureController::sharedInstance();
 
 std::string currentName() {
   Json preset = sim::plain(controller().currentPreset());
-  return preset.is_null() ? "none" : preset["name"].get<std::string>();
+  return preset.isNull() ? "none" : preset["name"].get<std::string>();
 }
 
 Json named(const std::string& name, int value) {
@@ -129,7 +129,7 @@ TEST(PresetsFile, IsUtf8) {
 }
 
 TEST(PresetsFile, MayBeEscaped) {
-  std::string text = Json{{"configurations", Json::array({named("Größe 🙂", 0)})}}.dump(-1, ' ', true);
+  std::string text = Json{{"configurations", Json::array({named("Größe 🙂", 0)})}}.dump(-1, true);
   ASSERT_NE(text.find("\\u"), std::string::npos);
   Home home({}, test::having(test::presetsPath, text));
   EXPECT_EQ(selections(1), (Selections{{"Größe 🙂", 0}}));

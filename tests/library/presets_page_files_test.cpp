@@ -125,7 +125,7 @@ TEST_F(ARefusingDisk, KeepsWhatItHasWhenALayoutIsSaved) {
   refuse(home, Faults::writing, ENOSPC);
   home.saveAs("Home");
   EXPECT_EQ(test::stateOf(home.simulation(), test::presetsPath), before);
-  EXPECT_EQ(home.names(), Json({"one"}));
+  EXPECT_EQ(home.names(), Json::array({"one"}));
   EXPECT_EQ(home.shown()["alpha"], 1);
 }
 

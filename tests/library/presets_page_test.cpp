@@ -179,7 +179,7 @@ TEST(PresetsPage, SaysThatThereAreNoLayoutsFromThenOn) {
   PresetsHome home({});
   home.open();
   home.saveAs("Home");
-  EXPECT_EQ(home.names(), Json({"Home"}));
+  EXPECT_EQ(home.names(), Json::array({"Home"}));
   EXPECT_EQ(home.shown()["caption"], "No Saved Presets");
 }
 
@@ -285,7 +285,7 @@ TEST(FirstRunNotice, IsShownUntilItIsAcknowledged) {
   const Json alert = home.report()["alert"];
   EXPECT_EQ(alert["title"], "Tilo 3");
   EXPECT_EQ(alert["message"], "To access the Quick Actions again swipe up anywhere on the SpringBoard.");
-  EXPECT_EQ(alert["actions"], Json({"Okay"}));
+  EXPECT_EQ(alert["actions"], Json::array({"Okay"}));
   EXPECT_EQ(alert["text"], nullptr);
   EXPECT_FALSE(home.report()["preferences"].contains("showed-setup"));
   home.step("choose \"Okay\"");

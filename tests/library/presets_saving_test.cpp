@@ -185,7 +185,7 @@ TEST(Saving, ThatIsCancelledWritesNothing) {
   home.step("choose \"Cancel\"");
   home.wait(1);
   EXPECT_EQ(test::stateOf(home.simulation(), test::presetsPath), before);
-  EXPECT_EQ(home.names(), Json({"one"}));
+  EXPECT_EQ(home.names(), Json::array({"one"}));
 }
 
 TEST(Saving, BeginsWithWhatTheFileHoldsNow) {
@@ -229,7 +229,7 @@ TEST_P(AName, IsKeptAsItWasTyped) {
   home.saveAs(quoted(GetParam().name));
   EXPECT_EQ(home.stored()[0]["name"], GetParam().name);
   home.step("page 1");
-  EXPECT_EQ(home.names(), Json({GetParam().name}));
+  EXPECT_EQ(home.names(), Json::array({GetParam().name}));
   home.step("tap \"Select\"");
   EXPECT_EQ(sim::plain(home.controller().currentPreset())["name"], GetParam().name);
 }
@@ -254,7 +254,7 @@ TEST(Saving, TakesANameOfTenThousandCharacters) {
   home.wait(1);
   EXPECT_EQ(home.stored()[0]["name"], name);
   home.step("page 1");
-  EXPECT_EQ(home.names(), Json({name}));
+  EXPECT_EQ(home.names(), Json::array({name}));
 }
 
 TEST(Saving, TakesTheSameNameTwice) {
@@ -290,7 +290,7 @@ TEST(Saving, SurvivesARestart) {
   ASSERT_EQ(first.status, 0) << first.errors;
   test::Home home({"--root", root.path()});
   home.step("swipe up");
-  EXPECT_EQ(home.report()["panel"]["presets"], Json({"Home"}));
+  EXPECT_EQ(home.report()["panel"]["presets"], Json::array({"Home"}));
   EXPECT_EQ(home.report()["panel"]["caption"], "Saved Presets");
 }
 

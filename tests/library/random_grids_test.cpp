@@ -81,7 +81,7 @@ Json layoutAt(const std::vector<Json>& layouts, long position) {
 }
 
 std::string written(const Json& value) {
-  if (value.is_boolean()) return value.get<bool>() ? "YES" : "NO";
+  if (value.isBoolean()) return value.get<bool>() ? "YES" : "NO";
   return value.dump();
 }
 
@@ -160,7 +160,7 @@ struct Case {
 
 void check(const Case& one) {
   Json system = test::stockReport(one.options), report = test::reportOf(one.options);
-  ASSERT_TRUE(system.is_object() && report.is_object());
+  ASSERT_TRUE(system.isObject() && report.isObject());
   ExpectedScreen screen(*one.device, one.start);
   if (one.turned) screen.turnFrom(one.start, test::whole(one.settings, "preset"));
   ExpectedAnswers answers = ExpectedHome{system, one.settings, one.layout, screen}.answers();
@@ -208,9 +208,9 @@ struct Live {
 class RandomSettings : public testing::TestWithParam<Live> {};
 
 bridge::Object number(const Json& value) {
-  if (value.is_null()) return {};
-  if (value.is_boolean()) return NSNumber::numberWithBool(value.get<bool>());
-  if (value.is_number_integer()) return NSNumber::numberWithLongLong(value.get<long long>());
+  if (value.isNull()) return {};
+  if (value.isBoolean()) return NSNumber::numberWithBool(value.get<bool>());
+  if (value.isWhole()) return NSNumber::numberWithLongLong(value.get<long long>());
   return NSNumber::numberWithDouble(value.get<double>());
 }
 
@@ -221,7 +221,7 @@ const char* const settingKeys[] = {"enabled",         "icons",         "rows",
 // Leaves nothing in the domain that is not in `settings`.
 void save(test::Home& home, const Json& settings) {
   for (const char* key : settingKeys)
-    home.save(NSString::stringWithUTF8String(key), number(settings.value(key, Json())));
+    home.save(NSString::stringWithUTF8String(key), number(settings.value(key)));
 }
 
 // SpringBoard lays the page out again without an animation. A place that is no number would raise.
@@ -259,7 +259,7 @@ TEST_P(RandomSettings, AreFollowedAtOnce) {
     save(home, settings);
     if (long position = dice.between(-1, 6); dice.chance(60)) {
       tilo::RQGestureController::sharedInstance().updateConfigWithValue(static_cast<int>(position));
-      if (Json found = layoutAt(layouts, position); !found.is_null()) current = found;
+      if (Json found = layoutAt(layouts, position); !found.isNull()) current = found;
     }
     SCOPED_TRACE("seed " + std::to_string(seed) + ", round " + std::to_string(round) + ", layout " +
                  current.dump() + ": " + settings.dump());

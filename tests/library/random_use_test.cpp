@@ -99,7 +99,7 @@ void closePanel(Home& home) {
 void answerAlert(Home& home) {
   const bridge::Pool pool;  // or the alert's actions, and the panel with them, would live as long as the test
   const sim::Json alert = sim::reportAlert();
-  if (alert.is_null()) return;
+  if (alert.isNull()) return;
   home.step("choose \"" + alert["actions"].back().get<std::string>() + "\"");
   home.step("wait 1");
 }

@@ -108,7 +108,7 @@ TEST(StartUp, RegistersWithIconSupportBeforeAnythingElse) {
 
 TEST(StartUp, RegistersOnceWithTheInstalledIconSupport) {
   Home home({"--icon-support"});
-  EXPECT_EQ(home.report()["iconSupport"], sim::Json({"Tilo"}));
+  EXPECT_EQ(home.report()["iconSupport"], sim::Json::array({"Tilo"}));
 }
 
 TEST(StartUp, DoesWithoutIconSupport) {

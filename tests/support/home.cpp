@@ -5,16 +5,37 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <iterator>
+#include <optional>
 
 #include "settings/configuration_manager.hpp"
 #include "simulator/app/report.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/input/script.hpp"
 #include "simulator/springboard/icon_controller.hpp"
+#include "tests/support/files.hpp"
 
 namespace test {
 namespace fs = std::filesystem;
+namespace {
+
+// The folder of a test's own files; gone when the test has ended.
+class TemporaryFiles : public testing::Environment {
+ public:
+  const fs::path& folder() {
+    if (!root) root.emplace();
+    return root->path();
+  }
+  void TearDown() override { root.reset(); }
+
+ private:
+  std::optional<sim::TemporaryRoot> root;
+};
+
+// The test program's to delete.
+TemporaryFiles& temporaryFiles =
+    static_cast<TemporaryFiles&>(*testing::AddGlobalTestEnvironment(new TemporaryFiles));
+
+}  // namespace
 
 Home::Home(std::vector<std::string> options, const std::function<void(sim::Simulation&)>& prepare) {
   options.insert(options.begin(), "tilo-sim");
@@ -45,10 +66,7 @@ void Home::save(NSString key, bridge::Object value) {
 
 fs::path Home::file(const std::string& devicePath) { return sim->fileSystem().hostPath(devicePath); }
 
-std::string Home::contents(const std::string& devicePath) {
-  std::ifstream stream(file(devicePath), std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
+std::string Home::contents(const std::string& devicePath) { return contentsOf(file(devicePath)); }
 
 void Home::write(const std::string& devicePath, const std::string& contents) {
   fs::create_directories(file(devicePath).parent_path());
@@ -72,8 +90,7 @@ sim::Json preset(const std::string& name, int configurable, double vertical, dou
 }
 
 std::string temporaryFile(const std::string& name, const std::string& contents) {
-  static const sim::TemporaryRoot folder;
-  fs::path path = folder.path() / name;
+  fs::path path = temporaryFiles.folder() / name;
   std::ofstream(path, std::ios::binary) << contents;
   return path.string();
 }

@@ -13,7 +13,7 @@
 #include "platform/foundation/number.hpp"
 #include "platform/springboard/dock.hpp"
 #include "platform/springboard/icon_controller.hpp"
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 #include "simulator/app/simulation.hpp"
 
 namespace test {

@@ -6,11 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <map>
-#include <vector>
 
+#include "tests/support/files.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {
@@ -26,8 +24,7 @@ std::string demangled(const char* name) {
 
 // Addresses within the file's image, by demangled name.
 std::map<std::string, Elf64_Addr> symbolTable(const char* path) {
-  std::ifstream stream(path, std::ios::binary);
-  std::vector<char> file{std::istreambuf_iterator<char>(stream), {}};
+  const std::string file = contentsOf(path);
   std::map<std::string, Elf64_Addr> found;
   auto* header = reinterpret_cast<const Elf64_Ehdr*>(file.data());
   auto* sections = reinterpret_cast<const Elf64_Shdr*>(file.data() + header->e_shoff);

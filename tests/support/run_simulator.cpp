@@ -4,22 +4,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <iterator>
-
+#include "tests/support/files.hpp"
 #include "tests/support/home.hpp"
 
 extern char** environ;
 
 namespace test {
-namespace {
-
-std::string readAll(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-}  // namespace
 
 Run runSimulator(const std::vector<std::string>& options, const std::string& input) {
   static int runs = 0;
@@ -41,7 +31,7 @@ Run runSimulator(const std::vector<std::string>& options, const std::string& inp
   posix_spawn_file_actions_destroy(&files);
   int status = -1;
   if (failure == 0) waitpid(child, &status, 0);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readAll(out), readAll(err)};
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentsOf(out), contentsOf(err)};
 }
 
 }  // namespace test

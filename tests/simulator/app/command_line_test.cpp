@@ -34,7 +34,7 @@ TEST(CommandLine, PrintsTheReportForAMinus) {
   std::string file = test::temporaryFile("a.json", "");
   test::runSimulator({"--report", file});
   EXPECT_EQ(run.output, test::contentsOf(file));
-  EXPECT_TRUE(Json::parse(run.output).is_object());
+  EXPECT_TRUE(Json::parse(run.output).isObject());
 }
 
 TEST(CommandLine, ExplainsItself) {

@@ -11,10 +11,9 @@ TEST(Report, SaysOfEveryPageWhatItAnswersAndShows) {
   ASSERT_EQ(pages.size(), 2u);
   for (size_t i = 0; i < 2; ++i) {
     EXPECT_EQ(pages[i]["index"], i);
-    for (const char* key : {"rows", "columns", "rowsForSpacing"})
-      EXPECT_TRUE(pages[i][key].is_number_integer());
+    for (const char* key : {"rows", "columns", "rowsForSpacing"}) EXPECT_TRUE(pages[i][key].isWhole());
     for (const char* key : {"verticalPadding", "horizontalPadding", "sideInset", "topInset"})
-      EXPECT_TRUE(pages[i][key].is_number()) << key;
+      EXPECT_TRUE(pages[i][key].isNumber()) << key;
     ASSERT_EQ(pages[i]["icons"].size(), 24u);
     for (auto& icon : pages[i]["icons"]) {
       EXPECT_FALSE(icon["name"].get<std::string>().empty());

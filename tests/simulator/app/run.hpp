@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "simulator/device/temporary_root.hpp"
+#include "tests/support/files.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {
@@ -23,18 +24,13 @@ inline Options joined(Options options, const Options& more) {
   return options;
 }
 
-inline std::string contentsOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 // The report of a run that goes well, with a script from standard input where there is one.
 inline sim::Json reportOf(Options options, const std::string& script = "") {
   if (!script.empty()) options = joined(options, {"--script", "-"});
   Run run = runSimulator(joined(options, {"--report", "-"}), script);
   EXPECT_EQ(run.status, 0) << run.errors;
   EXPECT_EQ(run.errors, "");
-  return sim::Json::parse(run.output, nullptr, false);
+  return sim::Json::read(run.output).value_or(nullptr);
 }
 
 // The run ends with 2 and one line that names the culprit, and prints nothing else.

@@ -8,11 +8,10 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <fstream>
-#include <iterator>
 
 #include "bridge/define.hpp"
 #include "simulator/runtime/foundation.hpp"
+#include "tests/support/files.hpp"
 
 extern char** environ;
 
@@ -31,11 +30,6 @@ std::optional<int> ending(pid_t process, int options) {
   int status = 0;
   if (waitpid(process, &status, options) != process) return std::nullopt;
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-std::string readAll(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 }  // namespace
@@ -149,7 +143,7 @@ bool Program::ended() {
 Run Program::finish() {
   closeInput();
   if (!result) result = ending(process, 0);
-  return {result.value_or(-1), readAll(outputFile), readAll(errorFile)};
+  return {result.value_or(-1), contentsOf(outputFile), contentsOf(errorFile)};
 }
 
 Run runSettings(const std::vector<std::string>& arguments, const std::function<void()>& meanwhile) {

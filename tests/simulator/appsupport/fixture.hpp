@@ -11,7 +11,7 @@
 
 #include "bridge/runtime.hpp"
 #include "platform/appsupport/messaging_center.hpp"
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 #include "simulator/appsupport/client.hpp"
 #include "simulator/appsupport/messaging_center.hpp"
 #include "simulator/device/temporary_root.hpp"

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <set>
 
 #include "simulator/device/device_list.hpp"
@@ -130,12 +129,12 @@ TEST(DeviceList, TheTableHasALineForEachModelUnderItsHeadings) {
 }
 
 TEST(DeviceList, JsonHasAnObjectForEachModel) {
-  const nlohmann::ordered_json list = deviceJson();
+  const Json list = deviceJson();
   ASSERT_EQ(list.size(), catalogue().size());
-  EXPECT_EQ(list[0], nlohmann::ordered_json::parse(R"({"name": "iPhone 4s", "points": [320, 480], "scale": 2,
+  EXPECT_EQ(list[0], Json::parse(R"({"name": "iPhone 4s", "points": [320, 480], "scale": 2,
       "nativePixels": [640, 960], "idiom": "phone", "systemVersions": ["8.4", "9.3.6"], "rows": 4, "columns": 4,
       "landscape": null})"));
-  EXPECT_EQ(list[5]["landscape"], nlohmann::ordered_json::parse(R"({"rows": 4, "columns": 6})"));
+  EXPECT_EQ(list[5]["landscape"], Json::parse(R"({"rows": 4, "columns": 6})"));
 }
 
 }  // namespace

@@ -67,9 +67,9 @@ TEST_F(LockScreen, TakesTheFingersFromWhatLiesBelow) {
   home.step("lock");
   home.step("finger 1 up " + place);
   home.step("unlock");
-  EXPECT_TRUE(home.report()["application"].is_null());
+  EXPECT_TRUE(home.report()["application"].isNull());
   home.step("tap " + place);
-  EXPECT_FALSE(home.report()["application"].is_null());
+  EXPECT_FALSE(home.report()["application"].isNull());
 }
 
 TEST_F(LockScreen, LeavesTheHomeScreenAsItIs) {

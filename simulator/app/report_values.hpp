@@ -2,14 +2,11 @@
 // "nan".
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include "platform/coregraphics/geometry.hpp"
 #include "platform/foundation/object.hpp"
+#include "simulator/json/json.hpp"
 
 namespace sim {
-
-using Json = nlohmann::ordered_json;
 
 Json number(double value);
 Json frame(const CGRect& rect);  // [x, y, width, height]

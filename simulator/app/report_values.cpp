@@ -1,5 +1,5 @@
 // From Foundation's objects and from lengths to JSON.
-#include "simulator/app/json.hpp"
+#include "simulator/app/report_values.hpp"
 
 #include <cmath>
 #include <cstring>
