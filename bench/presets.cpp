@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "bench/home_screen.hpp"
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
 #include "simulator/app/report_values.hpp"
 

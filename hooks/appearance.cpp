@@ -2,19 +2,21 @@
 #include "hooks/appearance.hpp"
 
 #include "bridge/replace.hpp"
-#include "startup/shared_state.hpp"
+#include "panel/popup_view.hpp"
+#include "settings/gesture_controller.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo::hooks {
 namespace {
 
 using bridge::original;
 
-bool wantsSquareIcons() { return setting("square"_ns).boolValue(); }
+bool wantsSquareIcons() { return settings().flag(keys::square); }
 
 // Absent counts as hidden, as long as the library is switched on.
-bool hides(NSString key) {
-  bool shown = setting(key).boolValue();
-  return !shown && setting("enabled"_ns).boolValue();
+bool hides(Key<Kind::flag> key) {
+  bool shown = settings().flag(key);
+  return !shown && settings().flag(keys::enabled);
 }
 
 }  // namespace
@@ -31,24 +33,24 @@ BOOL showsSquareCorners(SBIconImageView self) {
 }
 
 UIColor shadowColor(SBIconLabelImageParameters self) {
-  return hides("labels"_ns) ? UIColor::clearColor() : original<shadowColor>(self);
+  return hides(keys::labels) ? UIColor::clearColor() : original<shadowColor>(self);
 }
 
 UIColor textColor(SBIconLabelImageParameters self) {
-  return hides("labels"_ns) ? UIColor::clearColor() : original<textColor>(self);
+  return hides(keys::labels) ? UIColor::clearColor() : original<textColor>(self);
 }
 
 // A hidden label takes no room either.
 CGRect labelRect(Class self, BOOL drawing, CGRect rect, SBIconLabelImageParameters parameters) {
-  return hides("labels"_ns) ? CGRect{} : original<labelRect>(self, drawing, rect, parameters);
+  return hides(keys::labels) ? CGRect{} : original<labelRect>(self, drawing, rect, parameters);
 }
 
 void setIndicatorImageAtIndex(SBIconListPageControl self, UIImageView image, BOOL enabled, NSInteger index) {
-  if (!hides("page"_ns)) original<setIndicatorImageAtIndex>(self, image, enabled, index);
+  if (!hides(keys::page)) original<setIndicatorImageAtIndex>(self, image, enabled, index);
 }
 
 void setIndicatorImage(SBIconListPageControl self, UIImageView image, BOOL enabled) {
-  if (!hides("page"_ns)) original<setIndicatorImage>(self, image, enabled);
+  if (!hides(keys::page)) original<setIndicatorImage>(self, image, enabled);
 }
 
 void activateApplication(SBUIController self, SBApplication application) {

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "bridge/replace.hpp"
-#include "startup/shared_state.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo::hooks {
 namespace {
@@ -15,7 +15,7 @@ constexpr int32_t usualCount = 4;     // without a stored number, and below it t
 constexpr CGFloat dockSpacing = 10;   // points
 constexpr double fadeDuration = 0.3;  // seconds
 
-bool dockIsHidden() { return setting("dock"_ns).boolValue(); }
+bool dockIsHidden() { return settings().flag(keys::dock); }
 
 NSUInteger widened(int32_t count) { return static_cast<NSUInteger>(static_cast<NSInteger>(count)); }
 
@@ -28,10 +28,10 @@ NSUInteger dockCount(Self self, A... arguments) {
 
 }  // namespace
 
-BOOL isDockIconsEnabled(Class) { return setting("dockIconsEnabled"_ns).boolValue(); }
+BOOL isDockIconsEnabled(Class) { return settings().flag(keys::dockIconsEnabled); }
 
 int numberOfDockIcons(Class) {
-  NSNumber stored = setting("dockIcons"_ns);
+  NSNumber stored = settings().stored(keys::dockIcons);
   return stored ? static_cast<int32_t>(stored.integerValue()) : usualCount;
 }
 

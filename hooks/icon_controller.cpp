@@ -6,9 +6,9 @@
 #include "bridge/replace.hpp"
 #include "platform/springboard/lock_screen.hpp"
 #include "platform/uikit/device.hpp"
-#include "startup/geometry.hpp"
-#include "startup/relayout.hpp"
-#include "startup/shared_state.hpp"
+#include "settings/store/values.hpp"
+#include "startup/grid/geometry.hpp"
+#include "startup/grid/relayout.hpp"
 
 namespace tilo::hooks {
 namespace {
@@ -16,24 +16,13 @@ namespace {
 using bridge::original;
 
 constexpr int32_t portrait = 1;
-constexpr CGFloat referenceHeight = 568, referenceWidth = 320;  // points of the 4-inch screen
-
-// The layouts that keep their horizontal factor when a tablet turns to landscape.
-bool keepsHorizontalFactor(NSInteger preset) {
-  return preset == -2 || preset == 1 || preset == 8 || preset == 9;
-}
-
-// The screen's size is the one measured at start, so in landscape width and height trade places; the dock
-// takes its share of the reference height there.
+// The screen's size is the one measured at start, in landscape too.
 void scaleForLandscape(NSInteger preset) {
-  iPadAdjustFactorH = (screenWidth * 2) / (referenceHeight + dockHeight);
-  if (!keepsHorizontalFactor(preset)) iPadAdjustFactorW = (screenHeight * 2) / referenceWidth;
+  useFactors(
+      grid::landscapeFactors(screenWidth, screenHeight, preset, {iPadAdjustFactorH, iPadAdjustFactorW}));
 }
 
-void scaleForPortrait() {
-  iPadAdjustFactorH = (screenHeight + screenHeight) / referenceHeight;
-  iPadAdjustFactorW = (screenWidth + screenWidth) / referenceWidth;
-}
+void scaleForPortrait() { useFactors(grid::portraitFactors(screenWidth, screenHeight)); }
 
 }  // namespace
 
@@ -49,7 +38,7 @@ void didRotateFromInterfaceOrientation(SBIconController self, NSInteger previous
   original<didRotateFromInterfaceOrientation>(self, previous);
   if (getDeviceType() != UIUserInterfaceIdiomPad) return;
   SBLockScreenViewController lockScreen = SBLockScreenManager::sharedInstance().lockScreenViewController();
-  NSInteger preset = setting("preset"_ns).integerValue();
+  NSInteger preset = settings().count(keys::preset);
   if (static_cast<int32_t>(previous) == portrait && !lockScreen.isLockScreenVisible())
     scaleForLandscape(preset);
   else if (!lockScreen.isLockScreenVisible())

@@ -5,8 +5,10 @@
 
 #include "bridge/replace.hpp"
 #include "platform/springboard/dock.hpp"
-#include "startup/geometry.hpp"
-#include "startup/shared_state.hpp"
+#include "settings/gesture_controller.hpp"
+#include "settings/store/values.hpp"
+#include "startup/grid/geometry.hpp"
+#include "startup/grid/relayout.hpp"
 
 namespace tilo::hooks {
 
@@ -16,10 +18,9 @@ namespace {
 
 using bridge::original;
 
-// Counts travel as one less than they are; both this and iconGridCalc know it. The largest one wraps around.
 NSUInteger gridCount(NSString key, bridge::Object list, NSUInteger systemCount) {
-  auto lessOne = static_cast<uint32_t>(iconGridCalc(key.raw, list.raw, static_cast<int32_t>(systemCount)));
-  return static_cast<NSUInteger>(static_cast<NSInteger>(static_cast<int32_t>(lessOne + 1)));
+  return static_cast<NSUInteger>(
+      grid::fromOneLess(iconGridCalc(key.raw, list.raw, static_cast<int32_t>(systemCount))));
 }
 
 template <auto Replacement>
@@ -38,15 +39,14 @@ NSUInteger countOfClass(Class self, NSInteger orientation, NSString key) {
 // scaled.
 struct Spacing {
   FramingElement element;
-  NSString presetKey;
+  Key<Kind::number> presetKey;
   CGFloat (*adjust)(CGFloat, CGFloat);
 };
 
 CGFloat presetSpacing(const Spacing& spacing) {
   NSDictionary preset = RQGestureController::sharedInstance().currentPreset();
-  auto values = bridge::as<NSDictionary>(preset.objectForKey("configuration"_ns));
-  CGFloat length = bridge::as<NSNumber>(values.objectForKey(spacing.presetKey)).floatValue();
-  bool usedAsItIs = bridge::as<NSNumber>(preset.objectForKey("configurable"_ns)).boolValue();
+  CGFloat length = Values(Values(preset).values(keys::configuration)).number(spacing.presetKey);
+  bool usedAsItIs = Values(preset).flag(keys::configurable);
   return usedAsItIs ? length : spacing.adjust(length, 0);
 }
 
@@ -54,8 +54,8 @@ CGFloat presetSpacing(const Spacing& spacing) {
 template <auto Replacement, class List>
 CGFloat spacingOfList(List self, const Spacing& spacing, void (*first)(List)) {
   bridge::allocate<value>()->obtainValues();
-  NSInteger selectedPreset = setting("custom_preset"_ns).integerValue();
-  bool enabled = setting("enabled"_ns).boolValue();
+  NSInteger selectedPreset = settings().count(keys::customPreset);
+  bool enabled = settings().flag(keys::enabled);
   if (first) first(self);
   if (!enabled || bridge::isKindOf<SBDockIconListView>(self) || bridge::isKindOf<SBFolderIconListView>(self))
     return original<Replacement>(self);
@@ -69,45 +69,45 @@ void rememberSystemInset(SBRootIconListView self) { origS = original<sideIconIns
 }  // namespace
 
 NSUInteger iconRowsForSpacingCalculation(SBIconListView self) {
-  return countOfList<iconRowsForSpacingCalculation>(self, "rows"_ns);
+  return countOfList<iconRowsForSpacingCalculation>(self, keys::rows);
 }
 
 NSUInteger iconRowsForCurrentOrientation(SBIconListView self) {
-  return countOfList<iconRowsForCurrentOrientation>(self, "rows"_ns);
+  return countOfList<iconRowsForCurrentOrientation>(self, keys::rows);
 }
 
 NSUInteger iconColumnsForCurrentOrientation(SBIconListView self) {
-  return countOfList<iconColumnsForCurrentOrientation>(self, "columns"_ns);
+  return countOfList<iconColumnsForCurrentOrientation>(self, keys::columns);
 }
 
 NSUInteger iconRowsForInterfaceOrientation(Class self, NSInteger orientation) {
-  return countOfClass<iconRowsForInterfaceOrientation>(self, orientation, "rows"_ns);
+  return countOfClass<iconRowsForInterfaceOrientation>(self, orientation, keys::rows);
 }
 
 NSUInteger iconColumnsForInterfaceOrientation(Class self, NSInteger orientation) {
-  return countOfClass<iconColumnsForInterfaceOrientation>(self, orientation, "columns"_ns);
+  return countOfClass<iconColumnsForInterfaceOrientation>(self, orientation, keys::columns);
 }
 
 CGFloat verticalIconPadding(SBIconListView self) {
   return spacingOfList<verticalIconPadding, SBIconListView>(
-      self, {verticalPadding, "vertical_padding"_ns, adjustHeight}, nullptr);
+      self, {verticalPadding, keys::verticalPadding, adjustHeight}, nullptr);
 }
 
 CGFloat horizontalIconPadding(SBIconListView self) {
   return spacingOfList<horizontalIconPadding, SBIconListView>(
-      self, {horizontalPadding, "horizontal_padding"_ns, adjustWidth}, rememberController);
+      self, {horizontalPadding, keys::horizontalPadding, adjustWidth}, rememberController);
 }
 
 // A folder's page is three icons high, whatever SpringBoard or the settings say.
 NSUInteger folderIconRowsForInterfaceOrientation(Class, NSInteger) { return 3; }
 
 CGFloat sideIconInset(SBRootIconListView self) {
-  return spacingOfList<sideIconInset, SBRootIconListView>(self, {sideInset, "side_inset"_ns, adjustWidth},
+  return spacingOfList<sideIconInset, SBRootIconListView>(self, {sideInset, keys::sideInset, adjustWidth},
                                                           rememberSystemInset);
 }
 
 CGFloat topIconInset(SBRootIconListView self) {
-  return spacingOfList<topIconInset, SBRootIconListView>(self, {topInset, "top_inset"_ns, adjustHeight},
+  return spacingOfList<topIconInset, SBRootIconListView>(self, {topInset, keys::topInset, adjustHeight},
                                                          nullptr);
 }
 

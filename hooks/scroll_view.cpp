@@ -7,11 +7,12 @@
 #include "platform/foundation/notification_center.hpp"
 #include "platform/springboard/icon_list_view.hpp"
 #include "platform/uikit/device.hpp"
-#include "settings/configuration_manager.hpp"
-#include "settings/console_log.hpp"
-#include "startup/geometry.hpp"
-#include "startup/relayout.hpp"
-#include "startup/shared_state.hpp"
+#include "settings/gesture_controller.hpp"
+#include "settings/log/console_log.hpp"
+#include "settings/store/configuration_manager.hpp"
+#include "settings/store/values.hpp"
+#include "startup/grid/geometry.hpp"
+#include "startup/grid/relayout.hpp"
 
 namespace tilo::hooks {
 namespace {
@@ -29,7 +30,7 @@ constinit char swipeGestureKey, tapGestureKey;
 // A firm press has opened the panel and goes on: it opens it only once.
 constinit bool show = false;
 
-bool panelIsWanted() { return setting("enabled"_ns).boolValue() && setting("quick"_ns).boolValue(); }
+bool panelIsWanted() { return settings().flag(keys::enabled) && settings().flag(keys::quick); }
 
 // Settings that change elsewhere are told to the first scroll view, for the life of the process.
 void serveMessages(SBIconScrollView first) {
@@ -64,7 +65,7 @@ bool feelsForce(UITouch touch) {
              NSOrderedAscending;
 }
 
-NSString nameIn(NSDictionary info) { return described(bridge::as<NSObject>(info.objectForKey("name"_ns))); }
+NSString nameIn(NSDictionary info) { return described(bridge::as<NSObject>(info.objectForKey(keys::name))); }
 
 void exchangeGestures(SBIconScrollView self, bool twoFingerTap) {
   UIGestureRecognizer swipe = self.swipeGesture(), tap = self.tapGesture();
@@ -81,12 +82,12 @@ void store(bridge::Object value, NSString key) {
 }  // namespace
 
 void listCellPreferencesUpdated(SBIconScrollView, NSString, NSDictionary info) {
-  store(info.objectForKey("index"_ns), nameIn(info));
+  store(info.objectForKey(keys::index), nameIn(info));
 }
 
 void preferencesUpdated(SBIconScrollView self, NSString, NSDictionary info) {
   NSString title = nameIn(info);
-  NSNumber value = bridge::as<NSNumber>(info.objectForKey("value"_ns));
+  NSNumber value = bridge::as<NSNumber>(info.objectForKey(keys::value));
   BOOL flag = value.boolValue();
   if (!panelIsWanted()) return;
   if (title.isEqualToString("Use Two Finger Tap Instead"_ns)) {
@@ -95,7 +96,7 @@ void preferencesUpdated(SBIconScrollView self, NSString, NSDictionary info) {
     self.swipeGesture().setEnabled(flag);
     self.tapGesture().setEnabled(flag);
   } else if (title.isEqualToString("Quick Settings Dark Mode"_ns)) {
-    store(value, "isDarkMode"_ns);
+    store(value, keys::isDarkMode);
   }
 }
 
@@ -127,7 +128,7 @@ bridge::Strong<NSObject> initScrollView(SBIconScrollView self) {
   NSNotificationCenter::defaultCenter().addObserver_selector_name_object(
       self, selector<"layout:">(), "PopupViewDidDisappearNotification"_ns, {});
   bool wanted = panelIsWanted();
-  bool twoFingerTap = setting("twoFinger"_ns).boolValue();
+  bool twoFingerTap = settings().flag(keys::twoFinger);
   if (wanted && !cont->isEditing()) attachGestures(self, twoFingerTap);
   return original<initScrollView>(self);
 }
@@ -144,13 +145,13 @@ void setContentOffset(SBIconScrollView self, CGPoint offset) {
     pages += bridge::isKindOf<SBRootIconListView>(subviews.objectAtIndex(i));
   numOfPages = pages;
   ConfigurationManager::sharedManager().saveWithKey_value(
-      "numOfPages"_ns, NSNumber::numberWithFloat(static_cast<float>(pages)));
+      keys::numOfPages, NSNumber::numberWithFloat(static_cast<float>(pages)));
   original<setContentOffset>(self, offset);
 }
 
 void touchesMoved(SBIconScrollView, NSSet touches, UIEvent) {
   auto touch = bridge::as<UITouch>(touches.anyObject());
-  bool wanted = setting("forceTouch"_ns).boolValue();
+  bool wanted = settings().flag(keys::forceTouch);
   if (!feelsForce(touch) || !wanted || touch.force() < firmPress || show) return;
   gestController->showPopup();
   show = true;

@@ -5,6 +5,7 @@
 #include "platform/dispatch/dispatch.hpp"
 #include "platform/foundation/notification_center.hpp"
 #include "settings/gesture_controller.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo::panel {
 namespace {
@@ -23,7 +24,7 @@ constexpr CGFloat fadedAlpha = 0.5;
 struct Row {
   NSString caption;
   CGFloat captionWidth;
-  NSString key;
+  Key<Kind::number> key;
   float minimum, maximum;
   void (*keep)(RQPopupView, ColorSlider);
 };
@@ -54,7 +55,7 @@ void addSlider(RQPopupView self, const Row& row, CGFloat top) {
   slider->setMinimumValue(row.minimum);
   slider->setMaximumValue(row.maximum);
   slider->setContinuous(YES);
-  slider->setValue(bridge::as<NSNumber>(self.rootObj().objectForKey(row.key)).floatValue());
+  slider->setValue(Values(self.rootObj()).number(row.key));
   self.scrollView().addSubview(slider);
 }
 
@@ -74,10 +75,10 @@ void addAddButton(RQPopupView self) {
 
 // The preference that the slider edits; nil for one that is none of the rows.
 NSString keyOf(RQPopupView self, ColorSlider slider) {
-  if (slider == self.horSlider()) return "horiIconPadding"_ns;
-  if (slider == self.vertSlider()) return "vertIconPadding"_ns;
-  if (slider == self.sideSlider()) return "sideIconInset"_ns;
-  if (slider == self.topSlider()) return "topIconInset"_ns;
+  if (slider == self.horSlider()) return keys::horiIconPadding;
+  if (slider == self.vertSlider()) return keys::vertIconPadding;
+  if (slider == self.sideSlider()) return keys::sideIconInset;
+  if (slider == self.topSlider()) return keys::topIconInset;
   return {};
 }
 
@@ -96,10 +97,10 @@ void store(RQPopupView self, NSString key, NSNumber value) {
 
 void setupControlsForScrollView(RQPopupView self) {
   const Row rows[] = {
-      {"Horizontal Padding"_ns, 170, "horiIconPadding"_ns, -20, 100, keep<&RQPopupView::setHorSlider>},
-      {"Vertical Padding"_ns, 170, "vertIconPadding"_ns, -20, 100, keep<&RQPopupView::setVertSlider>},
-      {"Side Inset"_ns, 130, "sideIconInset"_ns, 0, 500, keep<&RQPopupView::setSideSlider>},
-      {"Top Inset"_ns, 130, "topIconInset"_ns, 0, 600, keep<&RQPopupView::setTopSlider>},
+      {"Horizontal Padding"_ns, 170, keys::horiIconPadding, -20, 100, keep<&RQPopupView::setHorSlider>},
+      {"Vertical Padding"_ns, 170, keys::vertIconPadding, -20, 100, keep<&RQPopupView::setVertSlider>},
+      {"Side Inset"_ns, 130, keys::sideIconInset, 0, 500, keep<&RQPopupView::setSideSlider>},
+      {"Top Inset"_ns, 130, keys::topIconInset, 0, 600, keep<&RQPopupView::setTopSlider>},
   };
   CGFloat top = firstCaptionTop;
   for (const Row& row : rows) {
@@ -112,7 +113,7 @@ void setupControlsForScrollView(RQPopupView self) {
 
 void moveIcons(RQPopupView self, ColorSlider slider) {
   // The values no longer are those of a saved layout.
-  store(self, "custom_preset"_ns, NSNumber::numberWithInt(-1));
+  store(self, keys::customPreset, NSNumber::numberWithInt(-1));
   fadeTo(self, fadedAlpha, fading);
   if (NSString key = keyOf(self, slider)) {
     showValue(slider);

@@ -5,8 +5,8 @@
 #include "platform/corefoundation/error.hpp"
 #include "platform/coretext/font_manager.hpp"
 #include "platform/foundation/data.hpp"
-#include "settings/console_log.hpp"
-#include "settings/logger.hpp"
+#include "settings/log/console_log.hpp"
+#include "settings/log/logger.hpp"
 
 namespace tilo {
 namespace {

@@ -7,7 +7,7 @@
 #include "platform/uikit/picker_view.hpp"
 #include "platform/uikit/scroll_view.hpp"
 #include "platform/uikit/toolbar.hpp"
-#include "settings/color_slider.hpp"
+#include "settings/slider/color_slider.hpp"
 
 namespace tilo {
 

@@ -7,7 +7,8 @@
 #include "platform/uikit/alert_controller.hpp"
 #include "platform/uikit/application.hpp"
 #include "settings/gesture_controller.hpp"
-#include "settings/presets_file.hpp"
+#include "settings/store/presets_file.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo::panel {
 namespace {
@@ -58,7 +59,7 @@ bridge::Strong<UIPickerView> makePicker(RQPopupView self, CGFloat pageLeft) {
 }
 
 bridge::Object named(NSArray records, NSUInteger index) {
-  return bridge::as<NSDictionary>(records.objectAtIndex(index)).objectForKey("name"_ns);
+  return bridge::as<NSDictionary>(records.objectAtIndex(index)).objectForKey(keys::name);
 }
 
 UIAlertController makeAlert(NSString message) {
@@ -79,7 +80,7 @@ void showFirstRunNotice() {
   UIAlertController alert =
       makeAlert("To access the Quick Actions again swipe up anywhere on the SpringBoard."_ns);
   addAction(alert, "Okay"_ns, UIAlertActionStyleDefault, [](UIAlertAction) {
-    RQGestureController::sharedInstance().savePrefsWithKey_value("showed-setup"_ns,
+    RQGestureController::sharedInstance().savePrefsWithKey_value(keys::showedSetup,
                                                                  NSNumber::numberWithBool(YES));
   });
   present(alert);
@@ -93,24 +94,24 @@ void setUpNameField(UITextField field) {
 
 NSDictionary spacingOf(RQPopupView self) {
   NSMutableDictionary spacing = NSMutableDictionary::dictionary();
-  auto put = [&](NSString key, ColorSlider slider) {
+  auto put = [&](Key<Kind::number> key, ColorSlider slider) {
     spacing.setObject_forKey(NSNumber::numberWithFloat(slider.value()), key);
   };
-  put("horizontal_padding"_ns, self.horSlider());
-  put("vertical_padding"_ns, self.vertSlider());
-  put("side_inset"_ns, self.sideSlider());
-  put("top_inset"_ns, self.topSlider());
+  put(keys::horizontalPadding, self.horSlider());
+  put(keys::verticalPadding, self.vertSlider());
+  put(keys::sideInset, self.sideSlider());
+  put(keys::topInset, self.topSlider());
   return spacing;
 }
 
 // Its value is its place at this moment; later deletions do not change it.
 NSDictionary makeRecord(RQPopupView self, NSString title) {
   NSMutableDictionary record = NSMutableDictionary::dictionary();
-  record.setObject_forKey(title, "name"_ns);
+  record.setObject_forKey(title, keys::name);
   record.setObject_forKey(NSNumber::numberWithInt(static_cast<int>(self.configurations().count())),
-                          "value"_ns);
-  record.setObject_forKey(NSNumber::numberWithInt(1), "configurable"_ns);
-  record.setObject_forKey(spacingOf(self), "configuration"_ns);
+                          keys::value);
+  record.setObject_forKey(NSNumber::numberWithInt(1), keys::configurable);
+  record.setObject_forKey(spacingOf(self), keys::configuration);
   return record;
 }
 
@@ -190,10 +191,9 @@ void didSelectRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
 }
 
 void didHitDone(RQPopupView self) {
-  store(self, "custom_preset"_ns, NSNumber::numberWithInt(self.rowSelected()));
+  store(self, keys::customPreset, NSNumber::numberWithInt(self.rowSelected()));
   RQGestureController::sharedInstance().updateConfigWithValue(self.rowSelected());
-  NSNumber shown = bridge::as<NSNumber>(self.rootObj().objectForKey("showed-setup"_ns));
-  if (!shown.boolValue()) showFirstRunNotice();
+  if (!Values(self.rootObj()).flag(keys::showedSetup)) showFirstRunNotice();
   self.hide();
 }
 
@@ -233,14 +233,14 @@ void saveWithTitle(RQPopupView self, NSString title) {
 
 void exportSettings(RQPopupView self) {
   SBRootIconListView list = SBIconController::sharedInstance().currentRootIconList();
-  auto save = [](NSString key, CGFloat value) {
+  auto save = [](Key<Kind::number> key, CGFloat value) {
     RQGestureController::sharedInstance().savePrefsWithKey_value(
         key, NSNumber::numberWithFloat(static_cast<float>(value)));
   };
-  save("sideIconInset"_ns, list.sideIconInset());
-  save("topIconInset"_ns, list.topIconInset());
-  save("horiIconPadding"_ns, list.horizontalIconPadding());
-  save("vertIconPadding"_ns, list.verticalIconPadding());
+  save(keys::sideIconInset, list.sideIconInset());
+  save(keys::topIconInset, list.topIconInset());
+  save(keys::horiIconPadding, list.horizontalIconPadding());
+  save(keys::vertIconPadding, list.verticalIconPadding());
   RQProgressHUD notice = RQProgressHUD::showHUDAddedTo_animated(self, YES);
   notice.setMode(RQProgressHUDModeText);
   notice.setLabelText("Exported Current Icon Layout"_ns);

@@ -7,7 +7,8 @@
 #include "platform/uikit/device.hpp"
 #include "platform/uikit/layer.hpp"
 #include "platform/uikit/screen.hpp"
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo::panel {
 namespace {
@@ -109,9 +110,7 @@ void addSeparator(RQPopupView self) {
   self.contentView().addSubview(line);
 }
 
-NSNumber setting(RQPopupView self, NSString key) {
-  return bridge::as<NSNumber>(self.rootObj().objectForKey(key));
-}
+Values settingsOf(RQPopupView self) { return Values(self.rootObj()); }
 
 }  // namespace
 
@@ -136,7 +135,7 @@ void styleView(RQPopupView self) {
     slider.setDarkMode(dark);
 }
 
-BOOL isDarkMode(RQPopupView self) { return setting(self, "isDarkMode"_ns).boolValue(); }
+BOOL isDarkMode(RQPopupView self) { return settingsOf(self).flag(keys::isDarkMode); }
 
 UIColor controlColor(RQPopupView self) {
   return self.isDarkMode() ? UIColor::whiteColor() : UIColor::blackColor();
@@ -146,7 +145,7 @@ UIColor controlColor(RQPopupView self) {
 UIColor getBackgroundColor(RQPopupView self) {
   UIColor dark = RQColorManager::darkModeBlack();
   NSArray colors = RQColorManager::colors();
-  int index = setting(self, "qsBackgroundColor"_ns).intValue();
+  int index = settingsOf(self).index(keys::qsBackgroundColor);
   return self.isDarkMode() ? dark : bridge::as<UIColor>(colors.objectAtIndex(static_cast<NSUInteger>(index)));
 }
 

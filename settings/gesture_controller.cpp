@@ -2,14 +2,19 @@
 #include "settings/gesture_controller.hpp"
 
 #include "bridge/define.hpp"
+#include "panel/popup_view.hpp"
 #include "platform/dispatch/dispatch.hpp"
-#include "platform/foundation/number.hpp"
 #include "platform/uikit/application.hpp"
-#include "settings/configuration_manager.hpp"
-#include "settings/console_log.hpp"
-#include "settings/presets_file.hpp"
+#include "settings/log/console_log.hpp"
+#include "settings/store/configuration_manager.hpp"
+#include "settings/store/presets_file.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo {
+
+// Never destroyed: SpringBoard asks for layouts until its process ends.
+[[clang::no_destroy]] constinit bridge::Strong<RQGestureController> gestController;
+
 namespace {
 
 struct ControllerState {
@@ -33,15 +38,14 @@ RQGestureController sharedInstance(Class) {
 
 void update(RQGestureController self) {
   self.setRootObj(ConfigurationManager::sharedManager().configuration());
-  NSNumber selected = bridge::as<NSNumber>(self.rootObj().objectForKey("custom_preset"_ns));
-  self.updateConfigWithValue(static_cast<int>(selected.integerValue()));
+  self.updateConfigWithValue(static_cast<int>(Values(self.rootObj()).count(keys::customPreset)));
   consoleDebugLog("RQGestureController",
                   "got preferences from gesture "_ns.stringByAppendingString(described(self.rootObj())));
 }
 
 void showPopup(RQGestureController self) {
-  bool enabled = bridge::as<NSNumber>(self.rootObj().objectForKey("enabled"_ns)).boolValue();
-  bool quick = bridge::as<NSNumber>(self.rootObj().objectForKey("quick"_ns)).boolValue();
+  bool enabled = Values(self.rootObj()).flag(keys::enabled);
+  bool quick = Values(self.rootObj()).flag(keys::quick);
   UIWindow window = UIApplication::sharedApplication().keyWindow();
   bool onScreen = self.popView().isDescendantOfView(window);
   if (onScreen || !enabled || !quick) return;
@@ -54,8 +58,7 @@ void updateConfig(RQGestureController self, int position) {
   auto presets = presets::renumbered(presets::load());
   for (NSUInteger i = 0; i < presets->count(); ++i) {
     NSDictionary preset = bridge::as<NSDictionary>(presets->objectAtIndex(i));
-    if (bridge::as<NSNumber>(preset.objectForKey("value"_ns)).intValue() == position)
-      self.setCurrentPreset(preset);
+    if (Values(preset).index(keys::value) == position) self.setCurrentPreset(preset);
   }
 }
 

@@ -1,10 +1,12 @@
 // RQGestureController: stands between SpringBoard's gestures, the Quick Settings panel and the stores.
 #pragma once
 
-#include "panel/popup_view.hpp"
 #include "platform/foundation/dictionary.hpp"
+#include "platform/uikit/view.hpp"
 
 namespace tilo {
+
+struct RQPopupView;
 
 struct RQGestureController : bridge::Face<"RQGestureController", NSObject> {
   static constexpr bridge::ClassMethod<"RQGestureController", "sharedInstance", RQGestureController()>
@@ -27,6 +29,8 @@ struct RQGestureController : bridge::Face<"RQGestureController", NSObject> {
   MESSAGE Method<"updateConfigWithValue:", void(int)> updateConfigWithValue;
   MESSAGE Method<"savePrefsWithKey:value:", void(NSString, bridge::Object)> savePrefsWithKey_value;
 };
+
+extern bridge::Strong<RQGestureController> gestController;
 
 void defineGestureController();
 

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/file_manager.hpp"
 #include "platform/foundation/number.hpp"
+#include "settings/store/keys.hpp"
 
 namespace tilo {
 namespace {
@@ -18,26 +19,26 @@ bridge::Strong<NSMutableDictionary> defaults() {
   auto real = [&](NSString key, float value) {
     made->setObject_forKey(NSNumber::numberWithFloat(value), key);
   };
-  integer("qsBackgroundColor"_ns, 0);
-  boolean("isDarkMode"_ns, NO);
-  real("dockIcons"_ns, 4);
-  boolean("dockIconsEnabled"_ns, NO);
-  boolean("forceTouch"_ns, NO);
-  boolean("twoFinger"_ns, NO);
-  boolean("dock"_ns, NO);
-  integer("numOfPages"_ns, 1);
-  real("columns"_ns, 4);
-  real("rows"_ns, 5);
-  boolean("enabled"_ns, YES);
-  boolean("icons"_ns, NO);
-  boolean("labels"_ns, NO);
-  boolean("page"_ns, NO);
-  real("preset"_ns, -4);
-  boolean("quick"_ns, YES);
-  real("vertIconPadding"_ns, -13);
-  real("horiIconPadding"_ns, 1);
-  real("sideIconInset"_ns, 41);
-  real("topIconInset"_ns, 65);
+  integer(keys::qsBackgroundColor, 0);
+  boolean(keys::isDarkMode, NO);
+  real(keys::dockIcons, 4);
+  boolean(keys::dockIconsEnabled, NO);
+  boolean(keys::forceTouch, NO);
+  boolean(keys::twoFinger, NO);
+  boolean(keys::dock, NO);
+  integer(keys::numOfPages, 1);
+  real(keys::columns, 4);
+  real(keys::rows, 5);
+  boolean(keys::enabled, YES);
+  boolean(keys::icons, NO);
+  boolean(keys::labels, NO);
+  boolean(keys::page, NO);
+  real(keys::preset, -4);
+  boolean(keys::quick, YES);
+  real(keys::vertIconPadding, -13);
+  real(keys::horiIconPadding, 1);
+  real(keys::sideIconInset, 41);
+  real(keys::topIconInset, 65);
   return made;
 }
 

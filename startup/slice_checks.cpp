@@ -4,7 +4,7 @@
 
 #include "bridge/encoding.hpp"
 #include "platform/coregraphics/encoding.hpp"
-#include "startup/geometry.hpp"
+#include "startup/grid/geometry.hpp"
 
 namespace {
 

@@ -6,14 +6,14 @@
 #include "panel/popup_view.hpp"
 #include "panel/resource_bundle.hpp"
 #include "platform/iconsupport/icon_support.hpp"
-#include "settings/configuration_manager.hpp"
-#include "settings/console_log.hpp"
 #include "settings/gesture_controller.hpp"
-#include "settings/logger.hpp"
+#include "settings/log/console_log.hpp"
+#include "settings/log/logger.hpp"
+#include "settings/store/configuration_manager.hpp"
+#include "settings/store/values.hpp"
 #include "startup/defaults.hpp"
-#include "startup/geometry.hpp"
+#include "startup/grid/geometry.hpp"
 #include "startup/method_table.hpp"
-#include "startup/shared_state.hpp"
 
 extern "C" void* dlopen(const char* path, int mode);
 
@@ -53,7 +53,7 @@ __attribute__((constructor)) void constructTweak() {
   registerWithIconSupport();
   seedPreferences();
   rootObj = bridge::retained(ConfigurationManager::sharedManager().configuration());
-  consoleDebugLog("Tweak", "got preferences "_ns.stringByAppendingString(described(rootObj)));
+  consoleDebugLog("Tweak", "got preferences "_ns.stringByAppendingString(described(rootObj.get())));
   installMethods();
 }
 

@@ -8,7 +8,7 @@
 #include "bridge/define.hpp"
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/application.hpp"
-#include "settings/color_slider.hpp"
+#include "settings/slider/color_slider.hpp"
 #include "simulator/uikit/font.hpp"
 #include "tests/support/home.hpp"
 

@@ -1,6 +1,6 @@
 // The number control: its parts, and its plus and minus buttons.
 #include "platform/uikit/toolbar.hpp"
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/view.hpp"

@@ -1,5 +1,5 @@
 // ConfigurationManager: one snapshot of the preference domain, written one value at a time.
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 
 #include <gtest/gtest.h>
 

@@ -4,9 +4,10 @@
 
 #include <cerrno>
 
-#include "settings/configuration_manager.hpp"
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
-#include "settings/logger.hpp"
+#include "settings/log/logger.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "tests/library/device_files.hpp"
 
 namespace {

@@ -1,5 +1,5 @@
 // The geometry engine's values: what is read from the settings, and what is measured of the screen.
-#include "startup/geometry.hpp"
+#include "startup/grid/geometry.hpp"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>

@@ -6,7 +6,8 @@
 #include <climits>
 
 #include "bridge/replace.hpp"
-#include "settings/configuration_manager.hpp"
+#include "panel/popup_view.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "tests/library/device_files.hpp"
 #include "tests/library/key_value.hpp"
 

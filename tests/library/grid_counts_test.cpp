@@ -3,7 +3,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "tests/library/grid_home.hpp"
 
 namespace {

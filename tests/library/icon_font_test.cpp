@@ -2,6 +2,7 @@
 // cannot be had.
 #include <gtest/gtest.h>
 
+#include "panel/popup_view.hpp"
 #include "panel/resource_bundle.hpp"
 #include "platform/uikit/font.hpp"
 #include "settings/gesture_controller.hpp"

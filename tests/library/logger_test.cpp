@@ -1,5 +1,5 @@
 // DPHLogger: tagged lines in a file that holds the current run's only.
-#include "settings/logger.hpp"
+#include "settings/log/logger.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>

@@ -1,10 +1,11 @@
 // The ways that lead to the panel, and the messages that change them.
 #include <gtest/gtest.h>
 
+#include "panel/popup_view.hpp"
 #include "platform/foundation/notification_center.hpp"
 #include "platform/springboard/icon_scroll_view.hpp"
-#include "settings/configuration_manager.hpp"
 #include "settings/gesture_controller.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/home.hpp"
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "tests/library/grid_home.hpp"

@@ -6,8 +6,9 @@
 #include <map>
 #include <regex>
 
-#include "settings/configuration_manager.hpp"
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "tests/library/device_files.hpp"
 
 namespace {

@@ -1,6 +1,7 @@
 // The presets file: made when it is missing, otherwise only read, whatever it holds.
 #include <gtest/gtest.h>
 
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
 #include "tests/library/device_files.hpp"
 

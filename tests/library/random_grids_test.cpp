@@ -5,6 +5,7 @@
 #include <cmath>
 #include <random>
 
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
 #include "tests/library/expected_grid.hpp"
 #include "tests/library/grid_home.hpp"

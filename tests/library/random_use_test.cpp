@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <random>
 
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
 #include "simulator/app/alert_report.hpp"
 #include "tests/support/home.hpp"

@@ -4,7 +4,7 @@
 
 #include "bridge/replace.hpp"
 #include "platform/springboard/icon_scroll_view.hpp"
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "simulator/appsupport/client.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/home.hpp"

@@ -2,6 +2,7 @@
 // layout, as they stand or stretched for the screen.
 #include <gtest/gtest.h>
 
+#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
 #include "tests/library/grid_home.hpp"
 

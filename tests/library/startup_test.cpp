@@ -9,10 +9,11 @@
 
 #include "bridge/define.hpp"
 #include "bridge/replace.hpp"
+#include "panel/popup_view.hpp"
 #include "platform/iconsupport/icon_support.hpp"
 #include "platform/springboard/icon_scroll_view.hpp"
-#include "settings/configuration_manager.hpp"
 #include "settings/gesture_controller.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "simulator/runtime/console.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "tests/library/device_files.hpp"

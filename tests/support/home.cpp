@@ -7,7 +7,7 @@
 #include <fstream>
 #include <optional>
 
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "simulator/app/report.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/input/script.hpp"

@@ -1,6 +1,6 @@
 // The steps `write` and `message`, from the line of a script to the home screen.
 #include "platform/foundation/number.hpp"
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/script.hpp"
 #include "simulator/runtime/preferences.hpp"

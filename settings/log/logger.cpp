@@ -1,12 +1,12 @@
 // DPHLogger's class: a stream that is open for the life of the process, or none when it could not be opened.
-#include "settings/logger.hpp"
+#include "settings/log/logger.hpp"
 
 #include <cstdio>
 
 #include "bridge/define.hpp"
 #include "platform/dispatch/dispatch.hpp"
 #include "platform/foundation/search_path.hpp"
-#include "settings/console_log.hpp"
+#include "settings/log/console_log.hpp"
 
 namespace tilo {
 namespace {

@@ -1,10 +1,11 @@
 // Reading, creating and writing the presets file.
-#include "settings/presets_file.hpp"
+#include "settings/store/presets_file.hpp"
 
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/file_manager.hpp"
 #include "platform/foundation/json.hpp"
 #include "platform/foundation/number.hpp"
+#include "settings/store/keys.hpp"
 
 namespace tilo::presets {
 namespace {
@@ -12,11 +13,10 @@ namespace {
 // Relative, as SpringBoard's working directory is the root of the file system.
 NSString directory() { return "var/mobile/Documents/com.wexor.tilo3/custom/"_ns; }
 NSString path() { return "var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
-NSString listKey() { return "configurations"_ns; }
 
 // The bytes that were to be written. That they could not be changes nothing for the caller.
 NSData write(NSArray presets) {
-  NSDictionary document = NSDictionary::dictionaryWithObject_forKey(presets, listKey());
+  NSDictionary document = NSDictionary::dictionaryWithObject_forKey(presets, keys::configurations);
   NSData bytes = NSJSONSerialization::dataWithJSONObject_options_error(document, 0, nullptr);
   bytes.writeToFile_atomically(path(), YES);
   return bytes;
@@ -38,7 +38,7 @@ NSArray load(NSArray initial) {
   if (bytes.length() == 0) return {};
   bridge::Object document = NSJSONSerialization::JSONObjectWithData_options_error(bytes, 0, nullptr);
   if (!bridge::isKindOf<NSDictionary>(document)) return {};
-  bridge::Object list = bridge::as<NSDictionary>(document).objectForKey(listKey());
+  bridge::Object list = bridge::as<NSDictionary>(document).objectForKey(keys::configurations);
   return bridge::isKindOf<NSArray>(list) ? bridge::as<NSArray>(list) : NSArray{};
 }
 
@@ -48,7 +48,7 @@ bridge::Strong<NSMutableArray> renumbered(NSArray presets) {
     bridge::Object record = presets.objectAtIndex(position);
     if (!bridge::isKindOf<NSDictionary>(record)) continue;
     bridge::Strong<NSMutableDictionary> copy = bridge::as<NSDictionary>(record).mutableCopy();
-    copy->setObject_forKey(NSNumber::numberWithInt(static_cast<int>(position)), "value"_ns);
+    copy->setObject_forKey(NSNumber::numberWithInt(static_cast<int>(position)), keys::value);
     result->addObject(copy.get());
   }
   return result;

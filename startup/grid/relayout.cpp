@@ -1,13 +1,14 @@
 // The queued pass of a live relayout.
-#include "startup/relayout.hpp"
+#include "startup/grid/relayout.hpp"
 
 #include "platform/dispatch/dispatch.hpp"
-#include "platform/springboard/icon_controller.hpp"
 #include "platform/uikit/device.hpp"
-#include "startup/geometry.hpp"
-#include "startup/shared_state.hpp"
+#include "startup/grid/geometry.hpp"
 
 namespace tilo {
+
+[[clang::no_destroy]] constinit bridge::Strong<SBIconController> cont;
+
 namespace {
 
 constexpr double duration = 0.6;  // seconds

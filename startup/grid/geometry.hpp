@@ -1,9 +1,11 @@
 // The numbers that icon lists ask for: rows and columns, the four spacing values, and how a value made for
-// the 4-inch screen is stretched to this one. Lengths are points unless named native, which are pixels.
+// the 4-inch screen is stretched to this one (the formulas are in core.hpp). Lengths are points unless named
+// native, which are pixels.
 #pragma once
 
 #include "platform/coregraphics/geometry.hpp"
 #include "platform/foundation/string.hpp"
+#include "startup/grid/core.hpp"
 
 extern "C" {
 // Vertical icon padding, horizontal icon padding, side icon inset, top icon inset, as last read by
@@ -39,6 +41,9 @@ void defineValue();
 
 // Measures the main screen. Until then the native sizes are 0 and nothing is scaled.
 void getScreenSizes();
+
+// Takes these for the tablet's factors.
+void useFactors(grid::Factors factors);
 
 // The user interface idiom; 1 is a tablet.
 int getDeviceType();

@@ -1,10 +1,10 @@
 // ConfigurationManager's class.
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 
 #include "bridge/define.hpp"
 #include "platform/corefoundation/preferences.hpp"
 #include "platform/dispatch/dispatch.hpp"
-#include "platform/foundation/number.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo {
 namespace {
@@ -42,14 +42,14 @@ void sync(ConfigurationManager) {
   CFPreferencesSynchronize(domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
 }
 
-int storedCountLessOne(ConfigurationManager self, NSString key, int absent) {
-  NSNumber stored = bridge::as<NSNumber>(self.configuration().objectForKey(key));
+int storedCountLessOne(ConfigurationManager self, Key<Kind::count> key, int absent) {
+  NSNumber stored = Values(self.configuration()).stored(key);
   // Without a sign, so that the smallest count wraps around.
   return stored ? static_cast<int>(static_cast<NSUInteger>(stored.integerValue()) - 1) : absent;
 }
 
-int rows(ConfigurationManager self) { return storedCountLessOne(self, "rows"_ns, 6); }
-int columns(ConfigurationManager self) { return storedCountLessOne(self, "columns"_ns, 4); }
+int rows(ConfigurationManager self) { return storedCountLessOne(self, keys::rows, 6); }
+int columns(ConfigurationManager self) { return storedCountLessOne(self, keys::columns, 4); }
 
 void save(ConfigurationManager self, NSString key, bridge::Object value) {
   CFPreferencesSetValue(key.raw, value.raw, domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);

@@ -1,12 +1,12 @@
 // ColorSlider's class.
-#include "settings/color_slider.hpp"
+#include "settings/slider/color_slider.hpp"
 
 #include <cstdio>
 
 #include "bridge/define.hpp"
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/toolbar.hpp"
-#include "settings/configuration_manager.hpp"
+#include "settings/store/configuration_manager.hpp"
 
 namespace tilo {
 namespace {

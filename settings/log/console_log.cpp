@@ -1,5 +1,5 @@
 // The console line's format and colours.
-#include "settings/console_log.hpp"
+#include "settings/log/console_log.hpp"
 
 #include "platform/corefoundation/log.hpp"
 
