@@ -5,7 +5,7 @@
 #include "simulator/app/run_loop.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 
 namespace bench {
 namespace {

@@ -8,8 +8,8 @@
 #include "simulator/springboard/icon_controller.hpp"
 #include "simulator/springboard/icon_list_view.hpp"
 #include "simulator/springboard/icon_view.hpp"
-#include "simulator/uikit/page_control.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/controls/page_control.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace sim {
 namespace {

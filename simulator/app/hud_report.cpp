@@ -3,7 +3,7 @@
 
 #include "platform/uikit/application.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace sim {
 namespace {

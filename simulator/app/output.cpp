@@ -9,7 +9,7 @@
 #include "simulator/device/clock.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/quartz/surface.hpp"
-#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 
 namespace sim {
 

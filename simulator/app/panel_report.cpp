@@ -13,8 +13,8 @@
 #include "platform/uikit/text_field.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/input/panel.hpp"
-#include "simulator/uikit/color.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/drawing/color.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace sim {
 namespace {

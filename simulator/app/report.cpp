@@ -20,8 +20,8 @@
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/relayouts.hpp"
-#include "simulator/uikit/application.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/base/application.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace sim {
 namespace {

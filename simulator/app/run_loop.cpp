@@ -10,7 +10,7 @@
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/dispatch.hpp"
 #include "simulator/runtime/tasks.hpp"
-#include "simulator/uikit/animation.hpp"
+#include "simulator/uikit/animation/animation.hpp"
 
 namespace sim {
 namespace {

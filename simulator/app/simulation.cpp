@@ -20,8 +20,8 @@
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/springboard.hpp"
 #include "simulator/springboard/stock.hpp"
-#include "simulator/uikit/classes.hpp"
-#include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/base/classes.hpp"
+#include "simulator/uikit/base/configuration.hpp"
 
 namespace sim {
 namespace {

@@ -7,7 +7,7 @@
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/input/panel.hpp"
-#include "simulator/uikit/configuration.hpp"
+#include "simulator/uikit/base/configuration.hpp"
 
 namespace sim {
 namespace {

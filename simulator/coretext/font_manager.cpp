@@ -8,7 +8,7 @@
 #include "platform/foundation/dictionary.hpp"
 #include "simulator/coregraphics/font.hpp"
 #include "simulator/runtime/export.hpp"
-#include "simulator/uikit/font.hpp"
+#include "simulator/uikit/text/font.hpp"
 
 extern "C" const id NSLocalizedDescriptionKey;
 

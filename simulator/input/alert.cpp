@@ -7,9 +7,9 @@
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/input/typing.hpp"
-#include "simulator/uikit/presentation.hpp"
-#include "simulator/uikit/view_controller.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/alerts/presentation.hpp"
+#include "simulator/uikit/views/view_controller.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 namespace sim::input {
 namespace {

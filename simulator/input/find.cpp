@@ -11,12 +11,12 @@
 #include "platform/uikit/label.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/springboard/icon_view.hpp"
-#include "simulator/uikit/animation.hpp"
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/rendering.hpp"
-#include "simulator/uikit/touch_dispatch.hpp"
-#include "simulator/uikit/view.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/animation/animation.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/gestures/touch_dispatch.hpp"
+#include "simulator/uikit/views/view.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 namespace sim::input {
 namespace {

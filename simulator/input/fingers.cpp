@@ -11,8 +11,8 @@
 #include "simulator/app/run_loop.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/device/usage_error.hpp"
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/touch_dispatch.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/gestures/touch_dispatch.hpp"
 
 namespace sim::input {
 namespace {

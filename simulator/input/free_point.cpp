@@ -7,10 +7,10 @@
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/springboard/icon_view.hpp"
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/rendering.hpp"
-#include "simulator/uikit/view.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/views/view.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 namespace sim::input {
 namespace {

@@ -12,10 +12,10 @@
 #include "platform/uikit/picker_view.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/fingers.hpp"
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/rendering.hpp"
-#include "simulator/uikit/touch_dispatch.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/gestures/touch_dispatch.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace sim::input {
 namespace {

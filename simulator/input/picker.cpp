@@ -10,9 +10,9 @@
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
-#include "simulator/uikit/picker_view.hpp"
-#include "simulator/uikit/view.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/controls/picker_view.hpp"
+#include "simulator/uikit/views/view.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 namespace sim::input {
 namespace {

@@ -8,11 +8,11 @@
 #include "bridge/runtime.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
-#include "simulator/uikit/rendering.hpp"
-#include "simulator/uikit/slider.hpp"
-#include "simulator/uikit/touch_dispatch.hpp"
-#include "simulator/uikit/view.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/controls/slider.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/gestures/touch_dispatch.hpp"
+#include "simulator/uikit/views/view.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 namespace sim::input {
 namespace {

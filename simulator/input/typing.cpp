@@ -8,9 +8,9 @@
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
-#include "simulator/uikit/keyboard.hpp"
-#include "simulator/uikit/rendering.hpp"
-#include "simulator/uikit/text_field.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/text/keyboard.hpp"
+#include "simulator/uikit/text/text_field.hpp"
 
 namespace sim::input {
 namespace {

@@ -11,7 +11,7 @@
 #include "platform/uikit/window.hpp"
 #include "simulator/artwork/app_icon.hpp"
 #include "simulator/springboard/drawn_image.hpp"
-#include "simulator/uikit/first_responder.hpp"
+#include "simulator/uikit/views/first_responder.hpp"
 
 namespace sim::springboard {
 namespace {

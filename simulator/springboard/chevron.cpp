@@ -5,8 +5,8 @@
 #include "platform/springboard/panel_parts.hpp"
 #include "simulator/springboard/panel_parts.hpp"
 #include "simulator/springboard/stock.hpp"
-#include "simulator/uikit/color.hpp"
-#include "simulator/uikit/drawing_context.hpp"
+#include "simulator/uikit/drawing/color.hpp"
+#include "simulator/uikit/drawing/drawing_context.hpp"
 
 namespace sim::springboard {
 namespace {

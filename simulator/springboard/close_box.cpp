@@ -7,7 +7,7 @@
 #include "simulator/quartz/color.hpp"
 #include "simulator/springboard/panel_parts.hpp"
 #include "simulator/springboard/stock.hpp"
-#include "simulator/uikit/drawing_context.hpp"
+#include "simulator/uikit/drawing/drawing_context.hpp"
 
 namespace sim::springboard {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/image.hpp"
 
 namespace sim::springboard {
 

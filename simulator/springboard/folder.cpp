@@ -9,7 +9,7 @@
 #include "simulator/springboard/icon_controller.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/stock.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace sim::springboard {
 namespace {

@@ -12,10 +12,10 @@
 #include "bridge/define.hpp"
 #include "simulator/quartz/text.hpp"
 #include "simulator/springboard/drawn_image.hpp"
-#include "simulator/uikit/color.hpp"
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/drawing_context.hpp"
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/color.hpp"
+#include "simulator/uikit/drawing/drawing_context.hpp"
+#include "simulator/uikit/drawing/image.hpp"
 
 namespace sim::springboard {
 namespace {

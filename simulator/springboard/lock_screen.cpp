@@ -9,8 +9,8 @@
 #include "platform/uikit/window.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
-#include "simulator/uikit/first_responder.hpp"
-#include "simulator/uikit/touch_dispatch.hpp"
+#include "simulator/uikit/gestures/touch_dispatch.hpp"
+#include "simulator/uikit/views/first_responder.hpp"
 
 namespace sim::springboard {
 namespace {

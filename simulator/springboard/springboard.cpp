@@ -20,9 +20,9 @@
 #include "simulator/springboard/panel_parts.hpp"
 #include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/device.hpp"
-#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/base/device.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 
 namespace sim::springboard {
 namespace {

@@ -35,13 +35,13 @@ wrong() {
 }
 wrong bridge '"platform/uikit/view.hpp"'
 wrong bridge '"../../platform/uikit/view.hpp"'
-wrong bridge '"simulator/uikit/view.hpp"'
+wrong bridge '"simulator/uikit/views/view.hpp"'
 wrong bridge '<hooks/scroll_view.hpp>'
-wrong platform '"simulator/uikit/view.hpp"'
+wrong platform '"simulator/uikit/views/view.hpp"'
 for folder in startup hooks settings panel controls; do
   wrong platform "\"$folder/a.hpp\""
   wrong simulator "\"$folder/a.hpp\""
-  wrong "$folder" '"simulator/uikit/view.hpp"'
+  wrong "$folder" '"simulator/uikit/views/view.hpp"'
 done
 tree
 rm -rf tree/simulator

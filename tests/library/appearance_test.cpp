@@ -5,7 +5,7 @@
 #include "platform/springboard/icon_label.hpp"
 #include "platform/springboard/ui_controller.hpp"
 #include "simulator/springboard/icon_label.hpp"
-#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/drawing/color.hpp"
 #include "tests/support/home.hpp"
 
 namespace {

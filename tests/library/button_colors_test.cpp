@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "controls/button.hpp"
-#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/drawing/color.hpp"
 #include "tests/support/home.hpp"
 
 namespace {

@@ -8,7 +8,7 @@
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/layer.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 #include "tests/support/home.hpp"
 

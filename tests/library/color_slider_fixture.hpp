@@ -9,7 +9,7 @@
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/application.hpp"
 #include "settings/slider/color_slider.hpp"
-#include "simulator/uikit/font.hpp"
+#include "simulator/uikit/text/font.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {

@@ -2,8 +2,8 @@
 #include "platform/uikit/toolbar.hpp"
 #include "settings/store/configuration_manager.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/color.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/drawing/color.hpp"
+#include "simulator/uikit/views/view.hpp"
 #include "tests/library/color_slider_fixture.hpp"
 
 namespace test {

@@ -1,6 +1,6 @@
 // The number control: what is typed into its field, and the errors it shows.
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/views/view.hpp"
 #include "tests/library/color_slider_fixture.hpp"
 
 namespace test {

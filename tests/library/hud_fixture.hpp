@@ -7,8 +7,8 @@
 #include "platform/uikit/application.hpp"
 #include "simulator/app/run_loop.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/rendering.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/views/view.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {

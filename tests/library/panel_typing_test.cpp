@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "simulator/device/usage_error.hpp"
-#include "simulator/uikit/keyboard.hpp"
+#include "simulator/uikit/text/keyboard.hpp"
 #include "tests/library/panel_home.hpp"
 
 namespace test {

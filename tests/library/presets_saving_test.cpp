@@ -4,7 +4,7 @@
 #include "platform/uikit/alert_controller.hpp"
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/text_field.hpp"
-#include "simulator/uikit/keyboard.hpp"
+#include "simulator/uikit/text/keyboard.hpp"
 #include "tests/library/presets_home.hpp"
 
 namespace {

@@ -15,7 +15,7 @@
 #include "simulator/input/fingers.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "simulator/springboard/icon_view.hpp"
-#include "simulator/uikit/touch_dispatch.hpp"
+#include "simulator/uikit/gestures/touch_dispatch.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {

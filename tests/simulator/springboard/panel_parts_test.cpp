@@ -6,7 +6,7 @@
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/window.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 #include "tests/support/home.hpp"
 
 namespace {

@@ -3,8 +3,8 @@
 
 #include "platform/uikit/alert_controller.hpp"
 #include "simulator/runtime/console.hpp"
-#include "simulator/uikit/alert_layout.hpp"
-#include "simulator/uikit/keyboard.hpp"
+#include "simulator/uikit/alerts/alert_layout.hpp"
+#include "simulator/uikit/text/keyboard.hpp"
 #include "tests/simulator/uikit/touch_fixture.hpp"
 #include "tests/support/raised.hpp"
 

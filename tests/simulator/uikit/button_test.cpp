@@ -2,9 +2,9 @@
 #include "platform/uikit/button.hpp"
 
 #include "platform/uikit/image_view.hpp"
-#include "simulator/uikit/coding.hpp"
-#include "simulator/uikit/color.hpp"
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/base/coding.hpp"
+#include "simulator/uikit/drawing/color.hpp"
+#include "simulator/uikit/drawing/image.hpp"
 #include "tests/simulator/uikit/touch_fixture.hpp"
 #include "tests/support/archive.hpp"
 

@@ -3,7 +3,7 @@
 
 #include "platform/coregraphics/context.hpp"
 #include "platform/uikit/bezier_path.hpp"
-#include "simulator/uikit/drawing_context.hpp"
+#include "simulator/uikit/drawing/drawing_context.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 #include "tests/simulator/uikit/fixture.hpp"
 

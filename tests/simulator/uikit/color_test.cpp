@@ -1,5 +1,5 @@
 // Colours.
-#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/drawing/color.hpp"
 
 #include "platform/foundation/string.hpp"
 #include "tests/simulator/uikit/fixture.hpp"

@@ -1,5 +1,5 @@
 // Page controls.
-#include "simulator/uikit/page_control.hpp"
+#include "simulator/uikit/controls/page_control.hpp"
 #include "tests/simulator/uikit/fixture.hpp"
 
 namespace test {

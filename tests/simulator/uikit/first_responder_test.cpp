@@ -1,5 +1,5 @@
 // The first responder: who becomes it, and when it has to give up.
-#include "simulator/uikit/first_responder.hpp"
+#include "simulator/uikit/views/first_responder.hpp"
 
 #include "tests/simulator/uikit/text_field_fixture.hpp"
 

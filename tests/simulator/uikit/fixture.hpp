@@ -12,12 +12,12 @@
 #include "platform/uikit/layer.hpp"
 #include "platform/uikit/screen.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/uikit/animation.hpp"
-#include "simulator/uikit/classes.hpp"
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/layer.hpp"
-#include "simulator/uikit/rendering.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/animation/animation.hpp"
+#include "simulator/uikit/base/classes.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/layer.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 inline std::ostream& operator<<(std::ostream& out, CGPoint p) {
   return out << '(' << p.x << ", " << p.y << ')';

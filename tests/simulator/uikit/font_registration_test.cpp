@@ -6,7 +6,7 @@
 #include "platform/corefoundation/error.hpp"
 #include "platform/coretext/font_manager.hpp"
 #include "platform/uikit/label.hpp"
-#include "simulator/uikit/font.hpp"
+#include "simulator/uikit/text/font.hpp"
 #include "tests/simulator/uikit/canvas.hpp"
 
 namespace test {

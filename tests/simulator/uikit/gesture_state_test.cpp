@@ -1,5 +1,5 @@
 // The table of a recogniser's states.
-#include "simulator/uikit/gesture_state.hpp"
+#include "simulator/uikit/gestures/gesture_state.hpp"
 
 #include <set>
 #include <utility>

@@ -1,5 +1,5 @@
 // Images and image views.
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/drawing/image.hpp"
 
 #include "platform/uikit/image_view.hpp"
 #include "tests/simulator/uikit/fixture.hpp"

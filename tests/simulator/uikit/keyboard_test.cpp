@@ -1,8 +1,8 @@
 // The keyboard: when it comes and goes, what it shows, and what its keys do.
-#include "simulator/uikit/keyboard.hpp"
+#include "simulator/uikit/text/keyboard.hpp"
 
-#include "simulator/uikit/configuration.hpp"
-#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 #include "tests/simulator/uikit/text_field_fixture.hpp"
 
 namespace test {

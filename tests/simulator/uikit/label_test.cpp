@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "simulator/uikit/font.hpp"
+#include "simulator/uikit/text/font.hpp"
 #include "tests/simulator/uikit/canvas.hpp"
 
 namespace test {

@@ -1,5 +1,5 @@
 // CALayer's shadow and bitmap, and UIView's looks that a layer does not keep.
-#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/drawing/color.hpp"
 #include "tests/simulator/uikit/fixture.hpp"
 
 namespace test {

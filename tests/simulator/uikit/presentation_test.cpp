@@ -1,5 +1,5 @@
 // View controllers that are presented over others.
-#include "simulator/uikit/application.hpp"
+#include "simulator/uikit/base/application.hpp"
 #include "tests/simulator/uikit/touch_fixture.hpp"
 #include "tests/support/raised.hpp"
 

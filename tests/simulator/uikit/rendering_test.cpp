@@ -1,5 +1,5 @@
 // Pictures of the screen.
-#include "simulator/uikit/rendering.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 
 #include <cstdint>
 
@@ -8,8 +8,8 @@
 #include "platform/uikit/label.hpp"
 #include "platform/uikit/page_control.hpp"
 #include "platform/uikit/scroll_view.hpp"
-#include "simulator/uikit/drawing_context.hpp"
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/drawing/drawing_context.hpp"
+#include "simulator/uikit/drawing/image.hpp"
 #include "tests/simulator/uikit/fixture.hpp"
 
 namespace test {

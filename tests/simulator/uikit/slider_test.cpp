@@ -3,7 +3,7 @@
 
 #include "platform/uikit/button.hpp"
 #include "platform/uikit/scroll_view.hpp"
-#include "simulator/uikit/slider.hpp"
+#include "simulator/uikit/controls/slider.hpp"
 #include "tests/simulator/uikit/touch_fixture.hpp"
 
 namespace test {

@@ -5,8 +5,8 @@
 
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/text_field.hpp"
-#include "simulator/uikit/keyboard.hpp"
-#include "simulator/uikit/text_field.hpp"
+#include "simulator/uikit/text/keyboard.hpp"
+#include "simulator/uikit/text/text_field.hpp"
 #include "tests/simulator/uikit/touch_fixture.hpp"
 
 namespace test {

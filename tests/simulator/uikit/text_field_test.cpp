@@ -1,6 +1,6 @@
 // Text fields: what the delegate is asked and told, and what changes the text.
 #include "platform/uikit/pasteboard.hpp"
-#include "simulator/uikit/clear_button.hpp"
+#include "simulator/uikit/text/clear_button.hpp"
 #include "tests/simulator/uikit/text_field_fixture.hpp"
 
 namespace test {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/uikit/gesture_recognizer.hpp"
-#include "simulator/uikit/touch_dispatch.hpp"
+#include "simulator/uikit/gestures/touch_dispatch.hpp"
 #include "tests/simulator/uikit/fixture.hpp"
 
 namespace test {

@@ -1,5 +1,5 @@
 // Windows and view controllers.
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 #include "tests/simulator/uikit/fixture.hpp"
 

@@ -1,0 +1,41 @@
+// What is on the screen.
+#include "simulator/uikit/drawing/rendering.hpp"
+
+#include <cmath>
+#include <stdexcept>
+
+#include "simulator/quartz/compositor.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/views/view.hpp"
+#include "simulator/uikit/views/window.hpp"
+
+namespace sim::uikit {
+
+void layoutPass() {
+  const bridge::Pool pool;
+  // A view that is laid out may ask for its superview's layout once more; no sound one goes on for ever.
+  constexpr int mostRounds = 100;
+  for (int round = 0; round < mostRounds; ++round) {
+    bool any = false;
+    for (const UIWindow window : windows()) any = layoutTree(window) || any;
+    if (!any) return;
+  }
+  throw std::runtime_error("layout does not come to an end");
+}
+
+Surface renderScreen(double now) {
+  layoutPass();
+  const bridge::Pool pool;
+  const CGSize pixels = screenPixels();
+  Surface screen = sim::makeImage(static_cast<int>(std::lround(pixels.width)),
+                                  static_cast<int>(std::lround(pixels.height)));
+  {
+    const Context context(screen.get());
+    setSource(context, blackColor);
+    cairo_paint(context);
+  }
+  for (const UIWindow window : windows()) composite(layerOf(window), now, screen.get(), nativeScale());
+  return screen;
+}
+
+}  // namespace sim::uikit
