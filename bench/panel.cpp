@@ -2,9 +2,9 @@
 // plus button from the touch to the stored value.
 #include "bench/home_screen.hpp"
 #include "platform/uikit/application.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/device/clock.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 
 namespace bench {
@@ -13,7 +13,9 @@ namespace {
 constexpr double frame = 1.0 / 60;      // seconds
 constexpr double springDuration = 0.4;  // of the panel's way in
 
-void step(const char* line) { sim::perform(started(), *sim::parseStep(line, "bench", ".")); }
+void step(const char* line) {
+  sim::perform(started(), *sim::parseStep(line, "bench", ".", sim::stepTable()));
+}
 
 bool panelIsShown() {
   NSArray views = UIApplication::sharedApplication().keyWindow().subviews();

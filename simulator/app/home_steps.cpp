@@ -4,27 +4,28 @@
 #include <string>
 
 #include "platform/springboard/icon_controller.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/folder.hpp"
+#include "simulator/time/run_loop.hpp"
 
-namespace sim {
-namespace {
+namespace sim::steps {
 
-void launch(const std::string& name) {
+void launch(Simulation&, const Step& step) {
+  const std::string& name = step.text(0);
   input::tap(input::findNamed(name));
   if (!springboard::shownApplication()) throw UsageError("'" + name + "' launched no application");
 }
 
-void open(const std::string& name) {
+void open(Simulation&, const Step& step) {
+  const std::string& name = step.text(0);
   input::tap(input::findNamed(name));
   if (!springboard::folderIsOpen()) throw UsageError("'" + name + "' is no folder");
 }
 
-void pressHome() {
+void home(Simulation&, const Step&) {
   SBIconController controller = SBIconController::sharedInstance();
   if (springboard::shownApplication())
     springboard::leaveApplication();
@@ -35,32 +36,9 @@ void pressHome() {
   settle();
 }
 
-void edit() {
+void edit(Simulation&, const Step&) {
   SBIconController::sharedInstance().setIsEditing(YES);
   settle();
 }
 
-void act(const Step& step) {
-  switch (step.kind) {
-    case StepKind::launch:
-      return launch(step.text(0));
-    case StepKind::open:
-      return open(step.text(0));
-    case StepKind::home:
-      return pressHome();
-    default:
-      return edit();
-  }
-}
-
-}  // namespace
-
-void performHome(const Step& step) {
-  try {
-    act(step);
-  } catch (const UsageError& error) {
-    throw UsageError(step.place + ": " + error.what());
-  }
-}
-
-}  // namespace sim
+}  // namespace sim::steps

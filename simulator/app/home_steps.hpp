@@ -1,12 +1,13 @@
-// The steps that a home screen is used by: launching, leaving, folders, editing.
+// Icons are tapped where they are; the home button leaves the nearest thing that can be left.
 #pragma once
 
-#include "simulator/input/script.hpp"
+#include "simulator/input/step.hpp"
 
-namespace sim {
+namespace sim::steps {
 
-// A launch and the opening of a folder take as long as a tap, the others no time. Throws UsageError,
-// beginning with the step's place, when the step cannot be done.
-void performHome(const Step& step);
+void launch(Simulation& simulation, const Step& step);
+void home(Simulation& simulation, const Step& step);
+void open(Simulation& simulation, const Step& step);
+void edit(Simulation& simulation, const Step& step);
 
-}  // namespace sim
+}  // namespace sim::steps

@@ -32,7 +32,7 @@ void listDevices(const sim::Options& options) {
 void act(const sim::Options& options) {
   // Files that the script names count from the folder of whoever wrote it, so it comes before the device's.
   std::optional<sim::Script> script;
-  if (options.script) script.emplace(options.script->string(), sim::serveUntilInput);
+  if (options.script) script.emplace(options.script->string(), sim::stepTable(), sim::serveUntilInput);
   sim::Simulation simulation(options);
   simulation.start();
   if (script)
@@ -53,6 +53,8 @@ int main(int count, char** arguments) {
       std::cout << options.help;
     } else if (options.listDevices) {
       listDevices(options);
+    } else if (options.listSteps) {
+      for (const sim::StepRow& row : sim::stepTable()) std::cout << sim::described(row) << "\n";
     } else {
       act(options);
     }

@@ -83,6 +83,7 @@ std::string oneLine(std::string text) {
 void declare(CLI::App& app, Texts& texts, Options& options) {
   app.add_option("--device", texts.device, "model to be, one of --list-devices")->capture_default_str();
   app.add_flag("--list-devices", options.listDevices, "print the models (with --report FILE also as JSON)");
+  app.add_flag("--list-steps", options.listSteps, "print the steps of a script, and what they do");
   app.add_option("--ios", texts.ios, "system version (default: 10.3.3, or the nearest that the device ran)");
   app.add_option("--orientation", texts.orientation, "portrait or landscape, at the start")
       ->capture_default_str();

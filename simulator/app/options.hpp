@@ -18,6 +18,7 @@ struct Options {
   const Device* device = nullptr;  // never null, of the catalogue
   Version ios{};                   // that the device ran
   bool listDevices = false;        // and nothing else but `report`
+  bool listSteps = false;          // and nothing else
   Orientation orientation = Orientation::portrait;
   int pages = 3;                              // at least, 1 to 15; icons alone take as few as they need
   std::optional<int> icons;                   // in all; none: as many as fill the pages

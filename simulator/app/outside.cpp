@@ -6,11 +6,11 @@
 
 #include "bridge/runtime.hpp"
 #include "platform/foundation/dictionary.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/appsupport/client.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/setting_object.hpp"
+#include "simulator/time/run_loop.hpp"
 
 namespace sim {
 namespace {
@@ -46,20 +46,19 @@ void serveUntilInput(int descriptor) {
 
 // The device's preferences are in the care of one process, whoever writes them; the library's own copy is
 // none of its concern.
-void writePreference(const Step& step) {
+void steps::write(Simulation&, const Step& step) {
   Setting setting = parseSetting(step.text(0));
   setPreference("com.wexor.tilo"_ns, string(setting.key), settingObject(setting.value));
 }
 
-void sendMessage(Simulation& simulation, const Step& step) {
+void steps::message(Simulation& simulation, const Step& step) {
   using namespace appsupport;
-  if (!serves(settingsCentre))
-    throw UsageError(fmt::format("{}: nobody serves '{}'", step.place, settingsCentre));
-  const Message message{string(step.text(0)), userInfo(step, 1)};
+  if (!serves(settingsCentre)) throw UsageError(fmt::format("nobody serves '{}'", settingsCentre));
+  const Message sent{string(step.text(0)), userInfo(step, 1)};
   const Sending sending{.whileWaiting = [] { serveMessages(); }};
-  const Outcome outcome = send(simulation.fileSystem().root(), settingsCentre, message, sending);
+  const Outcome outcome = send(simulation.fileSystem().root(), settingsCentre, sent, sending);
   if (outcome != Outcome::delivered && outcome != Outcome::dropped)
-    throw UsageError(fmt::format("{}: the message {}", step.place, description(outcome)));
+    throw UsageError(fmt::format("the message {}", description(outcome)));
   settle();
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "simulator/app/simulation.hpp"
-#include "simulator/input/script.hpp"
+#include "simulator/input/step.hpp"
 
 namespace sim {
 
@@ -14,7 +14,9 @@ void serveUntilInput(int descriptor);
 
 // The steps: a value of the preference domain written and nobody told; a message that has been delivered when
 // this returns. Throws UsageError when nobody serves the centre.
-void writePreference(const Step& step);
-void sendMessage(Simulation& simulation, const Step& step);
+namespace steps {
+void write(Simulation& simulation, const Step& step);
+void message(Simulation& simulation, const Step& step);
+}  // namespace steps
 
 }  // namespace sim

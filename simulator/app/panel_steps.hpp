@@ -1,12 +1,13 @@
 // The steps that answer alerts, turn the picker and send the panel messages.
 #pragma once
 
-#include "simulator/input/script.hpp"
+#include "simulator/input/step.hpp"
 
-namespace sim {
+namespace sim::steps {
 
-// Time passes as long as the step takes. Throws UsageError, beginning with the step's place, when the step
-// cannot be done.
-void performPanelStep(const Step& step);
+void pick(Simulation& simulation, const Step& step);
+void choose(Simulation& simulation, const Step& step);
+void enter(Simulation& simulation, const Step& step);
+void call(Simulation& simulation, const Step& step);
 
-}  // namespace sim
+}  // namespace sim::steps

@@ -5,14 +5,14 @@
 
 #include <cmath>
 
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/input/rows.hpp"
 #include "simulator/input/typing.hpp"
+#include "simulator/time/run_loop.hpp"
 
-namespace sim {
+namespace sim::steps {
 namespace {
 
 using input::Row;
@@ -22,7 +22,7 @@ constexpr int slideMoves = 10;            // of the finger on its way
 constexpr double mostDeviation = 1e-3;    // of the range, by which a thumb may miss its value
 
 // Takes the thumb there in even moves, without letting time pass.
-void slide(const Row& row, float value) {
+void slideTo(const Row& row, float value) {
   const float minimum = row.slider.minimumValue(), maximum = row.slider.maximumValue();
   if (value < minimum || value > maximum)
     throw UsageError(
@@ -58,36 +58,30 @@ void pressBarButton(const Row& row, std::string_view title) {
   input::tapAtOnce(input::findNamed(title));
 }
 
-double timesOf(const Step& step) { return step.arguments.size() > 1 ? step.number(1) : 1; }
+double timesOf(const Step& step) { return step.has(1) ? step.number(1) : 1; }
 
-void make(const Step& step) {
-  const Row row = input::rowNamed(step.text(0));
-  switch (step.kind) {
-    case StepKind::increment:
-      return press(row, row.plus, "plus button", timesOf(step));
-    case StepKind::decrement:
-      return press(row, row.minus, "minus button", timesOf(step));
-    case StepKind::slide:
-      return slide(row, static_cast<float>(step.number(1)));
-    case StepKind::type:
-      return input::typeText(editAnew(row), step.text(1));
-    case StepKind::paste:
-      return input::pasteText(editAnew(row), step.text(1));
-    case StepKind::apply:
-      return pressBarButton(row, "Apply");
-    default:
-      return pressBarButton(row, "Cancel");
-  }
-}
+Row rowOf(const Step& step) { return input::rowNamed(step.text(0)); }
 
 }  // namespace
 
-void performRow(const Step& step) {
-  try {
-    make(step);
-  } catch (const UsageError& error) {
-    throw UsageError(step.place + ": " + error.what());
-  }
+void increment(Simulation&, const Step& step) {
+  const Row row = rowOf(step);
+  press(row, row.plus, "plus button", timesOf(step));
 }
 
-}  // namespace sim
+void decrement(Simulation&, const Step& step) {
+  const Row row = rowOf(step);
+  press(row, row.minus, "minus button", timesOf(step));
+}
+
+void slide(Simulation&, const Step& step) { slideTo(rowOf(step), static_cast<float>(step.number(1))); }
+
+void type(Simulation&, const Step& step) { input::typeText(editAnew(rowOf(step)), step.text(1)); }
+
+void paste(Simulation&, const Step& step) { input::pasteText(editAnew(rowOf(step)), step.text(1)); }
+
+void apply(Simulation&, const Step& step) { pressBarButton(rowOf(step), "Apply"); }
+
+void cancel(Simulation&, const Step& step) { pressBarButton(rowOf(step), "Cancel"); }
+
+}  // namespace sim::steps

@@ -1,11 +1,16 @@
-// The steps that use a row of the panel: a caption, a slider below it, its buttons and its number field.
+// The steps that use a row of the panel.
 #pragma once
 
-#include "simulator/input/script.hpp"
+#include "simulator/input/step.hpp"
 
-namespace sim {
+namespace sim::steps {
 
-/** Throws UsageError that names the step's place when the row does not let itself be used so. */
-void performRow(const Step& step);
+void increment(Simulation& simulation, const Step& step);
+void decrement(Simulation& simulation, const Step& step);
+void slide(Simulation& simulation, const Step& step);
+void type(Simulation& simulation, const Step& step);
+void paste(Simulation& simulation, const Step& step);
+void apply(Simulation& simulation, const Step& step);
+void cancel(Simulation& simulation, const Step& step);
 
-}  // namespace sim
+}  // namespace sim::steps

@@ -11,7 +11,6 @@
 
 #include "bridge/runtime.hpp"
 #include "simulator/app/preference_file.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/foundation.hpp"
 #include "simulator/runtime/hooking.hpp"
@@ -20,6 +19,7 @@
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/springboard.hpp"
 #include "simulator/springboard/stock.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/base/classes.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 

@@ -6,7 +6,11 @@
 
 namespace sim {
 
-// Time passes as long as the step takes. Throws UsageError when the step cannot be done.
+// Every step that there is.
+StepTable stepTable();
+
+// Time passes as long as the step takes. Throws UsageError, beginning with the step's place, when the step
+// cannot be done.
 void perform(Simulation& simulation, const Step& step);
 
 }  // namespace sim

@@ -3,13 +3,12 @@
 
 #include <algorithm>
 
-#include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/input/panel.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 
-namespace sim {
+namespace sim::steps {
 namespace {
 
 constexpr double usualDrag = 0.5;    // seconds, where a step does not say
@@ -17,23 +16,25 @@ constexpr double fingersApart = 20;  // points between the fingers of a two-fing
 
 CGPoint pointAt(const Step& step, std::size_t index) { return {step.number(index), step.number(index + 1)}; }
 
-bool has(const Step& step, std::size_t index) { return step.arguments.size() > index; }
+}  // namespace
 
-void swipe(const Step& step) {
+void swipe(Simulation&, const Step& step) {
   const std::string& word = step.text(0);
   const auto direction = word == "up"     ? input::Direction::up
                          : word == "down" ? input::Direction::down
                          : word == "left" ? input::Direction::left
                                           : input::Direction::right;
   const CGSize screen = uikit::screenSize();
-  input::swipe(direction, has(step, 1) ? pointAt(step, 1) : CGPoint{screen.width / 2, screen.height / 2});
+  input::swipe(direction, step.has(1) ? pointAt(step, 1) : CGPoint{screen.width / 2, screen.height / 2});
 }
 
-void tap(const Step& step) { input::tap(has(step, 1) ? pointAt(step, 0) : input::findNamed(step.text(0))); }
+void tap(Simulation&, const Step& step) {
+  input::tap(step.has(1) ? pointAt(step, 0) : input::findNamed(step.text(0)));
+}
 
 // The fingers stand on either side of a given point, as far as the screen goes.
-void twoFingerTap(const Step& step) {
-  if (has(step, 0)) {
+void twoFingerTap(Simulation&, const Step& step) {
+  if (step.has(0)) {
     const auto [x, y] = pointAt(step, 0);
     const double left = std::clamp(x - fingersApart / 2, 0.0, uikit::screenSize().width - 1 - fingersApart);
     return input::twoFingerTap({left, y}, {left + fingersApart, y});
@@ -42,50 +43,23 @@ void twoFingerTap(const Step& step) {
   input::twoFingerTap(one, input::freePoint(one, fingersApart));
 }
 
-void press(const Step& step) {
-  input::press(step.number(0), has(step, 1) ? pointAt(step, 1) : input::freePoint());
+void press(Simulation&, const Step& step) {
+  input::press(step.number(0), step.has(1) ? pointAt(step, 1) : input::freePoint());
 }
 
-void drag(const Step& step) {
-  input::drag(pointAt(step, 0), pointAt(step, 2), has(step, 4) ? step.number(4) : usualDrag);
+void drag(Simulation&, const Step& step) {
+  input::drag(pointAt(step, 0), pointAt(step, 2), step.has(4) ? step.number(4) : usualDrag);
 }
 
-void finger(const Step& step) {
+void finger(Simulation&, const Step& step) {
   const auto number = static_cast<int>(step.number(0));
   const std::string& phase = step.text(1);
-  const double force = has(step, 4) ? step.number(4) : input::usualForce;
+  const double force = step.has(4) ? step.number(4) : input::usualForce;
   if (phase == "down") return input::fingerDown(number, pointAt(step, 2), force);
   if (phase == "move") return input::fingerMove(number, pointAt(step, 2), force);
   input::fingerUp(number, pointAt(step, 2));
 }
 
-void make(const Step& step) {
-  switch (step.kind) {
-    case StepKind::swipe:
-      return swipe(step);
-    case StepKind::tap:
-      return tap(step);
-    case StepKind::twoFingerTap:
-      return twoFingerTap(step);
-    case StepKind::press:
-      return press(step);
-    case StepKind::drag:
-      return drag(step);
-    case StepKind::page:
-      return input::turnToPage(step.text(0) == "0" ? 0 : 1);
-    default:
-      return finger(step);
-  }
-}
+void page(Simulation&, const Step& step) { input::turnToPage(step.text(0) == "0" ? 0 : 1); }
 
-}  // namespace
-
-void performTouch(const Step& step) {
-  try {
-    make(step);
-  } catch (const UsageError& error) {
-    throw UsageError(step.place + ": " + error.what());
-  }
-}
-
-}  // namespace sim
+}  // namespace sim::steps

@@ -1,12 +1,16 @@
 // The steps that are made by fingers.
 #pragma once
 
-#include "simulator/input/script.hpp"
+#include "simulator/input/step.hpp"
 
-namespace sim {
+namespace sim::steps {
 
-// Time passes as long as the step takes. Throws UsageError, beginning with the step's place, when the step
-// cannot be done.
-void performTouch(const Step& step);
+void swipe(Simulation& simulation, const Step& step);
+void tap(Simulation& simulation, const Step& step);
+void twoFingerTap(Simulation& simulation, const Step& step);
+void press(Simulation& simulation, const Step& step);
+void drag(Simulation& simulation, const Step& step);
+void finger(Simulation& simulation, const Step& step);
+void page(Simulation& simulation, const Step& step);
 
-}  // namespace sim
+}  // namespace sim::steps

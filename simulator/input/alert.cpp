@@ -2,11 +2,11 @@
 #include "simulator/input/alert.hpp"
 
 #include "bridge/runtime.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
 #include "simulator/input/typing.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/alerts/presentation.hpp"
 #include "simulator/uikit/views/view_controller.hpp"
 #include "simulator/uikit/views/window.hpp"

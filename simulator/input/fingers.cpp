@@ -8,9 +8,9 @@
 #include <map>
 
 #include "platform/uikit/touch.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/gestures/touch_dispatch.hpp"
 

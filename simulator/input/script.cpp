@@ -1,10 +1,9 @@
-// The grammar of script lines, and the table of steps.
+// The grammar of script lines.
 #include "simulator/input/script.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <utility>
 
@@ -14,69 +13,8 @@
 namespace sim {
 namespace {
 
-constexpr std::size_t mostArguments = 6;
-
-// One form of a step. A step with several forms has a row for each.
-struct Form {
-  std::string_view name;
-  StepKind kind;
-  std::array<Shape, mostArguments> shapes = {};
-  Shape more = Shape::none;  // any number of these may follow
-
-  std::size_t count() const {
-    return static_cast<std::size_t>(std::ranges::find(shapes, Shape::none) - shapes.begin());
-  }
-  bool takes(std::size_t given) const { return more == Shape::none ? given == count() : given >= count(); }
-  Shape shapeOf(std::size_t index) const { return index < count() ? shapes[index] : more; }
-};
-
-constexpr Form forms[] = {
-    {"wait", StepKind::wait, {Shape::seconds}},
-    {"swipe", StepKind::swipe, {Shape::direction}},
-    {"swipe", StepKind::swipe, {Shape::direction, Shape::coordinate, Shape::coordinate}},
-    {"tap", StepKind::tap, {Shape::name}},
-    {"tap", StepKind::tap, {Shape::coordinate, Shape::coordinate}},
-    {"two-finger-tap", StepKind::twoFingerTap},
-    {"two-finger-tap", StepKind::twoFingerTap, {Shape::coordinate, Shape::coordinate}},
-    {"press", StepKind::press, {Shape::force}},
-    {"press", StepKind::press, {Shape::force, Shape::coordinate, Shape::coordinate}},
-    {"drag", StepKind::drag, {Shape::coordinate, Shape::coordinate, Shape::coordinate, Shape::coordinate}},
-    {"drag",
-     StepKind::drag,
-     {Shape::coordinate, Shape::coordinate, Shape::coordinate, Shape::coordinate, Shape::seconds}},
-    {"finger", StepKind::finger, {Shape::finger, Shape::phase, Shape::coordinate, Shape::coordinate}},
-    {"finger",
-     StepKind::finger,
-     {Shape::finger, Shape::phase, Shape::coordinate, Shape::coordinate, Shape::force}},
-    {"page", StepKind::page, {Shape::page}},
-    {"increment", StepKind::increment, {Shape::name}},
-    {"increment", StepKind::increment, {Shape::name, Shape::times}},
-    {"decrement", StepKind::decrement, {Shape::name}},
-    {"decrement", StepKind::decrement, {Shape::name, Shape::times}},
-    {"slide", StepKind::slide, {Shape::name, Shape::value}},
-    {"type", StepKind::type, {Shape::name, Shape::text}},
-    {"paste", StepKind::paste, {Shape::name, Shape::text}},
-    {"apply", StepKind::apply, {Shape::name}},
-    {"cancel", StepKind::cancel, {Shape::name}},
-    {"launch", StepKind::launch, {Shape::name}},
-    {"home", StepKind::home},
-    {"open", StepKind::open, {Shape::name}},
-    {"edit", StepKind::edit},
-    {"rotate", StepKind::rotate, {Shape::orientation}},
-    {"lock", StepKind::lock},
-    {"unlock", StepKind::unlock},
-    {"snapshot", StepKind::snapshot, {Shape::file}},
-    {"report", StepKind::report, {Shape::file}},
-    {"write", StepKind::write, {Shape::setting}},
-    {"message", StepKind::message, {Shape::word}, Shape::setting},
-    {"pick", StepKind::pick, {Shape::row}},
-    {"choose", StepKind::choose, {Shape::name}},
-    {"enter", StepKind::enter, {Shape::text}},
-    {"call", StepKind::call, {Shape::selector}},
-};
-
-std::string usage(const Form& form) {
-  std::string text(form.name);
+std::string usage(std::string_view name, const Arguments& form) {
+  std::string text(name);
   for (std::size_t index = 0; index < form.count(); ++index)
     text += fmt::format(" {}", description(form.shapes[index]));
   if (form.more != Shape::none) text += fmt::format(" {} ...", description(form.more));
@@ -130,41 +68,66 @@ std::vector<Token> tokens(std::string_view line, const std::string& place) {
 
 // Says what is wrong about arguments that fit no form, by the one that this is most likely meant to be: the
 // last.
-[[noreturn]] void refuse(const Form& form, std::span<const Token> given, const std::string& place,
+[[noreturn]] void refuse(const StepRow& row, std::span<const Token> given, const std::string& place,
                          const std::filesystem::path& folder) {
+  const Arguments& form = row.orElse ? *row.orElse : row.arguments;
   for (std::size_t index = 0; !form.takes(index) || index < given.size(); ++index) {
     if (form.shapeOf(index) == Shape::none) break;
     if (index == given.size())
-      throw UsageError(fmt::format("{}: '{}' lacks {}", place, form.name, description(form.shapeOf(index))));
+      throw UsageError(fmt::format("{}: '{}' lacks {}", place, row.name, description(form.shapeOf(index))));
     if (!argument(form.shapeOf(index), given[index], folder))
-      throw UsageError(fmt::format("{}: '{}' is not what '{}' takes", place, given[index].text, usage(form)));
+      throw UsageError(
+          fmt::format("{}: '{}' is not what '{}' takes", place, given[index].text, usage(row.name, form)));
   }
   throw UsageError(
-      fmt::format("{}: '{}' is too much for '{}'", place, given[form.count()].text, usage(form)));
+      fmt::format("{}: '{}' is too much for '{}'", place, given[form.count()].text, usage(row.name, form)));
+}
+
+// The arguments, if these are they.
+std::optional<std::vector<StepArgument>> taken(const Arguments& form, std::span<const Token> given,
+                                               const std::filesystem::path& folder) {
+  if (!form.takes(given.size())) return std::nullopt;
+  std::vector<StepArgument> values;
+  for (std::size_t index = 0; index < given.size(); ++index) {
+    std::optional<StepArgument> value = argument(form.shapeOf(index), given[index], folder);
+    if (!value) return std::nullopt;
+    values.push_back(std::move(*value));
+  }
+  return values;
+}
+
+// Coordinates come in pairs, and bars separate the columns of a table.
+std::string forTable(std::string text) {
+  constexpr std::string_view pair = "POINTS POINTS";
+  for (std::size_t at; (at = text.find(pair)) != std::string::npos;) text.replace(at, pair.size(), "X Y");
+  for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += 2) text.insert(at, 1, '\\');
+  return text;
 }
 
 }  // namespace
 
+std::size_t Arguments::count() const {
+  return static_cast<std::size_t>(std::ranges::find(shapes, Shape::none) - shapes.begin());
+}
+
 std::optional<Step> parseStep(std::string_view line, const std::string& place,
-                              const std::filesystem::path& folder) {
+                              const std::filesystem::path& folder, StepTable table) {
   const std::vector<Token> words = tokens(line, place);
   if (words.empty()) return std::nullopt;
+  const auto row = std::ranges::find(table, words[0].text, &StepRow::name);
+  if (words[0].quoted || row == table.end())
+    throw UsageError(fmt::format("{}: unknown step '{}'", place, words[0].text));
   const std::span<const Token> given(words.begin() + 1, words.end());
-  const Form* named = nullptr;
-  for (const Form& form : forms) {
-    if (words[0].quoted || form.name != words[0].text) continue;
-    named = &form;
-    if (!form.takes(given.size())) continue;
-    Step step{form.kind, {}, place};
-    for (std::size_t index = 0; index < given.size(); ++index) {
-      std::optional<StepArgument> value = argument(form.shapeOf(index), given[index], folder);
-      if (!value) break;
-      step.arguments.push_back(std::move(*value));
-    }
-    if (step.arguments.size() == given.size()) return step;
-  }
-  if (!named) throw UsageError(fmt::format("{}: unknown step '{}'", place, words[0].text));
-  refuse(*named, given, place, folder);
+  auto arguments = taken(row->arguments, given, folder);
+  if (!arguments && row->orElse) arguments = taken(*row->orElse, given, folder);
+  if (!arguments) refuse(*row, given, place, folder);
+  return Step{&*row, std::move(*arguments), place};
+}
+
+std::string described(const StepRow& row) {
+  std::string ways = "`" + usage(row.name, row.arguments) + "`";
+  if (row.orElse) ways += ", `" + usage(row.name, *row.orElse) + "`";
+  return fmt::format("| {} | {} | {} |", forTable(ways), row.help, row.duration);
 }
 
 }  // namespace sim

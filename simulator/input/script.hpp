@@ -4,58 +4,16 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <variant>
-#include <vector>
+
+#include "simulator/input/step.hpp"
 
 namespace sim {
 
-enum class StepKind {
-  wait,
-  swipe,
-  tap,
-  twoFingerTap,
-  press,
-  drag,
-  finger,
-  page,
-  increment,
-  decrement,
-  slide,
-  type,
-  paste,
-  apply,
-  cancel,
-  launch,
-  home,
-  open,
-  edit,
-  rotate,
-  lock,
-  unlock,
-  snapshot,
-  report,
-  write,
-  message,
-  pick,
-  choose,
-  enter,
-  call
-};
-
-/** A number in the unit of its step, or a text: a word of the step's vocabulary, a file, a name or
- * "KEY=VALUE". */
-using StepArgument = std::variant<double, std::string>;
-
-struct Step {
-  StepKind kind;
-  std::vector<StepArgument> arguments;  // as many as the step has, of the right kinds
-  std::string place;                    // "FILE:LINE", for errors
-
-  double number(std::size_t index) const { return std::get<double>(arguments.at(index)); }
-  const std::string& text(std::size_t index) const { return std::get<std::string>(arguments.at(index)); }
-};
+/** The steps that there are; it outlives the steps that are read. */
+using StepTable = std::span<const StepRow>;
 
 /**
  * The step on one line; none on an empty line or one that holds a comment only. A relative file counts from
@@ -63,7 +21,10 @@ struct Step {
  * "-" stays as it is. Throws UsageError, beginning with the place, for anything else.
  */
 std::optional<Step> parseStep(std::string_view line, const std::string& place,
-                              const std::filesystem::path& folder);
+                              const std::filesystem::path& folder, StepTable table);
+
+/** A row as a line of a Markdown table: how the step is written, what happens, how long it takes. */
+std::string described(const StepRow& row);
 
 /** The steps of a file or of standard input. A line is read no sooner than the step before it has been handed
  * out. */
@@ -77,7 +38,7 @@ class Script {
    * "-" is standard input. Relative files in steps count from the working folder of this moment. Throws
    * UsageError when the file cannot be opened.
    */
-  explicit Script(const std::string& file, Waiter waiter = {});
+  Script(const std::string& file, StepTable table, Waiter waiter = {});
   ~Script();
   Script(const Script&) = delete;
   Script& operator=(const Script&) = delete;
@@ -90,6 +51,7 @@ class Script {
 
   std::string name;  // for errors
   std::filesystem::path folder;
+  StepTable table;
   Waiter waiter;
   int descriptor;
   int lineNumber = 0;

@@ -12,9 +12,10 @@
 
 namespace sim {
 
-Script::Script(const std::string& file, Waiter whileWaiting)
+Script::Script(const std::string& file, StepTable steps, Waiter whileWaiting)
     : name(file == "-" ? "<stdin>" : file),
       folder(std::filesystem::current_path()),
+      table(steps),
       waiter(std::move(whileWaiting)),
       descriptor(file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (descriptor < 0) throw UsageError(fmt::format("{}: {}", name, std::strerror(errno)));
@@ -27,7 +28,7 @@ Script::~Script() {
 std::optional<Step> Script::next() {
   while (const std::optional<std::string> line = nextLine()) {
     ++lineNumber;
-    if (std::optional<Step> step = parseStep(*line, fmt::format("{}:{}", name, lineNumber), folder))
+    if (std::optional<Step> step = parseStep(*line, fmt::format("{}:{}", name, lineNumber), folder, table))
       return step;
   }
   return std::nullopt;

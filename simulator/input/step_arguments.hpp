@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/input/script.hpp"
+#include "simulator/input/step.hpp"
 
 namespace sim {
 
@@ -14,28 +14,6 @@ namespace sim {
 struct Token {
   std::string text;
   bool quoted;
-};
-
-/** What an argument may be; none where a form of a step has fewer arguments than there is room for. */
-enum class Shape {
-  none,
-  seconds,
-  orientation,
-  file,
-  word,
-  setting,
-  coordinate,
-  force,
-  direction,
-  name,
-  finger,
-  phase,
-  page,
-  times,
-  value,
-  row,
-  text,
-  selector
 };
 
 /** How usage lines show it; nothing for none. */

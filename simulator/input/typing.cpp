@@ -4,10 +4,10 @@
 #include <fmt/format.h>
 
 #include "platform/uikit/pasteboard.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "simulator/uikit/text/keyboard.hpp"
 #include "simulator/uikit/text/text_field.hpp"

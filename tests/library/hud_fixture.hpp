@@ -5,8 +5,8 @@
 
 #include "controls/progress_hud.hpp"
 #include "platform/uikit/application.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/clock.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "simulator/uikit/views/view.hpp"
 #include "tests/support/home.hpp"

@@ -30,6 +30,12 @@ upward panel/wrong.cpp settings/a.hpp
 upward settings/slider/wrong.cpp panel/a.hpp
 upward startup/grid/wrong.cpp controls/a.hpp
 upward hooks/wrong.hpp startup/a.hpp
+upward simulator/input/wrong.cpp simulator/app/a.hpp
+upward simulator/quartz/wrong.cpp simulator/uikit/a.hpp
+mkdir -p simulator/attic
+echo > simulator/attic/a.cpp
+if sh "$here/check_rooms.sh" . > /dev/null; then echo 'not noticed: a folder that is in no room'; exit 1; fi
+rm -r simulator/attic
 echo '#include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"' > panel/right.cpp
 echo '#include "startup/grid/a.hpp"' > hooks/right.cpp

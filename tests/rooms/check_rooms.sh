@@ -6,6 +6,11 @@ rooms=$(sed -n 's/^room //p' docs/rooms.txt)
 for room in $rooms; do
   [ -n "$(find "$room" -name '*.[ch]pp' 2>/dev/null)" ] || { echo "$room: a room without sources"; exit 1; }
 done
+# Precompiled headers stand beside the rooms.
+outside=$(find . -path ./build -prune -o -name '*.[ch]pp' -print | sed 's|^\./||' |
+  grep -E '^(startup|hooks|settings|panel|controls|simulator|platform|bridge)/' |
+  grep -vE "^($(echo $rooms | tr ' ' '|'))/|/precompiled\.hpp$") || true
+[ -z "$outside" ] || { echo "in no room: $outside"; exit 1; }
 # shellcheck disable=SC2086 # a folder a word
 grep -rnE --include='*.[ch]pp' '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' $rooms | sort -u | awk '
   FILENAME == "docs/rooms.txt" {

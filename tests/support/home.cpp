@@ -50,7 +50,7 @@ Home::Home(std::vector<std::string> options, const std::function<void(sim::Simul
 Home::~Home() = default;
 
 void Home::step(const std::string& line) {
-  auto parsed = sim::parseStep(line, "test:1", fs::current_path());
+  auto parsed = sim::parseStep(line, "test:1", fs::current_path(), sim::stepTable());
   if (parsed) sim::perform(*sim, *parsed);
 }
 

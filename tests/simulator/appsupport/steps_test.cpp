@@ -1,4 +1,6 @@
 // The steps `write` and `message`, from the line of a script to the home screen.
+#include "simulator/app/steps.hpp"
+
 #include "platform/foundation/number.hpp"
 #include "settings/store/configuration_manager.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -13,7 +15,7 @@ using Texts = std::vector<std::string>;
 
 Texts texts(std::string_view line) {
   Texts all;
-  for (const auto& argument : sim::parseStep(line, "file:7", "/base")->arguments)
+  for (const auto& argument : sim::parseStep(line, "file:7", "/base", sim::stepTable())->arguments)
     all.push_back(std::get<std::string>(argument));
   return all;
 }
@@ -28,18 +30,18 @@ std::string errorOf(const std::function<void()>& call) {
 }
 
 std::string errorOfLine(std::string_view line) {
-  return errorOf([&] { sim::parseStep(line, "file:7", "/base"); });
+  return errorOf([&] { sim::parseStep(line, "file:7", "/base", sim::stepTable()); });
 }
 
 TEST(StepLines, WriteTakesASetting) {
-  EXPECT_EQ(sim::parseStep("write rows=6", "", "")->kind, sim::StepKind::write);
+  EXPECT_EQ(sim::parseStep("write rows=6", "", "", sim::stepTable())->name(), "write");
   EXPECT_EQ(texts("write rows=6"), Texts{"rows=6"});
   EXPECT_EQ(texts(R"(write title="a = b" # comment)"), Texts{"title=a = b"});
   EXPECT_EQ(texts("write title="), Texts{"title="});
 }
 
 TEST(StepLines, MessageTakesANameAndAnyNumberOfSettings) {
-  EXPECT_EQ(sim::parseStep("message hello", "", "")->kind, sim::StepKind::message);
+  EXPECT_EQ(sim::parseStep("message hello", "", "", sim::stepTable())->name(), "message");
   EXPECT_EQ(texts("message hello"), Texts{"hello"});
   EXPECT_EQ(texts(R"(message hello name="Use Two Finger Tap Instead" value=YES)"),
             (Texts{"hello", "name=Use Two Finger Tap Instead", "value=YES"}));

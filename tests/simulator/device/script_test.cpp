@@ -8,13 +8,14 @@
 #include <cstring>
 #include <fstream>
 
+#include "simulator/app/steps.hpp"
 #include "simulator/device/temporary_root.hpp"
 #include "simulator/device/usage_error.hpp"
 
 namespace sim {
 namespace {
 
-std::optional<Step> parse(std::string_view line) { return parseStep(line, "file:7", "/base"); }
+std::optional<Step> parse(std::string_view line) { return parseStep(line, "file:7", "/base", stepTable()); }
 
 std::string errorOf(auto&& call) {
   try {
@@ -32,7 +33,7 @@ std::string errorOfLine(std::string_view line) {
 TEST(ScriptLine, WaitTakesSeconds) {
   const std::optional<Step> step = parse("wait 0.25");
   ASSERT_TRUE(step);
-  EXPECT_EQ(step->kind, StepKind::wait);
+  EXPECT_EQ(step->name(), "wait");
   EXPECT_EQ(step->number(0), 0.25);
   EXPECT_EQ(step->place, "file:7");
   EXPECT_EQ(parse("wait 0")->number(0), 0);
@@ -41,12 +42,12 @@ TEST(ScriptLine, WaitTakesSeconds) {
 
 TEST(ScriptLine, RotateTakesAnOrientation) {
   EXPECT_EQ(parse("rotate landscape")->text(0), "landscape");
-  EXPECT_EQ(parse("rotate portrait")->kind, StepKind::rotate);
+  EXPECT_EQ(parse("rotate portrait")->name(), "rotate");
 }
 
 TEST(ScriptLine, LockAndUnlockTakeNothing) {
-  EXPECT_EQ(parse("lock")->kind, StepKind::lock);
-  EXPECT_EQ(parse("\tunlock \r")->kind, StepKind::unlock);
+  EXPECT_EQ(parse("lock")->name(), "lock");
+  EXPECT_EQ(parse("\tunlock \r")->name(), "unlock");
   EXPECT_TRUE(parse("lock")->arguments.empty());
 }
 
@@ -106,32 +107,32 @@ class ScriptFile : public testing::Test {
 
 TEST_F(ScriptFile, GivesItsStepsInOrderWithTheirLines) {
   write("# first\nlock\n\nwait 2\nunlock");
-  Script script(file);
+  Script script(file, stepTable());
   EXPECT_EQ(script.next()->place, file + ":2");
   EXPECT_EQ(script.next()->place, file + ":4");
-  EXPECT_EQ(script.next()->kind, StepKind::unlock);
+  EXPECT_EQ(script.next()->name(), "unlock");
   EXPECT_FALSE(script.next());
   EXPECT_FALSE(script.next());
 }
 
 TEST_F(ScriptFile, HandsOutStepsBeforeAWrongLine) {
   write("lock\nlok\n");
-  Script script(file);
-  EXPECT_EQ(script.next()->kind, StepKind::lock);
+  Script script(file, stepTable());
+  EXPECT_EQ(script.next()->name(), "lock");
   EXPECT_EQ(errorOf([&] { script.next(); }), file + ":2: unknown step 'lok'");
 }
 
 TEST_F(ScriptFile, MayHaveLinesLongerThanAnyBuffer) {
   write("#" + std::string(20000, 'x') + "\nlock\n");
-  EXPECT_EQ(Script(file).next()->place, file + ":2");
+  EXPECT_EQ(Script(file, stepTable()).next()->place, file + ":2");
 }
 
 TEST_F(ScriptFile, ThatIsMissingIsNamed) {
-  EXPECT_EQ(errorOf([&] { Script script(file); }), file + ": No such file or directory");
+  EXPECT_EQ(errorOf([&] { Script script(file, stepTable()); }), file + ": No such file or directory");
 }
 
 TEST_F(ScriptFile, ThatIsAFolderIsNamed) {
-  Script script(folder.path());
+  Script script(folder.path(), stepTable());
   EXPECT_EQ(errorOf([&] { script.next(); }), folder.path().string() + ": Is a directory");
 }
 
@@ -142,7 +143,7 @@ TEST(ScriptFromStandardInput, ReadsALineOnlyWhenItIsNeeded) {
   dup2(ends[0], STDIN_FILENO);
   close(ends[0]);
   int waits = 0;
-  Script script("-", [&](int descriptor) {
+  Script script("-", stepTable(), [&](int descriptor) {
     EXPECT_EQ(descriptor, STDIN_FILENO);
     // Each piece of input comes only when the script asks for it: half a line, the rest and a second line,
     // the end.
@@ -154,7 +155,7 @@ TEST(ScriptFromStandardInput, ReadsALineOnlyWhenItIsNeeded) {
   EXPECT_EQ(waits, 0);
   EXPECT_EQ(script.next()->place, "<stdin>:1");
   EXPECT_EQ(waits, 2);
-  EXPECT_EQ(script.next()->kind, StepKind::lock);
+  EXPECT_EQ(script.next()->name(), "lock");
   EXPECT_EQ(waits, 2);
   EXPECT_FALSE(script.next());
   EXPECT_EQ(waits, 3);

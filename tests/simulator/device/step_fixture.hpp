@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/app/steps.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/script.hpp"
 
 namespace sim {
 
-inline Step parse(std::string_view line) { return parseStep(line, "file:7", "/base").value(); }
+inline Step parse(std::string_view line) { return parseStep(line, "file:7", "/base", stepTable()).value(); }
 
 inline std::string errorOf(std::string_view line) {
   try {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/dispatch/dispatch.hpp"
-#include "simulator/app/run_loop.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "tests/bridge/counted.hpp"
 
 namespace {

@@ -15,10 +15,10 @@
 #include "bridge/define.hpp"
 #include "platform/dispatch/dispatch.hpp"
 #include "platform/foundation/thread.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/foundation.hpp"
 #include "simulator/runtime/tasks.hpp"
+#include "simulator/time/run_loop.hpp"
 #include "tests/bridge/counted.hpp"
 
 namespace {

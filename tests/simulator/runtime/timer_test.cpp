@@ -7,9 +7,9 @@
 #include "bridge/define.hpp"
 #include "platform/dispatch/dispatch.hpp"
 #include "platform/foundation/run_loop.hpp"
-#include "simulator/app/run_loop.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/foundation.hpp"
+#include "simulator/time/run_loop.hpp"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Stepping through whatever the process waits for.
-#include "simulator/app/run_loop.hpp"
+#include "simulator/time/run_loop.hpp"
 
 #include <algorithm>
 #include <limits>

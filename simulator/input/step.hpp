@@ -1,0 +1,78 @@
+// A step of a script: what it takes and what it does. The table of all steps is simulator/app/steps.cpp.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace sim {
+
+class Simulation;
+struct StepRow;
+
+/** What an argument may be; none where there are fewer arguments than there is room for. */
+enum class Shape {
+  none,
+  seconds,
+  orientation,
+  file,
+  word,
+  setting,
+  coordinate,
+  force,
+  direction,
+  name,
+  finger,
+  phase,
+  page,
+  times,
+  value,
+  row,
+  text,
+  selector
+};
+
+/** A number in the unit of its step, or a text: a word of the step's vocabulary, a file, a name or
+ * "KEY=VALUE". */
+using StepArgument = std::variant<double, std::string>;
+
+struct Step {
+  const StepRow* row;
+  std::vector<StepArgument> arguments;  // as many as the step has, of the right kinds
+  std::string place;                    // "FILE:LINE", for errors
+
+  std::string_view name() const;
+  double number(std::size_t index) const { return std::get<double>(arguments.at(index)); }
+  const std::string& text(std::size_t index) const { return std::get<std::string>(arguments.at(index)); }
+  bool has(std::size_t index) const { return arguments.size() > index; }
+};
+
+/** One way of giving a step its arguments. */
+struct Arguments {
+  std::array<Shape, 6> shapes{};
+  Shape more = Shape::none;  // any number of these may follow
+
+  std::size_t count() const;
+  bool takes(std::size_t given) const { return more == Shape::none ? given == count() : given >= count(); }
+  Shape shapeOf(std::size_t index) const { return index < count() ? shapes[index] : more; }
+};
+
+/** Time passes as long as the step takes. Throws UsageError, without the step's place, when it cannot be
+ * done. */
+using StepAction = void (*)(Simulation&, const Step&);
+
+struct StepRow {
+  std::string_view name;
+  Arguments arguments;
+  std::optional<Arguments> orElse;  // another way
+  StepAction action;
+  std::string_view help;      // what happens
+  std::string_view duration;  // how much simulated time it takes
+};
+
+inline std::string_view Step::name() const { return row->name; }
+
+}  // namespace sim
