@@ -71,6 +71,13 @@ class Implementation {
     return Descriptor<Member>::sendAs(class_getSuperclass(cls), self.raw, arguments...);
   }
 
+  // The parent's initialiser. It takes over `self`; what it answers, nil too, is what to go on with.
+  template <auto Initialiser, class... A>
+  static Strong<T> superInit(T self, A... arguments) {
+    static_assert(Descriptor<Initialiser>::family == Family::initialiser, "superInit wants an initialiser");
+    return adopt<T>(super<Initialiser>(self, arguments...).leak());
+  }
+
   template <auto Member, class... A>
   static auto superclassMethod(Class self, A... arguments) {
     Class meta = classOf(reinterpret_cast<id>(cls));

@@ -134,6 +134,14 @@ Strong<T> allocate() {
   return adopt<T>(Message<"alloc", Object()>::send(reinterpret_cast<id>(classNamed<T>())).leak());
 }
 
+// Sends `self`, which is being set up, an initialiser of its own class, and goes on with what that answers.
+template <auto Initialiser, class T, class... A>
+Strong<T> initialised(T self, A... arguments) {
+  using D = Descriptor<Initialiser>;
+  static_assert(D::family == Family::initialiser, "initialised wants an initialiser");
+  return adopt<T>(D::send(self.raw, arguments...).leak());
+}
+
 // A new object of T, set up by the initialiser `Initialiser` (a member of T's face or of a parent's).
 template <class T, auto Initialiser, class... A>
 Strong<T> make(A... arguments) {

@@ -127,7 +127,7 @@ void setup(BButton self) {
 }
 
 Strong<UIView> initWithFrame(BButton self, CGRect frame) {
-  auto made = bridge::adopt<BButton>(Button::super<&UIView::initWithFrame>(self, frame).leak());
+  auto made = Button::superInit<&UIView::initWithFrame>(self, frame);
   made->setup();
   made->setTextAttributesForStyle(made->buttonStyle());
   return made;
@@ -140,8 +140,7 @@ Strong<BButton> initWithCoder(BButton self, bridge::Object coder) {
 }
 
 Strong<BButton> initWithColor(BButton self, CGRect frame, UIColor value, NSUInteger style) {
-  auto made =
-      bridge::adopt<BButton>(bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, frame).leak());
+  auto made = bridge::initialised<&UIView::initWithFrame>(self, frame);
   made->setButtonStyle(style);
   made->setColor(value);
   made->setTextAttributesForStyle(style);

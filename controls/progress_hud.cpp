@@ -60,8 +60,7 @@ Strong<RQProgressHUD> initWithView(RQProgressHUD self, UIView view) {
     NSException::exceptionWithName_reason_userInfo("NSInternalInconsistencyException"_ns,
                                                    "View must not be nil."_ns, {})
         .raise();
-  return bridge::adopt<RQProgressHUD>(
-      bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, view.bounds()).leak());
+  return bridge::initialised<&UIView::initWithFrame>(self, view.bounds());
 }
 
 Strong<RQProgressHUD> initWithWindow(RQProgressHUD self, UIWindow window) {

@@ -115,7 +115,7 @@ Values settingsOf(RQPopupView self) { return Values(self.rootObj()); }
 }  // namespace
 
 bridge::Strong<NSObject> init(RQPopupView self) {
-  auto made = bridge::adopt<RQPopupView>(Popup::super<&UIView::initWithFrame>(self, cardFrame).leak());
+  auto made = Popup::superInit<&UIView::initWithFrame>(self, cardFrame);
   if (!made) return nullptr;
   made->setAutoresizesSubviews(YES);
   addContentView(made);

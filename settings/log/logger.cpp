@@ -29,12 +29,11 @@ DPHLogger sharedLogger(Class) {
 }
 
 bridge::Strong<NSObject> init(DPHLogger self) {
-  return bridge::adopt<NSObject>(
-      bridge::Descriptor<&DPHLogger::initWithFilePath>::send(self.raw, getDefaultFilePath()).leak());
+  return bridge::initialised<&DPHLogger::initWithFilePath>(self, getDefaultFilePath());
 }
 
 bridge::Strong<DPHLogger> initWithFilePath(DPHLogger self, NSString path) {
-  auto made = bridge::adopt<DPHLogger>(Logger::super<&NSObject::init>(self).leak());
+  auto made = Logger::superInit<&NSObject::init>(self);
   if (made && path) Logger::state(made.get()).file = std::fopen(path.UTF8String(), "w");
   return made;
 }

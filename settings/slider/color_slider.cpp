@@ -130,7 +130,7 @@ Strong<UITextField> makeNumberField(ColorSlider self, CGFloat width) {
 
 Strong<ColorSlider> initWithFrameType(ColorSlider self, CGRect frame, NSString type) {
   const CGRect grown{{frame.origin.x + 10, frame.origin.y - 30}, {frame.size.width, frame.size.height + 50}};
-  auto made = bridge::adopt<ColorSlider>(Slider::super<&UIView::initWithFrame>(self, grown).leak());
+  auto made = Slider::superInit<&UIView::initWithFrame>(self, grown);
   made->setType(type);
   made->setMinimumTrackTintColor(rgbColor(13, 247, 255));
   made->setMaximumTrackTintColor(rgbColor(48, 55, 182));

@@ -25,7 +25,7 @@ ConfigurationManager sharedManager(Class) {
 }
 
 bridge::Strong<NSObject> init(ConfigurationManager self) {
-  auto made = bridge::adopt<ConfigurationManager>(Manager::super<&NSObject::init>(self).leak());
+  auto made = Manager::superInit<&NSObject::init>(self);
   if (!made) return nullptr;
   made->sync();
   auto keys = bridge::adopt<NSArray>(

@@ -25,8 +25,7 @@ struct Chevron : bridge::Implementation<Face, ChevronState> {
   using Class = bridge::Implementation<Face, ChevronState>;
 
   static Strong<SBChevronView> initWithColor(Face self, UIColor color) {
-    auto made = bridge::adopt<Face>(
-        bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, CGRect{{0, 0}, chevronSize}).leak());
+    auto made = bridge::initialised<&UIView::initWithFrame>(self, CGRect{{0, 0}, chevronSize});
     Class::state(made.get()).color = retained(color);
     made->setContentMode(UIViewContentModeRedraw);
     return made;

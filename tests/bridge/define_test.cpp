@@ -43,7 +43,7 @@ using DogClass = Implementation<Dog, DogState>;
 int four(Class) { return 4; }
 double kind(Class, int number) { return number + 0.5; }
 Strong<Dog> initWithName(Dog self, NSString name) {
-  auto made = bridge::adopt<Dog>(DogClass::super<&NSObject::init>(self).leak());
+  auto made = DogClass::superInit<&NSObject::init>(self);
   if (made) DogClass::state(made.get()).name = name.UTF8String();
   return made;
 }

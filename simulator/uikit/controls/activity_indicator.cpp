@@ -75,8 +75,7 @@ Strong<UIView> initWithFrame(UIActivityIndicatorView self, CGRect frame) {
 }
 
 Strong<UIActivityIndicatorView> initWithStyle(UIActivityIndicatorView self, NSInteger style) {
-  auto made = bridge::adopt<UIActivityIndicatorView>(
-      bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, {}).leak());
+  auto made = bridge::initialised<&UIView::initWithFrame>(self, CGRect{});
   made->setActivityIndicatorViewStyle(style);
   made->setFrame({{}, made->bounds().size});
   return made;

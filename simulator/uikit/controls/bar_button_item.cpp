@@ -28,9 +28,7 @@ struct Copied : bridge::Face<"NSString", NSObject> {
   MESSAGE Method<"copy", NSString()> copy;
 };
 
-Strong<UIBarButtonItem> init(UIBarButtonItem self) {
-  return bridge::adopt<UIBarButtonItem>(ItemClass::super<&NSObject::init>(self).leak());
-}
+Strong<UIBarButtonItem> init(UIBarButtonItem self) { return ItemClass::superInit<&NSObject::init>(self); }
 
 Strong<UIBarButtonItem> initWithTitle(UIBarButtonItem self, NSString title, NSInteger style,
                                       bridge::Object target, SEL action) {

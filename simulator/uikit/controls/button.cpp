@@ -232,7 +232,7 @@ void encodeWithCoder(UIButton self, NSCoder coder) {
 }
 
 Strong<UIView> initWithCoder(UIButton self, NSCoder coder) {
-  auto made = bridge::adopt<UIButton>(ButtonClass::super<&Coding::initWithCoder>(self, coder).leak());
+  auto made = ButtonClass::superInit<&Coding::initWithCoder>(self, coder);
   ButtonState& state = stateOf(made.get());
   state.type = coder.decodeIntegerForKey("UIButtonType"_ns);
   decode(state.titles, coder, "UIButtonTitles"_ns);

@@ -77,7 +77,7 @@ Strong<UIColor> make(const CGColor& color) {
 }
 
 Strong<UIColor> initialised(UIColor self, const CGColor& color) {
-  auto made = bridge::adopt<UIColor>(ColorClass::super<&NSObject::init>(self).leak());
+  auto made = ColorClass::superInit<&NSObject::init>(self);
   ColorClass::state(made).color = color;
   return made;
 }

@@ -18,7 +18,7 @@ using bridge::Strong;
 using RecognizerClass = bridge::Implementation<UIGestureRecognizer, RecognizerState>;
 
 Strong<UIGestureRecognizer> initWithTarget(UIGestureRecognizer self, bridge::Object target, SEL action) {
-  auto made = bridge::adopt<UIGestureRecognizer>(RecognizerClass::super<&NSObject::init>(self).leak());
+  auto made = RecognizerClass::superInit<&NSObject::init>(self);
   made->addTarget_action(target, action);
   return made;
 }

@@ -35,8 +35,7 @@ Strong<UIView> initWithFrame(UIImageView self, CGRect frame) {
 }
 
 Strong<UIImageView> initWithImage(UIImageView self, UIImage image) {
-  auto made = bridge::adopt<UIImageView>(
-      bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, {{}, image.size()}).leak());
+  auto made = bridge::initialised<&UIView::initWithFrame>(self, CGRect{{}, image.size()});
   made->setImage(image);
   return made;
 }

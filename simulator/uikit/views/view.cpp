@@ -34,7 +34,7 @@ void draw(UIView self, cairo_t* context) {
 }
 
 Strong<UIView> initWithFrame(UIView self, CGRect frame) {
-  auto made = bridge::adopt<UIView>(ViewClass::super<&NSObject::init>(self).leak());
+  auto made = ViewClass::superInit<&NSObject::init>(self);
   const UIView view = made;
   Layer& layer = layerOf(view);
   setFrame(layerObjectOf(view), frame);
