@@ -121,12 +121,23 @@ void rewrite(RQPopupView self) {
   self.pickerView().reloadAllComponents();
 }
 
-// The first record that bears the name of the selected row, and every one equal to it.
+bool isInList(RQPopupView self, NSInteger row) {
+  return row >= 0 && static_cast<NSUInteger>(row) < self.data().count();
+}
+
+// The row that was selected last; where the list has become too short for it, the one that the picker shows.
+NSInteger chosenRow(RQPopupView self) {
+  const NSInteger selected = self.rowSelected(), shown = self.pickerView().selectedRowInComponent(0);
+  return isInList(self, selected) || !isInList(self, shown) ? selected : shown;
+}
+
+// The first record that bears the name of the chosen row, and every one equal to it.
 void removeSelected(RQPopupView self) {
+  const NSInteger row = chosenRow(self);
+  if (!isInList(self, row)) return;
+  NSString wanted = bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(row)));
   NSMutableArray records = self.configurations();
   for (NSUInteger i = 0; i < records.count(); ++i) {
-    NSString wanted =
-        bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(self.rowSelected())));
     if (!bridge::as<NSString>(named(records, i)).isEqualToString(wanted)) continue;
     records.removeObject(records.objectAtIndex(i));
     return;
@@ -191,8 +202,9 @@ void didSelectRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
 }
 
 void didHitDone(RQPopupView self) {
-  store(self, keys::customPreset, NSNumber::numberWithInt(self.rowSelected()));
-  RQGestureController::sharedInstance().updateConfigWithValue(self.rowSelected());
+  const int row = static_cast<int>(chosenRow(self));
+  store(self, keys::customPreset, NSNumber::numberWithInt(row));
+  RQGestureController::sharedInstance().updateConfigWithValue(row);
   if (!Values(self.rootObj()).flag(keys::showedSetup)) showFirstRunNotice();
   self.hide();
 }

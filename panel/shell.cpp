@@ -141,12 +141,13 @@ UIColor controlColor(RQPopupView self) {
   return self.isDarkMode() ? UIColor::whiteColor() : UIColor::blackColor();
 }
 
-// An index beyond the palette raises, unless it is dark.
+// An index beyond the palette, which an edited file may hold, takes its first colour.
 UIColor getBackgroundColor(RQPopupView self) {
   UIColor dark = RQColorManager::darkModeBlack();
   NSArray colors = RQColorManager::colors();
-  int index = settingsOf(self).index(keys::qsBackgroundColor);
-  return self.isDarkMode() ? dark : bridge::as<UIColor>(colors.objectAtIndex(static_cast<NSUInteger>(index)));
+  auto index = static_cast<NSUInteger>(settingsOf(self).index(keys::qsBackgroundColor));
+  if (index >= colors.count()) index = 0;
+  return self.isDarkMode() ? dark : bridge::as<UIColor>(colors.objectAtIndex(index));
 }
 
 void addStyle(RQPopupView self) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/library/presets_home.hpp"
-#include "tests/support/raised.hpp"
 
 namespace {
 
@@ -74,13 +73,30 @@ TEST(Deleting, WhereThereIsNoneRewritesTheSame) {
   EXPECT_FALSE(after == before);
 }
 
-TEST(Deleting, WithARowBeyondTheListRaises) {
+TEST(Deleting, TwiceTakesTheRowThatThePickerShowsAfterTheLast) {
+  PresetsHome home(layouts({"one", "two", "three"}));
+  home.openPresets();
+  remove(home, 2);
+  home.wait(1);
+  home.step("tap \"Delete\"");
+  EXPECT_EQ(home.records(), (Records{{"one", 0}}));
+  home.wait(1);
+  home.step("tap \"Delete\"");
+  EXPECT_EQ(home.records(), Records{});
+  home.wait(1);
+  home.step("tap \"Delete\"");
+  EXPECT_EQ(home.panel().rowSelected(), 2);
+}
+
+TEST(Selecting, AfterTheLastRowWasDeletedTakesTheOneThatThePickerShows) {
   PresetsHome home(layouts({"one", "two"}));
   home.openPresets();
   remove(home, 1);
+  home.wait(1);
+  home.step("tap \"Select\"");
+  EXPECT_EQ(home.report()["preferences"]["custom_preset"], 0);
+  EXPECT_EQ(sim::plain(home.controller().currentPreset())["name"], "one");
   EXPECT_EQ(home.panel().rowSelected(), 1);
-  EXPECT_EQ(test::raisedName([&] { home.panel().deleteSelectedLayout({}); }), "NSRangeException");
-  EXPECT_EQ(home.records(), (Records{{"one", 0}}));
 }
 
 TEST(Deleting, BlinksThePanel) {
