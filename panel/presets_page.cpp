@@ -58,8 +58,13 @@ bridge::Strong<UIPickerView> makePicker(RQPopupView self, CGFloat pageLeft) {
   return picker;
 }
 
-bridge::Object named(NSArray records, NSUInteger index) {
-  return bridge::as<NSDictionary>(records.objectAtIndex(index)).objectForKey(keys::name);
+// Empty for what somebody's hand made no record, or a record without a name: it keeps its row.
+NSString named(NSArray records, NSUInteger index) {
+  bridge::Object record = records.objectAtIndex(index);
+  bridge::Object name;
+  if (bridge::isKindOf<NSDictionary>(record))
+    name = bridge::as<NSDictionary>(record).objectForKey(keys::name);
+  return bridge::isKindOf<NSString>(name) ? bridge::as<NSString>(name) : ""_ns;
 }
 
 UIAlertController makeAlert(NSString message) {
@@ -138,7 +143,7 @@ void removeSelected(RQPopupView self) {
   NSString wanted = bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(row)));
   NSMutableArray records = self.configurations();
   for (NSUInteger i = 0; i < records.count(); ++i) {
-    if (!bridge::as<NSString>(named(records, i)).isEqualToString(wanted)) continue;
+    if (!named(records, i).isEqualToString(wanted)) continue;
     records.removeObject(records.objectAtIndex(i));
     return;
   }
@@ -160,10 +165,8 @@ void setupPickerView(RQPopupView self) {
 }
 
 void getData(RQPopupView self) {
-  // A file that has gone meanwhile is made anew of what was known, with an empty record behind it.
-  NSMutableArray known = self.configurations();
-  if (known && presets::fileIsMissing()) known.addObject(NSDictionary::dictionary());
-  self.setConfigurations(NSMutableArray::arrayWithArray(presets::load(known)));
+  // A file that has gone meanwhile is made anew of what is known.
+  self.setConfigurations(NSMutableArray::arrayWithArray(presets::load(self.configurations())));
   auto names = bridge::make<NSMutableArray, &NSObject::init>();
   for (NSUInteger i = 0; i < self.configurations().count(); ++i)
     names->addObject(named(self.configurations(), i));

@@ -28,9 +28,9 @@ NSData create(NSArray presets) {
   return write(presets ? presets : NSArray::array());
 }
 
-}  // namespace
-
 bool fileIsMissing() { return !NSFileManager::defaultManager().fileExistsAtPath(path()); }
+
+}  // namespace
 
 NSArray load(NSArray initial) {
   NSData bytes = NSData::dataWithContentsOfFile(path());

@@ -8,8 +8,6 @@
 
 namespace tilo::presets {
 
-bool fileIsMissing();
-
 // The presets in file order, or nil when the file cannot be read or is of another shape. A file that is
 // missing is created with the presets that are given, or without any; one that exists is never changed by
 // reading it.

@@ -4,7 +4,6 @@
 #include <cerrno>
 
 #include "tests/library/presets_home.hpp"
-#include "tests/support/raised.hpp"
 
 namespace {
 
@@ -63,23 +62,31 @@ TEST(AMissingFile, IsMadeWithoutLayoutsWhenThePanelOpens) {
   EXPECT_EQ(home.shown()["caption"], "No Saved Presets");
 }
 
-// The list that is known is written back with an empty record behind it, which has no name.
 TEST(AFileThatGoesWhileThePanelIsOpen, IsMadeAnewOfWhatThePanelKnows) {
   PresetsHome home(layouts({"one"}));
   home.open();
   std::filesystem::remove(home.file(test::presetsPath));
-  EXPECT_EQ(test::raisedName([&] { home.panel().saveWithTitle("Home"_ns); }), "NSInvalidArgumentException");
-  EXPECT_TRUE(
-      test::same(home.report()["presets"], {{"configurations", {layouts({"one"})[0], Json::object()}}}))
-      << home.report()["presets"];
+  home.saveAs("Home");
+  EXPECT_EQ(home.records(), (test::Records{{"one", 0}, {"Home", 1}}));
+  EXPECT_EQ(home.names(), Json({"one", "Home"}));
 }
 
-TEST(ARecordWithoutAName, RaisesWhenThePanelOpens) {
-  Json nameless = layout("x");
-  nameless.erase("name");
-  FileHome home(test::presetsDocument(Json::array({layout("one"), nameless})));
-  EXPECT_EQ(test::raisedName([&] { home.controller().showPopup(); }), "NSInvalidArgumentException");
+// What somebody may have made of a record by hand.
+class ARecordWithoutAName : public testing::TestWithParam<Json> {};
+
+TEST_P(ARecordWithoutAName, KeepsItsRowAndCanBeDeleted) {
+  FileHome home(test::presetsDocument(Json::array({layout("one"), GetParam(), layout("three")})));
+  home.open();
+  EXPECT_EQ(home.shown()["presets"], Json({"one", "", "three"}));
+  home.step("page 1");
+  home.step("pick 1");
+  home.step("tap \"Delete\"");
+  EXPECT_EQ(home.shown()["presets"], Json({"one", "three"}));
 }
+
+INSTANTIATE_TEST_SUITE_P(Being, ARecordWithoutAName,
+                         testing::Values(Json{{"value", 1}}, Json{{"name", 5}}, Json{{"name", nullptr}},
+                                         Json::array(), Json(7), Json("text"), Json()));
 
 TEST(OneOfFiveThousandLayouts, IsListedPickedAndApplied) {
   std::vector<Json> records;
