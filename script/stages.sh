@@ -50,7 +50,9 @@ build() {
   shift 2
   configured "$preset" || return 1
   if [ -n "$lively" ]; then
-    NINJA_STATUS="        $text, %f of %t  " ninja -C "$(build_folder "$preset")" -j "$(nproc)" "$@" || status=$?
+    (cd "$(build_folder "$preset")" && NINJA_STATUS="        $text, %f of %t  " ninja -j "$(nproc)" "$@") || status=$?
+    # Over the line that ninja leaves behind.
+    [ "$status" -ne 0 ] || printf '\033[A'
   else
     ninja -C "$(build_folder "$preset")" -j "$(nproc)" --quiet "$@" >"$work/log" 2>&1 || status=$?
   fi
