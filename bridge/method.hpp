@@ -147,8 +147,7 @@ template <class T, auto Initialiser, class... A>
 Strong<T> make(A... arguments) {
   using D = Descriptor<Initialiser>;
   static_assert(D::family == Family::initialiser, "make wants an initialiser");
-  id raw = allocate<T>().leak();
-  return adopt<T>(D::send(raw, arguments...).leak());
+  return initialised<Initialiser>(as<T>(allocate<T>().leak()), arguments...);
 }
 
 template <class R, class... A>

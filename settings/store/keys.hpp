@@ -27,14 +27,15 @@ inline constexpr auto enabled = key<"enabled", Kind::flag>;
 inline constexpr auto icons = key<"icons", Kind::flag>;  // use the stored rows and columns
 inline constexpr auto rows = key<"rows", Kind::count>;
 inline constexpr auto columns = key<"columns", Kind::count>;
-inline constexpr auto vertIconPadding =
-    key<"vertIconPadding", Kind::number>;  // points, for the 4-inch screen
+// Points, for the 4-inch screen.
+inline constexpr auto vertIconPadding = key<"vertIconPadding", Kind::number>;
 inline constexpr auto horiIconPadding = key<"horiIconPadding", Kind::number>;
 inline constexpr auto sideIconInset = key<"sideIconInset", Kind::number>;
 inline constexpr auto topIconInset = key<"topIconInset", Kind::number>;
-inline constexpr auto customPreset =
-    key<"custom_preset", Kind::count>;                      // position of the layout in force; below 0: none
-inline constexpr auto preset = key<"preset", Kind::count>;  // which factors a tablet keeps when it turns
+// The position of the layout in force; below 0 there is none.
+inline constexpr auto customPreset = key<"custom_preset", Kind::count>;
+// Which factors a tablet keeps when it turns.
+inline constexpr auto preset = key<"preset", Kind::count>;
 inline constexpr auto numOfPages = key<"numOfPages", Kind::number>;
 inline constexpr auto dock = key<"dock", Kind::flag>;  // hide it
 inline constexpr auto dockIconsEnabled = key<"dockIconsEnabled", Kind::flag>;
@@ -53,8 +54,8 @@ inline constexpr auto showedSetup = key<"showed-setup", Kind::flag>;
 inline constexpr auto configurations = key<"configurations", Kind::object>;
 inline constexpr auto name = key<"name", Kind::text>;
 inline constexpr auto value = key<"value", Kind::index>;  // its position in the list
-inline constexpr auto configurable =
-    key<"configurable", Kind::flag>;  // used as it is, not scaled to the screen
+// Used as it is, not scaled to the screen.
+inline constexpr auto configurable = key<"configurable", Kind::flag>;
 inline constexpr auto configuration = key<"configuration", Kind::object>;
 inline constexpr auto verticalPadding = key<"vertical_padding", Kind::number>;  // points
 inline constexpr auto horizontalPadding = key<"horizontal_padding", Kind::number>;

@@ -2,20 +2,19 @@
 #include "simulator/app/report_values.hpp"
 
 #include <cmath>
-#include <cstring>
 #include <map>
 #include <string>
 
 #include "platform/foundation/dictionary.hpp"
-#include "platform/foundation/number.hpp"
+#include "simulator/runtime/number_form.hpp"
 
 namespace sim {
 namespace {
 
 Json plainNumber(NSNumber value) {
-  char type = *value.objCType();
-  if (std::strchr("cCB", type)) return static_cast<bool>(value.boolValue());
-  if (std::strchr("fd", type)) return number(value.doubleValue());
+  const NumberForm form = formOf(value);
+  if (form == NumberForm::truth) return static_cast<bool>(value.boolValue());
+  if (form == NumberForm::real) return number(value.doubleValue());
   return value.longLongValue();
 }
 

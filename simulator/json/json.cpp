@@ -123,8 +123,11 @@ Json Json::parse(const std::string& text) {
 
 std::optional<Json> Json::read(const std::string& text, int deepest) {
   bool tooDeep = false;
-  auto depthIsSane = [&](int depth, Library::parse_event_t, Library&) {
-    tooDeep = tooDeep || depth > deepest;
+  using Event = Library::parse_event_t;
+  // An array or object opens at the depth of what it is in.
+  auto depthIsSane = [&](int depth, Event event, Library&) {
+    const bool opens = event == Event::array_start || event == Event::object_start;
+    tooDeep = tooDeep || depth + opens > deepest;
     return !tooDeep;
   };
   const Library parsed = Library::parse(text, depthIsSane, false);

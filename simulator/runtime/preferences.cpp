@@ -7,7 +7,6 @@
 #include <sys/file.h>
 
 #include <cerrno>
-#include <cstring>
 #include <map>
 #include <string>
 
@@ -16,6 +15,7 @@
 #include "platform/foundation/number.hpp"
 #include "simulator/device/descriptor.hpp"
 #include "simulator/runtime/export.hpp"
+#include "simulator/runtime/number_form.hpp"
 #include "simulator/runtime/property_list.hpp"
 
 namespace sim {
@@ -65,15 +65,13 @@ bridge::Object withAllDigits(bridge::Object value) {
   return *number.objCType() == 'f' ? NSNumber::numberWithDouble(number.floatValue()) : value;
 }
 
-// Whether a file would hold both in the same form: a truth value is no 1, and a whole number no 1.0.
+// Whether a file holds both in the same form: a truth value is no 1, and a whole number no 1.0. Lists and
+// tables, which may hold either, never count as the same.
 bool isWrittenAs(bridge::Object one, bridge::Object other) {
   if (!one || !other || !bridge::as<NSObject>(one).isEqual(other)) return false;
-  if (!bridge::isKindOf<NSNumber>(one) || !bridge::isKindOf<NSNumber>(other)) return true;
-  const auto form = [](bridge::Object number) {
-    const char type = *bridge::as<NSNumber>(number).objCType();
-    return std::strchr("cCB", type) ? 'B' : std::strchr("fd", type) ? 'd' : 'q';
-  };
-  return form(one) == form(other);
+  if (bridge::isKindOf<NSString>(one)) return true;
+  return bridge::isKindOf<NSNumber>(one) && bridge::isKindOf<NSNumber>(other) &&
+         formOf(bridge::as<NSNumber>(one)) == formOf(bridge::as<NSNumber>(other));
 }
 
 }  // namespace

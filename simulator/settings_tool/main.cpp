@@ -11,12 +11,12 @@
 #include <vector>
 
 #include "platform/foundation/dictionary.hpp"
-#include "platform/foundation/number.hpp"
 #include "simulator/appsupport/client.hpp"
 #include "simulator/device/redirection.hpp"
 #include "simulator/device/setting.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/foundation.hpp"
+#include "simulator/runtime/number_form.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/setting_object.hpp"
 #include "simulator/settings_tool/settings.hpp"
@@ -55,9 +55,9 @@ fs::path enterDevice(const std::string& folder) {
 std::string text(bridge::Object value) {
   if (!bridge::isKindOf<NSNumber>(value)) return bridge::as<NSObject>(value).description().UTF8String();
   auto number = bridge::as<NSNumber>(value);
-  const char type = *number.objCType();
-  if (std::strchr("cCB", type)) return number.boolValue() ? "YES" : "NO";
-  if (!std::strchr("fd", type)) return fmt::format("{}", number.longLongValue());
+  const NumberForm form = formOf(number);
+  if (form == NumberForm::truth) return number.boolValue() ? "YES" : "NO";
+  if (form == NumberForm::whole) return fmt::format("{}", number.longLongValue());
   const std::string digits = fmt::format("{}", number.doubleValue());
   return digits.find_first_not_of("-0123456789") == std::string::npos ? digits + ".0" : digits;
 }

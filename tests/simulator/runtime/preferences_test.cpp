@@ -125,6 +125,17 @@ TEST_F(Preferences, ThatAreSetAlreadyAreNotWrittenAgain) {
   EXPECT_NE(home.contents(domainFile), touched);
 }
 
+TEST_F(Preferences, ThatAreListsKeepTheKindsInThem) {
+  const auto listOf = [](NSNumber item) {
+    auto list = bridge::make<NSMutableArray, &NSObject::init>();
+    list->addObject(item);
+    return list;
+  };
+  set("list"_ns, listOf(number(1)).get());
+  set("list"_ns, listOf(NSNumber::numberWithBool(YES)).get());
+  EXPECT_EQ(all(), Json({{"list", Json::array({true})}}));
+}
+
 TEST_F(Preferences, OfAnotherKindAreWrittenThoughTheyAreEqual) {
   set("rows"_ns, number(1));
   set("rows"_ns, NSNumber::numberWithBool(YES));
