@@ -20,7 +20,7 @@ upward() {
     exit 1
   fi
   case $found in
-    "$1:2: "*"$2"*) rm "$1" ;;
+    "$1:2: "*"${2##*../}"*) rm "$1" ;;
     *) echo "not named: $1 includes $2: $found"; exit 1 ;;
   esac
 }
@@ -32,6 +32,19 @@ upward startup/grid/wrong.cpp controls/a.hpp
 upward hooks/wrong.hpp startup/a.hpp
 upward simulator/input/wrong.cpp simulator/app/a.hpp
 upward simulator/quartz/wrong.cpp simulator/uikit/a.hpp
+for folder in startup hooks settings panel controls settings/store startup/grid; do
+  upward "$folder/wrong.hpp" simulator/uikit/a.hpp
+  upward "simulator/json/wrong.cpp" "$folder/a.hpp"
+  upward simulator/app/wrong.cpp "$folder/a.hpp"
+  upward platform/wrong.hpp "$folder/a.hpp"
+  upward bridge/wrong.hpp "$folder/a.hpp"
+done
+upward platform/wrong.hpp simulator/uikit/a.hpp
+upward bridge/wrong.hpp simulator/uikit/a.hpp
+upward bridge/wrong.hpp ../../platform/a.hpp
+echo '#include <hooks/a.hpp>' > bridge/wrong.hpp
+if sh "$here/check_rooms.sh" . > /dev/null; then echo 'not noticed: an include in angle brackets'; exit 1; fi
+rm bridge/wrong.hpp
 mkdir -p simulator/attic
 echo > simulator/attic/a.cpp
 if sh "$here/check_rooms.sh" . > /dev/null; then echo 'not noticed: a folder that is in no room'; exit 1; fi

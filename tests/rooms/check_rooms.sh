@@ -1,5 +1,6 @@
 #!/bin/sh
-# check_rooms.sh <root of the tree>: names the file and line of every include that goes up in the list docs/rooms.txt.
+# check_rooms.sh <root of the tree>: names the file and line of every include that goes up in the list docs/rooms.txt, or
+# from the library's house to the simulator's, or back.
 set -eu
 cd "$1"
 rooms=$(sed -n 's/^room //p' docs/rooms.txt)
@@ -12,9 +13,11 @@ outside=$(find . -path ./build -prune -o -name '*.[ch]pp' -print | sed 's|^\./||
   grep -vE "^($(echo $rooms | tr ' ' '|'))/|/precompiled\.hpp$") || true
 [ -z "$outside" ] || { echo "in no room: $outside"; exit 1; }
 # shellcheck disable=SC2086 # a folder a word
-grep -rnE --include='*.[ch]pp' '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' $rooms | sort -u | awk '
+grep -rnE --include='*.[ch]pp' '^[[:space:]]*#[[:space:]]*include[[:space:]]*["<]' $rooms |
+  sort -u | awk '
   FILENAME == "docs/rooms.txt" {
-    if ($1 == "room") place[$2] = ++count
+    if ($1 == "house") current = $2
+    if ($1 == "room") { place[$2] = ++count; house[$2] = current }
     if ($1 == "face") face[$2] = 1
     next
   }
@@ -26,12 +29,14 @@ grep -rnE --include='*.[ch]pp' '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' 
   {
     split($0, part, ":")
     included = $0
-    sub(/^[^"]*"/, "", included)
-    sub(/".*/, "", included)
+    sub(/^[^"<]*["<](\.\.\/)*/, "", included)
+    sub(/[">].*/, "", included)
     from = room(part[1])
     to = room(included)
-    if (to != "" && place[to] < place[from] && !(included in face)) {
-      print part[1] ":" part[2] ": " from " must not include from " to ", which is above it: " included
+    if (to == "" || from == "") next
+    strange = house[to] != house[from] && house[to] != "ground"
+    if (strange || (place[to] < place[from] && !(included in face))) {
+      print part[1] ":" part[2] ": " from " must not include from " to (strange ? "" : ", which is above it") ": " included
       wrong = 1
     }
   }
