@@ -35,7 +35,7 @@ struct BlockHeader {
 enum : int { blockHasCopyDispose = 1 << 25, blockHasSignature = 1 << 30 };
 
 template <class R, class... A>
-const char* blockSignature();
+constexpr const char* blockSignature();
 
 template <class Signature>
 class Block;
@@ -77,7 +77,7 @@ class Block<R(A...)> {
       BlockHeader header;
       F callable;
     };
-    static const BlockDescriptor descriptor{
+    static constexpr BlockDescriptor descriptor{
         0, sizeof(Literal),
         [](void* destination, const void* source) {
           new (&static_cast<Literal*>(destination)->callable)

@@ -151,7 +151,7 @@ Strong<T> make(A... arguments) {
 }
 
 template <class R, class... A>
-const char* blockSignature() {
+constexpr const char* blockSignature() {
   return blockTypes<R, A...>.text;
 }
 

@@ -18,6 +18,7 @@ find_path(device_c_headers _newlib_version.h PATHS /usr/include/newlib NO_DEFAUL
 
 set(device_compile_flags
     -std=c++23 -Os -fno-exceptions -fno-rtti -fvisibility=hidden -fvisibility-inlines-hidden -fno-threadsafe-statics
+    -ffp-contract=off
     -Wall -Wextra -Wshadow -Werror
     -nostdinc++ -nostdlibinc -isystem ${device_folder}/include -isystem ${device_cxx_headers}
     -isystem ${device_c_headers}
@@ -26,7 +27,9 @@ set(device_compile_flags
     # iOS 9's C++ library has no function for failed assertions.
     "-D_LIBCPP_VERBOSE_ABORT(...)=__builtin_trap()")
 
-set(device_target_arm64 -target arm64-apple-ios${device_system})
+# With unwind tables, so that an exception that the system raises below our frames reaches a handler above them; the
+# armv7 runtime needs none.
+set(device_target_arm64 -target arm64-apple-ios${device_system} -funwind-tables)
 # As Thumb the armv7 linker would break tail calls, virtual tables and exports.
 set(device_target_armv7 -target armv7-apple-ios${device_system} -marm -mcpu=cortex-a8 -mfpu=neon)
 

@@ -145,6 +145,19 @@ void readCommand(Bytes bytes, Bytes command, Slice& slice) {
   }
 }
 
+// FMADD and its kin; FMLA and FMLS of vectors, by vector and by element.
+bool fuses(uint32_t instruction) {
+  return (instruction & 0xff000000) == 0x1f000000 || (instruction & 0xbf20fc00) == 0x0e20cc00 ||
+         (instruction & 0xbf80b400) == 0x0f801000;
+}
+
+std::vector<uint64_t> fusedMultiplications(Bytes code, uint64_t address) {
+  std::vector<uint64_t> found;
+  for (ByteReader in(code); in.position() + 4 <= code.size(); address += 4)
+    if (fuses(in.take<uint32_t>())) found.push_back(address);
+  return found;
+}
+
 Slice readSlice(Bytes bytes) {
   Slice slice;
   slice.sizeInBytes = bytes.size();
@@ -169,6 +182,11 @@ Slice readSlice(Bytes bytes) {
     if (section.type == initialiserPointers)
       for (ByteReader words(part(bytes, section.offset, section.size)); !words.atEnd();)
         slice.initialisers.push_back(words.takeWord(slice.is64));
+  if (slice.architecture == "arm64")
+    for (const Section& section : slice.sections)
+      if (section.segment == "__TEXT" && section.name == "__text")
+        slice.fusedMultiplications =
+            fusedMultiplications(part(bytes, section.offset, section.size), section.address);
   return slice;
 }
 

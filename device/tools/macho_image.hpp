@@ -65,7 +65,8 @@ struct Slice {
   std::vector<Import> imports;
   std::vector<std::string> exports;
   std::vector<Symbol> symbols;
-  std::vector<uint64_t> initialisers;  // the pointers of __mod_init_func, in order
+  std::vector<uint64_t> initialisers;          // the pointers of __mod_init_func, in order
+  std::vector<uint64_t> fusedMultiplications;  // arm64: where an instruction multiplies and adds at once
 };
 
 constexpr uint32_t dynamicLibrary = 6;  // Slice::fileType

@@ -33,6 +33,8 @@ class Examination {
     checkInitialisers();
     checkSegments();
     checkSections();
+    checkGuards();
+    if (slice.architecture == "arm64") checkCode();
     if (slice.architecture == "armv7") checkLinkerFaults();
   }
 
@@ -145,6 +147,24 @@ class Examination {
       if (section.type == terminatorPointers) find("section {} runs code at unloading", section.name);
       if (section.type == initialiserOffsets) find("section {} is unknown before iOS 13.4", section.name);
     }
+  }
+
+  // A static that is made at its first use costs a look at every later one, and nothing of ours has to be.
+  void checkGuards() {
+    for (const Symbol& symbol : slice.symbols)
+      if (symbol.name.starts_with("__ZGV"))
+        find("symbol {}, a guard of a static made at run time", symbol.name);
+  }
+
+  // What armv7 cannot have: it unwinds without tables, and its processors round a product by itself.
+  void checkCode() {
+    if (std::ranges::none_of(slice.sections, [](const Section& section) {
+          return section.segment == "__TEXT" && section.name == "__unwind_info" && section.size > 0;
+        }))
+      find("no unwind tables: an exception that passes through ends the process");
+    for (uint64_t address : slice.fusedMultiplications)
+      find("a product and a sum in one instruction at {:#x}, which rounds otherwise than the desktop",
+           address);
   }
 
   void checkLinkerFaults() {

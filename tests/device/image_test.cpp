@@ -103,6 +103,27 @@ TEST(image, thread_local_data_is_found_on_armv7) {
   EXPECT_TRUE(contains(outcome.lines, "armv7: section __thread_vars, which this linker lays out wrongly"));
 }
 
+TEST(image, without_unwind_tables_is_found) {
+  expectFindings("no_unwind_tables",
+                 {"arm64: no unwind tables: an exception that passes through ends the process"});
+}
+
+TEST(image, static_made_at_run_time_is_found_in_both_slices) {
+  Outcome outcome = check("guarded_static");
+  EXPECT_EQ(outcome.status, 1);
+  for (std::string slice : {"armv7", "arm64"})
+    EXPECT_TRUE(contains(outcome.lines, slice + ": symbol __ZGVZN")) << slice;
+}
+
+TEST(image, products_that_do_not_round_by_themselves_are_found) {
+  Outcome outcome = check("fused");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.lines.size(), 4u);  // of two numbers, negated, of vectors, and by an element of one
+  for (const std::string& line : outcome.lines)
+    EXPECT_TRUE(line.starts_with("arm64: a product and a sum in one instruction at 0x")) << line;
+  EXPECT_EQ(check("multiplications").lines, Lines{});
+}
+
 TEST(image, build_for_a_later_system_is_found) {
   expectFindings(
       "later_system",

@@ -59,6 +59,21 @@ extern "C" __attribute__((weak_import)) int getpid();
 __attribute__((used)) int identify() { return getpid ? getpid() : 0; }
 #endif
 
+#ifdef MULTIPLICATIONS
+using Four = float __attribute__((vector_size(16)));
+__attribute__((used)) double scalar(double a, double b, double c) { return a * b + c; }
+__attribute__((used)) float negated(float a, float b, float c) { return -(a * b) - c; }
+__attribute__((used)) Four vector(Four a, Four b, Four c) { return a * b + c; }
+__attribute__((used)) Four element(Four a, Four b, Four c) { return c - a * b[1]; }
+#endif
+
+#ifdef GUARDED_STATIC
+__attribute__((used)) const void* guarded() {
+  static const void* const made = objc_getClass("NSString");
+  return made;
+}
+#endif
+
 #ifdef THREAD_LOCAL
 thread_local int depth = 1;
 __attribute__((used)) int deeper() { return ++depth; }
