@@ -4,6 +4,7 @@
 extern "C" {
 void free(void* memory);
 void* dlsym(void* handle, const char* name);
+int asprintf(char** text, const char* format, ...);
 }
 
 namespace bridge {
@@ -18,6 +19,58 @@ objc_method* ownMethod(Class cls, SEL selector) {
     if (sel_isEqual(method_getName(list[i]), selector)) found = list[i];
   free(list);
   return found;
+}
+
+SEL selectorOf(const Row& row) { return sel_registerName(row.method + 1); }
+
+void replaceIn(Class cls, const Row& row) {
+  SEL selector = selectorOf(row);
+  row.slot->selector = selector;
+  if (HookFunction hook = hookFunction())
+    hook(cls, selector, row.implementation(), &row.slot->previous);
+  else
+    replaceMethod(cls, selector, row.implementation(), *row.slot);
+}
+
+const char* together(const char* one, const char* other) {
+  char* both = nullptr;
+  return one && asprintf(&both, "%s, %s", one, other) > 0 ? both : other;
+}
+
+// Replaces what stands in for the row's method, where the class itself lacks that one; answers its name.
+const char* replaceSuccessors(Class cls, const Row* row, const Row* end) {
+  const char* names = nullptr;
+  if (ownMethod(cls, selectorOf(*row))) return names;
+  for (const Row* other = row + 1; other != end; ++other) {
+    if (other->wish != Wish::instead || !ownMethod(cls, selectorOf(*other))) continue;
+    replaceIn(cls, *other);
+    names = together(names, other->method);
+  }
+  return names;
+}
+
+const char* replaceIfThere(Class cls, const Row& row) {
+  if (!class_getInstanceMethod(cls, selectorOf(row))) return outcome::methodMissing;
+  replaceIn(cls, row);
+  return outcome::replaced;
+}
+
+// A row with those that belong to it, which end before `end`.
+Outcome carryOut(const Row* row, const Row* end) {
+  Outcome told = {row->className, row->method, outcome::classMissing, nullptr};
+  Class cls = objc_getClass(row->className);
+  if (row->method[0] == '+') cls = classOf(reinterpret_cast<id>(cls));
+  if (!cls) return told;
+  if (row->wish == Wish::added) {
+    bool lacked = class_addMethod(cls, selectorOf(*row), row->implementation(), row->types);
+    told.outcome = lacked ? outcome::added : outcome::refused;
+    return told;
+  }
+  told.successor = replaceSuccessors(cls, row, end);
+  told.outcome = told.successor ? outcome::successor : replaceIfThere(cls, *row);
+  for (const Row* other = row + 1; other != end; ++other)
+    if (other->wish == Wish::along) replaceIfThere(cls, *other);
+  return told;
 }
 
 }  // namespace
@@ -44,19 +97,18 @@ void replaceMethod(Class cls, SEL selector, IMP implementation, Slot& slot) {
   class_addMethod(cls, selector, implementation, method_getTypeEncoding(inherited));
 }
 
-void install(const Row& row) {
-  Class cls = objc_getClass(row.className);
-  if (row.ofClass) cls = classOf(reinterpret_cast<id>(cls));
-  if (!row.slot) {
-    if (cls) class_addMethod(cls, row.selector, row.implementation, row.types);
-    return;
+Outcome install(const Row& row) {
+  Outcome told;
+  install(&row, 1, &told);
+  return told;
+}
+
+void install(const Row* rows, size_t count, Outcome* outcomes) {
+  for (const Row *row = rows, *next; row != rows + count; row = next) {
+    next = row + 1;
+    while (next != rows + count && (next->wish == Wish::instead || next->wish == Wish::along)) ++next;
+    *outcomes++ = carryOut(row, next);
   }
-  row.slot->selector = row.selector;
-  if (!cls) return;
-  if (HookFunction hook = hookFunction())
-    hook(cls, row.selector, row.implementation, &row.slot->previous);
-  else
-    replaceMethod(cls, row.selector, row.implementation, *row.slot);
 }
 
 }  // namespace bridge

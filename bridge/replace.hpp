@@ -47,42 +47,93 @@ struct Original<Function, R (*)(Self, A...)> {
 template <auto Function>
 inline constexpr Original<Function> original{};
 
-// One row of a method table: a replacement (with a slot) or an addition (with a type string of its own).
+// "-name:" or "+name:".
+template <class D>
+inline constexpr auto signedName = Name("");
+template <Name Selector, class Signature>
+inline constexpr auto signedName<Method<Selector, Signature>> = Name("-") + Selector;
+template <Name ClassName, Name Selector, class Signature>
+inline constexpr auto signedName<ClassMethod<ClassName, Selector, Signature>> = Name("+") + Selector;
+
+// What a row of a method table asks for. The last two belong to the row before them, whose class they share:
+// a method to replace instead of the row's where the class itself lacks that one and has this one of its own,
+// and one to replace along with it, of which nothing is told.
+enum class Wish : uint8_t { replaced, added, instead, along };
+
+// The implementation is what the function answers: addresses of functions of other types are no constants.
 struct Row {
+  Wish wish;
   const char* className;
-  bool ofClass;
-  SEL selector;
+  const char* method;
   const char* types;
-  IMP implementation;
+  IMP (*implementation)();
   Slot* slot;
 };
 
 template <class T, auto Member, auto Function>
-Row replace() {
-  using D = Descriptor<Member>;
-  return {T::className.text,
-          isClassMethod<Member>,
-          D::selector(),
-          D::types(),
-          implementationOf<Member, Function>(),
+consteval Row replace() {
+  return {Wish::replaced,
+          T::className.text,
+          signedName<Descriptor<Member>>.text,
+          nullptr,
+          implementationOf<Member, Function>,
           &slot<Function>};
 }
 
 // `types` goes out as given on every platform.
 template <class T, auto Member, auto Function>
-Row add(const char* types) {
-  using D = Descriptor<Member>;
-  return {T::className.text,
-          isClassMethod<Member>,
-          D::selector(),
+consteval Row add(const char* types) {
+  return {Wish::added,
+          T::className.text,
+          signedName<Descriptor<Member>>.text,
           types,
-          implementationOf<Member, Function>(),
+          implementationOf<Member, Function>,
           nullptr};
 }
 
-// Installs a row, replacements through the process's hooking library when it has one. A class or method that
-// is not there leaves everything as it was.
-void install(const Row& row);
+template <auto Member, auto Function>
+consteval Row instead() {
+  return {Wish::instead,
+          nullptr,
+          signedName<Descriptor<Member>>.text,
+          nullptr,
+          implementationOf<Member, Function>,
+          &slot<Function>};
+}
+
+template <auto Member, auto Function>
+consteval Row along() {
+  return {Wish::along,
+          nullptr,
+          signedName<Descriptor<Member>>.text,
+          nullptr,
+          implementationOf<Member, Function>,
+          &slot<Function>};
+}
+
+namespace outcome {
+inline constexpr char replaced[] = "replaced";
+inline constexpr char added[] = "added";
+inline constexpr char refused[] = "refused";  // the class has a method of its own where one was to be added
+inline constexpr char successor[] = "successor";
+inline constexpr char classMissing[] = "class missing";
+inline constexpr char methodMissing[] = "method missing";
+}  // namespace outcome
+
+// What became of a row, in plain C: one of the words above, and what was replaced instead, or null. Where
+// these are two methods, both are named, with a comma between them.
+struct Outcome {
+  const char* className;
+  const char* method;
+  const char* outcome;
+  const char* successor;
+};
+
+// Installs rows in their order, replacements through the process's hooking library when it has one, and tells
+// what became of each, those left out that belong to others. Methods that the class has not, itself or from
+// its parents, are not handed to that library: some end the process then.
+void install(const Row* rows, size_t count, Outcome* outcomes);
+Outcome install(const Row& row);
 
 // Replaces a method without a hooking library. A method that `cls` inherits is added to `cls`, its parent
 // keeps its own.

@@ -34,8 +34,8 @@ bridge::Strong<NSObject> initController(SBIconController self) {
 // The first start shows no notice; the panel has its own.
 void viewDidAppear(SBIconController self, BOOL animated) { original<viewDidAppear>(self, animated); }
 
-void didRotateFromInterfaceOrientation(SBIconController self, NSInteger previous) {
-  original<didRotateFromInterfaceOrientation>(self, previous);
+void didRotate(SBIconController self, NSInteger previous) {
+  original<didRotate>(self, previous);
   if (getDeviceType() != UIUserInterfaceIdiomPad) return;
   SBLockScreenViewController lockScreen = SBLockScreenManager::sharedInstance().lockScreenViewController();
   NSInteger preset = settings().count(keys::preset);

@@ -9,6 +9,6 @@ namespace tilo::hooks {
 bridge::Strong<NSObject> initController(SBIconController self);
 void viewDidAppear(SBIconController self, BOOL animated);
 // `previous` is the orientation that the device has left.
-void didRotateFromInterfaceOrientation(SBIconController self, NSInteger previous);
+void didRotate(SBIconController self, NSInteger previous);
 
 }  // namespace tilo::hooks

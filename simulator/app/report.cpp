@@ -12,6 +12,7 @@
 #include "platform/uikit/orientation.hpp"
 #include "simulator/app/alert_report.hpp"
 #include "simulator/app/home_screen_report.hpp"
+#include "simulator/app/hooks_report.hpp"
 #include "simulator/app/hud_report.hpp"
 #include "simulator/app/panel_report.hpp"
 #include "simulator/app/simulation.hpp"
@@ -25,10 +26,6 @@
 
 namespace sim {
 namespace {
-
-Json hooks(const Simulation& simulation) {
-  return {{"replaced", simulation.replacedMethods()}, {"added", simulation.addedMethods()}};
-}
 
 Json iconSupport() {
   Json extensions = plain(ISIconSupport::sharedInstance().extensions());
@@ -94,7 +91,7 @@ Json makeReport(Simulation& simulation) {
       {"pages", reportPages()},
       {"classRows", static_cast<NSInteger>(SBIconListView::iconRowsForInterfaceOrientation(portrait))},
       {"classColumns", static_cast<NSInteger>(SBIconListView::iconColumnsForInterfaceOrientation(portrait))},
-      {"hooks", hooks(simulation)},
+      {"hooks", reportHooks(simulation.library())},
       {"iconSupport", iconSupport()},
       {"folder", reportFolder()},
       {"dock", reportDock()},

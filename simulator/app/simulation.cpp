@@ -4,16 +4,12 @@
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 
-#include "bridge/runtime.hpp"
 #include "simulator/app/preference_file.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/foundation.hpp"
-#include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/threads.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
@@ -56,27 +52,6 @@ uikit::Configuration configurationOf(const Options& options) {
   configuration.orientation = springboard::asInterfaceOrientation(
       device.homeScreenTurns ? options.orientation : Orientation::portrait);
   return configuration;
-}
-
-// SpringBoard's classes whose methods the library replaces or adds to.
-constexpr std::array springboardClasses{
-    "SBIconImageView",    "SBIconListView",        "SBFolderIconListView", "SBRootIconListView",
-    "SBUIController",     "SBIconListPageControl", "SBIconLabelImage",     "SBIconLabelImageParameters",
-    "SBDockIconListView", "SBIconScrollView",      "SBIconController",     "SBDockView"};
-
-int ownMethods(Class cls) {
-  unsigned int count = 0;
-  std::free(class_copyMethodList(cls, &count));
-  return static_cast<int>(count);
-}
-
-int springboardMethods() {
-  int count = 0;
-  for (const char* name : springboardClasses) {
-    Class cls = objc_getClass(name);
-    count += ownMethods(cls) + ownMethods(bridge::classOf(reinterpret_cast<id>(cls)));
-  }
-  return count;
 }
 
 fs::path libraryFile(const Options& options) { return options.library.value_or(beside("libTilo.so")); }
@@ -151,12 +126,10 @@ void Simulation::installLibraries() {
 
 // As the injection loaders do it.
 void Simulation::loadLibrary() {
-  int before = springboardMethods();
   std::string path = std::string(libraryFolder(options.loader)) + "/Tilo.dylib";
   image = dlopen(path.c_str(), RTLD_LAZY | RTLD_GLOBAL);
   if (!image)
     throw UsageError("the library '" + libraryFile(options).string() + "' cannot be loaded: " + dlerror());
-  added = springboardMethods() - before - hookCount().inherited;
 }
 
 void Simulation::start() {
@@ -164,8 +137,6 @@ void Simulation::start() {
   springboard::start({.pages = options.pages, .icons = options.icons.value_or(-1)});
   settle();
 }
-
-int Simulation::replacedMethods() const { return hookCount().replaced; }
 
 void Simulation::rotate(Orientation to) {
   Orientation from = springboard::orientation();

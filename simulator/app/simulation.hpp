@@ -29,9 +29,6 @@ class Simulation {
 
   // What the loader got for the library; null without one.
   void* library() const { return image; }
-  // How many methods the library replaced, and how many it added to SpringBoard's classes.
-  int replacedMethods() const;
-  int addedMethods() const { return added; }
 
   void rotate(Orientation to);
   void lock();
@@ -52,7 +49,6 @@ class Simulation {
   FileSystem files;
   appsupport::Messages messages;
   void* image = nullptr;
-  int added = 0;
 };
 
 }  // namespace sim

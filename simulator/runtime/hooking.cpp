@@ -1,5 +1,8 @@
-// MSHookMessageEx as the library expects it of the process it is loaded into.
+// MSHookMessageEx, as strict as the strictest hooking library: a method that is not there ends the process.
 #include "simulator/runtime/hooking.hpp"
+
+#include <cstdio>
+#include <cstdlib>
 
 #include "bridge/replace.hpp"
 #include "simulator/runtime/export.hpp"
@@ -7,23 +10,25 @@
 namespace sim {
 namespace {
 
-HookCount count;
+int replaced = 0;
 
 }  // namespace
 
-const HookCount& hookCount() { return count; }
+int replacedMethods() { return replaced; }
 
 }  // namespace sim
 
-// An unknown class or selector leaves `previous` as it was, as the real one does.
 SIMULATOR_EXPORT void MSHookMessageEx(Class cls, SEL selector, IMP implementation, IMP* previous) {
   if (!cls || !selector || !implementation) return;
-  bridge::Slot slot;
+  objc_method* known = class_getInstanceMethod(cls, selector);
+  if (!known) {
+    std::fprintf(stderr, "MSHookMessageEx: %s has no method '%s'\n", class_getName(cls),
+                 sel_getName(selector));
+    std::abort();
+  }
   // The previous implementation is in place before the new one can run.
-  if (objc_method* known = class_getInstanceMethod(cls, selector); known && previous)
-    *previous = method_getImplementation(known);
+  if (previous) *previous = method_getImplementation(known);
+  bridge::Slot slot;
   bridge::replaceMethod(cls, selector, implementation, slot);
-  if (!slot.previous && !slot.above) return;
-  ++sim::count.replaced;
-  if (slot.above) ++sim::count.inherited;
+  ++sim::replaced;
 }

@@ -3,13 +3,7 @@
 
 namespace sim {
 
-// How many methods have been replaced through MSHookMessageEx, and how many of these the class had only
-// inherited.
-struct HookCount {
-  int replaced = 0;
-  int inherited = 0;
-};
-
-const HookCount& hookCount();
+// How many methods have been replaced through MSHookMessageEx.
+int replacedMethods();
 
 }  // namespace sim

@@ -45,12 +45,12 @@ TEST(HookingLibrary, ReplacesEveryMethod) {
   auto fish = Asking::make<Asking::Fish>();
   IMP before = class_getMethodImplementation(Asking::FishClass::cls, sel_registerName("age"));
   asked.clear();
-  auto row = replace<Asking::Fish, &Asking::Animal::age, asksAge>();
+  constexpr auto row = replace<Asking::Fish, &Asking::Animal::age, asksAge>();
   install(row);
   ASSERT_EQ(asked.size(), 1u);
   EXPECT_EQ(asked[0].cls, Asking::FishClass::cls);
   EXPECT_EQ(asked[0].selector, "age");
-  EXPECT_EQ(asked[0].implementation, row.implementation);
+  EXPECT_EQ(asked[0].implementation, row.implementation());
   EXPECT_EQ(asked[0].previous, &bridge::slot<asksAge>.previous);
   EXPECT_EQ(bridge::slot<asksAge>.previous, before);
   EXPECT_EQ(fish->age(), 8);
@@ -74,6 +74,15 @@ int nowheresAge(Nowhere self) { return original<nowheresAge>(self); }
 TEST(HookingLibrary, IsNotAskedForAMissingClass) {
   asked.clear();
   install(replace<Nowhere, &Nowhere::age, nowheresAge>());
+  EXPECT_TRUE(asked.empty());
+}
+
+using Lacking = Animals<"Lacking">;
+int lacksFlying(Lacking::Animal self) { return original<lacksFlying>(self); }
+TEST(HookingLibrary, IsNotAskedForAMissingMethod) {
+  Lacking::define();
+  asked.clear();
+  install(replace<Lacking::Animal, &Lacking::Animal::fly, lacksFlying>());
   EXPECT_TRUE(asked.empty());
 }
 

@@ -318,13 +318,12 @@ TEST(Addition, ToAMissingClassDoesNothing) {
 }
 
 TEST(Row, TellsWhatItInstalls) {
-  Row row = replace<Own::Animal, &Own::Animal::age, ageDoubled>();
+  constexpr Row row = replace<Own::Animal, &Own::Animal::age, ageDoubled>();
   EXPECT_STREQ(row.className, "AnimalOwn");
-  EXPECT_FALSE(row.ofClass);
-  EXPECT_TRUE(sel_isEqual(row.selector, sel_registerName("age")));
-  EXPECT_STREQ(row.types, "i@:");
+  EXPECT_STREQ(row.method, "-age");
   EXPECT_EQ(row.slot, &bridge::slot<ageDoubled>);
-  EXPECT_TRUE((replace<OfClass::Animal, &OfClass::Animal::legs, morelegs>().ofClass));
+  EXPECT_STREQ((replace<OfClass::Animal, &OfClass::Animal::legs, morelegs>().method), "+legs");
+  EXPECT_STREQ((replace<Argument::Animal, &Argument::Animal::agePlus, onePlusAge>().method), "-agePlus:");
   EXPECT_EQ((add<Own::Animal, &Own::Animal::fly, ageDoubled>("B@:").slot), nullptr);
   EXPECT_STREQ((add<Own::Animal, &Own::Animal::fly, ageDoubled>("B@:").types), "B@:");
 }

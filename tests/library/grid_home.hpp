@@ -54,10 +54,10 @@ inline sim::Json stockReport(std::vector<std::string> options) {
 // `Function` answers T's method from now on; `bridge::original<Function>` is what it answered before.
 template <class T, auto Member, auto Function>
 void standIn() {
-  bridge::Row row = bridge::replace<T, Member, Function>();
-  Class cls = objc_getClass(row.className);
-  if (row.ofClass) cls = bridge::classOf(reinterpret_cast<id>(cls));
-  bridge::replaceMethod(cls, row.selector, row.implementation, *row.slot);
+  Class cls = bridge::classNamed<T>();
+  if (bridge::isClassMethod<Member>) cls = bridge::classOf(reinterpret_cast<id>(cls));
+  bridge::replaceMethod(cls, bridge::Descriptor<Member>::selector(),
+                        bridge::implementationOf<Member, Function>(), bridge::slot<Function>);
 }
 
 inline Class metaclassOf(Class cls) { return bridge::classOf(reinterpret_cast<id>(cls)); }

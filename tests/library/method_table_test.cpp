@@ -179,11 +179,49 @@ TEST(MethodTable, AddsNoMethodThatSpringBoardHasAlready) {
     class_addMethod(bridge::classNamed<SBIconScrollView>(), Layout::selector(),
                     reinterpret_cast<IMP>(&ownLayout), "v@:@");
   });
-  EXPECT_EQ(home.report()["hooks"], (sim::Json{{"replaced", replacements()}, {"added", additions() - 1}}));
+  sim::Json hooks = home.report()["hooks"];
+  EXPECT_EQ(hooks["replaced"], replacements());
+  EXPECT_EQ(hooks["added"], additions() - 1);
+  for (const sim::Json& row : hooks["rows"])
+    if (row["method"] == "-layout:") EXPECT_EQ(row["outcome"], "refused");
   Layout::send(bridge::allocate<SBIconScrollView>().get().raw, {});
   home.step("wait 1");
   EXPECT_EQ(ownLayouts, 1);
   EXPECT_EQ(home.report()["relayouts"], sim::Json::array());
+}
+
+TEST(MethodTable, TellsWhatBecameOfEachRowInItsOrder) {
+  Home home;
+  sim::Json rows = sim::Json::array();
+  for (const Row& row : table)
+    rows.push_back({{"class", row.className},
+                    {"method", (row.ofClass ? "+" : "-") + std::string(row.selector)},
+                    {"outcome", row.addedTypes ? "added" : "replaced"},
+                    {"successor", nullptr}});
+  EXPECT_EQ(home.report()["hooks"]["rows"], rows);
+}
+
+// What the library exports for whoever wants to know, as C reads it.
+struct Outcome {
+  const char* className;
+  const char* method;
+  const char* outcome;
+  const char* successor;
+};
+
+TEST(MethodTable, IsToldInAnExportedArrayThatAnEmptyRowEnds) {
+  Home home;
+  auto* told = static_cast<const Outcome*>(dlsym(RTLD_DEFAULT, "hookOutcomes"));
+  ASSERT_TRUE(told);
+  for (const Row& row : table) {
+    EXPECT_STREQ(told->className, row.className);
+    EXPECT_EQ(told->method, (row.ofClass ? "+" : "-") + std::string(row.selector));
+    ++told;
+  }
+  EXPECT_EQ(told->className, nullptr);
+  EXPECT_EQ(told->method, nullptr);
+  EXPECT_EQ(told->outcome, nullptr);
+  EXPECT_EQ(told->successor, nullptr);
 }
 
 // Everything that decides which classes, files and loaders there are.
@@ -193,7 +231,8 @@ TEST_P(MethodTableEverywhere, IsInstalledWhole) {
   Home home(GetParam());
   sim::Json report = home.report();
   EXPECT_EQ(report["loaded"], true);
-  EXPECT_EQ(report["hooks"], (sim::Json{{"replaced", replacements()}, {"added", additions()}}));
+  EXPECT_EQ(report["hooks"]["replaced"], replacements());
+  EXPECT_EQ(report["hooks"]["added"], additions());
   EXPECT_EQ(report["console"].size(), 2);
   EXPECT_EQ(report["preferences"].size(), 20);
 }
@@ -212,7 +251,7 @@ TEST(MethodTable, IsNotThereWithoutTheLibrary) {
   Home home({"--stock"});
   sim::Json report = home.report();
   EXPECT_EQ(report["loaded"], false);
-  EXPECT_EQ(report["hooks"], (sim::Json{{"replaced", 0}, {"added", 0}}));
+  EXPECT_EQ(report["hooks"], (sim::Json{{"replaced", 0}, {"added", 0}, {"rows", sim::Json::array()}}));
   EXPECT_EQ(report["console"], sim::Json::array());
   EXPECT_EQ(report["preferences"], nullptr);
   EXPECT_EQ(report["presets"], nullptr);

@@ -44,7 +44,7 @@ Progress progress() {
   using Layout = bridge::Descriptor<&SBIconScrollView::layout>;
   Class scrollView = bridge::classNamed<SBIconScrollView>();
   return {test::stateOf(*device, test::preferencesPath).exists,
-          test::stateOf(*device, test::presetsPath).exists, sim::console().size(), sim::hookCount().replaced,
+          test::stateOf(*device, test::presetsPath).exists, sim::console().size(), sim::replacedMethods(),
           class_getInstanceMethod(scrollView, Layout::selector()) != nullptr};
 }
 
@@ -65,7 +65,7 @@ void watchDescriptions(sim::Simulation& simulation) {
 
 TEST(StartUp, SeedsThenLogsThenInstallsMethodsThenMakesTheGestureController) {
   Home home({}, watchDescriptions);
-  int replaced = sim::hookCount().replaced;
+  int replaced = sim::replacedMethods();
   ASSERT_GT(replaced, 0);
   ASSERT_EQ(descriptions.size(), 2u);
   EXPECT_EQ(

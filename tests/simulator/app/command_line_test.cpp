@@ -122,7 +122,7 @@ TEST(Orientation, IsTheOneOfTheStart) {
 TEST(Stock, LoadsNoLibrary) {
   Json report = reportOf({"--stock"});
   EXPECT_EQ(report["loaded"], false);
-  EXPECT_EQ(report["hooks"], Json({{"replaced", 0}, {"added", 0}}));
+  EXPECT_EQ(report["hooks"], Json({{"replaced", 0}, {"added", 0}, {"rows", Json::array()}}));
   EXPECT_EQ(report["framing"], nullptr);
   EXPECT_EQ(report["preferences"], nullptr);
   EXPECT_EQ(report["presets"], nullptr);
