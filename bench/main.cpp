@@ -1,5 +1,6 @@
 // Costs, stock and with the library, in one run: build/tilo-bench.
 #include "bench/home_screen.hpp"
+#include "simulator/product/product.hpp"
 
 namespace bench {
 
@@ -7,7 +8,7 @@ sim::Simulation& simulation() {
   static const char* arguments[] = {"tilo-bench",       "--set", "enabled=YES",          "--set",
                                     "custom_preset=-1", "--set", "vertIconPadding=12.0", "--set",
                                     "quick=YES"};
-  static auto& only = *new sim::Simulation(sim::parseOptions(9, arguments));
+  static auto& only = *new sim::Simulation(sim::parseOptions(9, arguments), sim::product::program());
   return only;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/uikit/application.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/device/clock.hpp"
+#include "simulator/product/product.hpp"
 #include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 
@@ -14,7 +15,7 @@ constexpr double frame = 1.0 / 60;      // seconds
 constexpr double springDuration = 0.4;  // of the panel's way in
 
 void step(const char* line) {
-  sim::perform(started(), *sim::parseStep(line, "bench", ".", sim::stepTable()));
+  sim::perform(started(), *sim::parseStep(line, "bench", ".", sim::product::program().steps));
 }
 
 bool panelIsShown() {

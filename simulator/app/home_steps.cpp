@@ -1,9 +1,8 @@
 // Icons are tapped where they are; the home button leaves the nearest thing that can be left.
-#include "simulator/app/home_steps.hpp"
-
 #include <string>
 
 #include "platform/springboard/icon_controller.hpp"
+#include "simulator/app/steps.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
@@ -11,7 +10,10 @@
 #include "simulator/springboard/folder.hpp"
 #include "simulator/time/run_loop.hpp"
 
-namespace sim::steps {
+namespace sim {
+namespace {
+
+using S = Shape;
 
 void launch(Simulation&, const Step& step) {
   const std::string& name = step.text(0);
@@ -41,4 +43,20 @@ void edit(Simulation&, const Step&) {
   settle();
 }
 
-}  // namespace sim::steps
+constexpr StepRow rows[] = {
+    {"launch", {{S::name}}, {}, launch, "taps the icon; the application opens while time passes", "0.05 s"},
+    {"open", {{S::name}}, {}, open, "taps the folder, which opens while time passes", "0.05 s"},
+    {"home",
+     {},
+     {},
+     home,
+     "the home button: leaves the application, closes the folder, or ends editing",
+     "none"},
+    {"edit", {}, {}, edit, "the home screen's editing mode, until `home`", "none"},
+};
+
+}  // namespace
+
+StepTable homeSteps() { return rows; }
+
+}  // namespace sim

@@ -1,14 +1,17 @@
 // The report: what a program can read of the home screen at one moment.
 #pragma once
 
-#include "simulator/app/report_values.hpp"
+#include <span>
+
+#include "simulator/app/program.hpp"
 
 namespace sim {
 
-class Simulation;
+/** The keys that any home screen has. */
+std::span<const ReportRow> homeScreenReport();
 
-// Lists are asked by the messages that SpringBoard itself sends them; frames, alphas and colours are those on
-// screen.
+/** Lists are asked by the messages that SpringBoard itself sends them; frames, alphas and colours are those
+ * on screen. */
 Json makeReport(Simulation& simulation);
 
 }  // namespace sim

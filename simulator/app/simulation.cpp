@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "simulator/app/preference_file.hpp"
+#include "bridge/runtime.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/foundation.hpp"
 #include "simulator/runtime/threads.hpp"
@@ -24,10 +24,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* presetsPath = "/var/mobile/Documents/com.wexor.tilo3/custom/config.json";
 constexpr const char* iconSupportPath = "/Library/MobileSubstrate/DynamicLibraries/IconSupport.dylib";
 
-fs::path beside(const char* name) { return fs::canonical("/proc/self/exe").parent_path() / name; }
+fs::path beside(const std::string& name) { return fs::canonical("/proc/self/exe").parent_path() / name; }
 
 // Assumed: when page controls began to name the page whose dot they show.
 constexpr Version indexedPageDotsSince{10};
@@ -54,8 +53,6 @@ uikit::Configuration configurationOf(const Options& options) {
   return configuration;
 }
 
-fs::path libraryFile(const Options& options) { return options.library.value_or(beside("libTilo.so")); }
-
 // In place of whatever an earlier run left in a kept root.
 void installLibrary(const fs::path& library, const fs::path& place) {
   if (!fs::exists(library)) throw UsageError("no library '" + library.string() + "'");
@@ -77,16 +74,16 @@ fs::path rootOf(const Options& options, std::optional<TemporaryRoot>& temporary)
 
 }  // namespace
 
-Simulation::Simulation(const Options& given)
+Simulation::Simulation(const Options& given, const Program& made)
     : options(given),
+      tables(made),
       model(*given.device),
       files(rootOf(given, temporary), given.loader),
       messages(files.root()) {
   prepareFoundation();
   watchThreads();
   appsupport::defineMessagingCenter();
-  putPreferences();
-  putPresets();
+  if (made.prepare) made.prepare(*this);
   installLibraries();
   springboard::useDevice(model, options.ios);
   uikit::configure(configurationOf(options));
@@ -94,29 +91,23 @@ Simulation::Simulation(const Options& given)
   springboard::defineClasses();
 }
 
-void Simulation::putPreferences() {
-  fs::path place = files.hostPath("/var/mobile/Library/Preferences/com.wexor.tilo.plist");
-  if (options.settings.empty()) {
-    if (!options.prefs) return;
-    checkPreferenceFile(options.prefs->string());
-    fs::copy_file(*options.prefs, place, fs::copy_options::overwrite_existing);
-    return;
-  }
-  writePreferenceFile(place.string(), options.prefs ? options.prefs->string() : "", options.settings);
+// None with `--stock`, and where there is none to load.
+fs::path Simulation::libraryFile() const {
+  if (options.stock) return {};
+  if (options.library) return *options.library;
+  return tables.library.empty() ? fs::path() : beside(tables.library);
 }
 
-void Simulation::putPresets() {
-  if (!options.presets) return;
-  fs::path place = files.hostPath(presetsPath);
-  fs::create_directories(place.parent_path());
-  fs::copy_file(*options.presets, place, fs::copy_options::overwrite_existing);
+fs::path Simulation::installedLibrary() const {
+  const std::string own = libraryFile().stem().string() + ".dylib";
+  return fs::path(libraryFolder(options.loader)) / (tables.installedAs.empty() ? own : tables.installedAs);
 }
 
 void Simulation::installLibraries() {
-  if (!options.stock) {
-    const fs::path folder = files.hostPath(libraryFolder(options.loader));
-    installLibrary(libraryFile(options), folder / "Tilo.dylib");
-    installBundle(beside("Tilo_Main.bundle"), folder / "Tilo_Main.bundle");
+  if (const fs::path library = libraryFile(); !library.empty()) {
+    const fs::path place = files.hostPath(installedLibrary().string());
+    installLibrary(library, place);
+    if (!tables.bundle.empty()) installBundle(beside(tables.bundle), place.parent_path() / tables.bundle);
   }
   if (options.iconSupport)
     installLibrary(beside("libIconSupport.so"), files.hostPath(iconSupportPath));
@@ -126,14 +117,12 @@ void Simulation::installLibraries() {
 
 // As the injection loaders do it.
 void Simulation::loadLibrary() {
-  std::string path = std::string(libraryFolder(options.loader)) + "/Tilo.dylib";
-  image = dlopen(path.c_str(), RTLD_LAZY | RTLD_GLOBAL);
-  if (!image)
-    throw UsageError("the library '" + libraryFile(options).string() + "' cannot be loaded: " + dlerror());
+  image = dlopen(installedLibrary().c_str(), RTLD_LAZY | RTLD_GLOBAL);
+  if (!image) throw UsageError("the library '" + libraryFile().string() + "' cannot be loaded: " + dlerror());
 }
 
 void Simulation::start() {
-  if (!options.stock) loadLibrary();
+  if (!libraryFile().empty()) loadLibrary();
   springboard::start({.pages = options.pages, .icons = options.icons.value_or(-1)});
   settle();
 }

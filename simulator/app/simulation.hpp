@@ -1,10 +1,12 @@
 // A simulated device with its home screen, from power-on to the last step.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
 #include "simulator/app/options.hpp"
+#include "simulator/app/program.hpp"
 #include "simulator/appsupport/messaging_center.hpp"
 #include "simulator/device/catalogue.hpp"
 #include "simulator/device/file_system.hpp"
@@ -17,8 +19,8 @@ namespace sim {
 class Simulation {
  public:
   // The device's file system, Foundation and SpringBoard's classes; nothing is loaded or shown yet.
-  // Throws UsageError for what the options get wrong.
-  explicit Simulation(const Options& options);
+  // The program outlives it. Throws UsageError for what the options get wrong.
+  Simulation(const Options& options, const Program& program);
 
   // Loads the library, unless the options leave it out, and starts SpringBoard.
   void start();
@@ -26,6 +28,7 @@ class Simulation {
   FileSystem& fileSystem() { return files; }
   const Device& device() const { return model; }
   const Options& startOptions() const { return options; }
+  const Program& program() const { return tables; }
 
   // What the loader got for the library; null without one.
   void* library() const { return image; }
@@ -38,12 +41,13 @@ class Simulation {
   void report(const std::string& file);
 
  private:
-  void putPreferences();
-  void putPresets();
+  std::filesystem::path libraryFile() const;
+  std::filesystem::path installedLibrary() const;  // a path of the device
   void installLibraries();
   void loadLibrary();
 
   const Options options;
+  const Program& tables;
   const Device& model;
   std::optional<TemporaryRoot> temporary;
   FileSystem files;

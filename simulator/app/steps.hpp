@@ -1,13 +1,14 @@
-// Doing what a script says.
+// The steps of any home screen's script, each group with its table, and doing one.
 #pragma once
 
-#include "simulator/app/simulation.hpp"
 #include "simulator/input/script.hpp"
 
 namespace sim {
 
-// Every step that there is.
-StepTable stepTable();
+StepTable deviceSteps();
+StepTable touchSteps();
+StepTable homeSteps();
+StepTable alertSteps();
 
 // Time passes as long as the step takes. Throws UsageError, beginning with the step's place, when the step
 // cannot be done.

@@ -1,22 +1,20 @@
 // The steps that are made by fingers.
-#include "simulator/app/touch_steps.hpp"
-
 #include <algorithm>
 
+#include "simulator/app/steps.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
-#include "simulator/input/panel.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 
-namespace sim::steps {
+namespace sim {
 namespace {
+
+using S = Shape;
 
 constexpr double usualDrag = 0.5;    // seconds, where a step does not say
 constexpr double fingersApart = 20;  // points between the fingers of a two-finger tap
 
 CGPoint pointAt(const Step& step, std::size_t index) { return {step.number(index), step.number(index + 1)}; }
-
-}  // namespace
 
 void swipe(Simulation&, const Step& step) {
   const std::string& word = step.text(0);
@@ -60,6 +58,47 @@ void finger(Simulation&, const Step& step) {
   input::fingerUp(number, pointAt(step, 2));
 }
 
-void page(Simulation&, const Step& step) { input::turnToPage(step.text(0) == "0" ? 0 : 1); }
+constexpr StepRow rows[] = {
+    {"swipe",
+     {{S::direction}},
+     {{{S::direction, S::coordinate, S::coordinate}}},
+     swipe,
+     "one finger flicks, from the middle of the screen or from there",
+     "0.15 s"},
+    {"tap",
+     {{S::name}},
+     {{{S::coordinate, S::coordinate}}},
+     tap,
+     "one finger taps on the visible thing of that name, or there",
+     "0.05 s"},
+    {"two-finger-tap",
+     {},
+     {{{S::coordinate, S::coordinate}}},
+     twoFingerTap,
+     "two fingers; without a place near the middle, where no icon is",
+     "0.05 s"},
+    {"press",
+     {{S::force}},
+     {{{S::force, S::coordinate, S::coordinate}}},
+     press,
+     "a touch that rises to that force in several moves, and lifts; the same place",
+     "0.3 s"},
+    {"drag",
+     {{S::coordinate, S::coordinate, S::coordinate, S::coordinate}},
+     {{{S::coordinate, S::coordinate, S::coordinate, S::coordinate, S::seconds}}},
+     drag,
+     "one finger, in 60 Hz moves",
+     "as said, or 0.5 s"},
+    {"finger",
+     {{S::finger, S::phase, S::coordinate, S::coordinate}},
+     {{{S::finger, S::phase, S::coordinate, S::coordinate, S::force}}},
+     finger,
+     "one of several fingers, by hand",
+     "none"},
+};
 
-}  // namespace sim::steps
+}  // namespace
+
+StepTable touchSteps() { return rows; }
+
+}  // namespace sim

@@ -10,9 +10,6 @@
 
 namespace sim::appsupport {
 
-/** The centre that the library serves in SpringBoard. */
-inline constexpr std::string_view settingsCentre = "com.wexor.tilo3.preferences.updated";
-
 enum class Outcome {
   delivered,  // its handler has returned
   dropped,    // the home screen has nobody for messages of this name

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <map>
 #include <vector>
 
 #include "bridge/runtime.hpp"
@@ -47,10 +48,15 @@ bool isCloseBox(UIView view) {
 }
 
 // Things without words of their own, as people call them.
+std::map<std::string, std::string, std::less<>>& glyphs() {
+  static auto& names = *new std::map<std::string, std::string, std::less<>>();
+  return names;
+}
+
 bool isCalled(UILabel label, std::string_view name) {
-  constexpr std::string_view circledChevronUp = "\uF139";  // of Font Awesome
+  const auto glyph = glyphs().find(name);
   const NSString text = label.text();
-  return name == "collapse" && text && withoutSpaces(text.UTF8String()) == circledChevronUp;
+  return glyph != glyphs().end() && text && withoutSpaces(text.UTF8String()) == glyph->second;
 }
 
 std::string textOf(NSString text) { return text ? withoutGlyphs(text.UTF8String()) : ""; }
@@ -156,6 +162,8 @@ std::string withoutGlyphs(std::string_view text) {
   }
   return std::string(withoutSpaces(kept));
 }
+
+void callGlyph(std::string glyph, std::string name) { glyphs()[std::move(name)] = std::move(glyph); }
 
 CGPoint findNamed(std::string_view name) {
   const std::vector<UIWindow> windows = uikit::windows();

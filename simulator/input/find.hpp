@@ -13,11 +13,12 @@ namespace sim::input {
 /**
  * Where to tap what bears that name, in points of the screen as it is turned. An icon bears its label, a
  * control the text of the labels within it, a label its own; icon-font glyphs, and the spaces that they leave
- * at either end, do not count. A close box is called "close", a button that bears Font Awesome's circled
- * chevron alone "collapse". Throws UsageError that says why when there is none, or when it is hidden, not
+ * at either end, do not count. A close box is called "close", a button that bears a glyph alone as
+ * `callGlyph` has it. Throws UsageError that says why when there is none, or when it is hidden, not
  * on the screen, cut off by what it lies in, disabled or covered.
  */
 CGPoint findNamed(std::string_view name);
+void callGlyph(std::string glyph, std::string name);
 /** The same among these views and what is in them. */
 CGPoint findNamed(std::string_view name, const std::vector<UIView>& trees);
 /** The middle of a view where it can be tapped; otherwise throws UsageError that says why not, and calls it

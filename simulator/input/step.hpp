@@ -1,4 +1,4 @@
-// A step of a script: what it takes and what it does. The table of all steps is simulator/app/steps.cpp.
+// A step of a script: what it takes and what it does.
 #pragma once
 
 #include <array>

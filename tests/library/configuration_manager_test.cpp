@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "bridge/replace.hpp"
-#include "simulator/app/preference_file.hpp"
+#include "simulator/product/start_files.hpp"
 #include "tests/library/device_files.hpp"
 #include "tests/library/key_value.hpp"
 
@@ -26,7 +26,7 @@ bridge::Strong<ConfigurationManager> another() {
 // As another process writes the domain: the file alone changes.
 void writeElsewhere(Home& home, const std::vector<sim::Setting>& values) {
   std::string file = home.file(test::preferencesPath);
-  sim::writePreferenceFile(file, file, values);
+  sim::product::writePreferenceFile(file, file, values);
 }
 
 TEST(ConfigurationManager, IsOneObject) {

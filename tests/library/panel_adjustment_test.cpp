@@ -4,7 +4,7 @@
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/application.hpp"
 #include "simulator/device/usage_error.hpp"
-#include "simulator/input/rows.hpp"
+#include "simulator/product/rows.hpp"
 #include "tests/library/key_value.hpp"
 #include "tests/library/panel_home.hpp"
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/foundation/notification_center.hpp"
-#include "simulator/input/rows.hpp"
+#include "simulator/product/rows.hpp"
 #include "tests/library/key_value.hpp"
 #include "tests/library/panel_home.hpp"
 
@@ -15,7 +15,7 @@ double alpha(PanelHome& home) { return home.shown()["alpha"]; }
 
 // A press of the plus button, up to the moment at which the finger lifts.
 void press(PanelHome& home, const char* caption = "Top Inset") {
-  sim::input::Row row = sim::input::rowNamed(caption);
+  sim::product::Row row = sim::product::rowNamed(caption);
   CGPoint place = placeOf(row, row.plus, "plus button");
   home.step("tap " + std::to_string(place.x) + " " + std::to_string(place.y));
 }
@@ -102,7 +102,7 @@ TEST(PanelFading, IsTimedOnce) {
 TEST(PanelFading, EndsAtOnceWhenAThumbIsLetGo) {
   PanelHome home;
   home.open();
-  sim::input::Row row = sim::input::rowNamed("Top Inset");
+  sim::product::Row row = sim::product::rowNamed("Top Inset");
   CGPoint from = placeOfThumb(row), to = placeOfThumb(row, 200);
   home.finger("down", from);
   home.wait(0.2);
@@ -125,7 +125,7 @@ TEST(PanelFading, EndsByAnEarlierPressesTimerInTheMiddleOfADrag) {
   home.open();
   press(home);
   home.wait(2.5);
-  sim::input::Row row = sim::input::rowNamed("Top Inset");
+  sim::product::Row row = sim::product::rowNamed("Top Inset");
   home.finger("down", placeOfThumb(row));
   home.wait(0.2);
   home.finger("move", placeOfThumb(row, 100));
@@ -166,7 +166,7 @@ TEST(PanelFading, HidesNothingFromTheFinger) {
 TEST(PanelDraggingOfAThumb, StoresAValueForEveryMove) {
   PanelHome home;
   home.open();
-  sim::input::Row row = sim::input::rowNamed("Side Inset");
+  sim::product::Row row = sim::product::rowNamed("Side Inset");
   home.finger("down", placeOfThumb(row));
   home.wait(0.2);
   CGPoint start = placeOfThumb(row);

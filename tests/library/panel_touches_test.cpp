@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "simulator/device/usage_error.hpp"
-#include "simulator/input/rows.hpp"
+#include "simulator/product/rows.hpp"
 #include "tests/library/panel_home.hpp"
 
 namespace {
@@ -28,7 +28,7 @@ double offset(PanelHome& home) { return home.panel().scrollView().contentOffset(
 constexpr CGPoint onScrollView{left + 195, top + 47}, onCaption{left + 40, top + 48},
     besideSlider{left + 290, top + 200}, onSlider{left + 200, top + 120}, onHeader{left + 100, top + 15};
 
-sim::input::Row topRow() { return sim::input::rowNamed("Top Inset"); }
+sim::product::Row topRow() { return sim::product::rowNamed("Top Inset"); }
 
 struct Place {
   const char* what;
@@ -71,7 +71,7 @@ TEST(PanelTouch, ThatGoesSidewaysOnASliderTurnsThePage) {
 TEST(PanelTouch, ThatDragsAThumbTurnsNoPageAndMovesNoCard) {
   PanelHome home;
   home.open();
-  sim::input::Row row = topRow();
+  sim::product::Row row = topRow();
   drag(home, placeOfThumb(row), {120, 0});
   home.wait(1);
   EXPECT_EQ(offset(home), 0);
@@ -113,7 +113,7 @@ TEST(PanelTouch, OnASliderNeverDragsTheCard) {
 TEST(PanelTouch, ThatDragsByAPlusButtonDragsTheCard) {
   PanelHome home;
   home.open();
-  sim::input::Row row = topRow();
+  sim::product::Row row = topRow();
   drag(home, placeOf(row, row.plus, "plus button"), {0, -100});
   EXPECT_NEAR(origin(home).y, top - 100, 1e-9);
   EXPECT_EQ(home.stored("topIconInset"_ns), 30) << "the button has lost the finger";
@@ -122,7 +122,7 @@ TEST(PanelTouch, ThatDragsByAPlusButtonDragsTheCard) {
 TEST(PanelTouch, ThatDragsByANumberFieldDragsTheCard) {
   PanelHome home;
   home.open();
-  sim::input::Row row = topRow();
+  sim::product::Row row = topRow();
   drag(home, placeOf(row, row.field, "field"), {0, -100});
   EXPECT_NEAR(origin(home).y, top - 100, 1e-9);
 }

@@ -6,6 +6,7 @@
 #include "platform/springboard/icon_scroll_view.hpp"
 #include "settings/store/configuration_manager.hpp"
 #include "simulator/appsupport/client.hpp"
+#include "simulator/product/names.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/home.hpp"
 
@@ -25,7 +26,7 @@ Outcome sendSideInset(sim::Simulation& device) {
   auto info = bridge::make<NSMutableDictionary, &NSObject::init>();
   info->setObject_forKey("sideIconInset"_ns, "name"_ns);
   info->setObject_forKey(NSNumber::numberWithFloat(33), "index"_ns);
-  return sim::appsupport::send(device.fileSystem().root(), sim::appsupport::settingsCentre,
+  return sim::appsupport::send(device.fileSystem().root(), sim::product::settingsCentre,
                                {"ListPreferencesDidChangeNotification"_ns, info.get()},
                                {.whileWaiting = [] { sim::appsupport::serveMessages(); }});
 }

@@ -31,6 +31,7 @@ upward settings/slider/wrong.cpp panel/a.hpp
 upward startup/grid/wrong.cpp controls/a.hpp
 upward hooks/wrong.hpp startup/a.hpp
 upward simulator/input/wrong.cpp simulator/app/a.hpp
+upward simulator/app/wrong.cpp simulator/product/a.hpp
 upward simulator/quartz/wrong.cpp simulator/uikit/a.hpp
 for folder in startup hooks settings panel controls settings/store startup/grid; do
   upward "$folder/wrong.hpp" simulator/uikit/a.hpp

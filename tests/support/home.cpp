@@ -11,6 +11,7 @@
 #include "simulator/app/report.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/input/script.hpp"
+#include "simulator/product/product.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/files.hpp"
 
@@ -42,7 +43,7 @@ Home::Home(std::vector<std::string> options, const std::function<void(sim::Simul
   std::vector<const char*> arguments;
   for (auto& option : options) arguments.push_back(option.c_str());
   sim = std::make_unique<sim::Simulation>(
-      sim::parseOptions(static_cast<int>(arguments.size()), arguments.data()));
+      sim::parseOptions(static_cast<int>(arguments.size()), arguments.data()), sim::product::program());
   if (prepare) prepare(*sim);
   sim->start();
 }
@@ -50,7 +51,7 @@ Home::Home(std::vector<std::string> options, const std::function<void(sim::Simul
 Home::~Home() = default;
 
 void Home::step(const std::string& line) {
-  auto parsed = sim::parseStep(line, "test:1", fs::current_path(), sim::stepTable());
+  auto parsed = sim::parseStep(line, "test:1", fs::current_path(), sim::product::program().steps);
   if (parsed) sim::perform(*sim, *parsed);
 }
 

@@ -1,5 +1,6 @@
 // Messages on their way from another process to their target.
 #include "platform/foundation/number.hpp"
+#include "simulator/product/names.hpp"
 #include "tests/simulator/appsupport/fixture.hpp"
 
 namespace {
@@ -94,7 +95,7 @@ TEST_F(Messages, ToACentreThatNobodyRunsFail) {
   centre().registerForMessageName_target_selector("hello"_ns, listener, hearing());
   EXPECT_EQ(static_cast<Outcome>(sendOne(root, "hello", {})), Outcome::unserved);
   EXPECT_FALSE(centre().sendMessageName_userInfo("hello"_ns, {}));
-  EXPECT_FALSE(sim::appsupport::serves(sim::appsupport::settingsCentre));
+  EXPECT_FALSE(sim::appsupport::serves(sim::product::settingsCentre));
 }
 
 TEST_F(Messages, GoFromACentreOfTheSameProcessToo) {

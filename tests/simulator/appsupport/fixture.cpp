@@ -10,6 +10,7 @@
 #include <chrono>
 
 #include "bridge/define.hpp"
+#include "simulator/product/names.hpp"
 #include "simulator/runtime/foundation.hpp"
 #include "tests/support/files.hpp"
 
@@ -61,7 +62,7 @@ int sendOne(const std::filesystem::path& root, const char* name,
   bridge::Pool pool;
   auto entries = bridge::make<NSMutableDictionary, &NSObject::init>();
   for (auto& [key, value] : info) entries->setObject_forKey(value, key);
-  return static_cast<int>(sim::appsupport::send(root, sim::appsupport::settingsCentre,
+  return static_cast<int>(sim::appsupport::send(root, sim::product::settingsCentre,
                                                 {NSString::stringWithUTF8String(name), entries.get()},
                                                 {.patience = patience}));
 }

@@ -5,6 +5,7 @@
 
 #include "simulator/appsupport/message.hpp"
 #include "simulator/appsupport/socket_folder.hpp"
+#include "simulator/product/names.hpp"
 #include "tests/simulator/appsupport/fixture.hpp"
 
 namespace {
@@ -19,7 +20,7 @@ class HostileClients : public ServedCentre {
 
   Descriptor connected() {
     const Descriptor inside = sim::appsupport::findSocketFolder(root);
-    const auto address = sim::appsupport::socketAddress(inside.get(), sim::appsupport::settingsCentre);
+    const auto address = sim::appsupport::socketAddress(inside.get(), sim::product::settingsCentre);
     Descriptor made(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
     EXPECT_EQ(connect(made.get(), reinterpret_cast<const sockaddr*>(&*address), sizeof *address), 0);
     return made;

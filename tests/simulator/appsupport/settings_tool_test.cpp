@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "platform/foundation/number.hpp"
-#include "simulator/settings_tool/settings.hpp"
+#include "simulator/product/settings_tool/settings.hpp"
 #include "tests/simulator/appsupport/fixture.hpp"
 
 namespace {
@@ -79,8 +79,8 @@ TEST_F(SettingsTool, AnnouncesTheThreeSwitchesByTheirTitles) {
 TEST_F(SettingsTool, AnnouncesAllOtherSettingsByTheirKeys) {
   serve();
   std::vector<Heard> expected;
-  for (const sim::SettingRow& row : sim::settingRows()) {
-    if (row.announcement == sim::Announcement::byTitle) continue;
+  for (const sim::product::SettingRow& row : sim::product::settingRows()) {
+    if (row.announcement == sim::product::Announcement::byTitle) continue;
     EXPECT_EQ(run({"set", std::string(row.key), "3"}).status, 0);
     expected.push_back(
         {"ListPreferencesDidChangeNotification", {{"index", 3}, {"name", std::string(row.key)}}});

@@ -6,6 +6,7 @@
 
 #include <fstream>
 
+#include "simulator/product/names.hpp"
 #include "tests/simulator/appsupport/fixture.hpp"
 
 namespace {
@@ -64,7 +65,7 @@ TEST_F(SocketFolder, OfSomebodyElseIsNotUsed) {
   serve();
   const std::string said = testing::internal::GetCapturedStderr();
   EXPECT_NE(said.find(folder().string()), std::string::npos) << said;
-  EXPECT_FALSE(sim::appsupport::serves(sim::appsupport::settingsCentre));
+  EXPECT_FALSE(sim::appsupport::serves(sim::product::settingsCentre));
 }
 
 TEST_F(SocketFolder, ThatIsALinkIsNotFollowed) {
@@ -74,7 +75,7 @@ TEST_F(SocketFolder, ThatIsALinkIsNotFollowed) {
   testing::internal::CaptureStderr();
   serve();
   EXPECT_NE(testing::internal::GetCapturedStderr(), "");
-  EXPECT_FALSE(sim::appsupport::serves(sim::appsupport::settingsCentre));
+  EXPECT_FALSE(sim::appsupport::serves(sim::product::settingsCentre));
   EXPECT_TRUE(fs::is_empty(root / "elsewhere"));
 }
 
@@ -123,7 +124,7 @@ TEST_F(SocketFolder, OfALivingHomeScreenIsLeftAlone) {
   Client second([&] {
     messages.reset();  // of this process: a copy that has no right to clear up
     serve();
-    return sim::appsupport::serves(sim::appsupport::settingsCentre) ? 1 : 0;
+    return sim::appsupport::serves(sim::product::settingsCentre) ? 1 : 0;
   });
   while (!second.ended()) usleep(1000);
   EXPECT_TRUE(fs::is_socket(socket()));

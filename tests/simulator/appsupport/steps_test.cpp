@@ -1,10 +1,9 @@
 // The steps `write` and `message`, from the line of a script to the home screen.
-#include "simulator/app/steps.hpp"
-
 #include "platform/foundation/number.hpp"
 #include "settings/store/configuration_manager.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/script.hpp"
+#include "simulator/product/product.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "tests/simulator/appsupport/fixture.hpp"
 
@@ -15,7 +14,8 @@ using Texts = std::vector<std::string>;
 
 Texts texts(std::string_view line) {
   Texts all;
-  for (const auto& argument : sim::parseStep(line, "file:7", "/base", sim::stepTable())->arguments)
+  for (const auto& argument :
+       sim::parseStep(line, "file:7", "/base", sim::product::program().steps)->arguments)
     all.push_back(std::get<std::string>(argument));
   return all;
 }
@@ -30,18 +30,18 @@ std::string errorOf(const std::function<void()>& call) {
 }
 
 std::string errorOfLine(std::string_view line) {
-  return errorOf([&] { sim::parseStep(line, "file:7", "/base", sim::stepTable()); });
+  return errorOf([&] { sim::parseStep(line, "file:7", "/base", sim::product::program().steps); });
 }
 
 TEST(StepLines, WriteTakesASetting) {
-  EXPECT_EQ(sim::parseStep("write rows=6", "", "", sim::stepTable())->name(), "write");
+  EXPECT_EQ(sim::parseStep("write rows=6", "", "", sim::product::program().steps)->name(), "write");
   EXPECT_EQ(texts("write rows=6"), Texts{"rows=6"});
   EXPECT_EQ(texts(R"(write title="a = b" # comment)"), Texts{"title=a = b"});
   EXPECT_EQ(texts("write title="), Texts{"title="});
 }
 
 TEST(StepLines, MessageTakesANameAndAnyNumberOfSettings) {
-  EXPECT_EQ(sim::parseStep("message hello", "", "", sim::stepTable())->name(), "message");
+  EXPECT_EQ(sim::parseStep("message hello", "", "", sim::product::program().steps)->name(), "message");
   EXPECT_EQ(texts("message hello"), Texts{"hello"});
   EXPECT_EQ(texts(R"(message hello name="Use Two Finger Tap Instead" value=YES)"),
             (Texts{"hello", "name=Use Two Finger Tap Instead", "value=YES"}));

@@ -8,14 +8,16 @@
 #include <cstring>
 #include <fstream>
 
-#include "simulator/app/steps.hpp"
 #include "simulator/device/temporary_root.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/product/product.hpp"
 
 namespace sim {
 namespace {
 
-std::optional<Step> parse(std::string_view line) { return parseStep(line, "file:7", "/base", stepTable()); }
+std::optional<Step> parse(std::string_view line) {
+  return parseStep(line, "file:7", "/base", product::program().steps);
+}
 
 std::string errorOf(auto&& call) {
   try {
@@ -107,7 +109,7 @@ class ScriptFile : public testing::Test {
 
 TEST_F(ScriptFile, GivesItsStepsInOrderWithTheirLines) {
   write("# first\nlock\n\nwait 2\nunlock");
-  Script script(file, stepTable());
+  Script script(file, product::program().steps);
   EXPECT_EQ(script.next()->place, file + ":2");
   EXPECT_EQ(script.next()->place, file + ":4");
   EXPECT_EQ(script.next()->name(), "unlock");
@@ -117,22 +119,23 @@ TEST_F(ScriptFile, GivesItsStepsInOrderWithTheirLines) {
 
 TEST_F(ScriptFile, HandsOutStepsBeforeAWrongLine) {
   write("lock\nlok\n");
-  Script script(file, stepTable());
+  Script script(file, product::program().steps);
   EXPECT_EQ(script.next()->name(), "lock");
   EXPECT_EQ(errorOf([&] { script.next(); }), file + ":2: unknown step 'lok'");
 }
 
 TEST_F(ScriptFile, MayHaveLinesLongerThanAnyBuffer) {
   write("#" + std::string(20000, 'x') + "\nlock\n");
-  EXPECT_EQ(Script(file, stepTable()).next()->place, file + ":2");
+  EXPECT_EQ(Script(file, product::program().steps).next()->place, file + ":2");
 }
 
 TEST_F(ScriptFile, ThatIsMissingIsNamed) {
-  EXPECT_EQ(errorOf([&] { Script script(file, stepTable()); }), file + ": No such file or directory");
+  EXPECT_EQ(errorOf([&] { Script script(file, product::program().steps); }),
+            file + ": No such file or directory");
 }
 
 TEST_F(ScriptFile, ThatIsAFolderIsNamed) {
-  Script script(folder.path(), stepTable());
+  Script script(folder.path(), product::program().steps);
   EXPECT_EQ(errorOf([&] { script.next(); }), folder.path().string() + ": Is a directory");
 }
 
@@ -143,7 +146,7 @@ TEST(ScriptFromStandardInput, ReadsALineOnlyWhenItIsNeeded) {
   dup2(ends[0], STDIN_FILENO);
   close(ends[0]);
   int waits = 0;
-  Script script("-", stepTable(), [&](int descriptor) {
+  Script script("-", product::program().steps, [&](int descriptor) {
     EXPECT_EQ(descriptor, STDIN_FILENO);
     // Each piece of input comes only when the script asks for it: half a line, the rest and a second line,
     // the end.

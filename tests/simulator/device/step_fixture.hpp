@@ -4,13 +4,15 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/app/steps.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/script.hpp"
+#include "simulator/product/product.hpp"
 
 namespace sim {
 
-inline Step parse(std::string_view line) { return parseStep(line, "file:7", "/base", stepTable()).value(); }
+inline Step parse(std::string_view line) {
+  return parseStep(line, "file:7", "/base", product::program().steps).value();
+}
 
 inline std::string errorOf(std::string_view line) {
   try {

@@ -1,6 +1,4 @@
 // The steps that use a row of the panel.
-#include "simulator/app/row_steps.hpp"
-
 #include <fmt/format.h>
 
 #include <cmath>
@@ -8,14 +6,15 @@
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/input/fingers.hpp"
-#include "simulator/input/rows.hpp"
 #include "simulator/input/typing.hpp"
+#include "simulator/product/product.hpp"
+#include "simulator/product/rows.hpp"
 #include "simulator/time/run_loop.hpp"
 
-namespace sim::steps {
+namespace sim::product {
 namespace {
 
-using input::Row;
+using S = Shape;
 
 constexpr double pauseAfterPress = 0.25;  // seconds
 constexpr int slideMoves = 10;            // of the finger on its way
@@ -60,9 +59,7 @@ void pressBarButton(const Row& row, std::string_view title) {
 
 double timesOf(const Step& step) { return step.has(1) ? step.number(1) : 1; }
 
-Row rowOf(const Step& step) { return input::rowNamed(step.text(0)); }
-
-}  // namespace
+Row rowOf(const Step& step) { return rowNamed(step.text(0)); }
 
 void increment(Simulation&, const Step& step) {
   const Row row = rowOf(step);
@@ -84,4 +81,45 @@ void apply(Simulation&, const Step& step) { pressBarButton(rowOf(step), "Apply")
 
 void cancel(Simulation&, const Step& step) { pressBarButton(rowOf(step), "Cancel"); }
 
-}  // namespace sim::steps
+constexpr StepRow rows[] = {
+    {"increment",
+     {{S::name}},
+     {{{S::name, S::times}}},
+     increment,
+     "presses the plus button of the panel's row with that caption",
+     "0.3 s each"},
+    {"decrement", {{S::name}}, {{{S::name, S::times}}}, decrement, "the minus button", "0.3 s each"},
+    {"slide",
+     {{S::name, S::value}},
+     {},
+     slide,
+     "a finger drags the row's thumb to that value, in ten moves",
+     "none"},
+    {"type",
+     {{S::name, S::text}},
+     {},
+     type,
+     "taps the row's number field, empties it with the delete key and presses a key for each character, "
+     "those that "
+     "lead to other keys included; what the keyboard lacks comes as from one that is plugged in",
+     "0.1 s a key"},
+    {"paste",
+     {{S::name, S::text}},
+     {},
+     paste,
+     "the same, but the text comes from the pasteboard at once",
+     "0.1 s a deletion"},
+    {"apply",
+     {{S::name}},
+     {},
+     apply,
+     "presses that button above the keyboard, while the row's number field is edited",
+     "none"},
+    {"cancel", {{S::name}}, {}, cancel, "likewise", "none"},
+};
+
+}  // namespace
+
+StepTable rowSteps() { return rows; }
+
+}  // namespace sim::product

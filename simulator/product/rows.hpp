@@ -8,7 +8,7 @@
 #include "platform/uikit/slider.hpp"
 #include "platform/uikit/text_field.hpp"
 
-namespace sim::input {
+namespace sim::product {
 
 /** What a row is made of; a part that it has not is nothing. Borrowed. */
 struct Row {
@@ -33,4 +33,4 @@ CGPoint placeOf(const Row& row, UIView part, std::string_view name);
 CGPoint placeOfThumb(const Row& row);
 CGPoint placeOfThumb(const Row& row, float value);
 
-}  // namespace sim::input
+}  // namespace sim::product

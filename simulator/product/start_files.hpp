@@ -1,4 +1,4 @@
-// Making a preferences file from a command line.
+// The files that the library finds when it starts, as the command line asks for them.
 #pragma once
 
 #include <string>
@@ -7,6 +7,10 @@
 #include "simulator/device/setting.hpp"
 
 namespace sim {
+class Simulation;
+}
+
+namespace sim::product {
 
 // Throws UsageError when `file` is no property list of keys and values.
 void checkPreferenceFile(const std::string& file);
@@ -16,4 +20,8 @@ void checkPreferenceFile(const std::string& file);
 void writePreferenceFile(const std::string& file, const std::string& base,
                          const std::vector<Setting>& settings);
 
-}  // namespace sim
+// To their places on the device, where the options name any. Throw UsageError for a file that is none.
+void putPreferences(Simulation& simulation);
+void putPresets(Simulation& simulation);
+
+}  // namespace sim::product

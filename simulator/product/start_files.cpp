@@ -1,13 +1,19 @@
-// Preferences files.
-#include "simulator/app/preference_file.hpp"
+// The files that the library finds when it starts.
+#include "simulator/product/start_files.hpp"
+
+#include <filesystem>
 
 #include "platform/foundation/dictionary.hpp"
+#include "simulator/app/simulation.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/product/names.hpp"
 #include "simulator/runtime/property_list.hpp"
 #include "simulator/runtime/setting_object.hpp"
 
-namespace sim {
+namespace sim::product {
 namespace {
+
+namespace fs = std::filesystem;
 
 NSString string(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
 
@@ -36,4 +42,24 @@ void writePreferenceFile(const std::string& file, const std::string& base,
   if (!values->writeToFile_atomically(string(file), YES)) throw UsageError("cannot write '" + file + "'");
 }
 
-}  // namespace sim
+void putPreferences(Simulation& simulation) {
+  const Options& options = simulation.startOptions();
+  fs::path place = simulation.fileSystem().hostPath(preferencesPath);
+  if (options.settings.empty()) {
+    if (!options.prefs) return;
+    checkPreferenceFile(options.prefs->string());
+    fs::copy_file(*options.prefs, place, fs::copy_options::overwrite_existing);
+    return;
+  }
+  writePreferenceFile(place.string(), options.prefs ? options.prefs->string() : "", options.settings);
+}
+
+void putPresets(Simulation& simulation) {
+  const Options& options = simulation.startOptions();
+  if (!options.presets) return;
+  fs::path place = simulation.fileSystem().hostPath(presetsPath);
+  fs::create_directories(place.parent_path());
+  fs::copy_file(*options.presets, place, fs::copy_options::overwrite_existing);
+}
+
+}  // namespace sim::product

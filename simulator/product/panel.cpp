@@ -1,5 +1,5 @@
 // The library's panel, known by its class and its keys.
-#include "simulator/input/panel.hpp"
+#include "simulator/product/panel.hpp"
 
 #include <fmt/format.h>
 
@@ -17,7 +17,7 @@
 #include "simulator/uikit/gestures/touch_dispatch.hpp"
 #include "simulator/uikit/views/view.hpp"
 
-namespace sim::input {
+namespace sim::product {
 namespace {
 
 constexpr double step = 4;  // points between places that are tried
@@ -83,8 +83,8 @@ void turnToPage(int page) {
   if (way == 0) return;
   const std::optional<CGPoint> from = start(view, way);
   if (!from) throw UsageError("the panel's pages are out of reach");
-  drag(*from, {from->x + way, from->y}, 0);
+  input::drag(*from, {from->x + way, from->y}, 0);
   if (pageOf(view) != page) throw UsageError(fmt::format("the panel does not turn to page {}", page));
 }
 
-}  // namespace sim::input
+}  // namespace sim::product

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-namespace sim {
+namespace sim::product {
 
 /** How a change is announced to the home screen. */
 enum class Announcement {
@@ -22,4 +22,4 @@ std::span<const SettingRow> settingRows();
 /** The row of that key; none when the pane has none. */
 const SettingRow* findSettingRow(std::string_view key);
 
-}  // namespace sim
+}  // namespace sim::product

@@ -1,18 +1,18 @@
-// Serving other processes, and standing in for one.
-#include "simulator/app/outside.hpp"
-
+// The steps that stand in for the settings pane: its preferences, and its messages.
 #include <fmt/format.h>
-#include <poll.h>
 
 #include "bridge/runtime.hpp"
 #include "platform/foundation/dictionary.hpp"
+#include "simulator/app/simulation.hpp"
 #include "simulator/appsupport/client.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/product/names.hpp"
+#include "simulator/product/product.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/setting_object.hpp"
 #include "simulator/time/run_loop.hpp"
 
-namespace sim {
+namespace sim::product {
 namespace {
 
 NSString string(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
@@ -27,31 +27,14 @@ NSDictionary userInfo(const Step& step, std::size_t first) {
   return std::move(info).autoreleased();
 }
 
-}  // namespace
-
-void serve() {
-  bridge::Pool pool;
-  if (appsupport::serveMessages()) settle();
-}
-
-void serveUntilInput(int descriptor) {
-  for (;;) {
-    serve();
-    std::vector<pollfd> all = appsupport::messageDescriptors();
-    all.push_back({descriptor, POLLIN, 0});
-    // A descriptor that cannot be polled is one whose reading does not wait, or tells what is wrong.
-    if (::poll(all.data(), all.size(), -1) > 0 && all.back().revents != 0) return serve();
-  }
-}
-
 // The device's preferences are in the care of one process, whoever writes them; the library's own copy is
 // none of its concern.
-void steps::write(Simulation&, const Step& step) {
+void write(Simulation&, const Step& step) {
   Setting setting = parseSetting(step.text(0));
-  setPreference("com.wexor.tilo"_ns, string(setting.key), settingObject(setting.value));
+  setPreference(string(domain), string(setting.key), settingObject(setting.value));
 }
 
-void steps::message(Simulation& simulation, const Step& step) {
+void message(Simulation& simulation, const Step& step) {
   using namespace appsupport;
   if (!serves(settingsCentre)) throw UsageError(fmt::format("nobody serves '{}'", settingsCentre));
   const Message sent{string(step.text(0)), userInfo(step, 1)};
@@ -62,4 +45,25 @@ void steps::message(Simulation& simulation, const Step& step) {
   settle();
 }
 
-}  // namespace sim
+using S = Shape;
+
+constexpr StepRow rows[] = {
+    {"write",
+     {{S::setting}},
+     {},
+     write,
+     "another process writes the preference domain and tells nobody",
+     "none"},
+    {"message",
+     {{S::word}, S::setting},
+     {},
+     message,
+     "a message to the messaging centre, delivered before the step ends",
+     "none"},
+};
+
+}  // namespace
+
+StepTable settingsSteps() { return rows; }
+
+}  // namespace sim::product

@@ -1,6 +1,4 @@
 // The panel: its state, its rows, and the whole tree of its views.
-#include "simulator/app/panel_report.hpp"
-
 #include <cmath>
 #include <string>
 
@@ -11,15 +9,15 @@
 #include "platform/uikit/picker_view.hpp"
 #include "platform/uikit/slider.hpp"
 #include "platform/uikit/text_field.hpp"
+#include "simulator/app/report_values.hpp"
 #include "simulator/device/clock.hpp"
-#include "simulator/input/panel.hpp"
+#include "simulator/product/panel.hpp"
+#include "simulator/product/product.hpp"
 #include "simulator/uikit/drawing/color.hpp"
 #include "simulator/uikit/views/view.hpp"
 
-namespace sim {
+namespace sim::product {
 namespace {
-
-using input::panelPart;
 
 constexpr double collapsedHeight = 40;    // points
 constexpr double leastErrorAlpha = 0.01;  // of a message that counts as shown
@@ -132,8 +130,8 @@ bool isTrue(bridge::Object flag) { return bridge::as<NSNumber>(flag).boolValue()
 
 }  // namespace
 
-Json reportPanel() {
-  const UIView panel = input::shownPanel();
+Json reportPanel(Simulation&) {
+  const UIView panel = shownPanel();
   if (!panel) return nullptr;
   const auto pages = bridge::as<UIPageControl>(panelPart(panel, "pageControl"_ns));
   const auto caption = bridge::as<UILabel>(panelPart(panel, "pickerLabel"_ns));
@@ -150,4 +148,4 @@ Json reportPanel() {
           {"views", tree(panel)}};
 }
 
-}  // namespace sim
+}  // namespace sim::product

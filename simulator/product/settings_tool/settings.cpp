@@ -1,10 +1,10 @@
 // The table of settings. The titles of the switches that are announced by title are fixed: the home screen
 // knows the switches by them.
-#include "simulator/settings_tool/settings.hpp"
+#include "simulator/product/settings_tool/settings.hpp"
 
 #include <algorithm>
 
-namespace sim {
+namespace sim::product {
 namespace {
 
 constexpr SettingRow rows[] = {
@@ -39,4 +39,4 @@ const SettingRow* findSettingRow(std::string_view key) {
   return found == std::end(rows) ? nullptr : found;
 }
 
-}  // namespace sim
+}  // namespace sim::product

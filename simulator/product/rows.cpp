@@ -1,5 +1,5 @@
 // Rows of numbers, found by their captions.
-#include "simulator/input/rows.hpp"
+#include "simulator/product/rows.hpp"
 
 #include <fmt/format.h>
 
@@ -14,7 +14,7 @@
 #include "simulator/uikit/views/view.hpp"
 #include "simulator/uikit/views/window.hpp"
 
-namespace sim::input {
+namespace sim::product {
 namespace {
 
 // Those of a view's subviews that are of that kind, back to front.
@@ -78,8 +78,8 @@ Row rowNamed(std::string_view caption) {
 
 CGPoint placeOf(const Row& row, UIView part, std::string_view name) {
   if (!part) refuse(row, name, "is missing");
-  const CGPoint place = middleOnScreen(part);
-  const std::string reason = obstacle(part, part, place);
+  const CGPoint place = input::middleOnScreen(part);
+  const std::string reason = input::obstacle(part, part, place);
   if (!reason.empty()) refuse(row, name, reason);
   return place;
 }
@@ -92,9 +92,9 @@ CGPoint placeOfThumb(const Row& row, float value) {
 
 CGPoint placeOfThumb(const Row& row) {
   const CGPoint place = placeOfThumb(row, row.slider.value());
-  const std::string reason = obstacle(row.slider, row.slider, place);
+  const std::string reason = input::obstacle(row.slider, row.slider, place);
   if (!reason.empty()) refuse(row, "thumb", reason);
   return place;
 }
 
-}  // namespace sim::input
+}  // namespace sim::product

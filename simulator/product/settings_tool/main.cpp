@@ -15,13 +15,14 @@
 #include "simulator/device/redirection.hpp"
 #include "simulator/device/setting.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/product/names.hpp"
+#include "simulator/product/settings_tool/settings.hpp"
 #include "simulator/runtime/foundation.hpp"
 #include "simulator/runtime/number_form.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/setting_object.hpp"
-#include "simulator/settings_tool/settings.hpp"
 
-namespace sim {
+namespace sim::product {
 namespace {
 
 namespace fs = std::filesystem;
@@ -35,8 +36,6 @@ struct Arguments {
 };
 
 NSString string(std::string_view text) { return NSString::stringWithUTF8String(std::string(text).c_str()); }
-
-NSString domain() { return "com.wexor.tilo"_ns; }
 
 // From now on paths of the device mean the ones below its root.
 fs::path enterDevice(const std::string& folder) {
@@ -68,7 +67,7 @@ const SettingRow& row(const std::string& key) {
 }
 
 void list() {
-  NSDictionary values = preferenceDomain(domain());
+  NSDictionary values = preferenceDomain(string(domain));
   for (const SettingRow& setting : settingRows()) {
     const bridge::Object value = values.objectForKey(string(setting.key));
     fmt::print("{:<17}  {:<31}  {}\n", setting.key, setting.title, value ? text(value) : "-");
@@ -76,7 +75,7 @@ void list() {
 }
 
 void get(const std::string& key) {
-  const bridge::Object value = preferenceDomain(domain()).objectForKey(string(row(key).key));
+  const bridge::Object value = preferenceDomain(string(domain)).objectForKey(string(row(key).key));
   if (!value) throw UsageError(fmt::format("'{}' is not set", key));
   fmt::print("{}\n", text(value));
 }
@@ -93,9 +92,9 @@ appsupport::Message announcement(const SettingRow& setting, NSObject value) {
 void set(const fs::path& root, const std::string& key, const std::string& given) {
   const SettingRow& setting = row(key);
   NSObject value = settingObject(settingValue(given));
-  if (!setPreference(domain(), string(setting.key), value))
+  if (!setPreference(string(domain), string(setting.key), value))
     throw UsageError("the preferences file cannot be read, or not be written; it is as it was");
-  const Outcome outcome = appsupport::send(root, appsupport::settingsCentre, announcement(setting, value));
+  const Outcome outcome = appsupport::send(root, settingsCentre, announcement(setting, value));
   if (outcome == Outcome::unserved)
     std::cerr << "tilo-settings: written; no home screen runs that could be told\n";
   else if (outcome != Outcome::delivered)
@@ -108,7 +107,7 @@ void sendMessage(const fs::path& root, const std::string& name, const std::vecto
     const Setting entry = parseSetting(each);
     info->setObject_forKey(settingObject(entry.value), string(entry.key));
   }
-  const Outcome outcome = appsupport::send(root, appsupport::settingsCentre, {string(name), info.get()});
+  const Outcome outcome = appsupport::send(root, settingsCentre, {string(name), info.get()});
   if (outcome != Outcome::delivered)
     throw UsageError(fmt::format("the message '{}' {}", name, description(outcome)));
 }
@@ -152,13 +151,13 @@ int run(int count, const char* const* words) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace sim::product
 
 int main(int count, char** words) {
   try {
-    return sim::run(count, words);
+    return sim::product::run(count, words);
   } catch (const std::exception& error) {
     std::cerr << "tilo-settings: " << error.what() << "\n";
-    return sim::usageStatus;
+    return sim::product::usageStatus;
   }
 }

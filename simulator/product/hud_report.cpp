@@ -1,11 +1,11 @@
 // The notice box on screen.
-#include "simulator/app/hud_report.hpp"
-
 #include "platform/uikit/application.hpp"
+#include "simulator/app/report_values.hpp"
 #include "simulator/device/clock.hpp"
+#include "simulator/product/product.hpp"
 #include "simulator/uikit/views/view.hpp"
 
-namespace sim {
+namespace sim::product {
 namespace {
 
 struct ProgressHUD : bridge::Face<"RQProgressHUD", UIView> {
@@ -34,10 +34,10 @@ Json text(NSString string) { return string ? Json(string.UTF8String()) : Json();
 
 }  // namespace
 
-Json reportHud() {
+Json reportHud(Simulation&) {
   const ProgressHUD hud = foremost();
   if (!hud) return nullptr;
   return {{"text", text(hud.labelText())}, {"mode", hud.mode()}, {"alpha", number(shownAlpha(hud))}};
 }
 
-}  // namespace sim
+}  // namespace sim::product

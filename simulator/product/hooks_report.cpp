@@ -1,11 +1,12 @@
 // The library tells itself what became of each row of its method table, in an array that it exports.
-#include "simulator/app/hooks_report.hpp"
-
 #include <dlfcn.h>
 
 #include <string_view>
 
-namespace sim {
+#include "simulator/app/simulation.hpp"
+#include "simulator/product/product.hpp"
+
+namespace sim::product {
 namespace {
 
 struct Outcome {
@@ -25,7 +26,8 @@ Json row(const Outcome& told) {
 }  // namespace
 
 // A library that does not tell has null.
-Json reportHooks(void* library) {
+Json reportHooks(Simulation& simulation) {
+  void* const library = simulation.library();
   auto* told = library ? static_cast<const Outcome*>(dlsym(library, "hookOutcomes")) : nullptr;
   if (library && !told) return nullptr;
   int replaced = 0, added = 0;
@@ -39,4 +41,4 @@ Json reportHooks(void* library) {
   return {{"replaced", replaced}, {"added", added}, {"rows", std::move(rows)}};
 }
 
-}  // namespace sim
+}  // namespace sim::product

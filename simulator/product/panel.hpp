@@ -3,7 +3,7 @@
 
 #include "platform/uikit/scroll_view.hpp"
 
-namespace sim::input {
+namespace sim::product {
 
 /** The panel in the key window, the front one of several; nothing when there is none. */
 UIView shownPanel();
@@ -17,4 +17,4 @@ bridge::Object panelPart(UIView panel, NSString key);
  */
 void turnToPage(int page);
 
-}  // namespace sim::input
+}  // namespace sim::product

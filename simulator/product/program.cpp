@@ -1,0 +1,42 @@
+// tilo-sim's tables: those of the home screen, and the library's among them.
+#include "simulator/input/find.hpp"
+#include "simulator/product/product.hpp"
+#include "simulator/product/start_files.hpp"
+
+namespace sim::product {
+namespace {
+
+constexpr const char* circledChevronUp = "\uF139";  // of Font Awesome
+
+void prepare(Simulation& simulation) {
+  putPreferences(simulation);
+  putPresets(simulation);
+  input::callGlyph(circledChevronUp, "collapse");
+}
+
+Program made() {
+  Program program = homeScreenProgram();
+  program.name = "tilo-sim";
+  program.library = "libTilo.so";
+  program.bundle = "Tilo_Main.bundle";
+  program.installedAs = "Tilo.dylib";
+  program.prepare = prepare;
+  for (const StepTable rows : {rowSteps(), panelSteps(), settingsSteps()}) add(program.steps, rows);
+  addAfter("classColumns", program.report, {{"hooks", reportHooks}});
+  addAfter("pageDots", program.report, {{"framing", reportFraming}, {"panel", reportPanel}});
+  addAfter("alert", program.report,
+           {{"hud", reportHud},
+            {"preferences", reportPreferences},
+            {"presets", reportPresets},
+            {"log", reportLog}});
+  return program;
+}
+
+}  // namespace
+
+const Program& program() {
+  static const Program& only = *new Program(made());
+  return only;
+}
+
+}  // namespace sim::product
