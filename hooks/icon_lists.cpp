@@ -1,6 +1,7 @@
 // The replacements of icon list methods.
 #include "hooks/icon_lists.hpp"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "bridge/replace.hpp"
@@ -50,6 +51,13 @@ CGFloat presetSpacing(const Spacing& spacing) {
   return usedAsItIs ? length : spacing.adjust(length, 0);
 }
 
+// As far as icons can be moved, in points: beyond any screen, and small enough that sums and products of it
+// are numbers on every processor. What is no number moves nothing.
+CGFloat inReach(CGFloat length) {
+  constexpr CGFloat farthest = 1e6;
+  return length == length ? std::clamp(length, -farthest, farthest) : 0;
+}
+
 // `first` runs after the settings have been read and before anything is decided.
 template <auto Replacement, class List>
 CGFloat spacingOfList(List self, const Spacing& spacing, void (*first)(List)) {
@@ -59,7 +67,7 @@ CGFloat spacingOfList(List self, const Spacing& spacing, void (*first)(List)) {
   if (first) first(self);
   if (!enabled || bridge::isKindOf<SBDockIconListView>(self) || bridge::isKindOf<SBFolderIconListView>(self))
     return original<Replacement>(self);
-  return selectedPreset < 0 ? framing[spacing.element] : presetSpacing(spacing);
+  return inReach(selectedPreset < 0 ? framing[spacing.element] : presetSpacing(spacing));
 }
 
 void rememberController(SBIconListView) { cont = bridge::retained(SBIconController::sharedInstance()); }

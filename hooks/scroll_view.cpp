@@ -73,10 +73,15 @@ void exchangeGestures(SBIconScrollView self, bool twoFingerTap) {
   self.addGestureRecognizer(twoFingerTap ? tap : swipe);
 }
 
+// A message may carry nothing, but nothing of another kind than these.
+bool isStorable(bridge::Object value) {
+  return bridge::isKindOf<NSNumber>(value) || bridge::isKindOf<NSString>(value);
+}
+
 // Stores what a message carries; one that carries nothing changes nothing. It takes effect when something is
 // laid out again.
 void store(bridge::Object value, NSString key) {
-  if (value) ConfigurationManager::sharedManager().configuration().setObject_forKey(value, key);
+  if (isStorable(value)) ConfigurationManager::sharedManager().configuration().setObject_forKey(value, key);
 }
 
 }  // namespace
@@ -87,9 +92,9 @@ void listCellPreferencesUpdated(SBIconScrollView, NSString, NSDictionary info) {
 
 void preferencesUpdated(SBIconScrollView self, NSString, NSDictionary info) {
   NSString title = nameIn(info);
-  NSNumber value = bridge::as<NSNumber>(info.objectForKey(keys::value));
-  BOOL flag = value.boolValue();
-  if (!panelIsWanted()) return;
+  bridge::Object value = info.objectForKey(keys::value);
+  BOOL flag = truthIn(value);
+  if (!panelIsWanted() || (value && !isStorable(value))) return;
   if (title.isEqualToString("Use Two Finger Tap Instead"_ns)) {
     exchangeGestures(self, flag);
   } else if (title.isEqualToString("Enable Quick Settings"_ns)) {

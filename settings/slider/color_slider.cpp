@@ -7,6 +7,7 @@
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/toolbar.hpp"
 #include "settings/store/configuration_manager.hpp"
+#include "settings/store/values.hpp"
 
 namespace tilo {
 namespace {
@@ -110,8 +111,7 @@ Strong<UIToolbar> makeToolbar(ColorSlider self) {
 }
 
 float storedValue(NSString type) {
-  const NSDictionary stored = ConfigurationManager::sharedManager().configuration();
-  return bridge::as<NSNumber>(stored.objectForKey(type)).floatValue();
+  return floatIn(Values(ConfigurationManager::sharedManager().configuration()).object(type));
 }
 
 Strong<UITextField> makeNumberField(ColorSlider self, CGFloat width) {

@@ -1,8 +1,43 @@
-// The current preference values.
+// The one checked read of stored values, and the current preferences.
 #include "settings/store/values.hpp"
 
+#include <algorithm>
+#include <limits>
+
+#include "platform/foundation/scanner.hpp"
+
 namespace tilo {
+namespace {
+
+// Infinity less itself is no number, as is what is none already.
+bool isFinite(double value) { return value - value == 0; }
+
+bool beginsWithNumber(NSString text) {
+  double value = 0;
+  return NSScanner::scannerWithString(text).scanDouble(&value) && isFinite(value);
+}
+
+}  // namespace
 
 [[clang::no_destroy]] constinit bridge::Strong<NSMutableDictionary> rootObj;
+
+// A string answers what is asked of numbers here.
+NSNumber numberIn(bridge::Object stored) {
+  auto number = bridge::as<NSNumber>(stored);
+  bool counts = bridge::isKindOf<NSNumber>(stored)
+                    ? isFinite(number.doubleValue())
+                    : bridge::isKindOf<NSString>(stored) && beginsWithNumber(bridge::as<NSString>(stored));
+  return counts ? number : NSNumber{};
+}
+
+float floatIn(bridge::Object stored) {
+  constexpr double most = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(numberIn(stored).doubleValue(), -most, most));
+}
+
+BOOL truthIn(bridge::Object stored) {
+  return bridge::isKindOf<NSString>(stored) ? bridge::as<NSNumber>(stored).boolValue()
+                                            : numberIn(stored).boolValue();
+}
 
 }  // namespace tilo

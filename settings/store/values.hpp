@@ -7,24 +7,32 @@
 
 namespace tilo {
 
+// What a hand has stored may be of any kind. A number is one that is finite, or a string that begins with
+// such a one; everything else counts as absent.
+NSNumber numberIn(bridge::Object stored);
+// As single precision has it; what is beyond it is the largest there is. Zero when absent.
+float floatIn(bridge::Object stored);
+// A string of truth counts as well, "YES" for one. NO when absent.
+BOOL truthIn(bridge::Object stored);
+
 // Looks into the dictionary at every question. What is absent, and everything in no dictionary, is NO or
 // zero.
 class Values {
  public:
   explicit Values(NSDictionary of) : dictionary(of) {}
 
-  BOOL flag(Key<Kind::flag> key) const { return stored(key).boolValue(); }
-  float number(Key<Kind::number> key) const { return stored(key).floatValue(); }
-  NSInteger count(Key<Kind::count> key) const { return stored(key).integerValue(); }
-  int index(Key<Kind::index> key) const { return stored(key).intValue(); }
-  NSDictionary values(Key<Kind::object> key) const { return bridge::as<NSDictionary>(object(key)); }
-
-  // The stored number itself; nil when there is none.
-  template <Kind kind>
-    requires(kind != Kind::text && kind != Kind::object)
-  NSNumber stored(Key<kind> key) const {
-    return bridge::as<NSNumber>(object(key));
+  BOOL flag(Key<Kind::flag> key) const { return truthIn(object(key)); }
+  float number(Key<Kind::number> key) const { return floatIn(object(key)); }
+  NSInteger count(Key<Kind::count> key) const { return numberIn(object(key)).integerValue(); }
+  int index(Key<Kind::index> key) const { return numberIn(object(key)).intValue(); }
+  // Nil when there is no dictionary.
+  NSDictionary values(Key<Kind::object> key) const {
+    bridge::Object found = object(key);
+    return bridge::isKindOf<NSDictionary>(found) ? bridge::as<NSDictionary>(found) : NSDictionary{};
   }
+
+  // Nil when there is none.
+  NSNumber stored(Key<Kind::count> key) const { return numberIn(object(key)); }
   bridge::Object object(NSString key) const { return dictionary.objectForKey(key); }
 
  private:

@@ -15,7 +15,7 @@ constinit CGFloat framing[4] = {};
 int iconGridCalc(id key, id listView, int systemValue) {
   using namespace tilo;
   NSString which = bridge::as<NSString>(key);
-  bool stored = static_cast<bool>(rootObj->objectForKey(which));
+  bool stored = static_cast<bool>(numberIn(settings().object(which)));
   ConfigurationManager manager = ConfigurationManager::sharedManager();
   int count = which.isEqualToString(keys::rows) ? manager.rows() : manager.columns();
   bool wanted = settings().flag(keys::icons) && settings().flag(keys::enabled) && stored;

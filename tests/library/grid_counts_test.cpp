@@ -153,9 +153,13 @@ TEST(StoredCounts, AreWholeNumbers) {
   EXPECT_EQ(ConfigurationManager::sharedManager().rows(), 4);
   EXPECT_EQ(ConfigurationManager::sharedManager().columns(), -1);
   home.save("rows"_ns, "8"_ns);
-  home.save("columns"_ns, "many"_ns);
   EXPECT_EQ(ConfigurationManager::sharedManager().rows(), 7);
-  EXPECT_EQ(ConfigurationManager::sharedManager().columns(), -1);
+}
+
+TEST(StoredCounts, ThatAreNoNumbersAreAsGoodAsNone) {
+  Home home(homeOptions("iPhone 7", {"columns=3"}));
+  home.save("columns"_ns, "many"_ns);
+  EXPECT_EQ(ConfigurationManager::sharedManager().columns(), 4);
 }
 
 TEST(StoredCounts, AreThirtyTwoBitsWide) {

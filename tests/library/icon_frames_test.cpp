@@ -80,13 +80,13 @@ INSTANTIATE_TEST_SUITE_P(OfDevices, IconFrames, testing::ValuesIn(screens), [](c
   return name;
 });
 
-// Nothing guards against a grid without rows: the layout stretches without end.
-TEST(IconFrame, IsAtInfinityWithoutRows) {
+// A grid without rows stretches without end; an icon goes as far as a frame can say.
+TEST(IconFrame, IsFarAwayWithoutRows) {
   auto options = homeOptions("iPhone 7", {"enabled=YES", "icons=YES", "rows=0", "columns=4"},
                              test::withPresets({preset("Stretched", 0, 1, 16, 32, -1)}, {"--icons", "3"}));
   Json report = test::reportOf(options);
   double wide = 750. / 640 * 1.4;
-  EXPECT_EQ(report["pages"][0]["icons"][0]["frame"], Json({32 * wide, "-inf", 60, 74}));
+  EXPECT_EQ(report["pages"][0]["icons"][0]["frame"], Json({32 * wide, -1e6, 60, 74}));
 }
 
 TEST(IconFrame, TurnsWithTheDeviceOnEveryPage) {
