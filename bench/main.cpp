@@ -8,7 +8,8 @@ sim::Simulation& simulation() {
   static const char* arguments[] = {"tilo-bench",       "--set", "enabled=YES",          "--set",
                                     "custom_preset=-1", "--set", "vertIconPadding=12.0", "--set",
                                     "quick=YES"};
-  static auto& only = *new sim::Simulation(sim::parseOptions(9, arguments), sim::product::program());
+  const sim::Program& program = sim::product::program();
+  static auto& only = *new sim::Simulation(sim::parseOptions(9, arguments, program.options), program);
   return only;
 }
 

@@ -6,8 +6,6 @@
 namespace sim {
 namespace {
 
-using S = Shape;
-
 void pick(Simulation&, const Step& step) { input::pickRow(static_cast<int>(step.number(0))); }
 
 void choose(Simulation&, const Step& step) { input::chooseInAlert(step.text(0)); }
@@ -15,14 +13,19 @@ void choose(Simulation&, const Step& step) { input::chooseInAlert(step.text(0));
 void enter(Simulation&, const Step& step) { input::enterInAlert(step.text(0)); }
 
 constexpr StepRow rows[] = {
-    {"pick", {{S::row}}, {}, pick, "a finger turns the picker in front to that row, counted from 0", "none"},
+    {"pick",
+     {{kinds::whole("ROW", 0, 1e6)}},
+     {},
+     pick,
+     "a finger turns the picker in front to that row, counted from 0",
+     "none"},
     {"choose",
-     {{S::name}},
+     {{kinds::name}},
      {},
      choose,
      "taps the button of that title of the alert in front; done when the alert has gone",
      "0.25 s"},
-    {"enter", {{S::text}}, {}, enter, "types into that alert's first text field", "0.1 s a key"},
+    {"enter", {{kinds::text}}, {}, enter, "types into that alert's first text field", "0.1 s a key"},
 };
 
 }  // namespace

@@ -13,8 +13,6 @@
 namespace sim {
 namespace {
 
-using S = Shape;
-
 void launch(Simulation&, const Step& step) {
   const std::string& name = step.text(0);
   input::tap(input::findNamed(name));
@@ -44,8 +42,13 @@ void edit(Simulation&, const Step&) {
 }
 
 constexpr StepRow rows[] = {
-    {"launch", {{S::name}}, {}, launch, "taps the icon; the application opens while time passes", "0.05 s"},
-    {"open", {{S::name}}, {}, open, "taps the folder, which opens while time passes", "0.05 s"},
+    {"launch",
+     {{kinds::name}},
+     {},
+     launch,
+     "taps the icon; the application opens while time passes",
+     "0.05 s"},
+    {"open", {{kinds::name}}, {}, open, "taps the folder, which opens while time passes", "0.05 s"},
     {"home",
      {},
      {},

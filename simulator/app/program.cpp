@@ -8,19 +8,17 @@
 
 namespace sim {
 
-void add(std::vector<StepRow>& table, StepTable rows) { table.insert(table.end(), rows.begin(), rows.end()); }
-
-void addAfter(std::string_view key, std::vector<ReportRow>& table, std::initializer_list<ReportRow> rows) {
-  table.insert(std::ranges::find(table, key, &ReportRow::key) + 1, rows);
+void addAfter(std::string_view key, std::vector<ReportRow>& table, std::span<const ReportRow> rows) {
+  table.insert(std::ranges::find(table, key, &ReportRow::key) + 1, rows.begin(), rows.end());
 }
 
 Program homeScreenProgram() {
   Program program;
   program.name = "home-sim";
+  add(program.options, homeScreenOptions());
   for (const StepTable rows : {deviceSteps(), touchSteps(), homeSteps(), alertSteps()})
     add(program.steps, rows);
-  const auto keys = homeScreenReport();
-  program.report.assign(keys.begin(), keys.end());
+  add(program.report, homeScreenReport());
   return program;
 }
 

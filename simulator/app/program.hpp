@@ -1,12 +1,15 @@
-// What a simulator is beside the machinery of its home screen: tables that its scripts and reports follow,
-// and the library that it loads. Whoever knows a library adds to those of the home screen alone.
+// What a simulator is beside the machinery of its home screen: tables that its command line, scripts and
+// reports follow, and the library that it loads. Whoever knows a library adds to those of the home screen
+// alone.
 #pragma once
 
-#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
+#include "simulator/app/options.hpp"
 #include "simulator/input/script.hpp"
 #include "simulator/json/json.hpp"
 
@@ -14,14 +17,16 @@ namespace sim {
 
 class Simulation;
 
-/** A key of the report. */
+/** A key of the report; without a value, a part of the one before that is worth a line of its own. */
 struct ReportRow {
   std::string_view key;
   Json (*value)(Simulation&);
+  std::string_view help;
 };
 
 struct Program {
   std::string name;  // its messages begin with it
+  std::vector<OptionRow> options;
   std::vector<StepRow> steps;
   std::vector<ReportRow> report;  // in the order of the keys
   // Files beside the program: what is loaded unless the options say otherwise, none when empty, and its
@@ -35,9 +40,12 @@ struct Program {
 /** A home screen with any library or none. */
 Program homeScreenProgram();
 
-// What else a program's scripts and report are to have.
-void add(std::vector<StepRow>& table, StepTable rows);
+// What else a program is to have.
+template <class Row>
+void add(std::vector<Row>& table, std::span<const std::type_identity_t<Row>> rows) {
+  table.insert(table.end(), rows.begin(), rows.end());
+}
 /** The key is there. */
-void addAfter(std::string_view key, std::vector<ReportRow>& table, std::initializer_list<ReportRow> rows);
+void addAfter(std::string_view key, std::vector<ReportRow>& table, std::span<const ReportRow> rows);
 
 }  // namespace sim

@@ -46,32 +46,56 @@ Json orientation(Simulation& simulation) {
   return simulation.device().homeScreenTurns && landscape ? "landscape" : "portrait";
 }
 
-constexpr NSInteger portrait = UIInterfaceOrientationPortrait;
+template <auto message>
+Json classCount(Simulation&) {
+  return static_cast<NSInteger>((*message)(UIInterfaceOrientationPortrait));
+}
 
 constexpr ReportRow rows[] = {
-    {"device", [](Simulation& simulation) -> Json { return simulation.device().name; }},
-    {"ios", [](Simulation& simulation) -> Json { return simulation.startOptions().ios.text(); }},
-    {"orientation", orientation},
-    {"loaded", [](Simulation& simulation) -> Json { return simulation.library() != nullptr; }},
-    {"pages", [](Simulation&) { return reportPages(); }},
-    {"classRows",
-     [](Simulation&) -> Json {
-       return static_cast<NSInteger>(SBIconListView::iconRowsForInterfaceOrientation(portrait));
-     }},
-    {"classColumns",
-     [](Simulation&) -> Json {
-       return static_cast<NSInteger>(SBIconListView::iconColumnsForInterfaceOrientation(portrait));
-     }},
-    {"iconSupport", iconSupport},
-    {"folder", [](Simulation&) { return reportFolder(); }},
-    {"dock", [](Simulation&) { return reportDock(); }},
-    {"pageDots", [](Simulation&) { return reportPageDots(); }},
-    {"alert", [](Simulation&) { return reportAlert(); }},
-    {"console", [](Simulation&) -> Json { return console(); }},
-    {"application", application},
-    {"openedURLs", [](Simulation&) -> Json { return uikit::openedURLs(); }},
-    {"relayouts", relayouts},
-    {"time", [](Simulation&) { return number(clock::now()); }},
+    {"device", [](Simulation& simulation) -> Json { return simulation.device().name; }, "as started"},
+    {"ios", [](Simulation& simulation) -> Json { return simulation.startOptions().ios.text(); },
+     "as started"},
+    {"orientation", orientation, "`\"portrait\"` or `\"landscape\"`, as started"},
+    {"loaded", [](Simulation& simulation) -> Json { return simulation.library() != nullptr; },
+     "whether the library is loaded"},
+    {"pages", [](Simulation&) { return reportPages(); },
+     "one for each page, asked of its `SBRootIconListView`: `index`, `rows`, `columns` (for the current "
+     "orientation), "
+     "`rowsForSpacing`, `verticalPadding`, `horizontalPadding`, `sideInset`, `topInset`, `icons[]`"},
+    {"pages[].icons[]", nullptr,
+     "`name`, `frame` in the page, `square` (whether its image view shows square corners), `label` "
+     "{`visible`: not "
+     "hidden, its colour not clear, its rectangle not empty; `frame` in the page}"},
+    {"classRows", classCount<&SBIconListView::iconRowsForInterfaceOrientation>,
+     "`+[SBIconListView iconRowsForInterfaceOrientation:]`, for portrait"},
+    {"classColumns", classCount<&SBIconListView::iconColumnsForInterfaceOrientation>,
+     "its sibling, for portrait"},
+    {"iconSupport", iconSupport, "the names registered with IconSupport"},
+    {"folder", [](Simulation&) { return reportFolder(); },
+     "of a folder's list: `rows`, `columns`, `classRows` (the class method, portrait), `verticalPadding`, "
+     "`horizontalPadding`"},
+    {"dock", [](Simulation&) { return reportDock(); },
+     "`height` (`+[SBDockView defaultHeight]`), `alpha` of its icon list, `backgroundAlpha`, `maxIcons`, "
+     "`rows` and "
+     "`visibleRows` (the class methods, portrait), `iconsInRow`, `spacing`, `effectiveSpacing`, "
+     "`verticalPadding`, "
+     "`horizontalPadding`, `icons[]` as in a page"},
+    {"pageDots", [](Simulation&) { return reportPageDots(); },
+     "`count`, `drawn` (dots that show an image), `current` (from 0)"},
+    {"alert", [](Simulation&) { return reportAlert(); },
+     "null, or `title`, `message`, `actions` [titles] of the alert in front, and `text` of its first field, "
+     "null "
+     "without one"},
+    {"console", [](Simulation&) -> Json { return console(); },
+     "lines sent to the system log, colour codes included"},
+    {"application", application, "the name of the one on screen"},
+    {"openedURLs", [](Simulation&) -> Json { return uikit::openedURLs(); },
+     "the addresses that were opened, in order; nothing opens them here"},
+    {"relayouts", relayouts,
+     "every call of SpringBoard's relayout entry points (SpringBoard itself makes none): `page`, `duration` "
+     "in "
+     "seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},
+    {"time", [](Simulation&) { return number(clock::now()); }, "seconds since the start"},
 };
 
 }  // namespace
@@ -82,7 +106,7 @@ Json makeReport(Simulation& simulation) {
   const bridge::Pool pool;
   Json report = Json::object();
   for (const ReportRow& row : simulation.program().report)
-    report[std::string(row.key)] = row.value(simulation);
+    if (row.value) report[std::string(row.key)] = row.value(simulation);
   return report;
 }
 

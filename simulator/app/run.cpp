@@ -1,6 +1,8 @@
 // A simulator's run, from the command line to the last report.
 #include "simulator/app/run.hpp"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
 #include <iostream>
@@ -27,9 +29,34 @@ std::string oneLine(std::string text) {
   return text;
 }
 
-void listDevices(const Options& options) {
-  std::cout << deviceTable();
-  if (options.report) writeText(options.report->string(), deviceJson().dump(2) + "\n");
+// As a line of a Markdown table each, as docs/simulator.md has them.
+std::string described(const OptionRow& row) {
+  return fmt::format("| `{}` | {} |{}{} |\n", escaped(usage(row)), row.help, row.standard.empty() ? "" : " ",
+                     row.standard);
+}
+std::string described(const ReportRow& row) { return fmt::format("| `{}` | {} |\n", row.key, row.help); }
+
+void print(Listing listing, const Options& options, const Program& program) {
+  const auto all = [](const auto& rows) {
+    for (const auto& row : rows) std::cout << described(row);
+  };
+  switch (listing) {
+    case Listing::help:
+      fmt::print("{} [OPTION]...\n\n", program.name);
+      for (const OptionRow& row : program.options)
+        fmt::print("{:<32}  {}{}\n", usage(row), row.help,
+                   row.standard.empty() ? "" : fmt::format(" (otherwise: {})", row.standard));
+      return;
+    case Listing::options:
+      return all(program.options);
+    case Listing::steps:
+      return all(program.steps);
+    case Listing::report:
+      return all(program.report);
+    case Listing::devices:
+      std::cout << deviceTable();
+      if (options.report) writeText(options.report->string(), deviceJson().dump(2) + "\n");
+  }
 }
 
 void act(const Options& options, const Program& program) {
@@ -51,16 +78,11 @@ void act(const Options& options, const Program& program) {
 
 int run(int count, const char* const* arguments, const Program& program) {
   try {
-    Options options = parseOptions(count, arguments);
-    if (!options.help.empty()) {
-      std::cout << options.help;
-    } else if (options.listDevices) {
-      listDevices(options);
-    } else if (options.listSteps) {
-      for (const StepRow& row : program.steps) std::cout << described(row) << "\n";
-    } else {
+    const Options options = parseOptions(count, arguments, program.options);
+    if (options.listing)
+      print(*options.listing, options, program);
+    else
       act(options, program);
-    }
   } catch (const std::exception& error) {
     std::cerr << program.name << ": " << oneLine(error.what()) << "\n";
     return usageStatus;

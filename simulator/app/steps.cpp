@@ -9,8 +9,6 @@
 namespace sim {
 namespace {
 
-using S = Shape;
-
 // A file that cannot be written is the script's mistake.
 template <auto Write>
 void output(Simulation& simulation, const Step& step) {
@@ -29,13 +27,13 @@ void rotate(Simulation& simulation, const Step& step) {
 
 constexpr StepRow rows[] = {
     {"wait",
-     {{S::seconds}},
+     {{kinds::seconds}},
      {},
      wait,
      "time passes, 0 to 1,000,000 s: timers, animations and queued work happen at their moments",
      "as said"},
     {"rotate",
-     {{S::orientation}},
+     {{kinds::choice("portrait|landscape")}},
      {},
      rotate,
      "the device turns; where the home screen does not turn, only time passes",
@@ -47,8 +45,8 @@ constexpr StepRow rows[] = {
      "the lock screen comes",
      "none"},
     {"unlock", {}, {}, [](Simulation& simulation, const Step&) { simulation.unlock(); }, "and goes", "none"},
-    {"snapshot", {{S::file}}, {}, output<&Simulation::snapshot>, "PNG of the screen now", "none"},
-    {"report", {{S::file}}, {}, output<&Simulation::report>, "JSON now; `-` prints it", "none"},
+    {"snapshot", {{kinds::file}}, {}, output<&Simulation::snapshot>, "PNG of the screen now", "none"},
+    {"report", {{kinds::file}}, {}, output<&Simulation::report>, "JSON now; `-` prints it", "none"},
 };
 
 }  // namespace

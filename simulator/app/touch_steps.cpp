@@ -9,8 +9,6 @@
 namespace sim {
 namespace {
 
-using S = Shape;
-
 constexpr double usualDrag = 0.5;    // seconds, where a step does not say
 constexpr double fingersApart = 20;  // points between the fingers of a two-finger tap
 
@@ -58,40 +56,45 @@ void finger(Simulation&, const Step& step) {
   input::fingerUp(number, pointAt(step, 2));
 }
 
+constexpr Kind direction = kinds::choice("up|down|left|right"), phase = kinds::choice("down|move|up");
+using kinds::x, kinds::y;
+
+constexpr Kind fingerNumber = kinds::whole("N", 0, 10), force = kinds::number("FORCE", 0, kinds::anything);
+
 constexpr StepRow rows[] = {
     {"swipe",
-     {{S::direction}},
-     {{{S::direction, S::coordinate, S::coordinate}}},
+     {{direction}},
+     {{{direction, x, y}}},
      swipe,
      "one finger flicks, from the middle of the screen or from there",
      "0.15 s"},
     {"tap",
-     {{S::name}},
-     {{{S::coordinate, S::coordinate}}},
+     {{kinds::name}},
+     {{{x, y}}},
      tap,
      "one finger taps on the visible thing of that name, or there",
      "0.05 s"},
     {"two-finger-tap",
      {},
-     {{{S::coordinate, S::coordinate}}},
+     {{{x, y}}},
      twoFingerTap,
      "two fingers; without a place near the middle, where no icon is",
      "0.05 s"},
     {"press",
-     {{S::force}},
-     {{{S::force, S::coordinate, S::coordinate}}},
+     {{force}},
+     {{{force, x, y}}},
      press,
      "a touch that rises to that force in several moves, and lifts; the same place",
      "0.3 s"},
     {"drag",
-     {{S::coordinate, S::coordinate, S::coordinate, S::coordinate}},
-     {{{S::coordinate, S::coordinate, S::coordinate, S::coordinate, S::seconds}}},
+     {{x, y, x, y}},
+     {{{x, y, x, y, kinds::seconds}}},
      drag,
      "one finger, in 60 Hz moves",
      "as said, or 0.5 s"},
     {"finger",
-     {{S::finger, S::phase, S::coordinate, S::coordinate}},
-     {{{S::finger, S::phase, S::coordinate, S::coordinate, S::force}}},
+     {{fingerNumber, phase, x, y}},
+     {{{fingerNumber, phase, x, y, force}}},
      finger,
      "one of several fingers, by hand",
      "none"},

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "simulator/device/usage_error.hpp"
-#include "simulator/input/step_arguments.hpp"
 
 namespace sim {
 namespace {
@@ -16,8 +15,8 @@ namespace {
 std::string usage(std::string_view name, const Arguments& form) {
   std::string text(name);
   for (std::size_t index = 0; index < form.count(); ++index)
-    text += fmt::format(" {}", description(form.shapes[index]));
-  if (form.more != Shape::none) text += fmt::format(" {} ...", description(form.more));
+    text += fmt::format(" {}", form.kinds[index].shown);
+  if (form.more) text += fmt::format(" {} ...", form.more.shown);
   return text;
 }
 
@@ -72,10 +71,11 @@ std::vector<Token> tokens(std::string_view line, const std::string& place) {
                          const std::filesystem::path& folder) {
   const Arguments& form = row.orElse ? *row.orElse : row.arguments;
   for (std::size_t index = 0; !form.takes(index) || index < given.size(); ++index) {
-    if (form.shapeOf(index) == Shape::none) break;
+    const Kind& kind = form.kindOf(index);
+    if (!kind) break;
     if (index == given.size())
-      throw UsageError(fmt::format("{}: '{}' lacks {}", place, row.name, description(form.shapeOf(index))));
-    if (!argument(form.shapeOf(index), given[index], folder))
+      throw UsageError(fmt::format("{}: '{}' lacks {}", place, row.name, kind.shown));
+    if (!kind.read(kind, given[index], folder))
       throw UsageError(
           fmt::format("{}: '{}' is not what '{}' takes", place, given[index].text, usage(row.name, form)));
   }
@@ -89,25 +89,18 @@ std::optional<std::vector<StepArgument>> taken(const Arguments& form, std::span<
   if (!form.takes(given.size())) return std::nullopt;
   std::vector<StepArgument> values;
   for (std::size_t index = 0; index < given.size(); ++index) {
-    std::optional<StepArgument> value = argument(form.shapeOf(index), given[index], folder);
+    const Kind& kind = form.kindOf(index);
+    std::optional<StepArgument> value = kind.read(kind, given[index], folder);
     if (!value) return std::nullopt;
     values.push_back(std::move(*value));
   }
   return values;
 }
 
-// Coordinates come in pairs, and bars separate the columns of a table.
-std::string forTable(std::string text) {
-  constexpr std::string_view pair = "POINTS POINTS";
-  for (std::size_t at; (at = text.find(pair)) != std::string::npos;) text.replace(at, pair.size(), "X Y");
-  for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += 2) text.insert(at, 1, '\\');
-  return text;
-}
-
 }  // namespace
 
 std::size_t Arguments::count() const {
-  return static_cast<std::size_t>(std::ranges::find(shapes, Shape::none) - shapes.begin());
+  return static_cast<std::size_t>(std::ranges::find_if_not(kinds, &Kind::operator bool) - kinds.begin());
 }
 
 std::optional<Step> parseStep(std::string_view line, const std::string& place,
@@ -124,10 +117,15 @@ std::optional<Step> parseStep(std::string_view line, const std::string& place,
   return Step{&*row, std::move(*arguments), place};
 }
 
+std::string escaped(std::string text) {
+  for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += 2) text.insert(at, 1, '\\');
+  return text;
+}
+
 std::string described(const StepRow& row) {
   std::string ways = "`" + usage(row.name, row.arguments) + "`";
   if (row.orElse) ways += ", `" + usage(row.name, *row.orElse) + "`";
-  return fmt::format("| {} | {} | {} |", forTable(ways), row.help, row.duration);
+  return fmt::format("| {} | {} | {} |\n", escaped(ways), row.help, row.duration);
 }
 
 }  // namespace sim

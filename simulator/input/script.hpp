@@ -23,6 +23,8 @@ using StepTable = std::span<const StepRow>;
 std::optional<Step> parseStep(std::string_view line, const std::string& place,
                               const std::filesystem::path& folder, StepTable table);
 
+/** For a column of a Markdown table, which bars separate. */
+std::string escaped(std::string text);
 /** A row as a line of a Markdown table: how the step is written, what happens, how long it takes. */
 std::string described(const StepRow& row);
 

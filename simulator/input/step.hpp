@@ -2,42 +2,16 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
+
+#include "simulator/input/kinds.hpp"
 
 namespace sim {
 
 class Simulation;
 struct StepRow;
-
-/** What an argument may be; none where there are fewer arguments than there is room for. */
-enum class Shape {
-  none,
-  seconds,
-  orientation,
-  file,
-  word,
-  setting,
-  coordinate,
-  force,
-  direction,
-  name,
-  finger,
-  phase,
-  page,
-  times,
-  value,
-  row,
-  text,
-  selector
-};
-
-/** A number in the unit of its step, or a text: a word of the step's vocabulary, a file, a name or
- * "KEY=VALUE". */
-using StepArgument = std::variant<double, std::string>;
 
 struct Step {
   const StepRow* row;
@@ -52,12 +26,12 @@ struct Step {
 
 /** One way of giving a step its arguments. */
 struct Arguments {
-  std::array<Shape, 6> shapes{};
-  Shape more = Shape::none;  // any number of these may follow
+  std::array<Kind, 6> kinds{};
+  Kind more{};  // any number of these may follow
 
   std::size_t count() const;
-  bool takes(std::size_t given) const { return more == Shape::none ? given == count() : given >= count(); }
-  Shape shapeOf(std::size_t index) const { return index < count() ? shapes[index] : more; }
+  bool takes(std::size_t given) const { return more ? given >= count() : given == count(); }
+  const Kind& kindOf(std::size_t index) const { return index < count() ? kinds[index] : more; }
 };
 
 /** Time passes as long as the step takes. Throws UsageError, without the step's place, when it cannot be

@@ -30,14 +30,18 @@ ProgressHUD foremost() {
   return found;
 }
 
-Json text(NSString string) { return string ? Json(string.UTF8String()) : Json(); }
+Json hud(Simulation&) {
+  const ProgressHUD box = foremost();
+  if (!box) return nullptr;
+  return {{"text", plain(box.labelText())}, {"mode", box.mode()}, {"alpha", number(shownAlpha(box))}};
+}
+
+constexpr ReportRow rows[] = {{"hud", hud,
+                               "`text`, `mode` (as the library numbers them) and `alpha` of the foremost "
+                               "notice box; null when none is shown"}};
 
 }  // namespace
 
-Json reportHud(Simulation&) {
-  const ProgressHUD hud = foremost();
-  if (!hud) return nullptr;
-  return {{"text", text(hud.labelText())}, {"mode", hud.mode()}, {"alpha", number(shownAlpha(hud))}};
-}
+std::span<const ReportRow> hudKeys() { return rows; }
 
 }  // namespace sim::product

@@ -128,24 +128,43 @@ Json selectedRow(UIView panel) {
 
 bool isTrue(bridge::Object flag) { return bridge::as<NSNumber>(flag).boolValue(); }
 
+Json panel(Simulation&) {
+  const UIView view = shownPanel();
+  if (!view) return nullptr;
+  const auto pages = bridge::as<UIPageControl>(panelPart(view, "pageControl"_ns));
+  const auto caption = bridge::as<UILabel>(panelPart(view, "pickerLabel"_ns));
+  return {{"frame", frame(uikit::layerOf(view).frame(clock::now()))},
+          {"alpha", number(shown(view).opacity)},
+          {"background", opaqueColor(shown(view).backgroundColor)},
+          {"dark", isTrue(panelPart(view, "isDarkMode"_ns))},
+          {"collapsed", view.bounds().size.height == collapsedHeight},
+          {"page", static_cast<long>(pages.currentPage())},
+          {"rows", rows(view)},
+          {"presets", presets(view)},
+          {"selectedRow", selectedRow(view)},
+          {"caption", string(caption.text())},
+          {"views", tree(view)}};
+}
+
+constexpr ReportRow table[] = {
+    {"panel", panel,
+     "null when none is on screen; else `frame`, `alpha`, `background` [red, green, blue] (0 to 255), "
+     "`dark`, "
+     "`collapsed`, `page`, `rows`, `presets` [names], `selectedRow` of the picker, `caption` of the saved "
+     "layouts, "
+     "`views`"},
+    {"panel.rows", nullptr,
+     "by caption: the `key` it edits, `value`, `minimum`, `maximum`, `text` of its number field, `error` "
+     "(the message "
+     "beside it, while its alpha exceeds 0.01)"},
+    {"panel.views", nullptr,
+     "the tree: `class`, `frame`, `alpha`, `hidden`, `transform` [a, b, c, d, tx, ty], `background` and "
+     "`textColor` "
+     "[red, green, blue, alpha], `text`, `children`"},
+};
+
 }  // namespace
 
-Json reportPanel(Simulation&) {
-  const UIView panel = shownPanel();
-  if (!panel) return nullptr;
-  const auto pages = bridge::as<UIPageControl>(panelPart(panel, "pageControl"_ns));
-  const auto caption = bridge::as<UILabel>(panelPart(panel, "pickerLabel"_ns));
-  return {{"frame", frame(uikit::layerOf(panel).frame(clock::now()))},
-          {"alpha", number(shown(panel).opacity)},
-          {"background", opaqueColor(shown(panel).backgroundColor)},
-          {"dark", isTrue(panelPart(panel, "isDarkMode"_ns))},
-          {"collapsed", panel.bounds().size.height == collapsedHeight},
-          {"page", static_cast<long>(pages.currentPage())},
-          {"rows", rows(panel)},
-          {"presets", presets(panel)},
-          {"selectedRow", selectedRow(panel)},
-          {"caption", string(caption.text())},
-          {"views", tree(panel)}};
-}
+std::span<const ReportRow> panelKeys() { return table; }
 
 }  // namespace sim::product

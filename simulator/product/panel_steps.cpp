@@ -8,8 +8,6 @@
 namespace sim::product {
 namespace {
 
-using S = Shape;
-
 void page(Simulation&, const Step& step) { turnToPage(step.text(0) == "0" ? 0 : 1); }
 
 void call(Simulation&, const Step& step) {
@@ -23,8 +21,13 @@ void call(Simulation&, const Step& step) {
 }
 
 constexpr StepRow rows[] = {
-    {"page", {{S::page}}, {}, page, "a finger drags the panel to that page", "none"},
-    {"call", {{S::selector}}, {}, call, "sends the panel a message that none of its controls sends", "none"},
+    {"page", {{kinds::choice("0|1")}}, {}, page, "a finger drags the panel to that page", "none"},
+    {"call",
+     {{kinds::choice("exportSettings|openSettings")}},
+     {},
+     call,
+     "sends the panel a message that none of its controls sends",
+     "none"},
 };
 
 }  // namespace

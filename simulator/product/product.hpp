@@ -2,6 +2,8 @@
 // scripts and reports follow.
 #pragma once
 
+#include <span>
+
 #include "simulator/app/program.hpp"
 
 namespace sim::product {
@@ -9,18 +11,16 @@ namespace sim::product {
 /** A home screen with the library: tilo-sim. */
 const Program& program();
 
-// Of a script: the panel and its rows; the settings pane.
+std::span<const OptionRow> startFileOptions();
+
 StepTable panelSteps();
 StepTable rowSteps();
 StepTable settingsSteps();
 
-// Of the report. Null where there is no panel, or no notice box.
-Json reportHooks(Simulation& simulation);
-Json reportFraming(Simulation& simulation);
-Json reportPanel(Simulation& simulation);
-Json reportHud(Simulation& simulation);
-Json reportPreferences(Simulation& simulation);
-Json reportPresets(Simulation& simulation);
-Json reportLog(Simulation& simulation);
+std::span<const ReportRow> hooksKeys();
+std::span<const ReportRow> framingKeys();
+std::span<const ReportRow> panelKeys();
+std::span<const ReportRow> hudKeys();
+std::span<const ReportRow> filesKeys();
 
 }  // namespace sim::product

@@ -22,13 +22,12 @@ Program made() {
   program.installedAs = "Tilo.dylib";
   program.prepare = prepare;
   for (const StepTable rows : {rowSteps(), panelSteps(), settingsSteps()}) add(program.steps, rows);
-  addAfter("classColumns", program.report, {{"hooks", reportHooks}});
-  addAfter("pageDots", program.report, {{"framing", reportFraming}, {"panel", reportPanel}});
-  addAfter("alert", program.report,
-           {{"hud", reportHud},
-            {"preferences", reportPreferences},
-            {"presets", reportPresets},
-            {"log", reportLog}});
+  add(program.options, startFileOptions());
+  addAfter("classColumns", program.report, hooksKeys());
+  addAfter("pageDots", program.report, framingKeys());
+  addAfter("framing", program.report, panelKeys());
+  addAfter("alert", program.report, hudKeys());
+  addAfter("hud", program.report, filesKeys());
   return program;
 }
 

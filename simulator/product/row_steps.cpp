@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <limits>
 
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
@@ -13,8 +14,6 @@
 
 namespace sim::product {
 namespace {
-
-using S = Shape;
 
 constexpr double pauseAfterPress = 0.25;  // seconds
 constexpr int slideMoves = 10;            // of the finger on its way
@@ -81,22 +80,26 @@ void apply(Simulation&, const Step& step) { pressBarButton(rowOf(step), "Apply")
 
 void cancel(Simulation&, const Step& step) { pressBarButton(rowOf(step), "Cancel"); }
 
+constexpr Kind times = kinds::whole("TIMES", 1, 10000);
+constexpr double mostValue = std::numeric_limits<float>::max();
+constexpr Kind value = kinds::number("VALUE", -mostValue, mostValue);
+
 constexpr StepRow rows[] = {
     {"increment",
-     {{S::name}},
-     {{{S::name, S::times}}},
+     {{kinds::name}},
+     {{{kinds::name, times}}},
      increment,
      "presses the plus button of the panel's row with that caption",
      "0.3 s each"},
-    {"decrement", {{S::name}}, {{{S::name, S::times}}}, decrement, "the minus button", "0.3 s each"},
+    {"decrement", {{kinds::name}}, {{{kinds::name, times}}}, decrement, "the minus button", "0.3 s each"},
     {"slide",
-     {{S::name, S::value}},
+     {{kinds::name, value}},
      {},
      slide,
      "a finger drags the row's thumb to that value, in ten moves",
      "none"},
     {"type",
-     {{S::name, S::text}},
+     {{kinds::name, kinds::text}},
      {},
      type,
      "taps the row's number field, empties it with the delete key and presses a key for each character, "
@@ -104,18 +107,18 @@ constexpr StepRow rows[] = {
      "lead to other keys included; what the keyboard lacks comes as from one that is plugged in",
      "0.1 s a key"},
     {"paste",
-     {{S::name, S::text}},
+     {{kinds::name, kinds::text}},
      {},
      paste,
      "the same, but the text comes from the pasteboard at once",
      "0.1 s a deletion"},
     {"apply",
-     {{S::name}},
+     {{kinds::name}},
      {},
      apply,
      "presses that button above the keyboard, while the row's number field is edited",
      "none"},
-    {"cancel", {{S::name}}, {}, cancel, "likewise", "none"},
+    {"cancel", {{kinds::name}}, {}, cancel, "likewise", "none"},
 };
 
 }  // namespace

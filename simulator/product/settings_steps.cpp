@@ -45,17 +45,15 @@ void message(Simulation& simulation, const Step& step) {
   settle();
 }
 
-using S = Shape;
-
 constexpr StepRow rows[] = {
     {"write",
-     {{S::setting}},
+     {{kinds::setting}},
      {},
      write,
      "another process writes the preference domain and tells nobody",
      "none"},
     {"message",
-     {{S::word}, S::setting},
+     {{kinds::word}, kinds::setting},
      {},
      message,
      "a message to the messaging centre, delivered before the step ends",

@@ -8,9 +8,13 @@
 
 namespace sim {
 class Simulation;
-}
+struct Options;
+}  // namespace sim
 
 namespace sim::product {
+
+// The preference domain's values, each key once with the value given last.
+std::vector<Setting> settingsOf(const Options& options);
 
 // Throws UsageError when `file` is no property list of keys and values.
 void checkPreferenceFile(const std::string& file);

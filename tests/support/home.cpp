@@ -42,8 +42,9 @@ Home::Home(std::vector<std::string> options, const std::function<void(sim::Simul
   options.insert(options.begin(), "tilo-sim");
   std::vector<const char*> arguments;
   for (auto& option : options) arguments.push_back(option.c_str());
+  const sim::Program& program = sim::product::program();
   sim = std::make_unique<sim::Simulation>(
-      sim::parseOptions(static_cast<int>(arguments.size()), arguments.data()), sim::product::program());
+      sim::parseOptions(static_cast<int>(arguments.size()), arguments.data(), program.options), program);
   if (prepare) prepare(*sim);
   sim->start();
 }

@@ -75,6 +75,7 @@ struct Run {
   int status;
   std::string output, errors;
 };
-Run runSimulator(const std::vector<std::string>& options, const std::string& input = "");
+Run runSimulator(const std::vector<std::string>& options, const std::string& input = "",
+                 const char* program = "tilo-sim");
 
 }  // namespace test

@@ -11,12 +11,12 @@ extern char** environ;
 
 namespace test {
 
-Run runSimulator(const std::vector<std::string>& options, const std::string& input) {
+Run runSimulator(const std::vector<std::string>& options, const std::string& input, const char* name) {
   static int runs = 0;
   std::string tag = std::to_string(++runs);
   std::string in = temporaryFile("in" + tag, input);
   std::string out = temporaryFile("out" + tag, ""), err = temporaryFile("err" + tag, "");
-  std::string program = std::filesystem::canonical("/proc/self/exe").parent_path() / "tilo-sim";
+  std::string program = std::filesystem::canonical("/proc/self/exe").parent_path() / name;
 
   std::vector<char*> arguments{program.data()};
   for (auto& option : options) arguments.push_back(const_cast<char*>(option.c_str()));

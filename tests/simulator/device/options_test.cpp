@@ -4,10 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <set>
 #include <vector>
 
 #include "simulator/device/temporary_root.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/product/product.hpp"
+#include "simulator/product/start_files.hpp"
 
 namespace sim {
 namespace {
@@ -17,7 +20,7 @@ namespace fs = std::filesystem;
 Options parse(std::vector<std::string> words) {
   std::vector<const char*> arguments{"tilo-sim"};
   for (const std::string& word : words) arguments.push_back(word.c_str());
-  return parseOptions(static_cast<int>(arguments.size()), arguments.data());
+  return parseOptions(static_cast<int>(arguments.size()), arguments.data(), product::program().options);
 }
 
 std::string errorOf(const std::vector<std::string>& words) {
@@ -45,12 +48,11 @@ TEST(Options, WithoutArgumentsAreTheDefaults) {
   EXPECT_EQ(options.orientation, Orientation::portrait);
   EXPECT_EQ(options.pages, 3);
   EXPECT_FALSE(options.icons);
-  EXPECT_FALSE(options.root || options.prefs || options.presets || options.library);
+  EXPECT_FALSE(options.root || options.library);
   EXPECT_FALSE(options.script || options.snapshot || options.report);
-  EXPECT_TRUE(options.settings.empty());
-  EXPECT_FALSE(options.stock || options.iconSupport || options.listDevices);
+  EXPECT_TRUE(options.more.empty());
+  EXPECT_FALSE(options.stock || options.iconSupport || options.listing);
   EXPECT_EQ(options.loader, InjectionLoader::substrate);
-  EXPECT_TRUE(options.help.empty());
 }
 
 TEST(Options, TakeValuesInBothSpellings) {
@@ -62,7 +64,8 @@ TEST(Options, TakeValuesInBothSpellings) {
   EXPECT_EQ(options.orientation, Orientation::landscape);
   EXPECT_EQ(options.pages, 5);
   EXPECT_EQ(options.icons, 7);
-  EXPECT_TRUE(options.stock && options.iconSupport && options.listDevices);
+  EXPECT_TRUE(options.stock && options.iconSupport);
+  EXPECT_EQ(options.listing, Listing::devices);
   EXPECT_EQ(options.loader, InjectionLoader::sbinject);
 }
 
@@ -139,12 +142,12 @@ TEST(Options, SettingsHaveTypes) {
                                       {"list", std::string("[a,b]")},
                                       {"large", 1e20},
                                       {"minus", std::string("-")}};
-  EXPECT_EQ(options.settings, expected);
+  EXPECT_EQ(product::settingsOf(options), expected);
 }
 
 TEST(Options, OfOneKeyTheLastValueCounts) {
   const Options options = parse({"--set", "rows=5", "--set", "columns=4", "--set", "rows=NO"});
-  EXPECT_EQ(options.settings, (std::vector<Setting>{{"rows", false}, {"columns", 4LL}}));
+  EXPECT_EQ(product::settingsOf(options), (std::vector<Setting>{{"rows", false}, {"columns", 4LL}}));
 }
 
 TEST(Options, ASettingWithoutAKeyIsNamed) {
@@ -159,8 +162,8 @@ TEST_F(OptionFiles, BecomeAbsolute) {
   const Options options = parse({"--prefs", "file", "--presets=file", "--library", "file", "--script", "file",
                                  "--snapshot", "new.png", "--report", "new.json", "--root", "device/"});
   fs::current_path(before);
-  EXPECT_EQ(options.prefs, file);
-  EXPECT_EQ(options.presets, file);
+  EXPECT_EQ(options.more.at("--prefs"), std::vector{file});
+  EXPECT_EQ(options.more.at("--presets"), std::vector{file});
   EXPECT_EQ(options.library, file);
   EXPECT_EQ(options.script, file);
   EXPECT_EQ(options.snapshot, folder.path() / "new.png");
@@ -196,9 +199,26 @@ TEST_F(OptionFiles, ARootIsAFolderOrNothingYet) {
     EXPECT_EQ(errorOf({"--root", bad}), "--root: '" + bad + "' cannot be the device's folder");
 }
 
-TEST(Options, HelpIsText) {
-  const Options options = parse({"--help"});
-  EXPECT_NE(options.help.find("--icon-support"), std::string::npos);
+TEST(Options, AFlagTakesNoValue) {
+  EXPECT_EQ(errorOf({"--stock=yes"}), "--stock takes no value: '--stock=yes'");
+}
+
+TEST(Options, AnOptionIsNoValueOfTheOneBefore) {
+  EXPECT_EQ(errorOf({"--device", "--stock"}), "--device lacks its value: --device NAME");
+  EXPECT_EQ(errorOf({"--device=--stock"}), "unknown device '--stock' (--list-devices shows them)");
+}
+
+TEST(Options, HelpIsGivenWhateverElseIsWrong) {
+  for (const char* help : {"--help", "-h"})
+    EXPECT_EQ(parse({help, "--device", "iPhone 99"}).listing, Listing::help) << help;
+}
+
+TEST(Options, HaveNamesOfTheirOwnAndSomethingToSay) {
+  std::set<std::string_view> names;
+  for (const OptionRow& row : product::program().options) {
+    EXPECT_TRUE(names.insert(row.name).second) << row.name;
+    EXPECT_TRUE(row.name.starts_with("--") && !row.help.empty()) << row.name;
+  }
 }
 
 }  // namespace

@@ -82,6 +82,8 @@ TEST(ScriptLine, AnArgumentOfTheWrongKindIsNamed) {
               std::string("file:7: '") + bad + "' is not what 'wait SECONDS' takes");
   EXPECT_EQ(errorOfLine("wait \"1\""), "file:7: '1' is not what 'wait SECONDS' takes");
   EXPECT_EQ(errorOfLine("rotate left"), "file:7: 'left' is not what 'rotate portrait|landscape' takes");
+  for (const char* bad : {"landscape|portrait", "portrait|landscape", "port", "|", ""})
+    EXPECT_NE(errorOfLine(std::string("rotate ") + bad), "no error") << bad;
   EXPECT_EQ(errorOfLine("snapshot \"\""), "file:7: '' is not what 'snapshot FILE' takes");
 }
 

@@ -12,16 +12,15 @@ TEST(TouchScript, SwipeTakesADirectionAndMayTakeAPlace) {
   EXPECT_EQ(step.text(0), "up");
   EXPECT_EQ(step.arguments.size(), 1u);
   EXPECT_EQ(parse("swipe left 10 20.5").number(2), 20.5);
-  EXPECT_EQ(errorOf("swipe sideways"),
-            "file:7: 'sideways' is not what 'swipe up|down|left|right POINTS POINTS' takes");
-  EXPECT_EQ(errorOf("swipe up 3"), "file:7: 'swipe' lacks POINTS");
+  EXPECT_EQ(errorOf("swipe sideways"), "file:7: 'sideways' is not what 'swipe up|down|left|right X Y' takes");
+  EXPECT_EQ(errorOf("swipe up 3"), "file:7: 'swipe' lacks Y");
 }
 
 TEST(TouchScript, TapTakesAPlaceOrAName) {
   EXPECT_EQ(parse("tap 10 -20").number(1), -20);
   EXPECT_EQ(parse("tap \"App Store\"").text(0), "App Store");
-  EXPECT_EQ(errorOf("tap Maps"), "file:7: 'Maps' is not what 'tap POINTS POINTS' takes");
-  EXPECT_EQ(errorOf("tap \"\""), "file:7: '' is not what 'tap POINTS POINTS' takes");
+  EXPECT_EQ(errorOf("tap Maps"), "file:7: 'Maps' is not what 'tap X Y' takes");
+  EXPECT_EQ(errorOf("tap \"\""), "file:7: '' is not what 'tap X Y' takes");
 }
 
 TEST(TouchScript, PlacesOfPressAndTwoFingerTapMayBeLeftOut) {
@@ -29,13 +28,13 @@ TEST(TouchScript, PlacesOfPressAndTwoFingerTapMayBeLeftOut) {
   EXPECT_EQ(parse("two-finger-tap 1 2").arguments.size(), 2u);
   EXPECT_EQ(parse("press 3.5").number(0), 3.5);
   EXPECT_EQ(parse("press 3.5 1 2").arguments.size(), 3u);
-  EXPECT_EQ(errorOf("press -1"), "file:7: '-1' is not what 'press FORCE POINTS POINTS' takes");
+  EXPECT_EQ(errorOf("press -1"), "file:7: '-1' is not what 'press FORCE X Y' takes");
 }
 
 TEST(TouchScript, DragMayTakeSeconds) {
   EXPECT_EQ(parse("drag 1 2 3 4").arguments.size(), 4u);
   EXPECT_EQ(parse("drag 1 2 3 4 0.7").number(4), 0.7);
-  EXPECT_EQ(errorOf("drag 1 2 3"), "file:7: 'drag' lacks POINTS");
+  EXPECT_EQ(errorOf("drag 1 2 3"), "file:7: 'drag' lacks Y");
 }
 
 TEST(TouchScript, FingersAreNumbered) {

@@ -1,6 +1,4 @@
-// What the report says of the library itself: the array that it exports, and its files.
-#include <dlfcn.h>
-
+// What the report says of the library's files: preferences, named layouts, log.
 #include <fstream>
 #include <iterator>
 
@@ -21,33 +19,33 @@ std::ifstream open(Simulation& simulation, const char* devicePath) {
 
 constexpr int deepestPresets = 32;  // far more than presets need, far less than would exhaust the stack
 
-}  // namespace
-
-// The library's exported array of four lengths.
-Json reportFraming(Simulation& simulation) {
-  auto* values =
-      simulation.library() ? static_cast<const CGFloat*>(dlsym(simulation.library(), "framing")) : nullptr;
-  if (!values) return nullptr;
-  return Json::array({number(values[0]), number(values[1]), number(values[2]), number(values[3])});
-}
-
-Json reportPreferences(Simulation&) {
-  return plain(preferenceDomain(NSString::stringWithUTF8String(domain)));
-}
+Json preferences(Simulation&) { return plain(preferenceDomain(NSString::stringWithUTF8String(domain))); }
 
 // A file that is no JSON, or none of presets, is shown as the text it is.
-Json reportPresets(Simulation& simulation) {
+Json presets(Simulation& simulation) {
   std::ifstream file = open(simulation, presetsPath);
   std::string text{std::istreambuf_iterator<char>(file), {}};
   if (!file) return nullptr;
   return Json::read(text, deepestPresets).value_or(Json(text));
 }
 
-Json reportLog(Simulation& simulation) {
+Json log(Simulation& simulation) {
   Json lines = Json::array();
   std::ifstream file = open(simulation, logPath);
   for (std::string line; std::getline(file, line);) lines.push_back(line);
   return lines;
 }
+
+constexpr ReportRow rows[] = {
+    {"preferences", preferences, "the domain `com.wexor.tilo` as another process would read it, keys sorted"},
+    {"presets", presets,
+     "the presets file, parsed; as a string when it is no JSON or nested deeper than 32, null when there is "
+     "none"},
+    {"log", log, "lines of `/var/mobile/Documents/Tilo3.log`"},
+};
+
+}  // namespace
+
+std::span<const ReportRow> filesKeys() { return rows; }
 
 }  // namespace sim::product

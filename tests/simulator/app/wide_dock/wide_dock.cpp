@@ -1,0 +1,23 @@
+// A library of somebody else's: a dock of six icons. It knows the class runtime and the hooking library, and
+// nothing of ours.
+extern "C" {
+using Class = struct objc_class*;
+using SEL = struct objc_selector*;
+using IMP = void (*)();
+Class objc_getClass(const char* name);
+Class object_getClass(void* object);
+SEL sel_registerName(const char* name);
+void MSHookMessageEx(Class, SEL, IMP replacement, IMP* original);
+}
+
+namespace {
+
+unsigned long six(Class, SEL) { return 6; }
+
+[[gnu::constructor]] void load() {
+  IMP original = nullptr;
+  MSHookMessageEx(object_getClass(objc_getClass("SBDockIconListView")), sel_registerName("maxIcons"),
+                  reinterpret_cast<IMP>(six), &original);
+}
+
+}  // namespace
