@@ -2,21 +2,21 @@
 // nothing of ours.
 extern "C" {
 using Class = struct objc_class*;
+struct objc_object;
 using SEL = struct objc_selector*;
 using IMP = void (*)();
-Class objc_getClass(const char* name);
-Class object_getClass(void* object);
+Class objc_getMetaClass(const char* name);
 SEL sel_registerName(const char* name);
 void MSHookMessageEx(Class, SEL, IMP replacement, IMP* original);
 }
 
 namespace {
 
-unsigned long six(Class, SEL) { return 6; }
+unsigned long six(objc_object*, SEL) { return 6; }
 
 [[gnu::constructor]] void load() {
   IMP original = nullptr;
-  MSHookMessageEx(object_getClass(objc_getClass("SBDockIconListView")), sel_registerName("maxIcons"),
+  MSHookMessageEx(objc_getMetaClass("SBDockIconListView"), sel_registerName("maxIcons"),
                   reinterpret_cast<IMP>(six), &original);
 }
 
