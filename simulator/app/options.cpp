@@ -1,7 +1,6 @@
 // The options of any home screen: what they take, and what is wrong about it.
 #include "simulator/app/options.hpp"
 
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
@@ -24,9 +23,9 @@ constexpr int mostPages = 15;
 fs::path readableFile(Row row, Text name) {
   std::error_code error;
   if (fs::is_directory(name, error)) throw UsageError(fmt::format("{}: '{}' is a folder", row.name, name));
-  const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (descriptor < 0) throw UsageError(fmt::format("{}: '{}': {}", row.name, name, std::strerror(errno)));
-  ::close(descriptor);
+  // It is not opened: who writes into a pipe would be told that its reader has gone.
+  if (::access(name.c_str(), R_OK) != 0)
+    throw UsageError(fmt::format("{}: '{}': {}", row.name, name, std::strerror(errno)));
   return fs::absolute(name);
 }
 
@@ -56,10 +55,14 @@ void takeChoice(Options& options, Row row, Text text) {
   options.*member = static_cast<std::remove_reference_t<decltype(options.*member)>>(second);
 }
 
+// In decimal digits, whatever zeros they begin with.
 int wholeNumber(Row row, Text text, int most) {
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc{} || end != text.data() + text.size() || value < 1 || value > most)
+  const bool tooLarge = error == std::errc::result_out_of_range;
+  if ((error != std::errc{} && !tooLarge) || end != text.data() + text.size())
+    throw UsageError(fmt::format("{}: '{}' is not a whole number", row.name, text));
+  if (tooLarge || value < 1 || value > most)
     throw UsageError(fmt::format("{}: {} is not between 1 and {}", row.name, text, most));
   return value;
 }
@@ -107,7 +110,7 @@ constexpr OptionRow rows[] = {
     {"--pages", "N", "home-screen pages to fill, 1 to 15; of no effect beside `--icons`", "3",
      [](Options& options, Row row, Text text) { options.pages = wholeNumber(row, text, mostPages); }},
     {"--root", "DIR", "the device's file system, made if need be and kept",
-     "a temporary folder, removed at the end", takeRoot},
+     "a temporary folder, removed at the end (of a run that is killed: when the next one starts)", takeRoot},
     {"--stock", "", "do not load the library", "", takeFlag<&Options::stock>},
     {"--icon-support", "", "the device has IconSupport", "", takeFlag<&Options::iconSupport>},
     {"--loader", "substrate|sbinject", "the injection loader, which decides where the library lies",

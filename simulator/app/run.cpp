@@ -3,7 +3,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <optional>
@@ -23,12 +22,6 @@ namespace {
 
 constexpr int usageStatus = 2;
 
-// Whatever line breaks the culprit brought along.
-std::string oneLine(std::string text) {
-  std::ranges::replace(text, '\n', ' ');
-  return text;
-}
-
 // As a line of a Markdown table each, as docs/simulator.md has them.
 std::string described(const OptionRow& row) {
   return fmt::format("| `{}` | {} |{}{} |\n", escaped(usage(row)), row.help, row.standard.empty() ? "" : " ",
@@ -36,27 +29,37 @@ std::string described(const OptionRow& row) {
 }
 std::string described(const ReportRow& row) { return fmt::format("| `{}` | {} |\n", row.key, row.help); }
 
-void print(Listing listing, const Options& options, const Program& program) {
-  const auto all = [](const auto& rows) {
-    for (const auto& row : rows) std::cout << described(row);
+std::string text(Listing listing, const Program& program) {
+  std::string lines;
+  const auto all = [&](const auto& rows) {
+    for (const auto& row : rows) lines += described(row);
   };
   switch (listing) {
     case Listing::help:
-      fmt::print("{} [OPTION]...\n\n", program.name);
+      lines = fmt::format("{} [OPTION]...\n\n", program.name);
       for (const OptionRow& row : program.options)
-        fmt::print("{:<32}  {}{}\n", usage(row), row.help,
-                   row.standard.empty() ? "" : fmt::format(" (otherwise: {})", row.standard));
-      return;
+        lines += fmt::format("{:<32}  {}{}\n", usage(row), row.help,
+                             row.standard.empty() ? "" : fmt::format(" (otherwise: {})", row.standard));
+      break;
     case Listing::options:
-      return all(program.options);
+      all(program.options);
+      break;
     case Listing::steps:
-      return all(program.steps);
+      all(program.steps);
+      break;
     case Listing::report:
-      return all(program.report);
+      all(program.report);
+      break;
     case Listing::devices:
-      std::cout << deviceTable();
-      if (options.report) writeText(options.report->string(), deviceJson().dump(2) + "\n");
+      lines = deviceTable();
   }
+  return lines;
+}
+
+void print(Listing listing, const Options& options, const Program& program) {
+  writeText("-", text(listing, program));
+  if (listing == Listing::devices && options.report)
+    writeText(options.report->string(), deviceJson().dump(2) + "\n");
 }
 
 void act(const Options& options, const Program& program) {
@@ -64,6 +67,9 @@ void act(const Options& options, const Program& program) {
   std::optional<Script> script;
   if (options.script) script.emplace(options.script->string(), program.steps, serveUntilInput);
   Simulation simulation(options, program);
+  if (options.orientation == Orientation::landscape && !options.device->homeScreenTurns)
+    std::cerr << program.name << ": --orientation landscape: the home screen of the " << options.device->name
+              << " does not turn\n";
   simulation.start();
   if (script)
     while (auto step = script->next()) {
@@ -84,7 +90,7 @@ int run(int count, const char* const* arguments, const Program& program) {
     else
       act(options, program);
   } catch (const std::exception& error) {
-    std::cerr << program.name << ": " << oneLine(error.what()) << "\n";
+    std::cerr << program.name << ": " << messageLine(error.what()) << "\n";
     return usageStatus;
   }
   return 0;

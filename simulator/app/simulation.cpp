@@ -8,8 +8,10 @@
 #include <string_view>
 
 #include "bridge/runtime.hpp"
+#include "simulator/device/unfinished_files.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/foundation.hpp"
+#include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/threads.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
@@ -80,6 +82,7 @@ Simulation::Simulation(const Options& given, const Program& made)
       model(*given.device),
       files(rootOf(given, temporary), given.loader),
       messages(files.root()) {
+  removeUnfinishedPreferences(files.root());
   prepareFoundation();
   watchThreads();
   appsupport::defineMessagingCenter();

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/data.hpp"
 #include "platform/foundation/number.hpp"
+#include "simulator/runtime/property_list_nesting.hpp"
 
 namespace sim::appsupport {
 namespace {
@@ -86,7 +87,7 @@ std::optional<std::size_t> payloadLength(std::string_view firstBytes) {
 
 std::optional<Message> decode(std::string_view payload) {
   // The other formats' readers follow references and nesting wherever they lead.
-  if (!payload.starts_with("<?xml")) return std::nullopt;
+  if (!payload.starts_with("<?xml") || !isNestedSanely(payload)) return std::nullopt;
   NSObject list = attempt<NSObject>([&] {
     NSUInteger format = 0;
     id error = nullptr;

@@ -3,6 +3,7 @@
 
 #include "simulator/artwork/app_catalogue.hpp"
 #include "simulator/artwork/icon_motifs.hpp"
+#include "simulator/device/clock.hpp"
 #include "simulator/quartz/fonts.hpp"
 #include "simulator/quartz/shapes.hpp"
 #include "simulator/quartz/surface.hpp"
@@ -25,7 +26,7 @@ void drawAppIcon(cairo_t* context, std::string_view name, double side, IconCorne
                 look.glyphColor);
       break;
     case IconMotif::calendar:
-      drawCalendarMotif(context);
+      drawCalendarMotif(context, clock::today());
       break;
     case IconMotif::clock:
       drawClockMotif(context);

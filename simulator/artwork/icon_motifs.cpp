@@ -1,7 +1,10 @@
 // Calendar, clock, notes, photos and weather.
 #include "simulator/artwork/icon_motifs.hpp"
 
+#include <fmt/format.h>
+
 #include <numbers>
+#include <string>
 
 #include "simulator/quartz/fonts.hpp"
 #include "simulator/quartz/shapes.hpp"
@@ -10,6 +13,9 @@
 
 namespace sim {
 namespace {
+
+constexpr const char* weekdays[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                    "Thursday", "Friday", "Saturday"};
 
 constexpr double turn = 2 * std::numbers::pi;
 
@@ -42,12 +48,16 @@ void strokeHand(cairo_t* context, double angle, double tail, double length, doub
 
 }  // namespace
 
-void drawCalendarMotif(cairo_t* context) {
-  Text weekday{.runs = {{"Tuesday", {.size = 15.5, .weight = FontWeight::medium}, rgb(0xff3b30)}},
+void drawCalendarMotif(cairo_t* context, std::chrono::sys_days today) {
+  const std::chrono::year_month_day date = today;
+  const std::string day = fmt::format("{}", static_cast<unsigned>(date.day()));
+  const char* const name = weekdays[std::chrono::weekday(today).c_encoding()];
+  Text weekday{.runs = {{name, {.size = 15.5, .weight = FontWeight::medium}, rgb(0xff3b30)}},
                .alignment = TextAlignment::center};
   drawScaledText(context, weekday, {{0, 0.09}, {1, 0.2}});
-  drawGlyph(context, U'9', {.size = 0.8, .weight = FontWeight::light}, {{0.2, 0.36}, {0.6, 0.48}},
-            rgb(0x1c1c1e));
+  Text number{.runs = {{day, {.size = 62, .weight = FontWeight::light}, rgb(0x1c1c1e)}},
+              .alignment = TextAlignment::center};
+  drawScaledText(context, number, {{0, 0.27}, {1, 0.66}});
 }
 
 void drawClockMotif(cairo_t* context) {

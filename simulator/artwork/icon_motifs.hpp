@@ -3,10 +3,12 @@
 
 #include <cairo.h>
 
+#include <chrono>
+
 namespace sim {
 
-/** The day of the simulated device's calendar: a Tuesday, the 9th. */
-void drawCalendarMotif(cairo_t* context);
+/** The day of the week and of the month. */
+void drawCalendarMotif(cairo_t* context, std::chrono::sys_days today);
 /** A clock face that shows nine minutes past ten. */
 void drawClockMotif(cairo_t* context);
 void drawNotesMotif(cairo_t* context);

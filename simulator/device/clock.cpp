@@ -26,6 +26,11 @@ double foundationDate(long long count) {
 
 double now() { return secondsOf(microseconds); }
 
+std::chrono::sys_days today() {
+  const std::chrono::microseconds since(startSince1970 * perSecond + microseconds);
+  return std::chrono::floor<std::chrono::days>(std::chrono::sys_time<std::chrono::microseconds>(since));
+}
+
 void advanceTo(double seconds) {
   if (!(std::abs(seconds) <= 1e9)) throw std::invalid_argument("a moment that the clock cannot reach");
   if (seconds <= now()) return;

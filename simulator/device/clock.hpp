@@ -1,10 +1,15 @@
 // The one clock. It stands still until it is moved, and Foundation's dates and timers follow it.
 #pragma once
 
+#include <chrono>
+
 namespace sim::clock {
 
 /** Seconds since the start; whole microseconds. */
 double now();
+
+/** The device's day; its time zone is UTC. */
+std::chrono::sys_days today();
 
 /**
  * Moves the time to `seconds` since the start; a moment that has passed changes nothing. The clock stops at

@@ -1,6 +1,9 @@
 // Decides which paths are the device's and which of them are refused.
 #include "simulator/device/redirection.hpp"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstring>
 #include <string>
@@ -114,6 +117,12 @@ HostPath::HostPath(const char* original, Faults use) : path(original), wasNull(o
   std::memcpy(buffer, rootPath, rootLength);
   std::memcpy(buffer + rootLength, original, text.size() + 1);
   path = buffer;
+}
+
+bool HostPath::isPipe() const {
+  if (!path || rootPathLength == 0 || (*path == '/' && !isAtOrBelow(path, root()))) return false;
+  struct stat status = {};
+  return ::fstatat(AT_FDCWD, path, &status, 0) == 0 && S_ISFIFO(status.st_mode);
 }
 
 std::string_view withoutRoot(std::string_view hostPath) {

@@ -41,6 +41,9 @@ class HostPath {
   operator const char*() const { return path; }
 
   bool isRedirected() const { return path == buffer; }
+  /** Whether it is a pipe of the device: whoever opens one waits until somebody opens its other end, for ever
+   * if need be, and the device has nobody. */
+  bool isPipe() const;
   /** Of a redirected path: what the caller wrote, in a buffer of its own. */
   char* devicePart() { return buffer + rootLength; }
   char* writable() { return buffer; }

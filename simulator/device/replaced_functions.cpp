@@ -57,6 +57,15 @@ Faults useOfMode(const char* mode) {
 
 bool takesMode(int flags) { return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE; }
 
+// A pipe of the device is not waited at.
+template <typename Function>
+FILE* openStream(Function* function, const HostPath& host, const char* mode) {
+  if (!host.isPipe()) return function(host, mode);
+  const int access = std::strchr(mode, '+') ? O_RDWR : *mode == 'r' ? O_RDONLY : O_WRONLY;
+  const int descriptor = next<"open">(&::open)(host, access | O_NONBLOCK | O_CLOEXEC);
+  return descriptor < 0 ? nullptr : ::fdopen(descriptor, mode);
+}
+
 // The X's become letters in the caller's own text.
 template <typename Function>
 int makeTemporary(Function* function, char* text) {
@@ -123,12 +132,12 @@ void* dlopen(const char* path, int mode) noexcept {
 
 FILE* fopen(const char* path, const char* mode) {
   HostPath host(path, useOfMode(mode));
-  return host ? next<"fopen">(&::fopen)(host, mode) : nullptr;
+  return host ? openStream(next<"fopen">(&::fopen), host, mode) : nullptr;
 }
 
 FILE* fopen64(const char* path, const char* mode) {
   HostPath host(path, useOfMode(mode));
-  return host ? next<"fopen64">(&::fopen64)(host, mode) : nullptr;
+  return host ? openStream(next<"fopen64">(&::fopen64), host, mode) : nullptr;
 }
 
 int link(const char* from, const char* to) noexcept {
@@ -161,7 +170,7 @@ int open(const char* path, int flags, ...) {
   const mode_t mode = takesMode(flags) ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
   HostPath host(path, useOfOpen(flags));
-  return host ? next<"open">(&::open)(host, flags, mode) : -1;
+  return host ? next<"open">(&::open)(host, host.isPipe() ? flags | O_NONBLOCK : flags, mode) : -1;
 }
 
 int open64(const char* path, int flags, ...) {
@@ -170,7 +179,7 @@ int open64(const char* path, int flags, ...) {
   const mode_t mode = takesMode(flags) ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
   HostPath host(path, useOfOpen(flags));
-  return host ? next<"open64">(&::open64)(host, flags, mode) : -1;
+  return host ? next<"open64">(&::open64)(host, host.isPipe() ? flags | O_NONBLOCK : flags, mode) : -1;
 }
 
 DIR* opendir(const char* path) {

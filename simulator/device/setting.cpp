@@ -20,9 +20,14 @@ std::optional<Number> number(std::string_view text) {
   return value;
 }
 
+void checkText(std::string_view text) {
+  if (!isText(text)) throw UsageError(fmt::format("'{}' is not text in UTF-8", text));
+}
+
 }  // namespace
 
 SettingValue settingValue(std::string_view text) {
+  checkText(text);
   if (text == "YES") return true;
   if (text == "NO") return false;
   std::string_view digits = text;
@@ -38,6 +43,7 @@ Setting parseSetting(std::string_view text) {
   const std::size_t equals = text.find('=');
   if (equals == std::string_view::npos || equals == 0)
     throw UsageError(fmt::format("'{}' is not KEY=VALUE", text));
+  checkText(text);
   return {std::string(text.substr(0, equals)), settingValue(text.substr(equals + 1))};
 }
 

@@ -18,6 +18,7 @@ struct Setting {
 /**
  * YES and NO are booleans; decimal digits with or without a sign are an integer (a real number when they are
  * too many for one); with a point or an exponent, a real number; everything else is a string.
+ * Throws UsageError for bytes that are no text.
  */
 SettingValue settingValue(std::string_view text);
 

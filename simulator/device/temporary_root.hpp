@@ -7,7 +7,7 @@ namespace sim {
 
 /**
  * A new folder in the host's place for temporary files, empty at first. It goes with all that is in it when
- * this is destroyed, or else at exit.
+ * this is destroyed, or else at exit; where the process is killed, when the next one is made.
  */
 class TemporaryRoot {
  public:

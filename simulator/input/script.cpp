@@ -107,6 +107,8 @@ std::optional<Step> parseStep(std::string_view line, const std::string& place,
                               const std::filesystem::path& folder, StepTable table) {
   const std::vector<Token> words = tokens(line, place);
   if (words.empty()) return std::nullopt;
+  for (const Token& word : words)
+    if (!isText(word.text)) throw UsageError(fmt::format("{}: '{}' is not text in UTF-8", place, word.text));
   const auto row = std::ranges::find(table, words[0].text, &StepRow::name);
   if (words[0].quoted || row == table.end())
     throw UsageError(fmt::format("{}: unknown step '{}'", place, words[0].text));

@@ -26,9 +26,11 @@ Script::~Script() {
 }
 
 std::optional<Step> Script::next() {
+  constexpr std::string_view mark = "\xef\xbb\xbf";  // editors put it before texts in UTF-8
   while (const std::optional<std::string> line = nextLine()) {
-    ++lineNumber;
-    if (std::optional<Step> step = parseStep(*line, fmt::format("{}:{}", name, lineNumber), folder, table))
+    std::string_view words = *line;
+    if (++lineNumber == 1 && words.starts_with(mark)) words.remove_prefix(mark.size());
+    if (std::optional<Step> step = parseStep(words, fmt::format("{}:{}", name, lineNumber), folder, table))
       return step;
   }
   return std::nullopt;

@@ -138,11 +138,7 @@ std::optional<Json> Json::read(const std::string& text, int deepest) {
 bool Json::accepts(std::string_view text) { return Library::accept(text); }
 
 std::string Json::dump(int indent, bool ascii) const {
-  try {
-    return toLibrary(*this).dump(indent, ' ', ascii);
-  } catch (const Library::exception& error) {
-    throw JsonError(error.what());
-  }
+  return toLibrary(*this).dump(indent, ' ', ascii, Library::error_handler_t::replace);
 }
 
 bool Json::isWhole() const {

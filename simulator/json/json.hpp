@@ -69,7 +69,7 @@ class Json {
   static std::optional<Json> read(const std::string& text, int deepest = 1000);
   static bool accepts(std::string_view text);
 
-  /** One line; with an indent (in blanks) a line an item. Throws JsonError for a string that is no UTF-8. */
+  /** One line; with an indent (in blanks) a line an item. Bytes that are no UTF-8 become U+FFFD. */
   std::string dump(int indent = -1, bool ascii = false) const;
 
   bool isNull() const { return std::holds_alternative<std::nullptr_t>(held); }

@@ -1,6 +1,8 @@
 // What the report says of the library's files: preferences, named layouts, log.
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 #include "bridge/runtime.hpp"
 #include "platform/foundation/string.hpp"
@@ -13,26 +15,29 @@
 namespace sim::product {
 namespace {
 
-std::ifstream open(Simulation& simulation, const char* devicePath) {
-  return std::ifstream(simulation.fileSystem().hostPath(devicePath));
+// A folder or a pipe has no contents that could be shown.
+std::optional<std::ifstream> open(Simulation& simulation, const char* devicePath) {
+  const std::filesystem::path path = simulation.fileSystem().hostPath(devicePath);
+  if (!std::filesystem::is_regular_file(path)) return std::nullopt;
+  return std::ifstream(path);
 }
 
 constexpr int deepestPresets = 32;  // far more than presets need, far less than would exhaust the stack
 
-Json preferences(Simulation&) { return plain(preferenceDomain(NSString::stringWithUTF8String(domain))); }
+Json preferences(Simulation&) { return plain(storedPreferences(NSString::stringWithUTF8String(domain))); }
 
 // A file that is no JSON, or none of presets, is shown as the text it is.
 Json presets(Simulation& simulation) {
-  std::ifstream file = open(simulation, presetsPath);
-  std::string text{std::istreambuf_iterator<char>(file), {}};
+  std::optional<std::ifstream> file = open(simulation, presetsPath);
   if (!file) return nullptr;
+  std::string text{std::istreambuf_iterator<char>(*file), {}};
   return Json::read(text, deepestPresets).value_or(Json(text));
 }
 
 Json log(Simulation& simulation) {
   Json lines = Json::array();
-  std::ifstream file = open(simulation, logPath);
-  for (std::string line; std::getline(file, line);) lines.push_back(line);
+  std::optional<std::ifstream> file = open(simulation, logPath);
+  for (std::string line; file && std::getline(*file, line);) lines.push_back(line);
   return lines;
 }
 

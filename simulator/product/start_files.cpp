@@ -5,9 +5,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 
 #include "platform/foundation/dictionary.hpp"
 #include "simulator/app/simulation.hpp"
+#include "simulator/device/contents.hpp"
+#include "simulator/device/unfinished_files.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/product/names.hpp"
 #include "simulator/product/product.hpp"
@@ -94,11 +97,13 @@ void putPreferences(Simulation& simulation) {
 }
 
 void putPresets(Simulation& simulation) {
-  const std::string file = fileOf(simulation.startOptions(), "--presets");
-  if (file.empty()) return;
-  fs::path place = simulation.fileSystem().hostPath(presetsPath);
+  const fs::path place = simulation.fileSystem().hostPath(presetsPath);
+  removeUnfinishedFiles(place.parent_path());
+  const std::string given = fileOf(simulation.startOptions(), "--presets");
+  if (given.empty()) return;
   fs::create_directories(place.parent_path());
-  fs::copy_file(file, place, fs::copy_options::overwrite_existing);
+  std::ofstream file(place, std::ios::binary);
+  if (!(file << contents(given) << std::flush)) throw UsageError("cannot write '" + place.string() + "'");
 }
 
 }  // namespace sim::product

@@ -3,19 +3,24 @@
 // ends the process with its name and reason.
 #include "simulator/runtime/foundation.hpp"
 
+#include <unistd.h>
+
 #include <mutex>
 #include <unordered_set>
+#include <vector>
 
 #include "bridge/replace.hpp"
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/notification_center.hpp"
 #include "platform/foundation/search_path.hpp"
+#include "simulator/device/text.hpp"
 #include "simulator/runtime/dealloc.hpp"
 #include "simulator/runtime/export.hpp"
 #include "simulator/runtime/json_text.hpp"
 #include "simulator/runtime/property_list.hpp"
 #include "simulator/runtime/uncaught.hpp"
 
+extern "C" void GSInitializeProcess(int count, char** arguments, char** environment);
 extern "C" void NSSetUncaughtExceptionHandler(void (*handler)(id exception));
 
 namespace sim {
@@ -26,6 +31,10 @@ struct NSUserDefaults : bridge::Face<"NSUserDefaults", NSObject> {
       standardUserDefaults{};
   MESSAGE Method<"registerDefaults:", void(NSDictionary)> registerDefaults;
   MESSAGE Method<"synchronize", BOOL()> synchronize;
+};
+
+struct NSProcessInfo : bridge::Face<"NSProcessInfo", NSObject> {
+  static constexpr bridge::ClassMethod<"NSProcessInfo", "processInfo", NSProcessInfo()> processInfo{};
 };
 
 struct NSException : bridge::Face<"NSException", NSObject> {
@@ -76,10 +85,27 @@ void forgetObserver(id object) {
   if (wasObserver()) NSNotificationCenter::defaultCenter().removeObserver(bridge::as<bridge::Object>(object));
 }
 
+// GNUstep makes strings of the process's arguments and of its environment when it is first asked about the
+// process, and raises for bytes that are no text. What it is told afterwards holds.
+void describeProcess() {
+  static char name[] = "SpringBoard";
+  char* arguments[] = {name, nullptr};
+  std::vector<char*> environment;
+  for (char** each = environ; *each; ++each)
+    if (isText(*each)) environment.push_back(*each);
+  environment.push_back(nullptr);
+  try {
+    NSProcessInfo::processInfo();
+  } catch (...) {
+  }
+  GSInitializeProcess(1, arguments, environment.data());
+}
+
 }  // namespace
 
 void prepareFoundation() {
   bridge::Pool pool;
+  describeProcess();
   NSSetUncaughtExceptionHandler(end);
   bridge::replaceMethod(
       bridge::classNamed<NSUserDefaults>(), bridge::Descriptor<&NSUserDefaults::synchronize>::selector(),

@@ -14,12 +14,15 @@
 #include "platform/foundation/file_manager.hpp"
 #include "platform/foundation/number.hpp"
 #include "simulator/device/descriptor.hpp"
+#include "simulator/device/unfinished_files.hpp"
 #include "simulator/runtime/export.hpp"
 #include "simulator/runtime/number_form.hpp"
 #include "simulator/runtime/property_list.hpp"
 
 namespace sim {
 namespace {
+
+constexpr const char* preferencesFolder = "/var/mobile/Library/Preferences";
 
 // Changes that could not be written, by key; no value where the key was removed.
 using Changes = std::map<std::string, bridge::Strong<NSObject>>;
@@ -38,7 +41,7 @@ NSString fileOf(NSString domain) {
 // replaced. Where the folder cannot be opened nothing can be written either.
 class WriteLock {
  public:
-  WriteLock() : folder(::open("/var/mobile/Library/Preferences", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  WriteLock() : folder(::open(preferencesFolder, O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     while (folder && flock(folder.get(), LOCK_EX) != 0 && errno == EINTR) {
     }
   }
@@ -46,8 +49,6 @@ class WriteLock {
  private:
   Descriptor folder;
 };
-
-NSDictionary stored(NSString domain) { return propertyList(fileOf(domain)); }
 
 // The values of the file, with what could not be written into it.
 bridge::Strong<NSMutableDictionary> withUnsaved(NSDictionary file, NSString domain) {
@@ -76,14 +77,16 @@ bool isWrittenAs(bridge::Object one, bridge::Object other) {
 
 }  // namespace
 
+NSDictionary storedPreferences(NSString domain) { return propertyList(fileOf(domain)); }
+
 NSDictionary preferenceDomain(NSString domain) {
-  auto values = withUnsaved(stored(domain), domain);
+  auto values = withUnsaved(storedPreferences(domain), domain);
   return values->count() ? std::move(values).autoreleased() : NSMutableDictionary{};
 }
 
 bool setPreference(NSString domain, NSString key, bridge::Object value) {
   WriteLock lock;
-  NSDictionary file = stored(domain);
+  NSDictionary file = storedPreferences(domain);
   const bridge::Object written = withAllDigits(value);
   // What is set already is not written again.
   if (unsaved(domain).empty() && isWrittenAs(file.objectForKey(key), written)) return true;
@@ -92,6 +95,11 @@ bool setPreference(NSString domain, NSString key, bridge::Object value) {
   if (!readable || !withUnsaved(file, domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
   unsaved(domain).clear();
   return true;
+}
+
+void removeUnfinishedPreferences(const std::filesystem::path& root) {
+  WriteLock lock;
+  removeUnfinishedFiles(root / std::filesystem::path(preferencesFolder).relative_path());
 }
 
 }  // namespace sim

@@ -6,6 +6,7 @@
 
 #include "bridge/replace.hpp"
 #include "platform/foundation/data.hpp"
+#include "simulator/runtime/property_list_nesting.hpp"
 
 namespace sim {
 namespace {
@@ -28,9 +29,8 @@ constexpr NSUInteger xmlFormat = 100;  // NSPropertyListXMLFormat_v1_0
 // Whether it looks whole and as one of the device's forms do: binary, XML, or the old text. GNUstep takes
 // anything else for a form of its own and trusts whatever lengths it finds, and reads on behind the end of an
 // XML text that breaks off.
-bool hasKnownForm(NSData data) {
+bool hasKnownForm(std::string_view text) {
   constexpr std::string_view blanks = " \t\r\n", mark = "\xef\xbb\xbf";
-  std::string_view text(static_cast<const char*>(data.bytes()), data.length());
   if (text.starts_with("bplist00")) return true;
   if (text.starts_with(mark)) text.remove_prefix(mark.size());
   size_t first = text.find_first_not_of(blanks);
@@ -67,7 +67,8 @@ void writePropertyListsAsXml() {
 
 NSDictionary propertyList(NSString file) {
   NSData data = NSData::dataWithContentsOfFile(file);
-  if (!hasKnownForm(data)) return {};
+  const std::string_view bytes(static_cast<const char*>(data.bytes()), data.length());
+  if (!hasKnownForm(bytes) || !isNestedSanely(bytes)) return {};
   bridge::Object read = parsed(data);
   return bridge::isKindOf<NSDictionary>(read) ? bridge::as<NSDictionary>(read) : NSDictionary{};
 }

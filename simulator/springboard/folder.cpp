@@ -14,7 +14,6 @@
 namespace sim::springboard {
 namespace {
 
-constexpr CGFloat fadedPages = 0.12;                                // alpha of the pages behind the panel
 constexpr CGFloat dimming = 0.3;                                    // of the home screen
 constexpr CGFloat dimmedDock = 0.3;                                 // alpha of the dock's background
 constexpr CGFloat cornerRadius = 28;                                // points
@@ -26,7 +25,7 @@ bridge::Strong<UIView>& overlay() {
 }
 
 void showPages(bool shown) {
-  homeScreen().scrollView->setAlpha(shown ? 1 : fadedPages);
+  homeScreen().scrollView->setAlpha(shown ? 1 : 0);
   homeScreen().pageDots->setAlpha(shown ? 1 : 0);
 }
 

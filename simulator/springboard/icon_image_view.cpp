@@ -1,10 +1,12 @@
 // SBIconImageView: draws its application's artwork, with the corners that it is asked to show.
 #include "simulator/springboard/icon_image_view.hpp"
 
+#include <chrono>
 #include <optional>
 
 #include "bridge/define.hpp"
 #include "simulator/artwork/app_icon.hpp"
+#include "simulator/device/clock.hpp"
 #include "simulator/quartz/shapes.hpp"
 #include "simulator/springboard/drawn_image.hpp"
 #include "simulator/springboard/icon_controller.hpp"
@@ -17,6 +19,7 @@ struct ImageState {
   std::string name;
   bool square = false;
   std::optional<bool> drawnSquare;
+  std::chrono::sys_days drawnOn;  // calendars show the day
 };
 
 using ImageView = bridge::Implementation<SBIconImageView, ImageState>;
@@ -46,8 +49,9 @@ void drawFolder(cairo_t* context, CGFloat side, IconCorners corners) {
 void draw(SBIconImageView self) {
   auto& state = ImageView::state(self);
   bool square = self.showsSquareCorners();
-  if (state.drawnSquare == square) return;
+  if (state.drawnSquare == square && state.drawnOn == clock::today()) return;
   state.drawnSquare = square;
+  state.drawnOn = clock::today();
   self.setImage(drawnImage(iconImageSize(), [name = state.name, square](cairo_t* context, CGSize size) {
     IconCorners corners = square ? IconCorners::square : IconCorners::rounded;
     if (name == folderName)

@@ -1,5 +1,5 @@
 // Saving and deleting are atomic: the process is killed at each of its system calls in turn, and the file is
-// the old or the new one.
+// the old or the new one. What was not written to its end goes at the next start.
 #include <gtest/gtest.h>
 #include <sys/ptrace.h>
 #include <sys/wait.h>
@@ -8,6 +8,7 @@
 #include <csignal>
 #include <functional>
 
+#include "simulator/device/unfinished_files.hpp"
 #include "tests/library/presets_home.hpp"
 
 namespace {
@@ -43,7 +44,12 @@ bool killAtStop(int stop, const std::function<void()>& work) {
 
 struct Outcomes {
   int before = 0, after = 0, broken = 0;
+  int unfinished = 0, unswept = 0;  // further files beside it, and those that the next start would not remove
 };
+
+int filesIn(const std::filesystem::path& folder) {
+  return static_cast<int>(std::distance(std::filesystem::directory_iterator(folder), {}));
+}
 
 // What the file is after a kill at each stop of `work`, begun anew with the old file each time.
 Outcomes killEverywhere(PresetsHome& home, const Json& changed, const std::function<void()>& work) {
@@ -61,6 +67,9 @@ Outcomes killEverywhere(PresetsHome& home, const Json& changed, const std::funct
       ++outcomes.after;
     else
       ++outcomes.broken;
+    outcomes.unfinished += filesIn(home.file(test::presetsFolder)) - 1;
+    sim::removeUnfinishedFiles(home.file(test::presetsFolder));
+    outcomes.unswept += filesIn(home.file(test::presetsFolder)) - 1;
     if (!killed) return outcomes;
   }
 }
@@ -78,6 +87,8 @@ TEST(KilledAtAnySystemCall, ASaveLeavesTheOldFileOrTheNewOne) {
   EXPECT_EQ(outcomes.broken, 0);
   EXPECT_GT(outcomes.before, 5);
   EXPECT_GT(outcomes.after, 1);
+  EXPECT_GT(outcomes.unfinished, 0);
+  EXPECT_EQ(outcomes.unswept, 0);
 }
 
 TEST(KilledAtAnySystemCall, ADeletionLeavesTheOldFileOrTheNewOne) {
@@ -88,6 +99,8 @@ TEST(KilledAtAnySystemCall, ADeletionLeavesTheOldFileOrTheNewOne) {
   EXPECT_EQ(outcomes.broken, 0);
   EXPECT_GT(outcomes.before, 5);
   EXPECT_GT(outcomes.after, 1);
+  EXPECT_GT(outcomes.unfinished, 0);
+  EXPECT_EQ(outcomes.unswept, 0);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <filesystem>
@@ -35,7 +34,10 @@ struct Arguments {
   std::vector<std::string> info;
 };
 
-NSString string(std::string_view text) { return NSString::stringWithUTF8String(std::string(text).c_str()); }
+NSString string(std::string_view text) {
+  if (!isText(text)) throw UsageError(fmt::format("'{}' is not text in UTF-8", text));
+  return NSString::stringWithUTF8String(std::string(text).c_str());
+}
 
 // From now on paths of the device mean the ones below its root.
 fs::path enterDevice(const std::string& folder) {
@@ -101,6 +103,11 @@ void set(const fs::path& root, const std::string& key, const std::string& given)
     throw UsageError(fmt::format("written; but the message {}", description(outcome)));
 }
 
+// What was printed may not have reached a disk that is full.
+void endOutput() {
+  if (std::fflush(stdout) != 0) throw UsageError("cannot write to standard output");
+}
+
 void sendMessage(const fs::path& root, const std::string& name, const std::vector<std::string>& texts) {
   auto info = bridge::make<NSMutableDictionary, &NSObject::init>();
   for (const std::string& each : texts) {
@@ -110,12 +117,6 @@ void sendMessage(const fs::path& root, const std::string& name, const std::vecto
   const Outcome outcome = appsupport::send(root, settingsCentre, {string(name), info.get()});
   if (outcome != Outcome::delivered)
     throw UsageError(fmt::format("the message '{}' {}", name, description(outcome)));
-}
-
-// CLI11 breaks lines.
-std::string oneLine(std::string message) {
-  std::ranges::replace(message, '\n', ' ');
-  return message;
 }
 
 int run(int count, const char* const* words) {
@@ -135,10 +136,11 @@ int run(int count, const char* const* words) {
   try {
     app.parse(count, words);
   } catch (const CLI::CallForHelp&) {
-    std::cout << app.help();
+    fmt::print("{}", app.help());
+    endOutput();
     return 0;
   } catch (const CLI::ParseError& error) {
-    throw UsageError(oneLine(error.what()));
+    throw UsageError(error.what());
   }
   if (app.get_subcommands().empty()) throw UsageError("a command is missing: list, get, set or send");
   bridge::Pool pool;
@@ -147,6 +149,7 @@ int run(int count, const char* const* words) {
   if (*getting) get(arguments.key);
   if (*setting) set(root, arguments.key, arguments.value);
   if (*sending) sendMessage(root, arguments.name, arguments.info);
+  endOutput();
   return 0;
 }
 
@@ -157,7 +160,7 @@ int main(int count, char** words) {
   try {
     return sim::product::run(count, words);
   } catch (const std::exception& error) {
-    std::cerr << "tilo-settings: " << error.what() << "\n";
+    std::cerr << "tilo-settings: " << sim::messageLine(error.what()) << "\n";
     return sim::product::usageStatus;
   }
 }

@@ -223,4 +223,18 @@ TEST(PresetsFile, IsThereBeforeTheLibrary) {
   EXPECT_EQ(report["pages"][0]["sideInset"], 31);
 }
 
+TEST(Icons, AreCountedInDecimalDigits) {
+  EXPECT_EQ(reportOf({"--stock", "--icons", "010"})["pages"][0]["icons"].size(), 10u);
+  EXPECT_EQ(reportOf({"--stock", "--pages", "02"})["pages"].size(), 2u);
+}
+
+TEST(Landscape, OfAHomeScreenThatDoesNotTurnIsTold) {
+  const test::Run phone = test::runSimulator({"--device", "iPhone 7", "--orientation", "landscape"});
+  EXPECT_EQ(phone.status, 0);
+  EXPECT_EQ(phone.errors,
+            "tilo-sim: --orientation landscape: the home screen of the iPhone 7 does not turn\n");
+  for (const char* device : {"iPhone 7 Plus", "iPad Air 2"})
+    reportOf({"--device", device, "--orientation", "landscape"});
+}
+
 }  // namespace

@@ -1,6 +1,7 @@
 // The device's file system, and what a run leaves behind on the host.
 #include <pwd.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "tests/simulator/app/run.hpp"
@@ -70,6 +71,58 @@ TEST_F(Root, HoldsNoLibraryInAStockDevice) {
 TEST_F(Root, GivesUpAnEarlierRunsIconSupport) {
   EXPECT_EQ(reportOf({"--root", root.string(), "--icon-support"})["iconSupport"], Json::array({"Tilo"}));
   EXPECT_EQ(reportOf({"--root", root.string()})["iconSupport"], Json::array());
+}
+
+TEST_F(Root, LosesWhatAKilledProcessHadBegunToWrite) {
+  reportOf({"--root", root.string()});
+  const std::string begun = (root / preferences).string() + "Ab3xYz",
+                    other = (root / presets).string() + "Cd4wVu";
+  std::ofstream(begun) << "<?xml";
+  std::ofstream(other) << "{";
+  reportOf({"--root", root.string()});
+  EXPECT_FALSE(fs::exists(begun));
+  EXPECT_FALSE(fs::exists(other));
+  EXPECT_TRUE(fs::exists(root / preferences));
+  EXPECT_TRUE(fs::exists(root / presets));
+}
+
+class OddPresets : public Root {
+ protected:
+  fs::path place = root / presets;
+  void SetUp() override { fs::create_directories(place.parent_path()); }
+  Json reported() {
+    test::Run run = test::runSimulator({"--root", root.string(), "--report", "-"});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    return Json::parse(run.output)["presets"];
+  }
+};
+
+TEST_F(OddPresets, ThatAreNoTextAreReportedAsFarAsTheyAre) {
+  std::ofstream(place) << "a\xff b";
+  EXPECT_EQ(reported(), "a\uFFFD b");
+}
+
+TEST_F(OddPresets, InAFolderAreNone) {
+  fs::create_directory(place);
+  EXPECT_EQ(reported(), nullptr);
+}
+
+TEST_F(OddPresets, InAPipeAreNoneAndAreNotWaitedFor) {
+  ASSERT_EQ(mkfifo(place.c_str(), 0600), 0);
+  EXPECT_EQ(reported(), nullptr);
+}
+
+TEST_F(OddPresets, MayComeFromAPipe) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const std::string text = R"({"configurations":[]})";
+  ASSERT_EQ(write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
+  close(ends[1]);
+  EXPECT_EQ(reportOf({"--stock", "--presets", "/dev/fd/" + std::to_string(ends[0])})["presets"],
+            Json::parse(text));
+  const fs::path named = folder.path() / "pipe";
+  ASSERT_EQ(mkfifo(named.c_str(), 0600), 0);
+  EXPECT_EQ(reportOf({"--stock", "--presets", named.string()})["presets"], "");
 }
 
 class Host : public testing::Test {

@@ -108,4 +108,16 @@ TEST(Report, ShowsFramesOfTheMoment) {
   EXPECT_LT(middle, end);
 }
 
+// A full disk holds what it held, whatever the library remembers.
+TEST(Report, HasThePreferencesThatAnotherProcessWouldRead) {
+  test::Home home({"--set", "rows=5"});
+  home.simulation().fileSystem().refuse("/var/mobile", sim::Faults::writing, ENOSPC);
+  home.save("rows"_ns, 7);
+  home.save("columns"_ns, 3);
+  EXPECT_EQ(home.report()["preferences"], Json({{"rows", 5}}));
+  home.simulation().fileSystem().allowAll();
+  home.save("columns"_ns, 4);
+  EXPECT_EQ(home.report()["preferences"], Json({{"columns", 4}, {"rows", 7}}));
+}
+
 }  // namespace

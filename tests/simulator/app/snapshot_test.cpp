@@ -37,4 +37,18 @@ INSTANTIATE_TEST_SUITE_P(
                     Screen{"iPad Air 2", 1536, 2048, true}, Screen{"iPad Pro (10.5-inch)", 1668, 2224, true},
                     Screen{"iPad Pro (12.9-inch)", 2048, 2732, true}));
 
+std::string pictureOf(const test::Options& options, const std::string& script) {
+  const std::string file = test::temporaryFile("a.png", "");
+  test::reportOf(test::joined(options, {"--stock", "--snapshot", file}), script);
+  return test::contentsOf(file);
+}
+
+// Nothing of the page behind it is seen, neither icons nor labels.
+TEST(OpenFolder, LooksTheSameOverAnyPage) {
+  const std::string open = "open \"Extras\"\nwait 1\n";
+  EXPECT_EQ(pictureOf({"--icons", "3"}, open), pictureOf({"--icons", "24"}, open));
+  EXPECT_NE(pictureOf({"--icons", "3"}, open + "home\nwait 1\n"),
+            pictureOf({"--icons", "24"}, open + "home\nwait 1\n"));
+}
+
 }  // namespace

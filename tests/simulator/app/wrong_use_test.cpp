@@ -52,7 +52,16 @@ TEST(WrongWord, IsNamed) {
 
 TEST(WrongNumber, IsNamed) {
   for (const char* pages : {"0", "-1", "16", "two", "1.5", ""}) expectRefused({"--pages", pages}, "--pages");
-  for (const char* icons : {"0", "-1", "361", "many"}) expectRefused({"--icons", icons}, "--icons");
+  for (const char* icons : {"0", "-1", "361", "many", "", "5x", "0x5", "99999999999"})
+    expectRefused({"--icons", icons}, "--icons: " + std::string(*icons ? "" : "''"));
+  expectRefused({"--pages", ""}, "--pages: '' is not a whole number");
+  expectRefused({"--pages", "99999999999"}, "--pages: 99999999999 is not between 1 and 15");
+}
+
+TEST(WrongValue, OfAnOptionThatTakesNoneIsNamed) {
+  for (const char* option : {"--stock", "--icon-support", "--list-devices", "--list-steps"})
+    for (const char* value : {"=abc", "=true", "=false", "=1"})
+      expectRefused({std::string(option) + value}, option);
 }
 
 TEST(WrongSetting, IsNamed) {
@@ -80,11 +89,14 @@ TEST(WrongFile, ThatCannotBeWrittenIsNamed) {
 }
 
 TEST(WrongFile, MayBeTheStandardOutput) {
-  std::string program = std::filesystem::canonical("/proc/self/exe").parent_path() / "tilo-sim";
-  std::string errors = test::temporaryFile("errors", "");
-  int status = std::system((program + " --report - >/dev/full 2>" + errors).c_str());
-  EXPECT_EQ(WEXITSTATUS(status), 2);
-  EXPECT_NE(test::contentsOf(errors).find("standard output"), std::string::npos);
+  const std::filesystem::path folder = std::filesystem::canonical("/proc/self/exe").parent_path();
+  for (const char* command : {"tilo-sim --report -", "tilo-sim --list-devices", "tilo-sim --list-steps",
+                              "tilo-sim --help", "tilo-settings --help"}) {
+    std::string errors = test::temporaryFile("errors", "");
+    int status = std::system(((folder / command).string() + " >/dev/full 2>" + errors).c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 2) << command;
+    EXPECT_NE(test::contentsOf(errors).find("standard output"), std::string::npos) << command;
+  }
 }
 
 TEST(WrongFile, ThatIsNoPropertyListIsNamed) {

@@ -77,5 +77,15 @@ TEST(Clock, RefusesMomentsThatItCannotReach) {
   EXPECT_EQ(clock::now(), seconds);
 }
 
+TEST(Clock, KnowsTheDay) {
+  using namespace std::chrono;
+  EXPECT_EQ(clock::today(), sys_days{2018y / June / 5});
+  EXPECT_EQ(weekday(clock::today()), Tuesday);
+  clock::advanceTo(51540 - 0.000001);  // 14 hours and 19 minutes
+  EXPECT_EQ(clock::today(), sys_days{2018y / June / 5});
+  clock::advanceTo(51540);
+  EXPECT_EQ(clock::today(), sys_days{2018y / June / 6});
+}
+
 }  // namespace
 }  // namespace sim

@@ -199,31 +199,16 @@ TEST_F(FileSystemTest, APathThatGrowsTooLongIsRefused) {
   EXPECT_EQ(dlopen(path.c_str(), RTLD_NOW), nullptr);
 }
 
-TEST(TemporaryRoot, GoesWithAllThatIsInIt) {
-  fs::path path;
-  {
-    const TemporaryRoot root;
-    path = root.path();
-    fs::create_directories(path / "a/b");
-    EXPECT_TRUE(fs::is_directory(path));
-  }
-  EXPECT_FALSE(fs::exists(path));
-}
-
-TEST(TemporaryRoot, GoesAtExitWhenNobodyDestroysIt) {
-  const TemporaryRoot place;
-  ::setenv("TMPDIR", place.path().c_str(), 1);
-  EXPECT_EXIT(
-      {
-        const TemporaryRoot root;
-        FileSystem files(root.path());
-        files.refuse("/", Faults::both, EACCES);
-        if (!fs::exists(place.path() / root.path().filename())) std::exit(1);
-        std::exit(7);
-      },
-      testing::ExitedWithCode(7), "");
-  EXPECT_TRUE(fs::is_empty(place.path()));
-  ::unsetenv("TMPDIR");
+TEST_F(FileSystemTest, APipeOfTheDeviceIsNotWaitedAt) {
+  ASSERT_EQ(mkfifo(files.hostPath(notes).c_str(), 0600), 0);
+  EXPECT_EQ(probeRead(notes), "");
+  EXPECT_EQ(probeRead(notes + 1), "");  // counted from the root
+  const int descriptor = open(notes, O_RDONLY);
+  EXPECT_GE(descriptor, 0);
+  ::close(descriptor);
+  errno = 0;
+  EXPECT_EQ(open(notes, O_WRONLY), -1);
+  EXPECT_EQ(errno, ENXIO);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "simulator/artwork/dock_background.hpp"
 #include "simulator/artwork/status_bar.hpp"
 #include "simulator/artwork/wallpaper.hpp"
+#include "simulator/device/clock.hpp"
 #include "simulator/quartz/fonts.hpp"
 #include "simulator/quartz/surface.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
@@ -53,6 +54,22 @@ TEST(AppCatalogue, EveryGlyphIsInTheIconFont) {
   };
   for (int i = 0; i < appCatalogueSize() + 200; ++i) check(appName(i));
   for (int i = 0; i < 20; ++i) check(dockAppName(i));
+}
+
+std::string bytesOf(const Surface& image) {
+  cairo_surface_flush(image.get());
+  return {reinterpret_cast<const char*>(cairo_image_surface_get_data(image.get())),
+          static_cast<std::size_t>(cairo_image_surface_get_stride(image.get()) *
+                                   cairo_image_surface_get_height(image.get()))};
+}
+
+TEST(AppIcon, OfACalendarShowsTheDevicesDay) {
+  const std::string calendar = bytesOf(icon("Calendar")), notes = bytesOf(icon("Notes"));
+  clock::advanceTo(51540 - 1);  // a second before midnight
+  EXPECT_EQ(bytesOf(icon("Calendar")), calendar);
+  clock::advanceTo(51540);
+  EXPECT_NE(bytesOf(icon("Calendar")), calendar);
+  EXPECT_EQ(bytesOf(icon("Notes")), notes);
 }
 
 TEST(AppIcon, HasRoundedOrSquareCorners) {

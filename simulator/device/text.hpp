@@ -1,0 +1,18 @@
+// Bytes from outside as text, and text for people.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace sim {
+
+/** Whether all of it is UTF-8 without a NUL, which is what Foundation makes strings of. */
+bool isText(std::string_view bytes);
+
+/**
+ * A message as one line: blanks for line breaks and tabs, `\xff` for bytes that are no text or steer a
+ * terminal, and of one that is too long for a line the beginning and the end.
+ */
+std::string messageLine(std::string_view message);
+
+}  // namespace sim

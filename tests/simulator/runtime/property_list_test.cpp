@@ -1,0 +1,130 @@
+// Property lists of every form, and those that nobody could read to their end.
+#include "simulator/runtime/property_list.hpp"
+
+#include <gtest/gtest.h>
+
+#include "platform/foundation/number.hpp"
+#include "simulator/runtime/property_list_nesting.hpp"
+#include "tests/support/home.hpp"
+
+namespace {
+
+using sim::isNestedSanely;
+
+const std::string letter = "\x51\x61";  // "a"
+
+std::string repeated(const std::string& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
+std::string bigEndian(std::size_t number, int size) {
+  std::string bytes;
+  for (int shift = 8 * (size - 1); shift >= 0; shift -= 8) bytes += static_cast<char>(number >> shift);
+  return bytes;
+}
+
+// A binary list of these objects, the first of which is the top.
+std::string binary(const std::vector<std::string>& objects) {
+  std::string list = "bplist00", table;
+  for (const std::string& object : objects) {
+    table += bigEndian(list.size(), 4);
+    list += object;
+  }
+  const std::size_t at = list.size();
+  return list + table + std::string(6, '\0') + "\4\4" + bigEndian(objects.size(), 8) + bigEndian(0, 8) +
+         bigEndian(at, 8);
+}
+
+std::string array(const std::vector<std::size_t>& held) {
+  std::string object(1, static_cast<char>(0xA0 | held.size()));
+  for (std::size_t each : held) object += bigEndian(each, 4);
+  return object;
+}
+
+std::string dictionary(std::size_t key, std::size_t value) {
+  return "\xD1" + bigEndian(key, 4) + bigEndian(value, 4);
+}
+
+// A dictionary with an array in an array, and so on.
+std::string nestedBinary(int depth) {
+  std::vector<std::string> objects{dictionary(1, 2), letter};
+  for (int i = 2; i < depth; ++i) objects.push_back(array({objects.size() + 1}));
+  objects.push_back(array({}));
+  return binary(objects);
+}
+
+bool readable(const std::string& list) {
+  bridge::Pool pool;
+  const std::string file = test::temporaryFile("list.plist", list);
+  return static_cast<bool>(sim::propertyList(NSString::stringWithUTF8String(file.c_str())));
+}
+
+// Foundation as the device has it.
+class PropertyList : public testing::Test {
+ protected:
+  test::Home home{{"--stock"}};
+};
+
+TEST_F(PropertyList, InBinaryIsRead) {
+  bridge::Pool pool;
+  const std::string file = test::temporaryFile("list.plist", binary({dictionary(1, 2), letter, "\x10\5"}));
+  NSDictionary read = sim::propertyList(NSString::stringWithUTF8String(file.c_str()));
+  EXPECT_EQ(bridge::as<NSNumber>(read.objectForKey("a"_ns)).intValue(), 5);
+}
+
+TEST_F(PropertyList, IsReadTo512Levels) {
+  EXPECT_TRUE(readable("{a=" + repeated("(", 511) + repeated(")", 511) + ";}"));
+  EXPECT_FALSE(readable("{a=" + repeated("(", 512) + repeated(")", 512) + ";}"));
+  const auto xml = [](int depth) {
+    return "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>a</key>" +
+           repeated("<array>", depth - 1) + repeated("</array>", depth - 1) + "</dict></plist>";
+  };
+  EXPECT_TRUE(readable(xml(512)));
+  EXPECT_FALSE(readable(xml(513)));
+  EXPECT_TRUE(readable(nestedBinary(512)));
+  EXPECT_FALSE(readable(nestedBinary(514)));
+}
+
+TEST_F(PropertyList, MayBeAsWideAsItLikes) {
+  EXPECT_TRUE(readable("{a=(" + repeated("(),", 3000) + "());}"));
+  EXPECT_TRUE(readable("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>a</key><array>" +
+                       repeated("<array/><dict />", 3000) + "</array></dict></plist>"));
+}
+
+TEST_F(PropertyList, InBinaryIsNotFollowedForEver) {
+  EXPECT_FALSE(readable(nestedBinary(50'000)));
+  EXPECT_FALSE(readable(binary({dictionary(1, 0), letter})));  // in itself
+  // Ten times ten times ten, thirty times.
+  std::vector<std::string> objects{dictionary(1, 2), letter};
+  for (int i = 0; i < 30; ++i) objects.push_back(array(std::vector<std::size_t>(10, objects.size() + 1)));
+  objects.push_back(array({}));
+  EXPECT_FALSE(readable(binary(objects)));
+}
+
+TEST_F(PropertyList, InBinaryThatIsDamagedIsRefused) {
+  const std::string whole = nestedBinary(5);
+  for (std::size_t length = 0; length < whole.size(); ++length)
+    EXPECT_FALSE(readable(whole.substr(0, length))) << length;
+  EXPECT_FALSE(isNestedSanely(binary({dictionary(1, 9), letter})));  // of nothing
+}
+
+TEST_F(PropertyList, WithDeclarationsOfItsOwnIsRefused) {
+  EXPECT_FALSE(
+      readable("<?xml version=\"1.0\"?><!DOCTYPE plist [<!ENTITY a \"<array>\">]><plist "
+               "version=\"1.0\"><dict/></plist>"));
+  EXPECT_TRUE(
+      readable("<?xml version=\"1.0\"?><!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+               "\"http://www.apple.com/DTDs/"
+               "PropertyList-1.0.dtd\"><plist version=\"1.0\"><dict><key>a</key><true/></dict></plist>"));
+}
+
+TEST_F(PropertyList, IsNoneWhoseCommentOrQuoteDoesNotEnd) {
+  for (const char* text : {"{a=\"", "{a=\"\\", "{ /* ", "<plist><!-- </plist>", "<plist><![CDATA[ </plist>",
+                           "<? </plist>", "<plist a=\"></plist>"})
+    EXPECT_FALSE(isNestedSanely(text)) << text;
+  EXPECT_TRUE(isNestedSanely("{a=b;} // the end ((("));
+}
+
+}  // namespace
