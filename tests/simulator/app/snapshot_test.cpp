@@ -1,4 +1,5 @@
 // Pictures have the pixels of the device's panel.
+#include "simulator/springboard/icon_controller.hpp"
 #include "tests/simulator/app/run.hpp"
 
 namespace {
@@ -37,18 +38,26 @@ INSTANTIATE_TEST_SUITE_P(
                     Screen{"iPad Air 2", 1536, 2048, true}, Screen{"iPad Pro (10.5-inch)", 1668, 2224, true},
                     Screen{"iPad Pro (12.9-inch)", 2048, 2732, true}));
 
-std::string pictureOf(const test::Options& options, const std::string& script) {
+std::string pictureOf(test::Home& home) {
   const std::string file = test::temporaryFile("a.png", "");
-  test::reportOf(test::joined(options, {"--stock", "--snapshot", file}), script);
+  home.simulation().snapshot(file);
   return test::contentsOf(file);
 }
 
 // Nothing of the page behind it is seen, neither icons nor labels.
-TEST(OpenFolder, LooksTheSameOverAnyPage) {
-  const std::string open = "open \"Extras\"\nwait 1\n";
-  EXPECT_EQ(pictureOf({"--icons", "3"}, open), pictureOf({"--icons", "24"}, open));
-  EXPECT_NE(pictureOf({"--icons", "3"}, open + "home\nwait 1\n"),
-            pictureOf({"--icons", "24"}, open + "home\nwait 1\n"));
+TEST(OpenFolder, LooksAsItDoesOverAnEmptyPage) {
+  test::Home home({"--stock"});
+  const auto pages = [] { return sim::springboard::homeScreen().scrollView.get(); };
+  const std::string closed = pictureOf(home);
+  home.step("open \"Extras\"");
+  home.step("wait 1");
+  const std::string open = pictureOf(home);
+  pages().setHidden(YES);
+  EXPECT_EQ(pictureOf(home), open);
+  pages().setHidden(NO);
+  home.step("home");
+  home.step("wait 1");
+  EXPECT_EQ(pictureOf(home), closed);
 }
 
 }  // namespace
