@@ -9,4 +9,6 @@ struct NSFileManager : bridge::Face<"NSFileManager", NSObject> {
   MESSAGE Method<"createDirectoryAtPath:withIntermediateDirectories:attributes:error:",
                  BOOL(NSString, BOOL, NSDictionary, id*)>
       createDirectoryAtPath_withIntermediateDirectories_attributes_error;
+  // Fails where there is something at the destination already.
+  MESSAGE Method<"moveItemAtPath:toPath:error:", BOOL(NSString, NSString, id*)> moveItemAtPath_toPath_error;
 };

@@ -17,7 +17,7 @@ NSArray load(NSArray initial = {});
 bridge::Strong<NSMutableArray> renumbered(NSArray presets);
 
 // In place of the file's presets, all at once or not at all. A write that fails changes nothing and is not
-// told.
+// told. What was no presets file is kept beside it as "config.damaged.json".
 void save(NSArray presets);
 
 }  // namespace tilo::presets

@@ -10,7 +10,9 @@
 #include "platform/foundation/index_path.hpp"
 #include "platform/foundation/json.hpp"
 #include "platform/foundation/notification_center.hpp"
+#include "platform/foundation/null.hpp"
 #include "platform/foundation/number.hpp"
+#include "platform/foundation/scanner.hpp"
 
 namespace {
 
@@ -148,7 +150,10 @@ TEST(Encoding, TellsTheSameAsThePlatformsOwn) {
                             &NSData::writeToFile_atomically>();
   expectSameShapeAsPlatform<
       NSFileManager, &NSFileManager::defaultManager, &NSFileManager::fileExistsAtPath,
-      &NSFileManager::createDirectoryAtPath_withIntermediateDirectories_attributes_error>();
+      &NSFileManager::createDirectoryAtPath_withIntermediateDirectories_attributes_error,
+      &NSFileManager::moveItemAtPath_toPath_error>();
+  expectSameShapeAsPlatform<NSNull, &NSNull::null>();
+  expectSameShapeAsPlatform<NSScanner, &NSScanner::scannerWithString, &NSScanner::scanDouble>();
   expectSameShapeAsPlatform<NSIndexPath, &NSIndexPath::indexPathWithIndex, &NSIndexPath::indexAtPosition>();
   expectSameShapeAsPlatform<NSJSONSerialization, &NSJSONSerialization::JSONObjectWithData_options_error,
                             &NSJSONSerialization::dataWithJSONObject_options_error>();

@@ -1,0 +1,282 @@
+// Presets that somebody edited: what is missing or of another kind is 0 or scaled, nothing is raised, and
+// nothing of the file is lost.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "tests/library/presets_home.hpp"
+
+namespace {
+
+using sim::Json;
+using test::layout;
+using test::PanelHome;
+using test::PresetsHome;
+
+constexpr const char* damagedPath = "/var/mobile/Documents/com.wexor.tilo3/custom/config.damaged.json";
+constexpr const char* secondDamagedPath =
+    "/var/mobile/Documents/com.wexor.tilo3/custom/config.damaged-2.json";
+
+// A home screen that starts with that file and its first layout selected.
+class EditedHome : public PanelHome {
+ public:
+  explicit EditedHome(const std::string& contents, const std::string& selected = "0")
+      : PanelHome({"custom_preset=" + selected, "showed-setup=YES"},
+                  {"--presets", test::temporaryFile("presets.json", contents)}) {}
+
+  std::vector<double> spacing() {
+    Json page = report()["pages"][0];
+    return {page["verticalPadding"], page["horizontalPadding"], page["sideInset"], page["topInset"]};
+  }
+
+  // What a person does with layouts.
+  void useEverything() {
+    open();
+    step("page 1");
+    step("tap \"Select\"");
+    wait(1);
+    open();
+    step("page 1");
+    step("tap \"Delete\"");
+    wait(1);
+    panel().saveWithTitle("Home"_ns);
+    step("tap \"Select\"");
+    wait(1);
+  }
+};
+
+struct Shape {
+  const char* name;
+  Json value;
+};
+void PrintTo(const Shape& shape, std::ostream* out) { *out << shape.name; }
+
+std::string named(const testing::TestParamInfo<Shape>& info) { return info.param.name; }
+
+const Shape shapes[] = {{"Null", Json()},
+                        {"AWord", "many"},
+                        {"AList", Json::array({1})},
+                        {"ATable", Json{{"value", 1}}},
+                        {"AnEmptyList", Json::array()},
+                        {"AnEmptyTable", Json::object()}};
+
+class AnEditedRecord : public testing::TestWithParam<Shape> {};
+
+TEST_P(AnEditedRecord, WhoseSpacingIsNoTableHasNone) {
+  Json record = layout("edited", 0, 10);
+  record["configuration"] = GetParam().value;
+  EditedHome home(test::presetsDocument(Json::array({record})));
+  EXPECT_EQ(home.spacing(), (std::vector<double>{0, 0, 0, 0}));
+  home.useEverything();
+}
+
+TEST_P(AnEditedRecord, WhoseLengthsAreNoNumbersHasZeros) {
+  Json record = layout("edited", 0, 10);
+  for (const char* key : {"vertical_padding", "side_inset"}) record["configuration"][key] = GetParam().value;
+  EditedHome home(test::presetsDocument(Json::array({record})));
+  EXPECT_EQ(home.spacing(), (std::vector<double>{0, 10, 0, 13}));
+  home.useEverything();
+}
+
+TEST_P(AnEditedRecord, ThatIsNotSaidToStandAsItIsIsScaled) {
+  Json record = layout("edited", 0, 10);
+  record["configurable"] = GetParam().value;
+  EditedHome home(test::presetsDocument(Json::array({record})));
+  EXPECT_DOUBLE_EQ(home.spacing()[1], 10 * 750. / 640 * 1.4);
+  home.useEverything();
+}
+
+TEST_P(AnEditedRecord, WhosePlaceIsNoNumberIsFoundByItsPlace) {
+  Json record = layout("edited", 0, 10);
+  record["value"] = GetParam().value;
+  EditedHome home(test::presetsDocument(Json::array({layout("one"), record})), "1");
+  EXPECT_EQ(home.spacing()[1], 10);
+  home.useEverything();
+}
+
+TEST_P(AnEditedRecord, CanBeSelectedDeletedAndFollowedByOthers) {
+  EditedHome home(test::presetsDocument(Json::array({GetParam().value, layout("two", 1, 10)})));
+  home.useEverything();
+  EXPECT_EQ(home.report()["presets"]["configurations"].size(), 2u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Being, AnEditedRecord, testing::ValuesIn(shapes), named);
+
+TEST(ARecord, WithoutSpacingHasNone) {
+  Json record = layout("edited");
+  record.erase("configuration");
+  EditedHome home(test::presetsDocument(Json::array({record})));
+  EXPECT_EQ(home.spacing(), (std::vector<double>{0, 0, 0, 0}));
+}
+
+TEST(ARecord, MayHaveItsLengthsAsText) {
+  Json record = layout("edited", 0, 10);
+  record["configuration"]["side_inset"] = "7.5";
+  EditedHome home(test::presetsDocument(Json::array({record})));
+  EXPECT_EQ(home.spacing()[2], 7.5);
+}
+
+// More than any number holds.
+constexpr const char* endless =
+    R"({"configurations":[{"name":"endless","value":0,"configurable":1,)"
+    R"("configuration":{"side_inset":1e999,"vertical_padding":-1e999,"top_inset":5}}]})";
+
+TEST(ARecord, OfInfiniteLengthsHasZeros) {
+  EditedHome home(endless);
+  const auto spacing = home.spacing();
+  EXPECT_EQ(spacing[0], 0);
+  EXPECT_EQ(spacing[2], 0);
+}
+
+TEST(ARecord, OfInfiniteLengthsLeavesAFileThatCanBeReadWhenAnotherIsSaved) {
+  EditedHome home(endless);
+  home.open();
+  const size_t before = home.shown()["presets"].size();
+  home.panel().saveWithTitle("Home"_ns);
+  const auto read = Json::read(home.contents(test::presetsPath));
+  ASSERT_TRUE(read);
+  Json document = *read;
+  EXPECT_EQ(document["configurations"].size(), before + 1);
+}
+
+TEST(ARecord, OfHugeLengthsMovesIconsOnlyAsFarAsAFrameCanSay) {
+  Json record = layout("huge", 0, 1e300);
+  EditedHome home(test::presetsDocument(Json::array({record})));
+  EXPECT_EQ(home.spacing(), (std::vector<double>{1e6, 1e6, 1e6, 1e6}));
+}
+
+// What is no presets document.
+const test::Contents damages[] = {
+    {"NoJson", "not JSON"},
+    {"BrokenOff", R"({"configurations":[{"name":"cut","val)"},
+    {"AList", R"([{"name":"mine"}])"},
+    {"AnotherKey", R"({"layouts":[{"name":"mine"}]})"},
+    {"ATableForTheList", R"({"configurations":{"0":{"name":"mine"}}})"},
+    {"NullForTheList", R"({"configurations":null})"},
+    {"NoText", "\xff\xfe mine"},
+    {"Nothing", ""},
+};
+
+class AFileThatIsNoPresets : public testing::TestWithParam<test::Contents> {};
+
+TEST_P(AFileThatIsNoPresets, IsKeptBesideTheNewOneWhenALayoutIsSaved) {
+  EditedHome home(test::emptyPresets);
+  home.write(test::presetsPath, GetParam().bytes);
+  home.open();
+  home.panel().saveWithTitle("Home"_ns);
+  EXPECT_EQ(home.contents(damagedPath), GetParam().bytes);
+  EXPECT_EQ(home.report()["presets"]["configurations"].size(), 1u);
+  EXPECT_EQ(home.shown()["presets"], Json::array({"Home"}));
+}
+
+TEST_P(AFileThatIsNoPresets, IsKeptBesideTheNewOneWhenALayoutIsDeleted) {
+  EditedHome home(test::emptyPresets);
+  home.open();
+  home.step("page 1");
+  home.write(test::presetsPath, GetParam().bytes);
+  home.step("tap \"Delete\"");
+  home.wait(1);
+  EXPECT_EQ(home.contents(damagedPath), GetParam().bytes);
+  EXPECT_EQ(home.contents(test::presetsPath), test::emptyPresets);
+}
+
+TEST_P(AFileThatIsNoPresets, StaysAsItIsUntilThen) {
+  EditedHome home(test::emptyPresets);
+  home.write(test::presetsPath, GetParam().bytes);
+  const test::FileState before = test::stateOf(home.simulation(), test::presetsPath);
+  home.open();
+  home.step("page 1");
+  home.step("tap \"Select\"");
+  home.wait(1);
+  EXPECT_EQ(test::stateOf(home.simulation(), test::presetsPath), before);
+  EXPECT_EQ(test::namesIn(home, test::presetsFolder), std::set<std::string>{"config.json"});
+}
+
+TEST_P(AFileThatIsNoPresets, StaysWhereItIsOnADiskThatRefuses) {
+  EditedHome home(test::emptyPresets);
+  home.write(test::presetsPath, GetParam().bytes);
+  const test::FileState before = test::stateOf(home.simulation(), test::presetsPath);
+  home.open();
+  home.simulation().fileSystem().refuse("/var/mobile/Documents", sim::Faults::writing, EROFS);
+  home.panel().saveWithTitle("Home"_ns);
+  EXPECT_EQ(test::stateOf(home.simulation(), test::presetsPath), before);
+  EXPECT_EQ(test::namesIn(home, test::presetsFolder), std::set<std::string>{"config.json"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Holding, AFileThatIsNoPresets, testing::ValuesIn(damages),
+                         [](const auto& info) { return info.param.name; });
+
+TEST(AFileThatIsNoPresets, DoesNotTakeThePlaceOfAnEarlierOne) {
+  EditedHome home(test::emptyPresets);
+  home.open();
+  for (const char* contents : {"first", "second", "third"}) {
+    home.write(test::presetsPath, contents);
+    home.panel().saveWithTitle("Home"_ns);
+  }
+  EXPECT_EQ(home.contents(damagedPath), "first");
+  EXPECT_EQ(home.contents(secondDamagedPath), "second");
+  EXPECT_EQ(test::namesIn(home, test::presetsFolder),
+            (std::set<std::string>{"config.json", "config.damaged.json", "config.damaged-2.json",
+                                   "config.damaged-3.json"}));
+}
+
+TEST(APresetsFile, IsNotKeptAsDamagedWhenItIsGood) {
+  EditedHome home(test::presetsDocument(Json::array({layout("one"), nullptr, 5})));
+  home.open();
+  home.panel().saveWithTitle("Home"_ns);
+  EXPECT_EQ(test::namesIn(home, test::presetsFolder), std::set<std::string>{"config.json"});
+}
+
+TEST(AFolderForThePresetsFile, IsKeptBesideTheNewOneWithWhatIsInIt) {
+  EditedHome home(test::emptyPresets);
+  home.open();
+  std::filesystem::remove(home.file(test::presetsPath));
+  home.write(std::string(test::presetsPath) + "/inside.txt", "mine");
+  home.panel().saveWithTitle("Home"_ns);
+  EXPECT_EQ(home.contents(std::string(damagedPath) + "/inside.txt"), "mine");
+  EXPECT_EQ(home.report()["presets"]["configurations"].size(), 1u);
+}
+
+// Where the first file cannot be written, the panel's list goes on.
+class AFirstSave : public testing::Test {
+ protected:
+  static void expectTheListGoesOn(PanelHome& home) {
+    home.panel().saveWithTitle("one"_ns);
+    home.panel().saveWithTitle("two"_ns);
+    EXPECT_EQ(home.shown()["presets"], Json({"one", "two"}));
+    home.step("page 1");
+    home.step("pick 1");
+    home.step("tap \"Delete\"");
+    home.wait(1);
+    EXPECT_EQ(home.shown()["presets"], Json::array({"one"}));
+    home.step("tap \"Select\"");
+    home.wait(1);
+    EXPECT_EQ(home.shown(), nullptr);
+  }
+
+  PanelHome home{{"showed-setup=YES"}};
+};
+
+TEST_F(AFirstSave, IntoAFolderThatIsAFileKeepsTheListGoing) {
+  std::filesystem::remove_all(home.file(test::presetsFolder));
+  home.write(test::presetsFolder, "a file");
+  home.open();
+  expectTheListGoesOn(home);
+  EXPECT_EQ(home.contents(test::presetsFolder), "a file");
+}
+
+TEST_F(AFirstSave, IntoAFolderThatCannotBeMadeKeepsTheListGoing) {
+  std::filesystem::remove_all(home.file(test::presetsFolder));
+  home.simulation().fileSystem().refuse("/var/mobile/Documents", sim::Faults::writing, EACCES);
+  home.open();
+  expectTheListGoesOn(home);
+}
+
+TEST_F(AFirstSave, OntoAFullDiskKeepsTheListGoing) {
+  std::filesystem::remove(home.file(test::presetsPath));
+  home.simulation().fileSystem().refuse("/var/mobile/Documents", sim::Faults::writing, ENOSPC);
+  home.open();
+  expectTheListGoesOn(home);
+}
+
+}  // namespace
