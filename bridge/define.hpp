@@ -122,6 +122,7 @@ class Implementation {
   static void dealloc(T self) {
     Slot& slot = slotOf(self.raw);
     if (slot.built) std::launder(reinterpret_cast<State*>(slot.bytes))->~State();
+    slot.built = false;  // the parent's dealloc may send messages still
     Dealloc::sendAs(class_getSuperclass(cls), self.raw);
   }
 

@@ -138,8 +138,9 @@ void defineProgressHUD() {
       method<&Face::showHUDAddedTo_animated, showAddedTo>(),
       method<&Face::hideHUDForView_animated, hideTopmostIn>(),
       method<&Face::hideAllHUDsForView_animated, hideAllIn>(), method<&Face::HUDForView, topmostIn>(),
-      method<&Face::allHUDsForView, allIn>(), method<&UIView::initWithFrame, initWithFrame>(),
-      method<&Face::initWithView, initWithView>(), method<&Face::initWithWindow, initWithWindow>(),
+      method<&Face::allHUDsForView, allIn>(), method<&hud::Own::release, hud::release>(),
+      method<&UIView::initWithFrame, initWithFrame>(), method<&Face::initWithView, initWithView>(),
+      method<&Face::initWithWindow, initWithWindow>(),
       // Showing and hiding.
       method<&Face::show, hud::show>(), method<&Face::hide, hud::hide>(),
       method<&Face::hide_afterDelay, hud::hideLater>(), method<&Own::hideDelayed, hud::hideDelayed>(),

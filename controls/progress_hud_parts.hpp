@@ -70,6 +70,7 @@ inline constexpr CGFloat padding = 4;  // points between indicator and texts
 
 // Messages that the class sends to itself.
 struct Own : bridge::Face<"RQProgressHUD", RQProgressHUD> {
+  MESSAGE Method<"release", void()> release;
   MESSAGE Method<"hideDelayed:", void(NSNumber)> hideDelayed;
   MESSAGE Method<"handleGraceTimer:", void(NSTimer)> handleGraceTimer;
   MESSAGE Method<"handleMinShowTimer:", void(NSTimer)> handleMinShowTimer;
@@ -89,7 +90,8 @@ void handleGraceTimer(RQProgressHUD self, NSTimer timer);
 void handleMinShowTimer(RQProgressHUD self, NSTimer timer);
 void done(RQProgressHUD self);
 
-// progress_hud_tasks.cpp
+// progress_hud_tasks.cpp: the box dies on the main thread, whichever lets go of it last.
+void release(RQProgressHUD self);
 void showWhileExecuting(RQProgressHUD self, SEL action, bridge::Object target, bridge::Object object,
                         BOOL animated);
 void launchExecution(RQProgressHUD self);

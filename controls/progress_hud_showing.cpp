@@ -87,12 +87,13 @@ void hideNow(RQProgressHUD self) {
 void show(RQProgressHUD self, BOOL animated) {
   HUDState& state = HUD::state(self);
   state.useAnimation = animated;
-  stop(state.graceTimer);
   if (self.graceTime() > 0) {
-    state.graceTimer =
-        timer(self, static_cast<double>(self.graceTime()), bridge::selector<"handleGraceTimer:">());
+    if (!state.graceTimer)
+      state.graceTimer =
+          timer(self, static_cast<double>(self.graceTime()), bridge::selector<"handleGraceTimer:">());
     return;
   }
+  stop(state.graceTimer);
   startShowing(self);
 }
 

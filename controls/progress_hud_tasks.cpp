@@ -9,14 +9,20 @@ using bridge::Block;
 
 void run(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block, dispatch_queue_s* queue) {
   self.setTaskInProgress(YES);
-  dispatch::onQueue(queue, [alive = retained(self), work = Block<void()>(block)] {
-    if (work) work();
-    dispatch::onMainQueue([alive] { bridge::as<Own>(alive.get()).cleanUp(); });
-  });
+  dispatch::onQueue(queue ? queue : dispatch::defaultQueue(),
+                    [alive = retained(self), work = Block<void()>(block)] {
+                      if (work) work();
+                      dispatch::onMainQueue([alive] { bridge::as<Own>(alive.get()).cleanUp(); });
+                    });
   self.show(animated);
 }
 
 }  // namespace
+
+void release(RQProgressHUD self) {
+  if (NSThread::isMainThread()) return HUD::super<&Own::release>(self);
+  dispatch::onMainQueue([self] { HUD::super<&Own::release>(self); });
+}
 
 void showWhileExecuting(RQProgressHUD self, SEL action, bridge::Object target, bridge::Object object,
                         BOOL animated) {
@@ -30,7 +36,8 @@ void showWhileExecuting(RQProgressHUD self, SEL action, bridge::Object target, b
 void launchExecution(RQProgressHUD self) {
   const bridge::Pool pool;
   const Task& task = HUD::state(self).task;
-  bridge::as<NSPerforming>(task.target.get()).performSelector_withObject(task.action, task.object);
+  if (task.action)
+    bridge::as<NSPerforming>(task.target.get()).performSelector_withObject(task.action, task.object);
   bridge::as<NSThreadPerformAdditions>(self).performSelectorOnMainThread_withObject_waitUntilDone(
       bridge::selector<"cleanUp">(), {}, NO);
 }

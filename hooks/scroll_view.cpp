@@ -32,14 +32,21 @@ constinit bool show = false;
 
 bool panelIsWanted() { return settings().flag(keys::enabled) && settings().flag(keys::quick); }
 
-// Settings that change elsewhere are told to the first scroll view, for the life of the process.
+// Settings that change elsewhere are told to the first scroll view, for the life of the process: the centre
+// neither keeps nor forgets it, so it never dies.
 void serveMessages(SBIconScrollView first) {
+  bridge::retain(first.raw);
   auto center = CPDistributedMessagingCenter::centerNamed("com.wexor.tilo3.preferences.updated"_ns);
   center.runServerOnCurrentThread();
   center.registerForMessageName_target_selector("PreferencesDidChangeNotification"_ns, first,
                                                 selector<"preferencesUpdated:withUserInfo:">());
   center.registerForMessageName_target_selector("ListPreferencesDidChangeNotification"_ns, first,
                                                 selector<"listCellPreferencesUpdated:withUserInfo:">());
+}
+
+// A view without recognisers, made while the panel was not wanted, stays without.
+void attach(SBIconScrollView self, UIGestureRecognizer recognizer) {
+  if (recognizer) self.addGestureRecognizer(recognizer);
 }
 
 void attachGestures(SBIconScrollView self, bool twoFingerTap) {
@@ -53,10 +60,7 @@ void attachGestures(SBIconScrollView self, bool twoFingerTap) {
   self.setTapGesture(tap);
   tap->setNumberOfTouchesRequired(twoFingers);
   tap->setDelegate(gestController);
-  if (twoFingerTap)
-    self.addGestureRecognizer(tap);
-  else
-    self.addGestureRecognizer(swipe);
+  attach(self, twoFingerTap ? UIGestureRecognizer(tap) : UIGestureRecognizer(swipe));
 }
 
 bool feelsForce(UITouch touch) {
@@ -70,7 +74,7 @@ NSString nameIn(NSDictionary info) { return described(bridge::as<NSObject>(info.
 void exchangeGestures(SBIconScrollView self, bool twoFingerTap) {
   UIGestureRecognizer swipe = self.swipeGesture(), tap = self.tapGesture();
   self.removeGestureRecognizer(twoFingerTap ? swipe : tap);
-  self.addGestureRecognizer(twoFingerTap ? tap : swipe);
+  attach(self, twoFingerTap ? tap : swipe);
 }
 
 // A message may carry nothing, but nothing of another kind than these.

@@ -25,6 +25,8 @@ struct PopupState {
   bridge::Strong<UILabel> pickerLabel;
   int rowSelected = 0;
   bridge::Strong<NSMutableDictionary> rootObj;
+
+  int question = 0;  // for a layout's name that has been asked last; another number once it is answered
 };
 
 using Popup = bridge::Implementation<RQPopupView, PopupState>;

@@ -2,6 +2,7 @@
 // saved.
 #include "controls/progress_hud.hpp"
 #include "panel/popup_state.hpp"
+#include "platform/dispatch/dispatch.hpp"
 #include "platform/foundation/number.hpp"
 #include "platform/springboard/icon_controller.hpp"
 #include "platform/uikit/alert_controller.hpp"
@@ -91,6 +92,31 @@ void showFirstRunNotice() {
   present(alert);
 }
 
+// Only the answer to the latest question counts, and only once.
+void comeBack(RQPopupView self, int question) {
+  int& latest = Popup::state(self).question;
+  if (latest != question) return;
+  ++latest;
+  fadeTo(self, 1, fading);
+}
+
+// Belongs to an alert, with which it dies: the panel comes back even when the alert has never been shown, or
+// has gone without a button.
+class Unanswered {
+ public:
+  Unanswered(RQPopupView of, int which) : panel(bridge::retained(of)), question(which) {}
+  Unanswered(Unanswered&&) = default;
+  Unanswered& operator=(Unanswered&&) = delete;
+  ~Unanswered() {
+    if (panel)
+      dispatch::onMainQueue([panel = std::move(panel), question = question] { comeBack(panel, question); });
+  }
+
+ private:
+  bridge::Strong<RQPopupView> panel;
+  int question;
+};
+
 void setUpNameField(UITextField field) {
   field.setPlaceholder("Name"_ns);
   field.setClearButtonMode(UITextFieldViewModeWhileEditing);
@@ -126,8 +152,11 @@ void rewrite(RQPopupView self) {
   self.pickerView().reloadAllComponents();
 }
 
-bool isInList(RQPopupView self, NSInteger row) {
-  return row >= 0 && static_cast<NSUInteger>(row) < self.data().count();
+bool isIn(NSArray list, NSInteger row) { return row >= 0 && static_cast<NSUInteger>(row) < list.count(); }
+bool isInList(RQPopupView self, NSInteger row) { return isIn(self.data(), row); }
+
+NSString titleIn(NSArray titles, NSInteger row) {
+  return isIn(titles, row) ? bridge::as<NSString>(titles.objectAtIndex(static_cast<NSUInteger>(row))) : ""_ns;
 }
 
 // The row that was selected last; where the list has become too short for it, the one that the picker shows.
@@ -184,12 +213,13 @@ NSInteger numberOfRows(RQPopupView self, UIPickerView, NSInteger) {
   return static_cast<NSInteger>(self.data().count());
 }
 
+// Nothing for a row that the list no longer has.
 NSString titleForRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
-  return bridge::as<NSString>(self.items().objectAtIndex(static_cast<NSUInteger>(row)));
+  return titleIn(self.items(), row);
 }
 
 NSAttributedString attributedTitleForRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
-  NSString title = bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(row)));
+  NSString title = titleIn(self.data(), row);
   NSString color = bridge::as<NSString>(NSForegroundColorAttributeName);
   return bridge::make<NSAttributedString, &NSAttributedString::initWithString_attributes>(
              title, NSDictionary::dictionaryWithObject_forKey(self.controlColor(), color))
@@ -231,16 +261,20 @@ void saveCurrentLayout(RQPopupView self, bridge::Object) {
   // The field, not the alert, which would keep itself by its action.
   auto field = bridge::retained(bridge::as<UITextField>(alert.textFields().objectAtIndex(0)));
   auto panel = bridge::retained(self);
-  addAction(alert, "Add"_ns, UIAlertActionStyleDefault, [panel, field](UIAlertAction) {
-    fadeTo(panel, 1, fading);
+  const int question = ++Popup::state(self).question;
+  addAction(alert, "Add"_ns, UIAlertActionStyleDefault, [panel, field, question](UIAlertAction) {
+    comeBack(panel, question);
     if (NSString name = field->text(); name.length() > 0) panel->saveWithTitle(name);
   });
   addAction(alert, "Cancel"_ns, UIAlertActionStyleDestructive,
-            [panel](UIAlertAction) { fadeTo(panel, 1, fading); });
+            [panel, question, alertStands = Unanswered(self, question)](UIAlertAction) {
+              comeBack(panel, question);
+            });
   present(alert);
 }
 
 void saveWithTitle(RQPopupView self, NSString title) {
+  if (!title) return;
   self.getData();
   self.configurations().addObject(makeRecord(self, title));
   rewrite(self);

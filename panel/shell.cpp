@@ -206,7 +206,9 @@ void setupPanGesture(RQPopupView self) {
 }
 
 void scrollViewDidScroll(RQPopupView self, UIScrollView view) {
-  CGFloat page = view.contentOffset().x / sizeOf(view).width;
+  const CGFloat width = sizeOf(view).width;
+  if (!(width > 0)) return;
+  CGFloat page = view.contentOffset().x / width;
   // To the nearest page, halves away from zero.
   self.pageControl().setCurrentPage(static_cast<NSInteger>(page < 0 ? page - 0.5 : page + 0.5));
 }

@@ -34,14 +34,16 @@ bridge::Strong<NSObject> init(DPHLogger self) {
 
 bridge::Strong<DPHLogger> initWithFilePath(DPHLogger self, NSString path) {
   auto made = Logger::superInit<&NSObject::init>(self);
-  if (made && path) Logger::state(made.get()).file = std::fopen(path.UTF8String(), "w");
+  const char* place = path.UTF8String();
+  if (made && place) Logger::state(made.get()).file = std::fopen(place, "w");
   return made;
 }
 
 void logString(DPHLogger self, NSString line, BOOL flush) {
   FILE* file = Logger::state(self).file;
-  if (!file) return;
-  std::fputs(line.UTF8String(), file);
+  const char* text = line.UTF8String();
+  if (!file || !text) return;
+  std::fputs(text, file);
   if (flush) std::fflush(file);
 }
 

@@ -52,6 +52,7 @@ int rows(ConfigurationManager self) { return storedCountLessOne(self, keys::rows
 int columns(ConfigurationManager self) { return storedCountLessOne(self, keys::columns, 4); }
 
 void save(ConfigurationManager self, NSString key, bridge::Object value) {
+  if (!key) return;
   CFPreferencesSetValue(key.raw, value.raw, domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
   self.configuration().setValue_forKey(value, key);
 }

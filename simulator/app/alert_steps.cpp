@@ -1,7 +1,10 @@
 // The steps that answer alerts and turn pickers.
 #include "simulator/app/steps.hpp"
+#include "simulator/device/usage_error.hpp"
 #include "simulator/input/alert.hpp"
 #include "simulator/input/picker.hpp"
+#include "simulator/time/run_loop.hpp"
+#include "simulator/uikit/alerts/presentation.hpp"
 
 namespace sim {
 namespace {
@@ -11,6 +14,15 @@ void pick(Simulation&, const Step& step) { input::pickRow(static_cast<int>(step.
 void choose(Simulation&, const Step& step) { input::chooseInAlert(step.text(0)); }
 
 void enter(Simulation&, const Step& step) { input::enterInAlert(step.text(0)); }
+
+void refuseAlerts(Simulation&, const Step&) { uikit::refusePresentations(true); }
+
+void dismiss(Simulation&, const Step&) {
+  const UIAlertController alert = input::frontAlert();
+  if (!alert) throw UsageError("there is no alert");
+  alert.dismissViewControllerAnimated_completion(YES, {});
+  letPass(uikit::dismissingDuration);
+}
 
 constexpr StepRow rows[] = {
     {"pick",
@@ -26,6 +38,13 @@ constexpr StepRow rows[] = {
      "taps the button of that title of the alert in front; done when the alert has gone",
      "0.25 s"},
     {"enter", {{kinds::text}}, {}, enter, "types into that alert's first text field", "0.1 s a key"},
+    {"dismiss",
+     {},
+     {},
+     dismiss,
+     "that alert goes without a button, as when the system takes it down",
+     "0.25 s"},
+    {"refuse-alerts", {}, {}, refuseAlerts, "from now on no alert comes, as while another is coming", "none"},
 };
 
 }  // namespace

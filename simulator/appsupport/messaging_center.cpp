@@ -17,14 +17,16 @@
 #include "simulator/appsupport/server.hpp"
 #include "simulator/appsupport/socket_folder.hpp"
 #include "simulator/runtime/dealloc.hpp"
+#include "simulator/runtime/uncaught.hpp"
 
 namespace sim::appsupport {
 namespace {
 
 struct Registration {
   std::string message;
-  id target;  // not retained; dropped when it dies
+  id target;  // neither retained nor forgotten when it dies, as on the device
   SEL selector;
+  bool dead = false;
 };
 
 struct CenterState {
@@ -82,11 +84,11 @@ void registerFor(CPDistributedMessagingCenter self, NSString message, bridge::Ob
   all.push_back({name, target.raw, selector});
 }
 
-void forget(id dead) {
+void noteDeath(id dead) {
   const std::lock_guard guard(registrationLock());
   for (auto center : centers())
-    std::erase_if(Center::state(center).registrations,
-                  [&](const Registration& registration) { return registration.target == dead; });
+    for (Registration& registration : Center::state(center).registrations)
+      registration.dead |= registration.target == dead;
 }
 
 // The home screen goes on without the server; who wants to reach it should know why nobody answers.
@@ -132,7 +134,10 @@ Reply deliver(const CenterState& center, std::string_view payload) {
   if (!found) return Reply::dropped;
   // Some handlers answer a dictionary and some nothing; nothing is made of it.
   using Handler = void (*)(id, SEL, id, id);
-  const auto [name, target, selector] = *found;  // the handler may change what is registered
+  const auto [name, target, selector, dead] = *found;  // the handler may change what is registered
+  if (dead)
+    endUncaught("CPDistributedMessagingCenter"_ns,
+                "the target of a message has been deallocated: "_ns.stringByAppendingString(message->name));
   reinterpret_cast<Handler>(bridge::messenger(target, selector, false))(target, selector, message->name.raw,
                                                                         message->userInfo.raw);
   return Reply::delivered;
@@ -154,7 +159,7 @@ void defineMessagingCenter() {
       method<&CPDistributedMessagingCenter::registerForMessageName_target_selector, registerFor>(),
       method<&CPDistributedMessagingCenter::runServerOnCurrentThread, run>(),
       method<&CPDistributedMessagingCenter::sendMessageName_userInfo, sendMessage>());
-  whenObjectsDie(forget);
+  whenObjectsDie(noteDeath);
 }
 
 bool serves(std::string_view centre) {

@@ -299,4 +299,35 @@ TEST(Class, OfAMissingParentIsNotMade) {
   EXPECT_EQ(objc_getClass("DefineTestOrphan"), nullptr);
 }
 
+// A parent that sends a message to an object whose own dealloc has begun.
+struct LateParent : bridge::Face<"DefineTestLateParent", NSObject> {};
+struct Late : bridge::Face<"DefineTestLate", LateParent> {
+  MESSAGE Method<"age", int()> age;
+  MESSAGE Method<"setAge:", void(int)> setAge;
+};
+struct LateState {
+  int age = 7;
+  std::string name = "nobody, at a length that no short string holds";
+};
+using LateParentClass = Implementation<LateParent>;
+using LateClass = Implementation<Late, LateState>;
+
+int lateAge = 0;
+size_t lateName = 0;
+void deallocLateParent(LateParent self) {
+  lateAge = bridge::as<Late>(self).age();
+  lateName = LateClass::state(bridge::as<Late>(self)).name.size();
+  LateParentClass::super<&NSObject::dealloc>(self);
+}
+
+TEST(State, IsFreshForAMessageThatComesAfterItsEnd) {
+  LateParentClass::define<NSObject>(method<&NSObject::dealloc, deallocLateParent>());
+  LateClass::define<LateParent>(LateClass::property<&Late::age, &Late::setAge, &LateState::age>());
+  auto late = make<Late, &NSObject::init>();
+  late->setAge(3);
+  late.clear();
+  EXPECT_EQ(lateAge, 7);
+  EXPECT_EQ(lateName, std::string(LateState().name).size());
+}
+
 }  // namespace

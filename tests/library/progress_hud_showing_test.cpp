@@ -173,6 +173,18 @@ TEST_F(ProgressHUDShowing, WaitsForTheGraceTimeToTheMillisecond) {
   EXPECT_EQ(alpha(), 1);
 }
 
+TEST_F(ProgressHUDShowing, IsAskedForTwiceWithinOneGraceTime) {
+  hud->setGraceTime(0.25f);
+  hud->setTaskInProgress(YES);
+  hud->show(NO);
+  pass(0.2);
+  hud->show(NO);
+  pass(0.049);
+  EXPECT_EQ(alpha(), 0);
+  pass(0.002);
+  EXPECT_EQ(alpha(), 1);
+}
+
 TEST_F(ProgressHUDShowing, AfterTheGraceTimeIsAnimatedAsWasAsked) {
   hud->setGraceTime(0.25f);
   hud->setTaskInProgress(YES);

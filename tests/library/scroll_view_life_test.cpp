@@ -45,16 +45,48 @@ TEST(Messages, SentBeforeThereIsAScrollViewReachNobody) {
   EXPECT_EQ(storedSideInset(), 33);
 }
 
-TEST(Messages, AreDroppedAfterTheFirstScrollViewsEndAndASecondOneHearsNothing) {
+// The messaging centre neither keeps its target nor forgets it.
+TEST(Messages, ReachTheFirstScrollViewForTheLifeOfTheProcess) {
   Home home(settings);
   auto second = bridge::make<SBIconScrollView, &NSObject::init>();
   auto& first = sim::springboard::homeScreen().scrollView;
   first->removeFromSuperview();
-  home.step("wait 0.1");
-  ASSERT_EQ(first->retainCount(), 1u);
   first.clear();
-  EXPECT_EQ(sendSideInset(home.simulation()), Outcome::dropped);
-  EXPECT_EQ(storedSideInset(), 0);
+  home.step("wait 0.1");
+  EXPECT_EQ(sendSideInset(home.simulation()), Outcome::delivered);
+  EXPECT_EQ(storedSideInset(), 33);
+}
+
+int deaths = 0;
+void countDeath(SBIconScrollView self) {
+  ++deaths;
+  original<countDeath>(self);
+}
+
+TEST(Messages, KeepNoScrollViewButTheFirst) {
+  Home home(settings);
+  install(replace<SBIconScrollView, &NSObject::dealloc, countDeath>());
+  bridge::make<SBIconScrollView, &NSObject::init>().clear();
+  EXPECT_EQ(deaths, 1);
+  sim::springboard::homeScreen().scrollView->removeFromSuperview();
+  sim::springboard::homeScreen().scrollView.clear();
+  home.step("wait 1");
+  EXPECT_EQ(deaths, 1);
+}
+
+// Made while the panel was not wanted, a scroll view has no recognisers.
+TEST(Messages, AboutRecognisersThatAreNotThereAttachNone) {
+  Home home({"--set", "enabled=YES", "--set", "quick=NO"});
+  home.save("quick"_ns, NSNumber::numberWithBool(YES));
+  const SBIconScrollView view = sim::springboard::homeScreen().scrollView;
+  const NSUInteger before = view.gestureRecognizers().count();
+  for (const BOOL twoFinger : {YES, NO}) {
+    auto info = bridge::make<NSMutableDictionary, &NSObject::init>();
+    info->setObject_forKey("Use Two Finger Tap Instead"_ns, "name"_ns);
+    info->setObject_forKey(NSNumber::numberWithBool(twoFinger), "value"_ns);
+    view.preferencesUpdated_withUserInfo("PreferencesDidChangeNotification"_ns, info);
+  }
+  EXPECT_EQ(view.gestureRecognizers().count(), before);
 }
 
 // The system's own methods under the library's, counted.

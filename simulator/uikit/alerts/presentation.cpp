@@ -109,8 +109,14 @@ void warn(UIViewController self, UIViewController other, const std::string& why)
   CFLog(0, "%s"_ns.raw, line.c_str());
 }
 
+constinit bool refusing = false;
+
 // A controller that may present, and its window; otherwise the warning says why not.
 bool mayPresent(UIViewController self, UIViewController other) {
+  if (refusing) {
+    warn(self, other, "while a presentation is in progress!");
+    return false;
+  }
   if (const Strong<UIViewController>& presented = stateOf(self).presented) {
     warn(self, other,
          fmt::format("which is already presenting <{}: {}>", class_getName(bridge::classOf(presented->raw)),
@@ -163,6 +169,8 @@ void takeDown(UIViewController presenter, BOOL animated, bridge::Block<void()> c
 }
 
 }  // namespace
+
+void refusePresentations(bool refuse) { refusing = refuse; }
 
 void present(UIViewController self, UIViewController other, BOOL animated,
              bridge::BlockRef<void()> completion) {

@@ -12,6 +12,9 @@ void present(UIViewController self, UIViewController other, BOOL animated,
              bridge::BlockRef<void()> completion);
 void dismiss(UIViewController self, BOOL animated, bridge::BlockRef<void()> completion);
 
+/** From now on every presentation is refused with a warning, as one is while another begins; or no longer. */
+void refusePresentations(bool refuse);
+
 /** The view that a presented controller stands on; it covers the window. */
 void defineStageView();
 

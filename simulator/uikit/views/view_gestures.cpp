@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "simulator/uikit/base/array.hpp"
+#include "simulator/uikit/base/exception.hpp"
 #include "simulator/uikit/gestures/gesture_arbiter.hpp"
 #include "simulator/uikit/gestures/gesture_recognizer.hpp"
 #include "simulator/uikit/views/view_methods.hpp"
@@ -11,7 +12,7 @@ namespace sim::uikit::view {
 NSArray gestureRecognizers(UIView self) { return makeArray(stateOf(self).gestureRecognizers); }
 
 void addGestureRecognizer(UIView self, UIGestureRecognizer recognizer) {
-  if (!recognizer) return;
+  if (!recognizer) raise("NSInvalidArgumentException"_ns, "a nil gesture recognizer cannot be added");
   const auto own = retained(recognizer);
   UIView& view = stateOf(recognizer).view;
   if (view == self) return;

@@ -68,12 +68,14 @@ TEST_F(Messages, GoToTheTargetThatRegisteredLast) {
   EXPECT_EQ(heard.size(), 1u);
 }
 
-TEST_F(Messages, ToATargetThatIsGoneAreDropped) {
+// The device's centre neither keeps its targets nor forgets them.
+TEST_F(Messages, ToATargetThatIsGoneEndTheProcess) {
   serve();
   EXPECT_EQ(listener->retainCount(), 1u);  // registering has not retained it
   listener.clear();
   Client client([&] { return sendOne(root, "hello", {}); });
-  EXPECT_EQ(outcomeFor(client), Outcome::dropped);
+  EXPECT_EXIT(while (true) sim::appsupport::serveMessages(), testing::ExitedWithCode(3),
+              "CPDistributedMessagingCenter: the target of a message has been deallocated: hello");
 }
 
 TEST_F(Messages, MayEndTheirTargetAndRegisterAnother) {
