@@ -2,12 +2,17 @@
 #include <cairo.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "bridge/replace.hpp"
 #include "panel/popup_view.hpp"
 #include "platform/springboard/icon.hpp"
+#include "platform/springboard/icon_label.hpp"
+#include "platform/springboard/page_control.hpp"
 #include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/icon_label.hpp"
+#include "simulator/uikit/drawing/color.hpp"
 #include "tests/library/panel_home.hpp"
 
 namespace {
@@ -85,6 +90,36 @@ TEST(SquareIcons, AreAPropertyOfTheirViews) {
   test::Home home({"--set", "square=YES"});
   home.save("square"_ns, NSNumber::numberWithBool(NO));
   EXPECT_EQ(home.report()["pages"][0]["icons"][0]["square"], true);
+}
+
+// What SpringBoard itself answers is handed on, whatever it is.
+UIColor red(SBIconLabelImageParameters) { return UIColor::redColor(); }
+UIColor green(SBIconLabelImageParameters) { return UIColor::greenColor(); }
+
+TEST(Labels, HaveTheColoursThatSpringBoardGivesThem) {
+  test::Home home({"--set", "enabled=YES", "--set", "labels=YES"}, [](sim::Simulation&) {
+    test::standIn<SBIconLabelImageParameters, &SBIconLabelImageParameters::textColor, red>();
+    test::standIn<SBIconLabelImageParameters, &SBIconLabelImageParameters::shadowColor, green>();
+  });
+  auto parameters = sim::springboard::makeLabelParameters("Name"_ns);
+  EXPECT_EQ(sim::uikit::colorOf(parameters->textColor()), (sim::Color{1, 0, 0, 1}));
+  EXPECT_EQ(sim::uikit::colorOf(parameters->shadowColor()), (sim::Color{0, 1, 0, 1}));
+}
+
+std::vector<std::pair<NSInteger, BOOL>> dots;
+void seenDot(SBIconListPageControl self, UIImageView image, BOOL enabled, NSInteger index) {
+  dots.emplace_back(index, enabled);
+  bridge::original<seenDot>(self, image, enabled, index);
+}
+
+TEST(PageDots, AreThoseThatSpringBoardNames) {
+  test::Home home({"--set", "enabled=YES", "--set", "page=YES"}, [](sim::Simulation&) {
+    test::standIn<SBIconListPageControl, &SBIconListPageControl::_setIndicatorImage_toEnabled_index,
+                  seenDot>();
+  });
+  ASSERT_GE(dots.size(), 3u);
+  for (NSInteger page = 0; page < 3; ++page)
+    EXPECT_NE(std::ranges::find(dots, std::pair<NSInteger, BOOL>(page, page == 0)), dots.end()) << page;
 }
 
 int cancelled = 0, shownAlready = 0;
