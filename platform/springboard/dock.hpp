@@ -4,7 +4,7 @@
 #include "platform/springboard/icon_list_view.hpp"
 
 // Lengths in points.
-struct SBDockIconListView : bridge::Face<"SBDockIconListView", SBIconListView> {
+struct SBDockIconListView : bridge::Face<"SBDockIconListView", SBRootIconListView> {
   static constexpr bridge::ClassMethod<"SBDockIconListView", "maxIcons", NSUInteger()> maxIcons{};
   static constexpr bridge::ClassMethod<"SBDockIconListView",
                                        "maxVisibleIconRowsInterfaceOrientation:", NSUInteger(NSInteger)>

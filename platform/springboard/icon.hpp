@@ -2,13 +2,13 @@
 #pragma once
 
 #include "platform/foundation/string.hpp"
-#include "platform/uikit/image_view.hpp"
+#include "platform/uikit/view.hpp"
 
 struct SBIcon : bridge::Face<"SBIcon", NSObject> {
   MESSAGE Method<"displayName", NSString()> displayName;
 };
 
-struct SBIconImageView : bridge::Face<"SBIconImageView", UIImageView> {
+struct SBIconImageView : bridge::Face<"SBIconImageView", UIView> {
   static constexpr bridge::ClassMethod<"SBIconImageView", "cornerRadius", CGFloat()>
       cornerRadius{};  // points
   MESSAGE Method<"showsSquareCorners", BOOL()> showsSquareCorners;

@@ -1,10 +1,13 @@
 // UIViewController.
 #pragma once
 
+#include "platform/foundation/bundle.hpp"
 #include "platform/uikit/orientation.hpp"
 #include "platform/uikit/view.hpp"
 
 struct UIViewController : bridge::Face<"UIViewController", UIResponder> {
+  // Both may be nil. `init` leads here.
+  MESSAGE Method<"initWithNibName:bundle:", UIViewController(NSString, NSBundle)> initWithNibName_bundle;
   MESSAGE Method<"view", UIView()> view;  // loads it
   MESSAGE Method<"setView:", void(UIView)> setView;
   MESSAGE Method<"isViewLoaded", BOOL()> isViewLoaded;

@@ -5,9 +5,11 @@
 
 #include "simulator/device/clock.hpp"
 #include "simulator/springboard/dock_view.hpp"
+#include "simulator/springboard/icon.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "simulator/springboard/icon_list_view.hpp"
 #include "simulator/springboard/icon_view.hpp"
+#include "simulator/springboard/system_class.hpp"
 #include "simulator/uikit/controls/page_control.hpp"
 #include "simulator/uikit/views/view.hpp"
 
@@ -31,7 +33,7 @@ Json label(SBIconView view) {
 Json icons(SBIconListView list) {
   Json all = Json::array();
   for (auto& view : iconViews(list))
-    all.push_back({{"name", iconOf(view.get()).displayName().UTF8String()},
+    all.push_back({{"name", nameOf(iconOf(view.get())).UTF8String()},
                    {"frame", frame(shownFrame(view.get()))},
                    {"square", static_cast<bool>(imageViewOf(view.get()).showsSquareCorners())},
                    {"label", label(view.get())}});
@@ -48,6 +50,12 @@ Json page(SBRootIconListView list, size_t index) {
           {"sideInset", number(list.sideIconInset())},
           {"topInset", number(list.topIconInset())},
           {"icons", icons(list)}};
+}
+
+// Null where the version has no such message.
+template <auto Member>
+Json answered(SBDockIconListView list) {
+  return answers<Member>(list) ? number((list.*Member)()) : Json();
 }
 
 }  // namespace
@@ -81,8 +89,8 @@ Json reportDock() {
           {"rows", static_cast<NSInteger>(rows)},
           {"visibleRows", static_cast<NSInteger>(visible)},
           {"iconsInRow", static_cast<NSInteger>(list.iconsInRowForSpacingCalculation())},
-          {"spacing", number(list.spacing())},
-          {"effectiveSpacing", number(list.effectiveSpacing())},
+          {"spacing", answered<&SBDockIconListView::spacing>(list)},
+          {"effectiveSpacing", answered<&SBDockIconListView::effectiveSpacing>(list)},
           {"verticalPadding", number(list.verticalIconPadding())},
           {"horizontalPadding", number(list.horizontalIconPadding())},
           {"icons", icons(list)}};

@@ -113,6 +113,10 @@ constexpr OptionRow rows[] = {
      "a temporary folder, removed at the end (of a run that is killed: when the next one starts)", takeRoot},
     {"--stock", "", "do not load the library", "", takeFlag<&Options::stock>},
     {"--icon-support", "", "the device has IconSupport", "", takeFlag<&Options::iconSupport>},
+    {"--springboard", "real|complete",
+     "which methods SpringBoard's classes have: those of the version, or also every other that the library "
+     "names",
+     "`complete`", takeChoice<&Options::springboard>},
     {"--loader", "substrate|sbinject", "the injection loader, which decides where the library lies",
      "`substrate`", takeChoice<&Options::loader>},
     {"--library", "FILE", "the library to load", "the program's own, where it has one",

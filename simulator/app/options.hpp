@@ -11,6 +11,7 @@
 
 #include "simulator/device/catalogue.hpp"
 #include "simulator/device/file_system.hpp"
+#include "simulator/springboard/class_facts.hpp"
 
 namespace sim {
 
@@ -29,6 +30,7 @@ struct Options {
   std::optional<std::filesystem::path> root;  // none: a temporary one
   bool stock = false;
   bool iconSupport = false;
+  springboard::Methods springboard = springboard::Methods::complete;
   InjectionLoader loader = InjectionLoader::substrate;
   std::optional<std::filesystem::path> library;  // none: the program's own
   std::optional<std::filesystem::path> script, snapshot, report;

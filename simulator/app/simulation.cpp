@@ -13,6 +13,7 @@
 #include "simulator/runtime/foundation.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/threads.hpp"
+#include "simulator/springboard/class_facts.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/springboard.hpp"
@@ -30,9 +31,6 @@ constexpr const char* iconSupportPath = "/Library/MobileSubstrate/DynamicLibrari
 
 fs::path beside(const std::string& name) { return fs::canonical("/proc/self/exe").parent_path() / name; }
 
-// Assumed: when page controls began to name the page whose dot they show.
-constexpr Version indexedPageDotsSince{10};
-
 // The phones of the catalogue whose screens feel force.
 bool feelsForce(const Device& device) {
   constexpr std::string_view names[] = {"iPhone 6s", "iPhone 6s Plus", "iPhone 7", "iPhone 7 Plus",
@@ -49,7 +47,6 @@ uikit::Configuration configurationOf(const Options& options) {
   configuration.scale = device.scale;
   configuration.nativeSize = device.nativePixels;
   configuration.forceTouch = feelsForce(device);
-  configuration.indexedPageIndicators = options.ios >= indexedPageDotsSince;
   configuration.orientation = springboard::asInterfaceOrientation(
       device.homeScreenTurns ? options.orientation : Orientation::portrait);
   return configuration;
@@ -89,6 +86,7 @@ Simulation::Simulation(const Options& given, const Program& made)
   if (made.prepare) made.prepare(*this);
   installLibraries();
   springboard::useDevice(model, options.ios);
+  springboard::useClasses(options.ios, options.springboard);
   uikit::configure(configurationOf(options));
   uikit::registerClasses();
   springboard::defineClasses();

@@ -11,6 +11,7 @@
 #include "platform/uikit/control.hpp"
 #include "platform/uikit/label.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/springboard/icon.hpp"
 #include "simulator/springboard/icon_view.hpp"
 #include "simulator/uikit/animation/animation.hpp"
 #include "simulator/uikit/base/configuration.hpp"
@@ -65,7 +66,7 @@ std::string textOf(NSString text) { return text ? withoutGlyphs(text.UTF8String(
 std::optional<Thing> thingNamed(UIView view, std::string_view name) {
   if (bridge::isKindOf<SBIconView>(view)) {
     const auto icon = bridge::as<SBIconView>(view);
-    if (textOf(springboard::iconOf(icon).displayName()) == name)
+    if (textOf(springboard::nameOf(springboard::iconOf(icon))) == name)
       return Thing{view, springboard::imageViewOf(icon)};
   }
   if (isCloseBox(view) && name == "close") return Thing{view, view};

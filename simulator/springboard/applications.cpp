@@ -5,12 +5,13 @@
 #include <algorithm>
 #include <string>
 
-#include "bridge/define.hpp"
 #include "platform/uikit/color.hpp"
 #include "platform/uikit/screen.hpp"
 #include "platform/uikit/window.hpp"
 #include "simulator/artwork/app_icon.hpp"
 #include "simulator/springboard/drawn_image.hpp"
+#include "simulator/springboard/icon.hpp"
+#include "simulator/springboard/system_class.hpp"
 #include "simulator/uikit/views/first_responder.hpp"
 
 namespace sim::springboard {
@@ -62,7 +63,20 @@ bridge::Strong<UIWindow> makeWindow(const std::string& name) {
   return window;
 }
 
-void activate(SBUIController, SBApplication application) {
+// What brings an application on screen, under the names that it has had.
+struct Activation : bridge::Face<"SBUIController", SBUIController> {
+  MESSAGE Method<"activateApplication:", void(SBApplication)> plain;
+  MESSAGE Method<"activateApplication:fromIcon:location:", void(SBApplication, SBIcon, NSInteger)> fromIcon;
+  MESSAGE Method<"activateApplication:fromIcon:location:activationSettings:actions:",
+                 void(SBApplication, SBIcon, NSInteger, bridge::Object, bridge::Object)>
+      withSettings;
+};
+
+LaunchMessage launchMessage = LaunchMessage::fromIcon;
+
+constexpr NSInteger onHomeScreen = 1;  // an icon's location; nothing here depends on it
+
+void show(SBApplication application) {
   uikit::resignForcibly(uikit::firstResponder());
   auto window = makeWindow(application.displayName().UTF8String());
   window->setTransform({startScale, 0, 0, startScale, 0, 0});
@@ -75,12 +89,37 @@ void activate(SBUIController, SBApplication application) {
                                          }));
 }
 
-}  // namespace
+void activateAnimated(SBUIController, SBApplication application) { show(application); }
+void activatePlain(SBUIController, SBApplication application) { show(application); }
+
+void activateFromIcon(SBUIController, SBApplication application, SBIcon, NSInteger) { show(application); }
+
+void activateWithSettings(SBUIController, SBApplication application, SBIcon, NSInteger, bridge::Object,
+                          bridge::Object) {
+  show(application);
+}
 
 bridge::Strong<SBApplication> applicationOf(SBIcon icon) {
   auto application = bridge::make<SBApplication, &NSObject::init>();
-  Application::state(application.get()).name = bridge::retained(icon.displayName());
+  Application::state(application.get()).name = bridge::retained(nameOf(icon));
   return application;
+}
+
+}  // namespace
+
+void useLaunchMessage(LaunchMessage used) { launchMessage = used; }
+
+void launch(SBIcon icon) {
+  const auto controller = bridge::as<Activation>(SBUIController::sharedInstance());
+  SBApplication application = applicationOf(icon).autoreleased();
+  if (answers<&SBUIController::activateApplicationAnimated>(controller))
+    controller.activateApplicationAnimated(application);
+  else if (answers<&Activation::withSettings>(controller))
+    controller.withSettings(application, icon, onHomeScreen, {}, {});
+  else if (launchMessage == LaunchMessage::plain)
+    controller.plain(application);
+  else
+    controller.fromIcon(application, icon, onHomeScreen);
 }
 
 SBApplication shownApplication() { return shown().application.get(); }
@@ -98,10 +137,12 @@ void leaveApplication() {
 }
 
 void defineApplications() {
-  using bridge::method;
-  Application::define<NSObject>(method<&SBApplication::displayName, displayName>());
-  UIController::define<NSObject>(method<&SBUIController::sharedInstance, sharedInstance>(),
-                                 method<&SBUIController::activateApplicationAnimated, activate>());
+  defineSystemClass<Application>(own<&SBApplication::displayName, displayName>());
+  defineSystemClass<UIController>(own<&SBUIController::sharedInstance, sharedInstance>(),
+                                  own<&SBUIController::activateApplicationAnimated, activateAnimated>(),
+                                  own<&Activation::plain, activatePlain>(),
+                                  own<&Activation::fromIcon, activateFromIcon>(),
+                                  own<&Activation::withSettings, activateWithSettings>());
 }
 
 }  // namespace sim::springboard

@@ -6,8 +6,12 @@
 
 namespace sim::springboard {
 
-// What an icon launches.
-bridge::Strong<SBApplication> applicationOf(SBIcon icon);
+// Opens the application of an icon that was tapped, by the message that the version in use has for it.
+void launch(SBIcon icon);
+
+// Up to 10.x there are two such messages, and no class dump tells which one a tap goes through.
+enum class LaunchMessage { fromIcon, plain };
+void useLaunchMessage(LaunchMessage used);
 
 // The application on screen; nil when there is none.
 SBApplication shownApplication();

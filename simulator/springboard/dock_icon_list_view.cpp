@@ -3,10 +3,11 @@
 
 #include <algorithm>
 
-#include "bridge/define.hpp"
+#include "simulator/springboard/icon_list_answers.hpp"
 #include "simulator/springboard/icon_list_view.hpp"
 #include "simulator/springboard/icon_view.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
 namespace {
@@ -46,26 +47,6 @@ Row rowOf(SBDockIconListView self) {
 // The gap that spreads the row evenly, with the same gap at either end.
 CGFloat evenGap(const Row& row) { return (row.length - row.places * row.extent) / (row.places + 1); }
 
-NSUInteger maxIcons(Class) {
-  return static_cast<NSUInteger>(stockDock(UIInterfaceOrientationPortrait).maximum);
-}
-
-// The dock is one row, or one column of as many rows as it holds icons.
-NSUInteger rowsForOrientation(Class, NSInteger orientation) {
-  return static_cast<NSUInteger>(stockGrid(ListKind::dock, orientation).rows);
-}
-
-NSUInteger columnsForOrientation(Class, NSInteger orientation) {
-  return static_cast<NSUInteger>(stockGrid(ListKind::dock, orientation).columns);
-}
-
-NSUInteger iconsInRow(SBDockIconListView self) {
-  // A dock that holds many icons is spread for those that it has.
-  int maximum = stockDock(currentOrientation()).maximum;
-  if (!stockDock(currentOrientation()).floating) return static_cast<NSUInteger>(maximum);
-  return std::clamp<NSUInteger>(self.icons().count(), 1, static_cast<NSUInteger>(maximum));
-}
-
 CGFloat spacing(SBDockIconListView self) {
   CGFloat own = List::state(self).spacing;
   return own > 0 ? own : evenGap(rowOf(self));
@@ -80,18 +61,9 @@ void setSpacing(SBDockIconListView self, CGFloat points) {
 // What is kept free at the ends of a row that is spread.
 CGFloat effectiveSpacing(SBDockIconListView self) { return spacing(self); }
 
-SBIcon iconAtPoint(SBDockIconListView self, CGPoint point, NSUInteger* index, int* proposedOrder, SBIcon) {
-  auto& views = iconViews(self);
-  for (size_t i = 0; i < views.size(); ++i) {
-    CGRect frame = views[i]->frame();
-    if (point.x < frame.origin.x || point.x >= frame.origin.x + frame.size.width ||
-        point.y < frame.origin.y || point.y >= frame.origin.y + frame.size.height)
-      continue;
-    if (index) *index = i;
-    if (proposedOrder) *proposedOrder = 0;
-    return iconOf(views[i].get());
-  }
-  return {};
+CGFloat keptFree(SBDockIconListView self) {
+  return answers<&SBDockIconListView::effectiveSpacing>(self) ? self.effectiveSpacing()
+                                                              : effectiveSpacing(self);
 }
 
 // Where the row starts, and how far its icons are apart. A spacing of the list's own keeps the icons together
@@ -107,7 +79,7 @@ Spread spreadOf(SBDockIconListView list, const Row& row, size_t icons) {
     return {(row.length - count * row.extent - (count - 1) * own) / 2, row.extent + own};
   }
   // A crowded row has less at its ends, so that icons do not cover each other.
-  CGFloat end = std::min(list.effectiveSpacing(), evenGap(row));
+  CGFloat end = std::min(keptFree(list), evenGap(row));
   if (row.places < 2) return {(row.length - row.extent) / 2, 0};
   return {end, (row.length - 2 * end - row.extent) / (row.places - 1)};
 }
@@ -130,16 +102,18 @@ void placeDockIcons(SBDockIconListView list) {
 }
 
 void defineDockIconListView() {
-  using bridge::method;
   using Face = SBDockIconListView;
-  List::define<SBIconListView>(
-      method<&Face::maxIcons, maxIcons>(),
-      method<&Face::maxVisibleIconRowsInterfaceOrientation, rowsForOrientation>(),
-      method<&SBIconListView::iconRowsForInterfaceOrientation, rowsForOrientation>(),
-      method<&SBIconListView::iconColumnsForInterfaceOrientation, columnsForOrientation>(),
-      method<&Face::iconsInRowForSpacingCalculation, iconsInRow>(), method<&Face::spacing, spacing>(),
-      method<&Face::setSpacing, setSpacing>(), method<&Face::effectiveSpacing, effectiveSpacing>(),
-      method<&Face::iconAtPoint_index_proposedOrder_grabbedIcon, iconAtPoint>());
+  defineSystemClass<List>(
+      own<&Face::maxIcons, list::mostIcons>(),
+      own<&Face::maxVisibleIconRowsInterfaceOrientation, list::rowsForOrientation>(),
+      own<&SBIconListView::iconRowsForInterfaceOrientation, list::rowsForOrientation>(),
+      own<&SBIconListView::iconColumnsForInterfaceOrientation, list::columnsForOrientation>(),
+      own<&Face::iconsInRowForSpacingCalculation, list::iconsInRow>(),
+      own<&SBIconListView::sideIconInset, list::sideInset>(),
+      own<&SBIconListView::topIconInset, list::topInset>(),
+      own<&Face::iconAtPoint_index_proposedOrder_grabbedIcon, list::iconAtPoint>(),
+      own<&Face::spacing, spacing>(), own<&Face::setSpacing, setSpacing>(),
+      own<&Face::effectiveSpacing, effectiveSpacing>());
 }
 
 }  // namespace sim::springboard

@@ -1,12 +1,12 @@
 // SBDockView: a translucent background with the dock's icons in front of it.
 #include "simulator/springboard/dock_view.hpp"
 
-#include "bridge/define.hpp"
 #include "platform/uikit/image_view.hpp"
 #include "simulator/artwork/dock_background.hpp"
 #include "simulator/springboard/drawn_image.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/stock.hpp"
+#include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
 namespace {
@@ -57,10 +57,9 @@ bridge::Strong<SBDockView> makeDockView(SBDockIconListView list) {
 }
 
 void defineDockView() {
-  using bridge::method;
-  Panel::define<UIView>(method<&SBDockView::defaultHeight, defaultHeight>(),
-                        method<&SBDockView::setBackgroundAlpha, setBackgroundAlpha>(),
-                        method<&UIView::layoutSubviews, layoutSubviews>());
+  defineSystemClass<Panel>(own<&SBDockView::defaultHeight, defaultHeight>(),
+                           own<&SBDockView::setBackgroundAlpha, setBackgroundAlpha>(),
+                           own<&UIView::layoutSubviews, layoutSubviews>());
 }
 
 }  // namespace sim::springboard

@@ -43,7 +43,7 @@ bridge::Strong<UIView> makePanel(const CGRect& frame) {
   panel->setBackgroundColor(UIColor::colorWithWhite_alpha(1, 0.35));
   uikit::layerOf(panel.get()).cornerRadius = cornerRadius;
   panel->setClipsToBounds(YES);
-  auto scrollView = bridge::make<SBIconScrollView, &NSObject::init>();
+  auto scrollView = makeScrollView();
   scrollView->setFrame({{0, 0}, frame.size});
   scrollView->setContentSize(frame.size);
   homeScreen().folder->setFrame({{0, 0}, frame.size});

@@ -1,7 +1,7 @@
 // SBIcon: what an icon stands for.
 #include "simulator/springboard/icon.hpp"
 
-#include "bridge/define.hpp"
+#include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
 namespace {
@@ -12,9 +12,16 @@ struct IconState {
 
 using Icon = bridge::Implementation<SBIcon, IconState>;
 
-NSString displayName(SBIcon self) { return Icon::state(self).name.get(); }
+struct LocatedIcon : bridge::Face<"SBIcon", SBIcon> {
+  MESSAGE Method<"displayNameForLocation:", NSString(NSInteger)> displayNameForLocation;
+};
+
+NSString displayName(SBIcon self) { return nameOf(self); }
+NSString displayNameForLocation(SBIcon self, NSInteger) { return nameOf(self); }
 
 }  // namespace
+
+NSString nameOf(SBIcon icon) { return Icon::state(icon).name.get(); }
 
 bridge::Strong<SBIcon> makeIcon(const std::string& name) {
   auto icon = bridge::make<SBIcon, &NSObject::init>();
@@ -22,6 +29,9 @@ bridge::Strong<SBIcon> makeIcon(const std::string& name) {
   return icon;
 }
 
-void defineIcon() { Icon::define<NSObject>(bridge::method<&SBIcon::displayName, displayName>()); }
+void defineIcon() {
+  defineSystemClass<Icon>(own<&SBIcon::displayName, displayName>(),
+                          own<&LocatedIcon::displayNameForLocation, displayNameForLocation>());
+}
 
 }  // namespace sim::springboard

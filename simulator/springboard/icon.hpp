@@ -1,4 +1,4 @@
-// Making icons.
+// Icons.
 #pragma once
 
 #include <string>
@@ -8,6 +8,9 @@
 namespace sim::springboard {
 
 bridge::Strong<SBIcon> makeIcon(const std::string& name);
+
+// Its name, by whichever message the version in use tells it.
+NSString nameOf(SBIcon icon);
 
 void defineIcon();
 

@@ -4,12 +4,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "bridge/define.hpp"
+#include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/dock_view.hpp"
+#include "simulator/springboard/folder.hpp"
 #include "simulator/springboard/icon.hpp"
 #include "simulator/springboard/icon_list_view.hpp"
 #include "simulator/springboard/icon_view.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/stock.hpp"
+#include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
 
@@ -31,18 +34,31 @@ using Controller = bridge::Implementation<SBIconController, ControllerState>;
 using PageDots = bridge::Implementation<SBIconListPageControl>;
 
 // The home screen's view puts its parts in their places whenever its size changes.
-struct SBHomeScreenView : bridge::Face<"SBHomeScreenView", UIView> {};
-using HomeView = bridge::Implementation<SBHomeScreenView>;
+struct SBFolderView : bridge::Face<"SBFolderView", UIView> {};
+struct SBRootFolderView : bridge::Face<"SBRootFolderView", SBFolderView> {};
+using FolderView = bridge::Implementation<SBFolderView>;
+using RootFolderView = bridge::Implementation<SBRootFolderView>;
 
-SBIconController sharedInstance(Class) {
-  static id shared = bridge::make<SBIconController, &NSObject::init>().leak();
-  return bridge::as<SBIconController>(shared);
-}
+// What the controller is told when the device turns; it hands it on to the messages that UIKit has for it.
+struct Turning : bridge::Face<"SBIconController", SBIconController> {
+  MESSAGE Method<"_willRotateToInterfaceOrientation:duration:", void(NSInteger, double)> willRotate;
+  MESSAGE Method<"_willAnimateRotationToInterfaceOrientation:duration:", void(NSInteger, double)>
+      willAnimateRotation;
+  MESSAGE Method<"_didRotateFromInterfaceOrientation:", void(NSInteger)> didRotate;
+};
+
+ScrollViewInitialiser scrollViewInitialiser = ScrollViewInitialiser::init;
+
+SBIconController sharedInstance(Class) { return iconController(); }
 
 bridge::Strong<NSObject> init(SBIconController self) { return Controller::super<&NSObject::init>(self); }
 
-void layoutHomeScreen(SBHomeScreenView self) {
-  HomeView::super<&UIView::layoutSubviews>(self);
+bridge::Strong<UIViewController> initWithNibName(SBIconController self, NSString name, NSBundle bundle) {
+  return Controller::super<&UIViewController::initWithNibName_bundle>(self, name, bundle);
+}
+
+void layoutHomeScreen(SBFolderView self) {
+  FolderView::super<&UIView::layoutSubviews>(self);
   HomeScreen& home = homeScreen();
   CGSize size = self.bounds().size;
   CGFloat dock = SBDockView::defaultHeight();
@@ -62,9 +78,10 @@ void layoutHomeScreen(SBHomeScreenView self) {
 
 void loadView(SBIconController self) {
   HomeScreen& home = homeScreen();
-  auto view = bridge::make<SBHomeScreenView, &UIView::initWithFrame>(CGRect{});
+  auto view = bridge::make<SBRootFolderView, &UIView::initWithFrame>(CGRect{});
   view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-  home.scrollView = bridge::make<SBIconScrollView, &NSObject::init>();
+  home.scrollView = makeScrollView();
+  home.scrollView->setDelegate(view);
   home.scrollView->setPagingEnabled(YES);
   home.dock = bridge::make<SBDockIconListView, &UIView::initWithFrame>(CGRect{});
   home.folder = bridge::make<SBFolderIconListView, &UIView::initWithFrame>(CGRect{});
@@ -105,23 +122,45 @@ void setIsEditing(SBIconController self, BOOL editing) {
     for (auto& view : iconViews(page.get())) showEditingBadge(view.get(), editing);
 }
 
-// The dots follow the page that is most on screen. Only the home screen's own scroll view has dots.
+void iconTapped(SBIconController self, SBIconView view) {
+  if (self.isEditing()) return;
+  SBIcon icon = iconOf(view);
+  if (nameOf(icon).isEqualToString(NSString::stringWithUTF8String(folderName)))
+    openFolder();
+  else
+    launch(icon);
+}
+
+// The dots follow the page that is most on screen.
+void didScroll(SBFolderView, UIScrollView) {
+  homeScreen().pageDots->setCurrentPage(SBIconController::sharedInstance().currentIconListIndex());
+}
+
 void scrollTo(SBIconScrollView self, CGPoint offset) {
   ScrollView::super<&UIScrollView::setContentOffset>(self, offset);
-  if (self == homeScreen().scrollView.get())
-    homeScreen().pageDots->setCurrentPage(SBIconController::sharedInstance().currentIconListIndex());
 }
 
-bridge::Strong<NSObject> initScrollView(SBIconScrollView self) {
-  return ScrollView::super<&NSObject::init>(self);
+void willRotate(SBIconController self, NSInteger to, double duration) {
+  self.willRotateToInterfaceOrientation_duration(to, duration);
 }
 
-void appeared(SBIconController self, BOOL animated) {
-  Controller::super<&UIViewController::viewDidAppear>(self, animated);
+void willAnimateRotation(SBIconController self, NSInteger to, double duration) {
+  self.willAnimateRotationToInterfaceOrientation_duration(to, duration);
 }
 
-void rotated(SBIconController self, NSInteger previous) {
-  Controller::super<&UIViewController::didRotateFromInterfaceOrientation>(self, previous);
+void didRotate(SBIconController self, NSInteger from) { self.didRotateFromInterfaceOrientation(from); }
+
+// With every method there is, a control that has the older message shows its dots by it.
+void setIndicator(SBIconListPageControl self, UIImageView indicator, BOOL enabled, NSInteger page) {
+  if (answers<&SBIconListPageControl::_setIndicatorImage_toEnabled>(self))
+    self._setIndicatorImage_toEnabled(indicator, enabled);
+  else
+    PageDots::super<&SBIconListPageControl::_setIndicatorImage_toEnabled_index>(self, indicator, enabled,
+                                                                                page);
+}
+
+void setUnnumberedIndicator(SBIconListPageControl self, UIImageView indicator, BOOL enabled) {
+  PageDots::super<&SBIconListPageControl::_setIndicatorImage_toEnabled_index>(self, indicator, enabled, 0);
 }
 
 // How many icons go on a page: the stock grid's places, unless the grid in force has fewer.
@@ -150,6 +189,35 @@ SBRootIconListView addPage() {
 
 }  // namespace
 
+SBIconController iconController() {
+  static const id shared =
+      (hasOwnMethod("SBIconController", false, "init")
+           ? bridge::as<NSObject>(bridge::make<SBIconController, &NSObject::init>().leak())
+           : bridge::as<NSObject>(bridge::make<SBIconController, &UIViewController::initWithNibName_bundle>(
+                                      NSString{}, NSBundle{})
+                                      .leak()))
+          .raw;
+  return bridge::as<SBIconController>(shared);
+}
+
+void useScrollViewInitialiser(ScrollViewInitialiser used) { scrollViewInitialiser = used; }
+
+bridge::Strong<SBIconScrollView> makeScrollView() {
+  if (scrollViewInitialiser == ScrollViewInitialiser::initWithFrame)
+    return bridge::make<SBIconScrollView, &UIView::initWithFrame>(CGRect{});
+  return bridge::make<SBIconScrollView, &NSObject::init>();
+}
+
+void tellWillRotate(NSInteger to, double duration) {
+  bridge::as<Turning>(iconController()).willRotate(to, duration);
+}
+
+void tellWillAnimateRotation(NSInteger to, double duration) {
+  bridge::as<Turning>(iconController()).willAnimateRotation(to, duration);
+}
+
+void tellDidRotate(NSInteger from) { bridge::as<Turning>(iconController()).didRotate(from); }
+
 void fillHomeScreen(const Icons& icons, int leastPages) {
   HomeScreen& home = homeScreen();
   home.folderIcons = icons.folder;
@@ -169,20 +237,23 @@ void fillHomeScreen(const Icons& icons, int leastPages) {
 }
 
 void defineIconController() {
-  using bridge::method;
   using Face = SBIconController;
-  ScrollView::define<UIScrollView>(method<&NSObject::init, initScrollView>(),
-                                   method<&UIScrollView::setContentOffset, scrollTo>());
-  PageDots::define<UIPageControl>();
-  HomeView::define<UIView>(method<&UIView::layoutSubviews, layoutHomeScreen>());
-  Controller::define<UIViewController>(
-      method<&Face::sharedInstance, sharedInstance>(), method<&NSObject::init, init>(),
-      method<&UIViewController::loadView, loadView>(), method<&UIViewController::viewDidAppear, appeared>(),
-      method<&UIViewController::didRotateFromInterfaceOrientation, rotated>(),
-      method<&Face::currentIconListIndex, currentIconListIndex>(),
-      method<&Face::currentRootIconList, currentRootIconList>(), method<&Face::isEditing, isEditing>(),
-      method<&Face::setIsEditing, setIsEditing>(),
-      method<&Face::getListView_folder_relativePath_forIndexPath_createIfNecessary, getListView>());
+  defineSystemClass<ScrollView>(own<&UIScrollView::setContentOffset, scrollTo>());
+  defineSystemClass<PageDots>(
+      own<&SBIconListPageControl::_setIndicatorImage_toEnabled_index, setIndicator>(),
+      own<&SBIconListPageControl::_setIndicatorImage_toEnabled, setUnnumberedIndicator>());
+  defineSystemClass<FolderView>(own<&UIView::layoutSubviews, layoutHomeScreen>(),
+                                own<&UIScrollViewDelegate::scrollViewDidScroll, didScroll>());
+  defineSystemClass<RootFolderView>();
+  defineSystemClass<Controller>(
+      own<&Face::sharedInstance, sharedInstance>(), own<&NSObject::init, init>(),
+      own<&UIViewController::initWithNibName_bundle, initWithNibName>(),
+      own<&UIViewController::loadView, loadView>(), own<&Turning::willRotate, willRotate>(),
+      own<&Turning::willAnimateRotation, willAnimateRotation>(), own<&Turning::didRotate, didRotate>(),
+      own<&IconTaps::iconTapped, iconTapped>(), own<&Face::currentIconListIndex, currentIconListIndex>(),
+      own<&Face::currentRootIconList, currentRootIconList>(), own<&Face::isEditing, isEditing>(),
+      own<&Face::setIsEditing, setIsEditing>(),
+      own<&Face::getListView_folder_relativePath_forIndexPath_createIfNecessary, getListView>());
 }
 
 }  // namespace sim::springboard

@@ -30,6 +30,24 @@ struct HomeScreen {
 
 HomeScreen& homeScreen();
 
+// The controller, made at the first call by the initialiser that its class has.
+SBIconController iconController();
+
+// Of the controller, sent by an icon's view that was tapped.
+struct IconTaps : bridge::Face<"SBIconController", SBIconController> {
+  MESSAGE Method<"iconTapped:", void(SBIconView)> iconTapped;
+};
+
+// By which initialiser SpringBoard makes its scroll views: no class dump tells.
+enum class ScrollViewInitialiser { init, initWithFrame };
+void useScrollViewInitialiser(ScrollViewInitialiser used);
+bridge::Strong<SBIconScrollView> makeScrollView();
+
+// What SpringBoard tells the controller when the device turns.
+void tellWillRotate(NSInteger to, double duration);
+void tellWillAnimateRotation(NSInteger to, double duration);
+void tellDidRotate(NSInteger from);
+
 // Fills the home screen. A page takes as many icons as its stock grid has places, or fewer when the grid in
 // force has fewer; there are as many pages as that takes, and no fewer than `leastPages`. The dock takes as
 // many as it holds.

@@ -4,13 +4,13 @@
 #include <chrono>
 #include <optional>
 
-#include "bridge/define.hpp"
 #include "simulator/artwork/app_icon.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/quartz/shapes.hpp"
 #include "simulator/springboard/drawn_image.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "simulator/springboard/stock.hpp"
+#include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
 namespace {
@@ -52,13 +52,13 @@ void draw(SBIconImageView self) {
   if (state.drawnSquare == square && state.drawnOn == clock::today()) return;
   state.drawnSquare = square;
   state.drawnOn = clock::today();
-  self.setImage(drawnImage(iconImageSize(), [name = state.name, square](cairo_t* context, CGSize size) {
+  showPicture(self, iconImageSize(), [name = state.name, square](cairo_t* context, CGSize size) {
     IconCorners corners = square ? IconCorners::square : IconCorners::rounded;
     if (name == folderName)
       drawFolder(context, size.width, corners);
     else
       drawAppIcon(context, name, size.width, corners);
-  }));
+  });
 }
 
 void setShowsSquareCorners(SBIconImageView self, BOOL square) {
@@ -80,11 +80,10 @@ bridge::Strong<SBIconImageView> makeIconImageView(const std::string& name) {
 }
 
 void defineIconImageView() {
-  using bridge::method;
-  ImageView::define<UIImageView>(method<&SBIconImageView::cornerRadius, cornerRadius>(),
-                                 method<&SBIconImageView::showsSquareCorners, showsSquareCorners>(),
-                                 method<&SBIconImageView::setShowsSquareCorners, setShowsSquareCorners>(),
-                                 method<&UIView::layoutSubviews, layoutSubviews>());
+  defineSystemClass<ImageView>(own<&SBIconImageView::cornerRadius, cornerRadius>(),
+                               own<&SBIconImageView::showsSquareCorners, showsSquareCorners>(),
+                               own<&SBIconImageView::setShowsSquareCorners, setShowsSquareCorners>(),
+                               own<&UIView::layoutSubviews, layoutSubviews>());
 }
 
 }  // namespace sim::springboard

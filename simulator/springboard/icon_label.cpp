@@ -9,9 +9,9 @@
 #include <map>
 #include <string>
 
-#include "bridge/define.hpp"
 #include "simulator/quartz/text.hpp"
 #include "simulator/springboard/drawn_image.hpp"
+#include "simulator/springboard/system_class.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/drawing/color.hpp"
 #include "simulator/uikit/drawing/drawing_context.hpp"
@@ -33,6 +33,11 @@ NSString text(SBIconLabelImageParameters self) { return Parameters::state(self).
 UIColor textColor(SBIconLabelImageParameters) { return UIColor::whiteColor(); }
 UIColor shadowColor(SBIconLabelImageParameters) { return UIColor::colorWithWhite_alpha(0, 0.35); }
 
+UIColor shadowOf(SBIconLabelImageParameters parameters) {
+  return answers<&SBIconLabelImageParameters::shadowColor>(parameters) ? parameters.shadowColor()
+                                                                       : shadowColor(parameters);
+}
+
 Text styled(SBIconLabelImageParameters parameters) {
   Text label;
   label.runs = {
@@ -40,7 +45,7 @@ Text styled(SBIconLabelImageParameters parameters) {
   label.alignment = TextAlignment::center;
   label.lineBreak = LineBreak::truncateTail;
   label.lineLimit = 1;
-  label.shadow = TextShadow{uikit::colorOf(parameters.shadowColor()), {0, 1}};
+  label.shadow = TextShadow{uikit::colorOf(shadowOf(parameters)), {0, 1}};
   return label;
 }
 
@@ -114,12 +119,11 @@ LabelPicture labelPicture(SBIconLabelImageParameters parameters, CGRect room) {
 }
 
 void defineIconLabel() {
-  using bridge::method;
   using Face = SBIconLabelImageParameters;
-  Parameters::define<NSObject>(method<&Face::text, text>(), method<&Face::textColor, textColor>(),
-                               method<&Face::shadowColor, shadowColor>());
-  LabelImage::define<UIImage>(
-      method<&SBIconLabelImage::_rectWithDrawing_inRect_fromParameters, rectWithDrawing>());
+  defineSystemClass<Parameters>(own<&Face::text, text>(), own<&Face::textColor, textColor>(),
+                                own<&Face::shadowColor, shadowColor>());
+  defineSystemClass<LabelImage>(
+      own<&SBIconLabelImage::_rectWithDrawing_inRect_fromParameters, rectWithDrawing>());
 }
 
 }  // namespace sim::springboard

@@ -5,12 +5,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "bridge/define.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/springboard/dock_icon_list_view.hpp"
+#include "simulator/springboard/icon_list_answers.hpp"
 #include "simulator/springboard/icon_view.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/relayouts.hpp"
+#include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
 
@@ -33,35 +34,10 @@ using List = bridge::Implementation<SBIconListView, ListState>;
 using RootList = bridge::Implementation<SBRootIconListView>;
 using FolderList = bridge::Implementation<SBFolderIconListView>;
 
-Grid currentGrid(SBIconListView self) { return stockGrid(kindOf(self), currentOrientation()); }
-
-// SpringBoard's own answers.
-
-NSUInteger rowsForOrientation(Class, NSInteger orientation) {
-  return static_cast<NSUInteger>(stockGrid(ListKind::root, orientation).rows);
-}
-
-NSUInteger columnsForOrientation(Class, NSInteger orientation) {
-  return static_cast<NSUInteger>(stockGrid(ListKind::root, orientation).columns);
-}
-
-NSUInteger folderRowsForOrientation(Class, NSInteger orientation) {
-  return static_cast<NSUInteger>(stockGrid(ListKind::folder, orientation).rows);
-}
-
-NSUInteger folderColumnsForOrientation(Class, NSInteger orientation) {
-  return static_cast<NSUInteger>(stockGrid(ListKind::folder, orientation).columns);
-}
-
-// A list's own counts do not go through its class.
-NSUInteger rows(SBIconListView self) { return static_cast<NSUInteger>(currentGrid(self).rows); }
-NSUInteger columns(SBIconListView self) { return static_cast<NSUInteger>(currentGrid(self).columns); }
-CGFloat verticalPadding(SBIconListView self) { return currentGrid(self).verticalPadding; }
-CGFloat horizontalPadding(SBIconListView self) { return currentGrid(self).horizontalPadding; }
-CGFloat sideInset(SBIconListView self) { return currentGrid(self).sideInset; }
-CGFloat topInset(SBIconListView self) { return currentGrid(self).topInset; }
-CGFloat rootSideInset(SBRootIconListView self) { return currentGrid(self).sideInset; }
-CGFloat rootTopInset(SBRootIconListView self) { return currentGrid(self).topInset; }
+// A message that nobody sends to a list from outside.
+struct PlacedList : bridge::Face<"SBIconListView", SBIconListView> {
+  MESSAGE Method<"layoutIconsNow", void()> layoutIconsNow;
+};
 
 // The one place in which icons get their places. A grid without columns is laid out as one of a single
 // column.
@@ -92,11 +68,14 @@ void placeIcons(SBIconListView self) {
   }
 }
 
-void layoutSubviews(SBIconListView self) {
-  List::super<&UIView::layoutSubviews>(self);
+// Icons follow the list's size at once.
+void setFrame(SBIconListView self, CGRect frame) {
+  List::super<&UIView::setFrame>(self, frame);
   auto& state = List::state(self);
   if (state.iconsNeedLayout || state.laidOutFor != self.bounds().size) placeIcons(self);
 }
+
+void layoutIconsNow(SBIconListView self) { placeIcons(self); }
 
 void setIconsNeedLayout(SBIconListView self) { List::state(self).iconsNeedLayout = true; }
 
@@ -127,11 +106,6 @@ SBIconView viewForIcon(SBIconListView self, SBIcon icon) {
 
 }  // namespace
 
-ListKind kindOf(SBIconListView list) {
-  if (bridge::isKindOf<SBDockIconListView>(list)) return ListKind::dock;
-  return bridge::isKindOf<SBFolderIconListView>(list) ? ListKind::folder : ListKind::root;
-}
-
 void setIcons(SBIconListView list, std::vector<bridge::Strong<SBIcon>> icons) {
   auto& state = List::state(list);
   for (auto& view : state.views) view->removeFromSuperview();
@@ -152,27 +126,28 @@ const std::vector<bridge::Strong<SBIconView>>& iconViews(SBIconListView list) {
 void setPage(SBIconListView list, int page) { List::state(list).page = page; }
 
 void defineIconListView() {
-  using bridge::method;
   using Face = SBIconListView;
-  bridge::MethodEntry entryPoint =
-      hasAnimationTypeLayout() ? method<&Face::layoutIconsIfNeeded_animationType, layoutWithAnimationType>()
-                               : method<&Face::layoutIconsIfNeeded_domino, layoutWithDomino>();
-  List::define<UIView>(method<&Face::iconRowsForInterfaceOrientation, rowsForOrientation>(),
-                       method<&Face::iconColumnsForInterfaceOrientation, columnsForOrientation>(),
-                       method<&Face::iconRowsForSpacingCalculation, rows>(),
-                       method<&Face::iconRowsForCurrentOrientation, rows>(),
-                       method<&Face::iconColumnsForCurrentOrientation, columns>(),
-                       method<&Face::verticalIconPadding, verticalPadding>(),
-                       method<&Face::horizontalIconPadding, horizontalPadding>(),
-                       method<&Face::sideIconInset, sideInset>(), method<&Face::topIconInset, topInset>(),
-                       method<&Face::icons, icons>(), method<&Face::viewForIcon, viewForIcon>(),
-                       method<&UIView::layoutSubviews, layoutSubviews>(),
-                       method<&Face::setIconsNeedLayout, setIconsNeedLayout>(), entryPoint);
-  RootList::define<SBIconListView>(method<&Face::sideIconInset, rootSideInset>(),
-                                   method<&Face::topIconInset, rootTopInset>());
-  FolderList::define<SBIconListView>(
-      method<&Face::iconRowsForInterfaceOrientation, folderRowsForOrientation>(),
-      method<&Face::iconColumnsForInterfaceOrientation, folderColumnsForOrientation>());
+  using Dock = SBDockIconListView;
+  using namespace list;
+  defineSystemClass<List>(
+      own<&Face::iconRowsForInterfaceOrientation, rowsForOrientation>(),
+      own<&Face::iconColumnsForInterfaceOrientation, columnsForOrientation>(),
+      own<&Dock::maxIcons, mostIcons>(),
+      own<&Dock::maxVisibleIconRowsInterfaceOrientation, rowsForOrientation>(),
+      own<&Face::iconRowsForSpacingCalculation, rows>(), own<&Face::iconRowsForCurrentOrientation, rows>(),
+      own<&Face::iconColumnsForCurrentOrientation, columns>(),
+      own<&Dock::iconsInRowForSpacingCalculation, iconsInRow>(),
+      own<&Face::verticalIconPadding, verticalPadding>(),
+      own<&Face::horizontalIconPadding, horizontalPadding>(), own<&Face::sideIconInset, sideInset>(),
+      own<&Face::topIconInset, topInset>(), own<&Face::icons, icons>(),
+      own<&Face::viewForIcon, viewForIcon>(), own<&UIView::setFrame, setFrame>(),
+      own<&PlacedList::layoutIconsNow, layoutIconsNow>(),
+      own<&Dock::iconAtPoint_index_proposedOrder_grabbedIcon, iconAtPoint>(),
+      own<&Face::setIconsNeedLayout, setIconsNeedLayout>(),
+      own<&Face::layoutIconsIfNeeded_animationType, layoutWithAnimationType>(),
+      own<&Face::layoutIconsIfNeeded_domino, layoutWithDomino>());
+  defineSystemClass<RootList>(own<&Face::sideIconInset, sideInset>(), own<&Face::topIconInset, topInset>());
+  defineSystemClass<FolderList>();
 }
 
 }  // namespace sim::springboard

@@ -4,12 +4,8 @@
 #include <vector>
 
 #include "platform/springboard/icon_list_view.hpp"
-#include "simulator/springboard/stock.hpp"
 
 namespace sim::springboard {
-
-// Which of the three kinds of lists it is, by its class.
-ListKind kindOf(SBIconListView list);
 
 // Shows `icons` in that list, in order.
 void setIcons(SBIconListView list, std::vector<bridge::Strong<SBIcon>> icons);

@@ -1,16 +1,14 @@
 // SBIconView: an icon's picture with its label below. A tap opens what it stands for.
 #include "simulator/springboard/icon_view.hpp"
 
-#include "bridge/define.hpp"
 #include "platform/uikit/gesture_recognizer.hpp"
-#include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/drawn_image.hpp"
-#include "simulator/springboard/folder.hpp"
 #include "simulator/springboard/icon.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "simulator/springboard/icon_image_view.hpp"
 #include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/stock.hpp"
+#include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
 namespace {
@@ -32,16 +30,11 @@ using View = bridge::Implementation<SBIconView, IconViewState>;
 
 // The action of the icon's own tap recogniser.
 struct TappableIcon : bridge::Face<"SBIconView", SBIconView> {
-  MESSAGE Method<"iconTapped:", void(bridge::Object)> iconTapped;
+  MESSAGE Method<"sim_tapped:", void(bridge::Object)> tapped;
 };
 
-void iconTapped(TappableIcon self, bridge::Object) {
-  if (SBIconController::sharedInstance().isEditing()) return;
-  SBIcon icon = iconOf(self);
-  if (icon.displayName().isEqualToString(NSString::stringWithUTF8String(folderName)))
-    openFolder();
-  else
-    SBUIController::sharedInstance().activateApplicationAnimated(applicationOf(icon).autoreleased());
+void tapped(TappableIcon self, bridge::Object) {
+  bridge::as<IconTaps>(SBIconController::sharedInstance()).iconTapped(self);
 }
 
 CGSize defaultIconImageSize(Class) { return iconImageSize(); }
@@ -86,14 +79,14 @@ bridge::Strong<SBIconView> makeIconView(SBIcon icon) {
   auto view = bridge::make<SBIconView, &UIView::initWithFrame>(CGRect{{0, 0}, iconViewSize()});
   auto& state = View::state(view.get());
   state.icon = bridge::retained(icon);
-  state.image = makeIconImageView(icon.displayName().UTF8String());
-  state.parameters = makeLabelParameters(icon.displayName());
+  state.image = makeIconImageView(nameOf(icon).UTF8String());
+  state.parameters = makeLabelParameters(nameOf(icon));
   state.label = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{});
   view->addSubview(state.image);
   view->addSubview(state.label);
   // The view keeps the recogniser, which does not keep its target.
   auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
-      view, bridge::selector<"iconTapped:">());
+      view, bridge::selector<"sim_tapped:">());
   view->addGestureRecognizer(tap);
   return view;
 }
@@ -123,10 +116,8 @@ void showEditingBadge(SBIconView view, bool shown) {
 }
 
 void defineIconView() {
-  using bridge::method;
-  View::define<UIView>(method<&SBIconView::defaultIconImageSize, defaultIconImageSize>(),
-                       method<&UIView::layoutSubviews, layoutView>(),
-                       method<&TappableIcon::iconTapped, iconTapped>());
+  defineSystemClass<View>(own<&SBIconView::defaultIconImageSize, defaultIconImageSize>(),
+                          own<&UIView::layoutSubviews, layoutView>(), own<&TappableIcon::tapped, tapped>());
 }
 
 }  // namespace sim::springboard

@@ -1,13 +1,13 @@
 // SBLockScreenManager and the controller of its screen.
 #include "platform/springboard/lock_screen.hpp"
 
-#include "bridge/define.hpp"
 #include "platform/uikit/color.hpp"
 #include "platform/uikit/font.hpp"
 #include "platform/uikit/label.hpp"
 #include "platform/uikit/screen.hpp"
 #include "platform/uikit/window.hpp"
 #include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/system_class.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/gestures/touch_dispatch.hpp"
 #include "simulator/uikit/views/first_responder.hpp"
@@ -18,17 +18,38 @@ namespace {
 constexpr CGFloat windowLevel = 900;  // below the status bar
 constexpr CGFloat clockFontSize = 76, clockTop = 70, clockHeight = 92;
 
-struct ControllerState {
+// One of two controllers shows the screen; what they have in common they inherit.
+struct SBAlert : bridge::Face<"SBAlert", UIViewController> {};
+struct SBLockScreenViewControllerBase : bridge::Face<"SBLockScreenViewControllerBase", SBAlert> {};
+struct SBDashBoardViewController : bridge::Face<"SBDashBoardViewController", SBLockScreenViewControllerBase> {
+};
+
+// What else the manager answers.
+struct LockState : bridge::Face<"SBLockScreenManager", SBLockScreenManager> {
+  MESSAGE Method<"isLockScreenVisible", BOOL()> isLockScreenVisible;
+  MESSAGE Method<"isUILocked", BOOL()> isUILocked;
+};
+
+using Alert = bridge::Implementation<SBAlert>;
+using Base = bridge::Implementation<SBLockScreenViewControllerBase>;
+using Controller = bridge::Implementation<SBLockScreenViewController>;
+using DashBoard = bridge::Implementation<SBDashBoardViewController>;
+using Manager = bridge::Implementation<SBLockScreenManager>;
+
+struct Screen {
   bool visible = false;
   bridge::Strong<UIWindow> window;
 };
 
-using Controller = bridge::Implementation<SBLockScreenViewController, ControllerState>;
-using Manager = bridge::Implementation<SBLockScreenManager>;
+Screen& screen() {
+  static auto& only = *new Screen();
+  return only;
+}
 
-BOOL isVisible(SBLockScreenViewController self) { return Controller::state(self).visible; }
+BOOL isVisible(UIViewController) { return screen().visible; }
+BOOL isLocked(SBLockScreenManager) { return screen().visible; }
 
-void loadView(SBLockScreenViewController self) {
+void loadView(UIViewController self) {
   auto view = makeWallpaperView(UIScreen::mainScreen().bounds().size);
   auto clock = bridge::make<UILabel, &UIView::initWithFrame>(
       CGRect{{0, clockTop}, {view->bounds().size.width, clockHeight}});
@@ -47,20 +68,21 @@ SBLockScreenManager sharedInstance(Class) {
 }
 
 SBLockScreenViewController lockScreenViewController(SBLockScreenManager) {
-  static id controller = bridge::make<SBLockScreenViewController, &NSObject::init>().leak();
+  static const id controller = superclassOf("SBDashBoardViewController")
+                                   ? bridge::make<SBDashBoardViewController, &NSObject::init>().leak()
+                                   : bridge::make<SBLockScreenViewController, &NSObject::init>().leak();
   return bridge::as<SBLockScreenViewController>(controller);
 }
 
 void show(bool visible) {
-  auto controller = SBLockScreenManager::sharedInstance().lockScreenViewController();
-  auto& state = Controller::state(controller);
-  if (!state.window) {
-    state.window = bridge::make<UIWindow, &UIView::initWithFrame>(UIScreen::mainScreen().bounds());
-    state.window->setWindowLevel(windowLevel);
-    state.window->setRootViewController(controller);
+  Screen& shown = screen();
+  if (!shown.window) {
+    shown.window = bridge::make<UIWindow, &UIView::initWithFrame>(UIScreen::mainScreen().bounds());
+    shown.window->setWindowLevel(windowLevel);
+    shown.window->setRootViewController(SBLockScreenManager::sharedInstance().lockScreenViewController());
   }
-  state.visible = visible;
-  state.window->setHidden(!visible);
+  shown.visible = visible;
+  shown.window->setHidden(!visible);
 }
 
 }  // namespace
@@ -73,12 +95,17 @@ void lock() {
 void unlock() { show(false); }
 
 void defineLockScreen() {
-  using bridge::method;
-  Controller::define<UIViewController>(method<&SBLockScreenViewController::isLockScreenVisible, isVisible>(),
-                                       method<&UIViewController::loadView, loadView>());
-  Manager::define<NSObject>(
-      method<&SBLockScreenManager::sharedInstance, sharedInstance>(),
-      method<&SBLockScreenManager::lockScreenViewController, lockScreenViewController>());
+  using Face = SBLockScreenViewController;
+  defineSystemClass<Alert>();
+  defineSystemClass<Base>(own<&Face::isLockScreenVisible, isVisible>());
+  defineSystemClass<Controller>(own<&Face::isLockScreenVisible, isVisible>(),
+                                own<&UIViewController::loadView, loadView>());
+  defineSystemClass<DashBoard>(own<&Face::isLockScreenVisible, isVisible>(),
+                               own<&UIViewController::loadView, loadView>());
+  defineSystemClass<Manager>(own<&SBLockScreenManager::sharedInstance, sharedInstance>(),
+                             own<&SBLockScreenManager::lockScreenViewController, lockScreenViewController>(),
+                             own<&LockState::isLockScreenVisible, isLocked>(),
+                             own<&LockState::isUILocked, isLocked>());
 }
 
 }  // namespace sim::springboard

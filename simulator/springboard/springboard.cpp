@@ -19,6 +19,7 @@
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/panel_parts.hpp"
 #include "simulator/springboard/status_bar.hpp"
+#include "simulator/springboard/stock.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/base/device.hpp"
@@ -121,12 +122,11 @@ Orientation orientation() { return asOrientation(currentOrientation()); }
 bool beginRotation(Orientation to) {
   if (!homeScreenTurns() || to == orientation()) return false;
   bridge::Pool pool;
-  SBIconController controller = SBIconController::sharedInstance();
-  controller.willRotateToInterfaceOrientation_duration(asInterfaceOrientation(to), rotationDuration);
+  tellWillRotate(asInterfaceOrientation(to), rotationDuration);
   UIView::animateWithDuration_animations(rotationDuration, bridge::Block<void()>([&] {
                                            turnWindows(asInterfaceOrientation(to));
-                                           controller.willAnimateRotationToInterfaceOrientation_duration(
-                                               asInterfaceOrientation(to), rotationDuration);
+                                           tellWillAnimateRotation(asInterfaceOrientation(to),
+                                                                   rotationDuration);
                                            uikit::layoutPass();
                                          }));
   return true;
@@ -134,7 +134,7 @@ bool beginRotation(Orientation to) {
 
 void finishRotation(Orientation from) {
   bridge::Pool pool;
-  SBIconController::sharedInstance().didRotateFromInterfaceOrientation(asInterfaceOrientation(from));
+  tellDidRotate(asInterfaceOrientation(from));
 }
 
 }  // namespace sim::springboard

@@ -12,8 +12,7 @@ namespace {
 const Device* current = nullptr;
 Version currentVersion{10};
 
-constexpr Version floatingDockSince{11}, dockLabelsUntil{11}, animationTypeSince{11}, uiChevronSince{10},
-    xCloseBoxSince{11};
+constexpr Version floatingDockSince{11}, dockLabelsUntil{11};
 
 // A floating dock keeps this distance from the lower edge and from the sides.
 constexpr CGFloat floatingGap = 8;  // points
@@ -84,10 +83,5 @@ Dock stockDock(NSInteger orientation) {
 }
 
 bool homeScreenTurns() { return device().homeScreenTurns; }
-
-bool hasAnimationTypeLayout() { return currentVersion >= animationTypeSince; }
-
-bool hasUIChevron() { return currentVersion >= uiChevronSince; }
-bool hasXCloseBox() { return currentVersion >= xCloseBoxSince; }
 
 }  // namespace sim::springboard

@@ -46,11 +46,4 @@ Dock stockDock(NSInteger orientation);
 // Whether the home screen turns with the device.
 bool homeScreenTurns();
 
-// Whether SpringBoard has the relayout entry point of version 11.0.
-bool hasAnimationTypeLayout();
-
-// Whether chevrons and close boxes have their later class names.
-bool hasUIChevron();
-bool hasXCloseBox();
-
 }  // namespace sim::springboard

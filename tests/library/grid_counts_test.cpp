@@ -323,10 +323,11 @@ TEST(FolderClass, NeverAsksTheSystem) {
   EXPECT_TRUE(orientationsAsked.empty());
 }
 
-TEST(FolderClass, KeepsTheSystemsColumns) {
+// Of columns the folder's class has no answer of its own.
+TEST(FolderClass, HasTheColumnsOfTheListsThatItInheritsFrom) {
   Home home(homeOptions("iPhone 7", {"enabled=YES", "icons=YES", "rows=6", "columns=7"}));
   Class folders = objc_getClass("SBFolderIconListView");
-  EXPECT_EQ(SBIconListView::iconColumnsForInterfaceOrientation.on(folders, 1), 3u);
+  EXPECT_EQ(SBIconListView::iconColumnsForInterfaceOrientation.on(folders, 1), 7u);
 }
 
 }  // namespace

@@ -225,13 +225,15 @@ void save(test::Home& home, const Json& settings) {
     home.save(NSString::stringWithUTF8String(key), number(settings.value(key)));
 }
 
+struct PlacedList : bridge::Face<"SBIconListView", SBIconListView> {
+  MESSAGE Method<"layoutIconsNow", void()> layoutIconsNow;
+};
+
 // SpringBoard lays the page out again without an animation. A place that is no number would raise.
 bool layOut(SBRootIconListView page, const ExpectedAnswers& answers) {
   for (double length : {answers.vertical, answers.horizontal, answers.side, answers.top})
     if (!std::isfinite(length)) return false;
-  page.setIconsNeedLayout();
-  page.setNeedsLayout();
-  page.layoutIfNeeded();
+  bridge::as<PlacedList>(page).layoutIconsNow();
   return true;
 }
 

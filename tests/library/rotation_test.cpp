@@ -243,11 +243,15 @@ TEST(LockedTablet, KeepsTheLandscapeFactorsOfTheUnlockedOne) {
 }
 
 int timesAsked = 0;
-BOOL visibleAtFirst(SBLockScreenViewController) { return ++timesAsked == 1; }
+BOOL visibleAtFirst(bridge::Object) { return ++timesAsked == 1; }
+
+// The controller's class has another name on other systems.
+struct DashBoard : bridge::Face<"SBDashBoardViewController", SBLockScreenViewController> {};
+
 TEST(LockedTablet, IsAskedAgainBeforeThePortraitRule) {
   test::Home home({"--device", "iPad Air 2", "--set", "preset=0"});
-  bridge::install(bridge::replace<SBLockScreenViewController,
-                                  &SBLockScreenViewController::isLockScreenVisible, visibleAtFirst>());
+  bridge::install(
+      bridge::replace<DashBoard, &SBLockScreenViewController::isLockScreenVisible, visibleAtFirst>());
   test::libraryVariable<double>("tilo::iPadAdjustFactorH") = 1;
   turnedFrom(1);
   EXPECT_EQ(timesAsked, 2);

@@ -83,8 +83,22 @@ TEST(SystemSpacing, IsTheAnswerOfTheDockAndFolders) {
     EXPECT_EQ(list.horizontalIconPadding(), 102);
     EXPECT_EQ(verticalRequests, 1);
     EXPECT_EQ(horizontalRequests, 1);
-    EXPECT_EQ(list.sideIconInset(), 33);
   }
+  EXPECT_EQ(home.folder().sideIconInset(), 33);
+}
+
+// Up to system 10 the dock's list has insets of its own, afterwards those of a page's list.
+TEST(SystemSpacing, IsTheAnswerOfADockWithInsetsOfItsOwn) {
+  Home home(homeOptions("iPhone 7", on), standInForTheSystem);
+  EXPECT_EQ(home.dock().sideIconInset(), 0);
+  EXPECT_EQ(home.dock().topIconInset(), 0);
+}
+
+TEST(SystemSpacing, IsTheAnswerOfADockThatInheritsItsInsets) {
+  Home home(homeOptions("iPhone 7", on, {"--ios", "12.1"}), standInForTheSystem);
+  sideRequests = 0;
+  EXPECT_EQ(home.dock().sideIconInset(), 202);
+  EXPECT_EQ(home.dock().topIconInset(), 104);
 }
 
 TEST(SystemSideInset, IsKeptAtEveryRequest) {

@@ -25,7 +25,7 @@ using AlertClass = bridge::Implementation<UIAlertController, AlertState>;
 
 // The private message that a button sends its alert.
 struct ButtonTarget : bridge::Face<"UIAlertController", UIAlertController> {
-  MESSAGE Method<"_actionViewTapped:", void(AlertButton)> _actionViewTapped;
+  MESSAGE Method<"sim_actionViewTapped:", void(AlertButton)> _actionViewTapped;
 };
 
 UIAlertController makeAlert(Class, NSString title, NSString message, NSInteger style) {

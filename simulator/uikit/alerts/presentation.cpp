@@ -23,7 +23,7 @@ constexpr double firstScale = 1.2;  // from which an alert shrinks to its size
 
 // Lies over everything else in the window and keeps touches from it.
 struct StageView : bridge::Face<"UITransitionView", UIView> {
-  MESSAGE Method<"_keyboardMoves:", void(NSNotification)> _keyboardMoves;
+  MESSAGE Method<"sim_keyboardMoves:", void(NSNotification)> _keyboardMoves;
 };
 
 struct StageState {

@@ -17,8 +17,6 @@ struct Configuration {
   CGSize nativeSize{};                                     // pixels of the panel
   NSInteger orientation = UIInterfaceOrientationPortrait;  // of the interface
   NSInteger deviceOrientation = UIDeviceOrientationPortrait;
-  // Whether page controls name the page when they show a dot, or leave it out as older systems do.
-  bool indexedPageIndicators = true;
   // Whether the screen feels how hard it is pressed.
   bool forceTouch = true;
 };

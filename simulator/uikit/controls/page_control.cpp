@@ -38,25 +38,17 @@ Strong<UIImage> dot(const Color& color) {
   });
 }
 
-void setIndicatorImage(UIPageControl, UIImageView indicator, BOOL enabled) {
+void setIndicatorImage(UIPageControl, UIImageView indicator, BOOL enabled, NSInteger) {
   const Strong<UIImage> image = dot(withAlpha(whiteColor, enabled ? 1 : otherDotAlpha));
   indicator.setImage(image);
-}
-
-void setIndexedIndicatorImage(UIPageControl self, UIImageView indicator, BOOL enabled, NSInteger) {
-  setIndicatorImage(self, indicator, enabled);
 }
 
 void showIndicator(UIPageControl self, NSInteger page) {
   const PageControlState& state = PageControlClass::state(self);
   if (page < 0 || page >= state.numberOfPages) return;
   const UIImageView indicator = state.indicators[static_cast<std::size_t>(page)];
-  const BOOL enabled = page == state.currentPage;
-  const auto messages = bridge::as<PageIndicators>(self);
-  if (configuration().indexedPageIndicators)
-    messages.setIndicatorImage_toEnabled_index(indicator, enabled, page);
-  else
-    messages.setIndicatorImage_toEnabled(indicator, enabled);
+  bridge::as<PageIndicators>(self).setIndicatorImage_toEnabled_index(indicator, page == state.currentPage,
+                                                                     page);
 }
 
 NSInteger numberOfPages(UIPageControl self) { return PageControlClass::state(self).numberOfPages; }
@@ -115,8 +107,7 @@ void definePageControl() {
       method<&UIPageControl::setNumberOfPages, setNumberOfPages>(),
       method<&UIPageControl::currentPage, currentPage>(),
       method<&UIPageControl::setCurrentPage, setCurrentPage>(),
-      method<&PageIndicators::setIndicatorImage_toEnabled_index, setIndexedIndicatorImage>(),
-      method<&PageIndicators::setIndicatorImage_toEnabled, setIndicatorImage>(),
+      method<&PageIndicators::setIndicatorImage_toEnabled_index, setIndicatorImage>(),
       method<&UIView::layoutSubviews, layoutSubviews>());
 }
 

@@ -9,12 +9,11 @@ namespace sim::uikit {
 
 /**
  * How a page control shows a dot: the image view of a page is set to the picture of the current page, or of
- * another one. Private messages, which subclasses override.
+ * another one. A private message, which subclasses override.
  */
 struct PageIndicators : bridge::Face<"UIPageControl", UIPageControl> {
   MESSAGE Method<"_setIndicatorImage:toEnabled:index:", void(UIImageView, BOOL, NSInteger)>
       setIndicatorImage_toEnabled_index;
-  MESSAGE Method<"_setIndicatorImage:toEnabled:", void(UIImageView, BOOL)> setIndicatorImage_toEnabled;
 };
 
 /** The dots, from left to right; subviews of the control. Borrowed. */

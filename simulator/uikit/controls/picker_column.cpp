@@ -45,8 +45,8 @@ using ColumnClass = bridge::Implementation<PickerColumn, ColumnState>;
 
 // Of the column, from its recognisers.
 struct ColumnGestures : bridge::Face<"UIPickerColumnView", PickerColumn> {
-  MESSAGE Method<"handlePan:", void(UIPanGestureRecognizer)> handlePan;
-  MESSAGE Method<"handleTap:", void(UITapGestureRecognizer)> handleTap;
+  MESSAGE Method<"sim_handlePan:", void(UIPanGestureRecognizer)> handlePan;
+  MESSAGE Method<"sim_handleTap:", void(UITapGestureRecognizer)> handleTap;
 };
 
 // A pan that stops the wheel as soon as a finger comes down.

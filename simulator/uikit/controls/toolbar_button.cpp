@@ -13,7 +13,7 @@ constexpr CGFloat fontSize = 17;
 constexpr CGFloat pressedAlpha = 0.3;
 
 struct ToolbarButton : bridge::Face<"UIToolbarTextButton", UIButton> {
-  MESSAGE Method<"performItemAction:event:", void(UIControl, UIEvent)> performItemAction_event;
+  MESSAGE Method<"sim_performItemAction:event:", void(UIControl, UIEvent)> performItemAction_event;
 };
 
 struct ToolbarButtonState {

@@ -7,7 +7,7 @@ namespace sim::uikit {
 
 /** The private message that a scroll view's own recogniser sends it. */
 struct ScrollViewPan : bridge::Face<"UIScrollView", UIScrollView> {
-  MESSAGE Method<"handlePan:", void(UIPanGestureRecognizer)> handlePan;
+  MESSAGE Method<"sim_handlePan:", void(UIPanGestureRecognizer)> handlePan;
 };
 
 void handlePan(ScrollViewPan self, UIPanGestureRecognizer pan);

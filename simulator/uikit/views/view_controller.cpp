@@ -16,6 +16,15 @@ using bridge::Strong;
 
 using ViewControllerClass = bridge::Implementation<UIViewController, ViewControllerState>;
 
+Strong<NSObject> init(UIViewController self) {
+  return bridge::initialised<&UIViewController::initWithNibName_bundle>(self, NSString{}, NSBundle{});
+}
+
+// There are no nibs: a view is made in code.
+Strong<UIViewController> initWithNibName(UIViewController self, NSString, NSBundle) {
+  return ViewControllerClass::superInit<&NSObject::init>(self);
+}
+
 BOOL isViewLoaded(UIViewController self) { return static_cast<bool>(ViewControllerClass::state(self).view); }
 
 UIView view(UIViewController self) {
@@ -76,6 +85,7 @@ ViewControllerState& stateOf(UIViewController controller) { return ViewControlle
 void defineViewController() {
   using bridge::method;
   ViewControllerClass::define<UIResponder>(
+      method<&NSObject::init, init>(), method<&UIViewController::initWithNibName_bundle, initWithNibName>(),
       method<&UIResponder::nextResponder, nextResponder>(), method<&UIViewController::view, view>(),
       method<&UIViewController::setView, setView>(), method<&UIViewController::isViewLoaded, isViewLoaded>(),
       method<&UIViewController::loadView, loadView>(), method<&UIViewController::viewDidLoad, viewDidLoad>(),

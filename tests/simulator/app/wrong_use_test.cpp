@@ -22,7 +22,7 @@ TEST(WrongOption, IsNamed) {
 TEST(WrongOption, WithoutItsValueIsNamed) {
   for (const char* option :
        {"--device", "--ios", "--orientation", "--pages", "--icons", "--root", "--prefs", "--set", "--presets",
-        "--loader", "--library", "--script", "--snapshot", "--report"})
+        "--springboard", "--loader", "--library", "--script", "--snapshot", "--report"})
     expectRefused({option}, option);
 }
 

@@ -53,12 +53,13 @@ TEST(Options, WithoutArgumentsAreTheDefaults) {
   EXPECT_TRUE(options.more.empty());
   EXPECT_FALSE(options.stock || options.iconSupport || options.listing);
   EXPECT_EQ(options.loader, InjectionLoader::substrate);
+  EXPECT_EQ(options.springboard, springboard::Methods::complete);
 }
 
 TEST(Options, TakeValuesInBothSpellings) {
-  const Options options =
-      parse({"--device", "iPad Pro (12.9-inch)", "--ios=9.3.2", "--orientation", "landscape", "--pages=5",
-             "--icons", "7", "--stock", "--icon-support", "--loader=sbinject", "--list-devices"});
+  const Options options = parse({"--device", "iPad Pro (12.9-inch)", "--ios=9.3.2", "--orientation",
+                                 "landscape", "--pages=5", "--icons", "7", "--stock", "--icon-support",
+                                 "--loader=sbinject", "--list-devices", "--springboard=real"});
   EXPECT_EQ(options.device->name, "iPad Pro (12.9-inch)");
   EXPECT_EQ(options.ios.text(), "9.3.2");
   EXPECT_EQ(options.orientation, Orientation::landscape);
@@ -67,6 +68,7 @@ TEST(Options, TakeValuesInBothSpellings) {
   EXPECT_TRUE(options.stock && options.iconSupport);
   EXPECT_EQ(options.listing, Listing::devices);
   EXPECT_EQ(options.loader, InjectionLoader::sbinject);
+  EXPECT_EQ(options.springboard, springboard::Methods::real);
 }
 
 TEST(Options, TheVersionFollowsTheDevice) {
@@ -114,6 +116,7 @@ TEST(Options, IconsFitOnFifteenPages) {
 TEST(Options, WordsOfOtherVocabulariesAreNamed) {
   EXPECT_EQ(errorOf({"--orientation", "sideways"}), "--orientation: unknown value 'sideways'");
   EXPECT_EQ(errorOf({"--loader", "other"}), "--loader: unknown value 'other'");
+  EXPECT_EQ(errorOf({"--springboard", "other"}), "--springboard: unknown value 'other'");
 }
 
 TEST(Options, SettingsHaveTypes) {

@@ -19,8 +19,7 @@ NSUInteger answerClassRows(Class, NSInteger) { return rows; }
 
 void layOut(SBDockIconListView dock) {
   dock.setIconsNeedLayout();
-  dock.setNeedsLayout();
-  dock.layoutIfNeeded();
+  dock.layoutIconsIfNeeded_domino(0, NO);
 }
 
 std::vector<double> along(const Json& report, size_t axis) {

@@ -20,12 +20,12 @@ struct System {
 
 class PanelParts : public testing::TestWithParam<System> {};
 
-TEST_P(PanelParts, HaveOneNameInEachSystem) {
+TEST_P(PanelParts, HaveTheNamesOfTheSystem) {
   test::Home home({"--stock", "--device", "iPhone 6", "--ios", GetParam().version});
   EXPECT_EQ(objc_getClass("SBUIChevronView") != nullptr, GetParam().uiChevron);
   EXPECT_EQ(objc_getClass("SBChevronView") != nullptr, !GetParam().uiChevron);
   EXPECT_EQ(objc_getClass("SBXCloseBoxView") != nullptr, GetParam().xCloseBox);
-  EXPECT_EQ(objc_getClass("SBCloseBoxView") != nullptr, !GetParam().xCloseBox);
+  EXPECT_TRUE(objc_getClass("SBCloseBoxView"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, PanelParts,

@@ -15,7 +15,7 @@ struct System {
 class RelayoutEntryPoints : public testing::TestWithParam<System> {};
 
 TEST_P(RelayoutEntryPoints, ExistWhereTheSystemHasThem) {
-  test::Home home({"--stock", "--device", "iPhone 6", "--ios", GetParam().version});
+  test::Home home({"--stock", "--springboard", "real", "--device", "iPhone 6", "--ios", GetParam().version});
   for (SBIconListView list : {SBIconListView(home.page(0)), SBIconListView(home.dock())}) {
     bool domino = list.respondsToSelector(bridge::selector<"layoutIconsIfNeeded:domino:">());
     bool type = list.respondsToSelector(bridge::selector<"layoutIconsIfNeeded:animationType:">());

@@ -45,13 +45,10 @@ void indexed(RecordingControl, UIImageView, BOOL enabled, NSInteger page) {
   record += std::to_string(page) + (enabled ? "+" : "-");
 }
 
-void plain(RecordingControl, UIImageView, BOOL enabled) { record += enabled ? "+" : "-"; }
-
 Strong<RecordingControl> makeRecordingControl() {
   using sim::uikit::PageIndicators;
   bridge::Implementation<RecordingControl>::define<UIPageControl>(
-      method<&PageIndicators::setIndicatorImage_toEnabled_index, indexed>(),
-      method<&PageIndicators::setIndicatorImage_toEnabled, plain>());
+      method<&PageIndicators::setIndicatorImage_toEnabled_index, indexed>());
   record.clear();
   return make<RecordingControl, &UIView::initWithFrame>(CGRect{});
 }
@@ -65,15 +62,6 @@ TEST_F(PageControl, SetsEachDotThroughOneMessage) {
   EXPECT_EQ(record, "0-2+");
   recording->setCurrentPage(2);
   EXPECT_EQ(record, "0-2+");
-}
-
-TEST_F(PageControl, LeavesThePageOutOnOlderSystems) {
-  auto older = phone();
-  older.indexedPageIndicators = false;
-  sim::uikit::configure(older);
-  auto recording = makeRecordingControl();
-  recording->setNumberOfPages(3);
-  EXPECT_EQ(record, "+--");
 }
 
 }  // namespace

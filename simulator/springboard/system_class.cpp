@@ -1,0 +1,28 @@
+// Which methods a class of SpringBoard gets.
+#include "simulator/springboard/system_class.hpp"
+
+#include <cstring>
+
+namespace sim::springboard {
+namespace {
+
+constexpr const char* privatePrefix = "sim_";  // of methods that only the simulator knows
+
+bool inherits(Class cls, const bridge::MethodEntry& entry) {
+  Class parent = class_getSuperclass(cls);
+  return class_getInstanceMethod(entry.ofClass ? bridge::classOf(reinterpret_cast<id>(parent)) : parent,
+                                 entry.selector);
+}
+
+}  // namespace
+
+void addMethod(Class cls, const SystemMethod& method) {
+  const bridge::MethodEntry& entry = method.entry;
+  const char* selector = sel_getName(entry.selector);
+  const bool isPrivate = std::strncmp(selector, privatePrefix, std::strlen(privatePrefix)) == 0;
+  if (isPrivate || hasOwnMethod(class_getName(cls), entry.ofClass, selector) ||
+      (isComplete() && !inherits(cls, entry)))
+    bridge::addMethod(cls, entry);
+}
+
+}  // namespace sim::springboard

@@ -1,0 +1,54 @@
+// Defining SpringBoard's classes as the system version in use has them: a class that it lacks is not defined,
+// and of the methods given those that are not the class's own are left out.
+//
+//   using List = bridge::Implementation<SBIconListView, ListState>;
+//   defineSystemClass<List>(own<&SBIconListView::icons, icons>(), …);
+#pragma once
+
+#include "bridge/define.hpp"
+#include "simulator/springboard/class_facts.hpp"
+
+namespace sim::springboard {
+
+struct SystemMethod {
+  bridge::MethodEntry entry;
+};
+
+// `Function` is what the class answers to `Member`, in the versions in which that is a method of its own.
+template <auto Member, auto Function>
+SystemMethod own() {
+  return {bridge::method<Member, Function>()};
+}
+
+// Found by bridge::Implementation for its rows. With every method wanted, those that the version lacks
+// altogether are there too; what it inherits stays inherited.
+void addMethod(Class cls, const SystemMethod& method);
+
+// The parent of T's class, under the name that the version in use has for it.
+template <class T>
+struct ParentOf {
+  struct Name {
+    const char* text;
+  };
+  static inline Name className{};
+};
+
+template <class T, class State>
+void defineUnderParent(bridge::Implementation<T, State>, auto... methods) {
+  ParentOf<T>::className.text = superclassOf(T::className.text);
+  if (ParentOf<T>::className.text) bridge::Implementation<T, State>::template define<ParentOf<T>>(methods...);
+}
+
+template <class Implementation>
+void defineSystemClass(auto... methods) {
+  defineUnderParent(Implementation(), methods...);
+}
+
+// Whether `object` answers to `Member`. What the system itself does not always have is asked for before it is
+// sent.
+template <auto Member>
+bool answers(bridge::Object object) {
+  return class_getInstanceMethod(bridge::classOf(object.raw), bridge::Descriptor<Member>::selector());
+}
+
+}  // namespace sim::springboard
