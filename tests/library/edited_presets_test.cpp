@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <limits>
 
+#include "bridge/replace.hpp"
+#include "platform/foundation/json.hpp"
 #include "tests/library/presets_home.hpp"
 
 namespace {
@@ -116,27 +119,68 @@ TEST(ARecord, MayHaveItsLengthsAsText) {
   EXPECT_EQ(home.spacing()[2], 7.5);
 }
 
-// More than any number holds.
-constexpr const char* endless =
-    R"({"configurations":[{"name":"endless","value":0,"configurable":1,)"
-    R"("configuration":{"side_inset":1e999,"vertical_padding":-1e999,"top_inset":5}}]})";
+// A reader of JSON that makes infinity of too many digits: whether the device's does is not known.
+id readEndless(id self, SEL selector, id data, NSUInteger options, id* error);
+bridge::Slot readSlot;
 
-TEST(ARecord, OfInfiniteLengthsHasZeros) {
-  EditedHome home(endless);
-  const auto spacing = home.spacing();
-  EXPECT_EQ(spacing[0], 0);
-  EXPECT_EQ(spacing[2], 0);
+void readEndlessNumbers() {
+  using Read = bridge::Descriptor<&NSJSONSerialization::JSONObjectWithData_options_error>;
+  Class meta = bridge::classOf(reinterpret_cast<id>(bridge::classNamed<NSJSONSerialization>()));
+  bridge::replaceMethod(meta, Read::selector(), reinterpret_cast<IMP>(&readEndless), readSlot);
 }
 
-TEST(ARecord, OfInfiniteLengthsLeavesAFileThatCanBeReadWhenAnotherIsSaved) {
-  EditedHome home(endless);
+// Every 7.5 is one of those numbers.
+bridge::Object endless(bridge::Object object) {
+  if (bridge::isKindOf<NSNumber>(object) && bridge::as<NSNumber>(object).doubleValue() == 7.5)
+    return NSNumber::numberWithDouble(std::numeric_limits<double>::infinity());
+  if (bridge::isKindOf<NSArray>(object)) {
+    NSMutableArray made = NSMutableArray::array();
+    for (NSUInteger i = 0; i < bridge::as<NSArray>(object).count(); ++i)
+      made.addObject(endless(bridge::as<NSArray>(object).objectAtIndex(i)));
+    return made;
+  }
+  if (bridge::isKindOf<NSDictionary>(object)) {
+    NSMutableDictionary made = NSMutableDictionary::dictionary();
+    NSArray names = bridge::as<NSDictionary>(object).allKeys();
+    for (NSUInteger i = 0; i < names.count(); ++i)
+      made.setObject_forKey(endless(bridge::as<NSDictionary>(object).objectForKey(names.objectAtIndex(i))),
+                            names.objectAtIndex(i));
+    return made;
+  }
+  return object;
+}
+
+id readEndless(id self, SEL selector, id data, NSUInteger options, id* error) {
+  const id read = reinterpret_cast<decltype(&readEndless)>(readSlot.implementation())(self, selector, data,
+                                                                                      options, error);
+  return endless(bridge::as<bridge::Object>(read)).raw;
+}
+
+// Of its lengths two are endless.
+std::string endlessDocument() {
+  Json record = layout("edited", 0, 10);
+  record["configuration"]["side_inset"] = record["configuration"]["top_inset"] = 7.5;
+  return test::presetsDocument(Json::array({record}));
+}
+
+TEST(ARecord, OfInfiniteLengthsHasZeros) {
+  EditedHome home(endlessDocument());
+  readEndlessNumbers();
+  PanelHome::controller().updateConfigWithValue(0);
+  EXPECT_EQ(home.spacing(), (std::vector<double>{11, 10, 0, 0}));
+}
+
+TEST(ARecord, OfInfiniteLengthsIsWrittenWithNothingInTheirPlace) {
+  EditedHome home(endlessDocument());
+  readEndlessNumbers();
   home.open();
-  const size_t before = home.shown()["presets"].size();
   home.panel().saveWithTitle("Home"_ns);
   const auto read = Json::read(home.contents(test::presetsPath));
   ASSERT_TRUE(read);
   Json document = *read;
-  EXPECT_EQ(document["configurations"].size(), before + 1);
+  ASSERT_EQ(document["configurations"].size(), 2u);
+  EXPECT_EQ(document["configurations"][0]["configuration"]["side_inset"], nullptr);
+  EXPECT_EQ(document["configurations"][0]["configuration"]["horizontal_padding"], 10);
 }
 
 TEST(ARecord, OfHugeLengthsMovesIconsOnlyAsFarAsAFrameCanSay) {
