@@ -12,7 +12,7 @@ struct StateName {
   explicit StateName(const char* className) { std::snprintf(text, sizeof text, "%s_state", className); }
 };
 
-constexpr uint8_t pointerAlignment = sizeof(void*) == 8 ? 3 : 2;  // as a power of two
+constexpr uint8_t stateAlignment = 3;  // as a power of two
 
 }  // namespace
 
@@ -26,7 +26,7 @@ void addMethod(Class cls, const MethodEntry& entry) {
 }
 
 void addState(Class cls, size_t size) {
-  class_addIvar(cls, StateName(class_getName(cls)).text, size, pointerAlignment, "?");
+  class_addIvar(cls, StateName(class_getName(cls)).text, size, stateAlignment, "?");
 }
 
 ptrdiff_t stateOffset(Class cls) {

@@ -40,7 +40,7 @@ inline void addMethod(Class cls, const PropertyEntry& entry) {
   addMethod(cls, entry.getter);
   addMethod(cls, entry.setter);
 }
-// Room for `size` bytes of state in every instance, aligned as pointers are. The variable's name comes from
+// Room for `size` bytes of state in every instance, aligned to 8 bytes. The variable's name comes from
 // the class's, since a subclass may not repeat a name that it inherits.
 void addState(Class cls, size_t size);
 ptrdiff_t stateOffset(Class cls);
@@ -96,7 +96,7 @@ class Implementation {
     Class made = openClass(classNamed<Parent>(), T::className.text);
     if (!made) return;
     if constexpr (!std::is_empty_v<State>) {
-      static_assert(alignof(State) <= alignof(void*));
+      static_assert(alignof(State) <= 8);
       addState(made, sizeof(Slot));
       addMethod(made, MethodEntry{false, Dealloc::selector(), Dealloc::types(),
                                   Thunk<Dealloc, &dealloc>::implementation()});
@@ -111,7 +111,7 @@ class Implementation {
   using Dealloc = Message<"dealloc", void()>;
 
   struct Slot {
-    alignas(void*) unsigned char bytes[sizeof(State)];
+    alignas(State) unsigned char bytes[sizeof(State)];
     bool built;
   };
 

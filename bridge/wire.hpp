@@ -1,6 +1,6 @@
 // How values cross into and out of a message: handles travel as plain object pointers, blocks as plain
-// pointers, everything else as it is. No C++ class is ever part of a call that the platform makes or
-// receives.
+// pointers, integers below 32 bits as 32 bits, everything else as it is. No C++ class is ever part of a call
+// that the platform makes or receives.
 #pragma once
 
 #include "bridge/object.hpp"
@@ -18,6 +18,21 @@ struct WireFormat {
   using Type = T;
   static Type out(T value) { return value; }
   static T in(Type value) { return value; }
+};
+
+// Who widens a small integer, the one who passes it or the one who gets it, differs from platform to platform
+// and from compiler to compiler. Here both do: what is above its own bits is never believed.
+template <class T>
+  requires(std::is_integral_v<T> && sizeof(T) < sizeof(int))
+struct WireFormat<T> {
+  using Type = std::conditional_t<std::is_signed_v<T>, int, unsigned int>;
+  static Type out(T value) { return value; }
+  static T in(Type value) {
+    if constexpr (std::is_same_v<T, bool>)
+      return static_cast<unsigned char>(value) != 0;
+    else
+      return static_cast<T>(value);
+  }
 };
 
 template <class T>

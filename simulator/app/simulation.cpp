@@ -1,13 +1,12 @@
 // Bringing the device up: its files, Foundation, SpringBoard's classes, the library, the home screen.
 #include "simulator/app/simulation.hpp"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <string_view>
 
 #include "bridge/runtime.hpp"
+#include "simulator/device/image.hpp"
 #include "simulator/device/unfinished_files.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/runtime/foundation.hpp"
@@ -118,8 +117,9 @@ void Simulation::installLibraries() {
 
 // As the injection loaders do it.
 void Simulation::loadLibrary() {
-  image = dlopen(installedLibrary().c_str(), RTLD_LAZY | RTLD_GLOBAL);
-  if (!image) throw UsageError("the library '" + libraryFile().string() + "' cannot be loaded: " + dlerror());
+  std::string reason;
+  image = image::open(installedLibrary(), reason);
+  if (!image) throw UsageError("the library '" + libraryFile().string() + "' cannot be loaded: " + reason);
 }
 
 void Simulation::start() {

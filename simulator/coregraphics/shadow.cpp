@@ -44,8 +44,8 @@ void takeOver(cairo_t* to, cairo_t* from, double left, double top) {
 
 void drawShadow(CGContext& context, const std::function<void(cairo_t*)>& draw) {
   const CGContext::State& state = context.state();
-  CGSize offset = state.shadowOffset;
-  cairo_user_to_device_distance(context.cairo, &offset.width, &offset.height);
+  double right = state.shadowOffset.width, down = state.shadowOffset.height;
+  cairo_user_to_device_distance(context.cairo, &right, &down);
   double deviation = state.shadowBlur / 2, across = 0;
   cairo_user_to_device_distance(context.cairo, &deviation, &across);
   deviation = std::hypot(deviation, across);
@@ -54,7 +54,7 @@ void drawShadow(CGContext& context, const std::function<void(cairo_t*)>& draw) {
   const Surface image = makeImage(area.width, area.height);
   {
     const Context inside(image.get());
-    takeOver(inside, context.cairo, area.left - offset.width, area.top - offset.height);
+    takeOver(inside, context.cairo, area.left - right, area.top - down);
     draw(inside);
   }
   const Surface shadow = deviation > 0 ? blurredAlpha(image.get(), deviation) : image;

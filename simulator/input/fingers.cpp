@@ -118,8 +118,8 @@ void swipe(Direction direction, CGPoint from) {
   if (direction == Direction::down) to.y += screen.height * swipeLength;
   if (direction == Direction::left) to.x -= screen.width * swipeLength;
   if (direction == Direction::right) to.x += screen.width * swipeLength;
-  to.x = std::clamp(to.x, edgeMargin, screen.width - edgeMargin);
-  to.y = std::clamp(to.y, edgeMargin, screen.height - edgeMargin);
+  to.x = std::clamp<CGFloat>(to.x, edgeMargin, screen.width - edgeMargin);
+  to.y = std::clamp<CGFloat>(to.y, edgeMargin, screen.height - edgeMargin);
   drag(from, to, swipeDuration);
 }
 

@@ -1,11 +1,10 @@
 // What the report has from the library itself, which exports it: what became of its method table's rows, and
 // the spacing that it goes by.
-#include <dlfcn.h>
-
 #include <string_view>
 
 #include "simulator/app/report_values.hpp"
 #include "simulator/app/simulation.hpp"
+#include "simulator/device/image.hpp"
 #include "simulator/product/product.hpp"
 
 namespace sim::product {
@@ -28,7 +27,7 @@ Json row(const Outcome& told) {
 // A library that does not tell has null.
 Json hooks(Simulation& simulation) {
   void* const library = simulation.library();
-  auto* told = library ? static_cast<const Outcome*>(dlsym(library, "hookOutcomes")) : nullptr;
+  auto* told = library ? static_cast<const Outcome*>(image::symbol(library, "hookOutcomes")) : nullptr;
   if (library && !told) return nullptr;
   int replaced = 0, added = 0;
   Json rows = Json::array();
@@ -43,8 +42,9 @@ Json hooks(Simulation& simulation) {
 
 // The library's exported array of four lengths.
 Json framing(Simulation& simulation) {
-  auto* values =
-      simulation.library() ? static_cast<const CGFloat*>(dlsym(simulation.library(), "framing")) : nullptr;
+  auto* values = simulation.library()
+                     ? static_cast<const CGFloat*>(image::symbol(simulation.library(), "framing"))
+                     : nullptr;
   if (!values) return nullptr;
   return Json::array({number(values[0]), number(values[1]), number(values[2]), number(values[3])});
 }

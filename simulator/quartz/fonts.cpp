@@ -191,7 +191,7 @@ void drawGlyph(cairo_t* context, char32_t character, const Font& font, const CGR
   const Layout layout = layoutOf(character, atMeasuringSize(font));
   const CGRect ink = inkBox(layout.get());
   if (ink.size.width <= 0 || ink.size.height <= 0) return;
-  const double factor = std::min(
+  const double factor = std::min<double>(
       {font.size / measuringSize, rect.size.width / ink.size.width, rect.size.height / ink.size.height});
   if (!(factor > 0)) return;
   const SavedState saved(context);

@@ -1,8 +1,6 @@
 // CFLog: lines are kept, to be looked at later.
 #include "simulator/runtime/console.hpp"
 
-#include <cstdarg>
-
 #include "platform/foundation/string.hpp"
 #include "simulator/runtime/export.hpp"
 
@@ -18,16 +16,21 @@ std::vector<std::string>& lines() {
 
 const std::vector<std::string>& console() { return lines(); }
 
+// Not sent as a message, since an argument list travels in another way on every processor.
+void logFormatted(id format, va_list arguments) {
+  const bridge::Pool pool;
+  const auto line = bridge::allocate<NSString>().leak();
+  const SEL selector = bridge::selector<"initWithFormat:arguments:">();
+  const auto init = reinterpret_cast<id (*)(id, SEL, id, va_list)>(bridge::messenger(line, selector, false));
+  const auto made = bridge::adopt<NSString>(init(line, selector, format, arguments));
+  lines().emplace_back(made->UTF8String());
+}
+
 }  // namespace sim
 
 SIMULATOR_EXPORT void CFLog(int, id format, ...) {
-  bridge::Pool pool;
   va_list arguments;
   va_start(arguments, format);
-  id line = bridge::allocate<NSString>().leak();
-  using Init = bridge::Message<"initWithFormat:arguments:", id(id, void*)>;
-  line = Init::send(line, format, arguments);  // an argument list travels as its address
+  sim::logFormatted(format, arguments);
   va_end(arguments);
-  sim::lines().emplace_back(bridge::as<NSString>(line).UTF8String());
-  bridge::release(line);
 }

@@ -50,10 +50,10 @@ bridge::Object parsed(NSData data) {
   }
 }
 
-BOOL writeToFile(id self, SEL, id file, BOOL atomically) {
+bridge::Wire<BOOL> writeToFile(id self, SEL, id file, bridge::Wire<BOOL> atomically) {
   NSData data = NSPropertyListSerialization::dataWithPropertyList_format_options_error(
       bridge::as<bridge::Object>(self), xmlFormat, 0, nullptr);
-  return data.writeToFile_atomically(bridge::as<NSString>(file), atomically);
+  return data.writeToFile_atomically(bridge::as<NSString>(file), atomically != 0);
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ double fractionOf(const SliderState& state, float value) {
 
 CGRect trackRect(UISlider, CGRect bounds) {
   return {{bounds.origin.x + trackMargin, bounds.origin.y + (bounds.size.height - trackHeight) / 2},
-          {std::max(bounds.size.width - 2 * trackMargin, 0.0), trackHeight}};
+          {std::max<CGFloat>(bounds.size.width - 2 * trackMargin, 0), trackHeight}};
 }
 
 // The way of the thumb's left edge.

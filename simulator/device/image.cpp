@@ -1,0 +1,29 @@
+// Images by way of the host's dynamic linker, unless another loader is there.
+#include "simulator/device/image.hpp"
+
+#include <dlfcn.h>
+
+#include <utility>
+
+namespace sim::image {
+namespace {
+
+void* openHere(const char* path, std::string& error) {
+  void* image = dlopen(path, RTLD_LAZY | RTLD_GLOBAL);
+  if (!image) error = dlerror();
+  return image;
+}
+
+void* symbolHere(void* image, const char* name) { return dlsym(image, name); }
+
+constinit Loader current{openHere, symbolHere};
+
+}  // namespace
+
+Loader use(const Loader& loader) { return std::exchange(current, loader); }
+
+void* open(const std::string& path, std::string& error) { return current.open(path.c_str(), error); }
+
+void* symbol(void* image, const char* name) { return current.symbol(image, name); }
+
+}  // namespace sim::image
