@@ -38,8 +38,16 @@ class ByteReader {
     }
   }
 
-  void skipSleb() {
-    while (take<uint8_t>() & 0x80) {
+  int64_t takeSleb() {
+    uint64_t value = 0;
+    for (unsigned shift = 0;;) {
+      auto byte = take<uint8_t>();
+      if (shift > 63) throw std::runtime_error("number too long");
+      value |= static_cast<uint64_t>(byte & 0x7f) << shift;
+      shift += 7;
+      if (byte & 0x80) continue;
+      if (shift < 64 && (byte & 0x40)) value |= ~uint64_t{0} << shift;
+      return static_cast<int64_t>(value);
     }
   }
 

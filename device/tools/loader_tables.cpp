@@ -1,4 +1,4 @@
-// Decodes bind opcodes and the export trie.
+// Decodes the programs of rebases and bindings, and the export trie.
 #include "device/tools/loader_tables.hpp"
 
 #include <fmt/format.h>
@@ -27,7 +27,26 @@ enum Opcode : uint8_t {
   bindRepeatedly = 0xc0,
 };
 
+enum RebaseOpcode : uint8_t {
+  setRebaseType = 0x10,
+  setRebaseSegment = 0x20,
+  addRebaseAddress = 0x30,
+  addRebaseScaled = 0x40,
+  rebaseTimes = 0x50,
+  rebaseTimesUleb = 0x60,
+  rebaseAddAddress = 0x70,
+  rebaseRepeatedly = 0x80,
+};
+
 constexpr uint8_t mayBeMissing = 1;  // a bit of setSymbol's immediate
+constexpr uint8_t pointerType = 1;
+
+// More pointers than any image has; a count beyond it is a fault of the program.
+constexpr uint64_t mostPointers = 1 << 24;
+
+[[noreturn]] void refuse(const char* program, uint8_t byte) {
+  throw std::runtime_error(fmt::format("unknown {} opcode {:#x}", program, byte));
+}
 
 void addOnce(std::vector<Import>& imports, const Import& import) {
   bool known = std::ranges::any_of(imports, [&](const Import& other) {
@@ -36,80 +55,163 @@ void addOnce(std::vector<Import>& imports, const Import& import) {
   if (!known) imports.push_back(import);
 }
 
-void readNode(std::span<const uint8_t> trie, size_t offset, const std::string& prefix, size_t depth,
-              std::vector<std::string>& names) {
-  if (depth > trie.size()) throw std::runtime_error("export trie runs in a circle");
-  ByteReader node(trie, offset);
-  uint64_t payload = node.takeUleb();
-  if (payload) names.push_back(prefix);
-  node.skip(payload);
-  auto children = node.take<uint8_t>();
-  for (int i = 0; i < children; ++i) {
-    std::string edge = node.takeString();
-    uint64_t child = node.takeUleb();
-    readNode(trie, child, prefix + edge, depth + 1, names);
-  }
-}
-
-}  // namespace
-
-std::vector<Import> readBindings(std::span<const uint8_t> opcodes, Import::Table table) {
-  std::vector<Import> imports;
-  Import current{.table = table, .name = {}};
+// Runs a program of bindings: `named` gets the import that a symbol's name begins, `bound` each binding.
+void runBindings(std::span<const uint8_t> opcodes, Import::Table table, size_t word, auto named, auto bound) {
+  Binding current;
+  current.import.table = table;
+  auto bindAndAdd = [&](uint64_t distance) {
+    bound(current);
+    current.place.offset += word + distance;
+  };
   ByteReader in(opcodes);
   while (!in.atEnd()) {
     auto byte = in.take<uint8_t>();
     uint8_t immediate = byte & 0x0f;
     switch (byte & 0xf0) {
       case done:  // in the lazy table it ends one symbol, elsewhere the rest is padding
+        break;
       case setType:
+        if (immediate != pointerType) refuse("bind", byte);
         break;
       case setOrdinal:
-        current.ordinal = immediate;
+        current.import.ordinal = immediate;
         break;
       case setOrdinalUleb:
-        current.ordinal = static_cast<int64_t>(in.takeUleb());
+        current.import.ordinal = static_cast<int64_t>(in.takeUleb());
         break;
       case setOrdinalSpecial:
-        current.ordinal = immediate ? static_cast<int8_t>(0xf0 | immediate) : 0;
+        current.import.ordinal = immediate ? static_cast<int8_t>(0xf0 | immediate) : 0;
         break;
       case setSymbol:
-        current.weak = immediate & mayBeMissing;
-        current.name = in.takeString();
-        // A strong definition in the weak table binds nothing, but it is there all the same.
-        if (table == Import::Table::weakBind) addOnce(imports, current);
+        current.import.weak = immediate & mayBeMissing;
+        current.import.name = in.takeString();
+        named(current.import);
         break;
       case setAddend:
-        in.skipSleb();
+        current.addend = in.takeSleb();
         break;
       case setSegment:
+        current.place = {immediate, in.takeUleb()};
+        break;
       case addAddress:
-        in.takeUleb();
+        current.place.offset += in.takeUleb();
         break;
       case bind:
+        bindAndAdd(0);
+        break;
       case bindAddScaled:
-        addOnce(imports, current);
+        bindAndAdd(immediate * word);
         break;
       case bindAddAddress:
-        addOnce(imports, current);
-        in.takeUleb();
+        bindAndAdd(in.takeUleb());
         break;
-      case bindRepeatedly:
-        addOnce(imports, current);
-        in.takeUleb();
-        in.takeUleb();
+      case bindRepeatedly: {
+        uint64_t count = in.takeUleb(), distance = in.takeUleb();
+        if (count > mostPointers) refuse("bind", byte);
+        for (uint64_t i = 0; i < count; ++i) bindAndAdd(distance);
         break;
+      }
       default:
-        throw std::runtime_error(fmt::format("unknown bind opcode {:#x}", byte));
+        refuse("bind", byte);
     }
   }
+}
+
+void readNode(std::span<const uint8_t> trie, size_t offset, const std::string& prefix, size_t depth,
+              std::vector<Export>& found) {
+  if (depth > trie.size()) throw std::runtime_error("export trie runs in a circle");
+  ByteReader node(trie, offset);
+  uint64_t payload = node.takeUleb();
+  size_t children = node.position() + payload;
+  if (payload) {
+    node.takeUleb();  // flags
+    found.push_back({prefix, node.takeUleb()});
+  }
+  node = ByteReader(trie, children);
+  auto count = node.take<uint8_t>();
+  for (int i = 0; i < count; ++i) {
+    std::string edge = node.takeString();
+    uint64_t child = node.takeUleb();
+    readNode(trie, child, prefix + edge, depth + 1, found);
+  }
+}
+
+}  // namespace
+
+std::vector<Place> readRebases(std::span<const uint8_t> opcodes, size_t word) {
+  std::vector<Place> places;
+  Place current;
+  auto rebase = [&](uint64_t count, uint64_t distance) {
+    if (count > mostPointers) throw std::runtime_error("more rebases than an image can have");
+    for (uint64_t i = 0; i < count; ++i, current.offset += word + distance) places.push_back(current);
+  };
+  ByteReader in(opcodes);
+  while (!in.atEnd()) {
+    auto byte = in.take<uint8_t>();
+    uint8_t immediate = byte & 0x0f;
+    switch (byte & 0xf0) {
+      case done:  // the rest is padding
+        if (immediate ||
+            std::ranges::any_of(opcodes.subspan(in.position()), [](uint8_t rest) { return rest; }))
+          throw std::runtime_error("the program of rebases goes on behind its end");
+        return places;
+      case setRebaseType:
+        if (immediate != pointerType) refuse("rebase", byte);
+        break;
+      case setRebaseSegment:
+        current = {immediate, in.takeUleb()};
+        break;
+      case addRebaseAddress:
+        current.offset += in.takeUleb();
+        break;
+      case addRebaseScaled:
+        current.offset += immediate * word;
+        break;
+      case rebaseTimes:
+        rebase(immediate, 0);
+        break;
+      case rebaseTimesUleb:
+        rebase(in.takeUleb(), 0);
+        break;
+      case rebaseAddAddress:
+        rebase(1, in.takeUleb());
+        break;
+      case rebaseRepeatedly: {
+        uint64_t count = in.takeUleb();
+        rebase(count, in.takeUleb());
+        break;
+      }
+      default:
+        refuse("rebase", byte);
+    }
+  }
+  return places;
+}
+
+std::vector<Binding> readBindings(std::span<const uint8_t> opcodes, Import::Table table, size_t word) {
+  std::vector<Binding> bindings;
+  runBindings(
+      opcodes, table, word, [](const Import&) {},
+      [&](const Binding& binding) { bindings.push_back(binding); });
+  return bindings;
+}
+
+std::vector<Import> readImports(std::span<const uint8_t> opcodes, Import::Table table) {
+  std::vector<Import> imports;
+  runBindings(
+      opcodes, table, 0,
+      [&](const Import& import) {
+        // A strong definition in the weak table binds nothing, but it is there all the same.
+        if (table == Import::Table::weakBind) addOnce(imports, import);
+      },
+      [&](const Binding& binding) { addOnce(imports, binding.import); });
   return imports;
 }
 
-std::vector<std::string> readExports(std::span<const uint8_t> trie) {
-  std::vector<std::string> names;
-  if (!trie.empty()) readNode(trie, 0, "", 0, names);
-  return names;
+std::vector<Export> readExports(std::span<const uint8_t> trie) {
+  std::vector<Export> found;
+  if (!trie.empty()) readNode(trie, 0, "", 0, found);
+  return found;
 }
 
 }  // namespace device

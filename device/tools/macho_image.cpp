@@ -17,6 +17,7 @@ using Bytes = std::span<const uint8_t>;
 enum Command : uint32_t {
   segment32 = 0x1,
   symbolTable = 0x2,
+  dynamicSymbolTable = 0xb,
   loadLibrary = 0xc,
   identifyLibrary = 0xd,
   loadLibraryLazily = 0x20,
@@ -24,6 +25,8 @@ enum Command : uint32_t {
   loadLibraryWeakly = 0x18 | 0x80000000,
   reexportLibrary = 0x1f | 0x80000000,
   segment64 = 0x19,
+  encryption32 = 0x21,
+  encryption64 = 0x2c,
   loaderInfo = 0x22,
   loaderInfoOnly = 0x22 | 0x80000000,
   minimumIOS = 0x25,
@@ -45,7 +48,8 @@ void readSegment(ByteReader in, Slice& slice) {
   segment.name = in.takeName(16);
   for (uint64_t* field : {&segment.address, &segment.size, &segment.fileOffset, &segment.fileSize})
     *field = in.takeWord(slice.is64);
-  in.skip(8);  // protections
+  in.skip(4);  // the most that it may be protected to
+  segment.protection = in.take<uint32_t>();
   auto count = in.take<uint32_t>();
   in.skip(4);
   for (uint32_t i = 0; i < count; ++i) {
@@ -89,14 +93,22 @@ void readSymbols(Bytes bytes, ByteReader command, Slice& slice) {
 }
 
 void readLoaderInfo(Bytes bytes, ByteReader command, Slice& slice) {
-  command.skip(8);  // rebases
-  for (auto table : {Import::Table::bind, Import::Table::weakBind, Import::Table::lazyBind}) {
-    auto offset = command.take<uint32_t>();
-    auto found = readBindings(part(bytes, offset, command.take<uint32_t>()), table);
-    slice.imports.insert(slice.imports.end(), found.begin(), found.end());
+  LoaderInfo& info = slice.loaderInfo;
+  info.present = true;
+  for (Extent* extent :
+       {&info.rebases, &info.bindings, &info.weakBindings, &info.lazyBindings, &info.exports}) {
+    extent->offset = command.take<uint32_t>();
+    extent->size = command.take<uint32_t>();
   }
-  auto offset = command.take<uint32_t>();
-  slice.exports = readExports(part(bytes, offset, command.take<uint32_t>()));
+  auto readTable = [&](const Extent& extent, Import::Table table) {
+    auto found = readImports(part(bytes, extent.offset, extent.size), table);
+    slice.imports.insert(slice.imports.end(), found.begin(), found.end());
+  };
+  readTable(info.bindings, Import::Table::bind);
+  readTable(info.weakBindings, Import::Table::weakBind);
+  readTable(info.lazyBindings, Import::Table::lazyBind);
+  for (const Export& found : readExports(part(bytes, info.exports.offset, info.exports.size)))
+    slice.exports.push_back(found.name);
 }
 
 void readCommand(Bytes bytes, Bytes command, Slice& slice) {
@@ -109,6 +121,14 @@ void readCommand(Bytes bytes, Bytes command, Slice& slice) {
       return readSegment(in, slice);
     case symbolTable:
       return readSymbols(bytes, in, slice);
+    case dynamicSymbolTable:
+      slice.symbolTables = true;
+      return;
+    case encryption32:
+    case encryption64:
+      in.skip(8);
+      slice.encrypted = in.take<uint32_t>() != 0;
+      return;
     case identifyLibrary:
       slice.installName = readLibrary(command, true).installName;
       return;
@@ -137,7 +157,8 @@ void readCommand(Bytes bytes, Bytes command, Slice& slice) {
       return;
     case exportTrie: {
       auto offset = in.take<uint32_t>();
-      slice.exports = readExports(part(bytes, offset, in.take<uint32_t>()));
+      for (const Export& found : readExports(part(bytes, offset, in.take<uint32_t>())))
+        slice.exports.push_back(found.name);
       return;
     }
     default:
@@ -169,7 +190,8 @@ Slice readSlice(Bytes bytes) {
   slice.architecture = architectureName(type, in.take<uint32_t>());
   slice.fileType = in.take<uint32_t>();
   auto commands = in.take<uint32_t>();
-  in.skip(slice.is64 ? 12 : 8);
+  slice.commandsEnd = in.take<uint32_t>() + (slice.is64 ? 32u : 28u);
+  in.skip(slice.is64 ? 8 : 4);
   for (uint32_t i = 0; i < commands; ++i) {
     size_t start = in.position();
     in.skip(4);
@@ -192,11 +214,7 @@ Slice readSlice(Bytes bytes) {
 
 }  // namespace
 
-std::vector<Slice> readImage(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  std::vector<uint8_t> contents{std::istreambuf_iterator<char>(in), {}};
-  if (!in) throw std::runtime_error("cannot be read");
-  Bytes bytes(contents);
+std::vector<Slice> readImage(std::span<const uint8_t> bytes) {
   auto bigEndian = [&](size_t at) { return __builtin_bswap32(ByteReader(bytes, at).take<uint32_t>()); };
   std::vector<Slice> slices;
   if (bigEndian(0) != 0xcafebabe) {
@@ -205,9 +223,19 @@ std::vector<Slice> readImage(const std::filesystem::path& file) {
   }
   for (uint32_t i = 0, count = bigEndian(4); i < count; ++i) {
     size_t entry = 8 + 20 * static_cast<size_t>(i);
-    slices.push_back(readSlice(part(bytes, bigEndian(entry + 8), bigEndian(entry + 12))));
+    uint32_t start = bigEndian(entry + 8);
+    Slice& slice = slices.emplace_back(readSlice(part(bytes, start, bigEndian(entry + 12))));
+    slice.announced = architectureName(bigEndian(entry), bigEndian(entry + 4));
+    slice.start = start;
   }
   return slices;
+}
+
+std::vector<Slice> readImage(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::vector<uint8_t> contents{std::istreambuf_iterator<char>(in), {}};
+  if (!in) throw std::runtime_error("cannot be read");
+  return readImage(contents);
 }
 
 }  // namespace device

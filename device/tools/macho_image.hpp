@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ struct Segment {
   uint64_t size = 0;  // bytes in memory
   uint64_t fileOffset = 0;
   uint64_t fileSize = 0;
+  uint32_t protection = 0;  // when loaded: readable 1, writable 2, executable 4
 };
 
 struct Section {
@@ -42,6 +44,18 @@ struct Import {
   bool weak = false;    // may be missing
 };
 
+// A run of bytes, from the start of the slice.
+struct Extent {
+  uint32_t offset = 0;
+  uint32_t size = 0;
+};
+
+// The programs by which a loader fixes an image up, and the tree of its exports.
+struct LoaderInfo {
+  bool present = false;
+  Extent rebases, bindings, weakBindings, lazyBindings, exports;
+};
+
 struct Symbol {
   std::string name;
   uint8_t type = 0;
@@ -52,12 +66,18 @@ struct Symbol {
 
 struct Slice {
   std::string architecture;  // "arm64", "armv7", else "cpu <type>/<subtype>"
+  std::string announced;     // the same as the universal file has it; empty in a thin one
+  uint64_t start = 0;        // of the slice within the file
   bool is64 = false;
   uint64_t sizeInBytes = 0;  // of the slice within the file
   uint32_t fileType = 0;
   uint32_t minimumSystem = 0;  // 16.8.8 bits; 0 if the file names none
   bool forIOS = false;
   bool chainedFixups = false;
+  bool encrypted = false;
+  bool symbolTables = false;
+  uint64_t commandsEnd = 0;  // from the start of the slice
+  LoaderInfo loaderInfo;
   std::string installName;
   std::vector<LibraryLoad> loads;
   std::vector<Segment> segments;
@@ -71,10 +91,13 @@ struct Slice {
 
 constexpr uint32_t dynamicLibrary = 6;  // Slice::fileType
 constexpr uint8_t initialiserPointers = 9, terminatorPointers = 10, initialiserOffsets = 22;  // Section::type
+constexpr uint8_t lazyPointers = 7;
+constexpr uint8_t firstThreadLocal = 17, lastThreadLocal = 21;
 constexpr uint16_t thumbDefinition = 8;  // a bit of Symbol::description
 
 // The slices of a universal file, or the one slice of a thin one. Throws std::runtime_error, saying what is
 // wrong, for a file that is cut short or not a little-endian Mach-O.
+std::vector<Slice> readImage(std::span<const uint8_t> bytes);
 std::vector<Slice> readImage(const std::filesystem::path& file);
 
 }  // namespace device

@@ -50,6 +50,9 @@ class Examination {
     if (!slice.forIOS) find("not built for iOS");
     if (slice.minimumSystem != oldestSystem)
       find("minimum system is {}, not {}", versionText(slice.minimumSystem), versionText(oldestSystem));
+    if (!slice.announced.empty() && slice.announced != slice.architecture)
+      find("announced as {}", slice.announced);
+    if (slice.encrypted) find("encrypted");
     if (slice.chainedFixups) find("chained fix-ups, unknown before iOS 13.4");
   }
 
@@ -145,6 +148,8 @@ class Examination {
   void checkSections() {
     for (const Section& section : slice.sections) {
       if (section.type == terminatorPointers) find("section {} runs code at unloading", section.name);
+      if (section.type >= firstThreadLocal && section.type <= lastThreadLocal)
+        find("section {} is data of every thread's own", section.name);
       if (section.type == initialiserOffsets) find("section {} is unknown before iOS 13.4", section.name);
     }
   }
@@ -200,6 +205,12 @@ std::vector<std::string> findings(const std::vector<Slice>& image, const Policy&
       lines.push_back(fmt::format("{}: unexpected slice", slice.architecture));
     Examination(slice, policy, lines).run();
   }
+  return lines;
+}
+
+std::vector<std::string> findings(const Slice& slice, const Policy& policy) {
+  std::vector<std::string> lines;
+  Examination(slice, policy, lines).run();
   return lines;
 }
 

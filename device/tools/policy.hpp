@@ -19,6 +19,9 @@ struct Policy {
 // ship.
 std::vector<std::string> findings(const std::vector<Slice>& image, const Policy& policy);
 
+// The same for one slice alone.
+std::vector<std::string> findings(const Slice& slice, const Policy& policy);
+
 // One line for each symbol of the lists that its slices do not import: lists hold what is used.
 std::vector<std::string> unusedImports(const std::vector<Slice>& image, const Policy& policy);
 

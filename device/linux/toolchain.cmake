@@ -1,0 +1,33 @@
+# Compiles for Linux on a slice's processor, TILO_SLICE, with Debian's libraries for it: what runs there, under an
+# emulator, is the simulator, with the slice that ships in it.
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES TILO_SLICE)
+execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/../../script/sysroot ${TILO_SLICE} OUTPUT_VARIABLE sysroot
+                OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSROOT ${sysroot}/root)
+set(CMAKE_CXX_COMPILER clang++-19)
+if(TILO_SLICE STREQUAL arm64)
+  set(CMAKE_SYSTEM_PROCESSOR aarch64)
+  set(triple aarch64-linux-gnu)
+  set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64 -cpu cortex-a53 -L ${CMAKE_SYSROOT})
+elseif(TILO_SLICE STREQUAL armv7)
+  set(CMAKE_SYSTEM_PROCESSOR arm)
+  set(triple arm-linux-gnueabi)
+  # Lengths are floats there, and the simulator computes some of them as doubles.
+  set(CMAKE_CXX_FLAGS_INIT "-march=armv7-a -mfloat-abi=soft -Wno-c++11-narrowing")
+  set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -cpu cortex-a9 -L ${CMAKE_SYSROOT})
+endif()
+set(CMAKE_CXX_COMPILER_TARGET ${triple})
+string(APPEND CMAKE_CXX_FLAGS_INIT " -fsigned-char --gcc-install-dir=${CMAKE_SYSROOT}/usr/lib/gcc/${triple}/12")
+
+set(CMAKE_FIND_ROOT_PATH ${CMAKE_SYSROOT})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_LIBRARY_ARCHITECTURE ${triple})
+set(ENV{PKG_CONFIG_LIBDIR} ${CMAKE_SYSROOT}/usr/lib/${triple}/pkgconfig:${CMAKE_SYSROOT}/usr/share/pkgconfig)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} ${CMAKE_SYSROOT})
+foreach(kind EXE SHARED MODULE)
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT -fuse-ld=lld)
+endforeach()

@@ -1,0 +1,138 @@
+// arm64: sending messages, arguments without names, and results below 32 bits, which Apple's callees widen
+// and Linux's leave as they are. (Arguments below 32 bits Apple's callers widen and Linux's callees do not
+// believe.)
+#include "device/loader/crossings.hpp"
+
+#include <cstdarg>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+#include "bridge/runtime.hpp"
+#include "simulator/runtime/console.hpp"
+
+struct CGFont;
+
+extern "C" {
+bool CTFontManagerRegisterGraphicsFont(CGFont* font, id* error);
+unsigned char CFPreferencesSynchronize(id application, id user, id host);
+
+void sliceMessageSend();
+void sliceLog();
+void sliceFormat();
+}
+
+// A message goes to what the runtime looks up; all that may hold arguments, and the place of a large result,
+// is kept meanwhile. A message to nil answers zeros. Arguments without names all lie on the stack: its
+// address goes along.
+__asm__(R"(
+  .text
+  .balign 4
+  .global sliceMessageSend
+  .type sliceMessageSend, %function
+sliceMessageSend:
+  cbz x0, 1f
+  stp x29, x30, [sp, #-224]!
+  mov x29, sp
+  stp x0, x1, [sp, #16]
+  stp x2, x3, [sp, #32]
+  stp x4, x5, [sp, #48]
+  stp x6, x7, [sp, #64]
+  str x8, [sp, #80]
+  stp q0, q1, [sp, #96]
+  stp q2, q3, [sp, #128]
+  stp q4, q5, [sp, #160]
+  stp q6, q7, [sp, #192]
+  bl objc_msg_lookup
+  mov x16, x0
+  ldp q6, q7, [sp, #192]
+  ldp q4, q5, [sp, #160]
+  ldp q2, q3, [sp, #128]
+  ldp q0, q1, [sp, #96]
+  ldr x8, [sp, #80]
+  ldp x6, x7, [sp, #64]
+  ldp x4, x5, [sp, #48]
+  ldp x2, x3, [sp, #32]
+  ldp x0, x1, [sp, #16]
+  ldp x29, x30, [sp], #224
+  br x16
+1:
+  mov x1, xzr
+  movi v0.2d, #0
+  movi v1.2d, #0
+  movi v2.2d, #0
+  movi v3.2d, #0
+  ret
+  .size sliceMessageSend, . - sliceMessageSend
+
+  .global sliceLog
+  .type sliceLog, %function
+sliceLog:
+  mov x2, sp
+  b sliceLogFrom
+  .size sliceLog, . - sliceLog
+
+  .global sliceFormat
+  .type sliceFormat, %function
+sliceFormat:
+  mov x3, sp
+  b sliceFormatFrom
+  .size sliceFormat, . - sliceFormat
+)");
+
+namespace {
+
+// A list of which everything is on the stack.
+struct Arguments {
+  va_list list;
+
+  explicit Arguments(void* stack) {
+    struct {
+      void *stack, *generalTop, *vectorTop;
+      int generalOffset, vectorOffset;
+    } parts{stack, nullptr, nullptr, 0, 0};
+    static_assert(sizeof parts == sizeof list);
+    std::memcpy(&list, &parts, sizeof parts);
+  }
+};
+
+template <auto Function>
+struct Widened;
+template <class R, class... A, R (*Function)(A...)>
+struct Widened<Function> {
+  static uint32_t call(A... arguments) { return static_cast<uint32_t>(Function(arguments...)); }
+};
+
+template <auto Function>
+void* widened() {
+  return reinterpret_cast<void*>(&Widened<Function>::call);
+}
+
+}  // namespace
+
+extern "C" __attribute__((used)) void sliceLogFrom(int, id format, void* stack) {
+  sim::logFormatted(format, Arguments(stack).list);
+}
+
+extern "C" __attribute__((used)) int sliceFormatFrom(char* text, size_t size, const char* format,
+                                                     void* stack) {
+  return std::vsnprintf(text, size, format, Arguments(stack).list);
+}
+
+namespace device::loader {
+
+std::map<std::string, void*> crossings() {
+  auto pointer = [](void (*function)()) { return reinterpret_cast<void*>(function); };
+  return {
+      {"_CFLog", pointer(sliceLog)},
+      {"_CFPreferencesSynchronize", widened<CFPreferencesSynchronize>()},
+      {"_CTFontManagerRegisterGraphicsFont", widened<CTFontManagerRegisterGraphicsFont>()},
+      {"_class_addIvar", widened<class_addIvar>()},
+      {"_class_addMethod", widened<class_addMethod>()},
+      {"_objc_msgSend", pointer(sliceMessageSend)},
+      {"_sel_isEqual", widened<sel_isEqual>()},
+      {"_snprintf", pointer(sliceFormat)},
+  };
+}
+
+}  // namespace device::loader

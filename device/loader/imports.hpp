@@ -1,0 +1,12 @@
+// What a slice's imports are bound to in the simulator's process.
+#pragma once
+
+#include <string>
+
+namespace device::loader {
+
+// By linker name. What is crossed into as it stands is found in the process by its C name; what Linux does
+// otherwise, or does not have, is a function of the loader's. Null when there is neither.
+void* importNamed(const std::string& symbol);
+
+}  // namespace device::loader

@@ -1,0 +1,64 @@
+// Copies rather than maps the file, so that it works whatever the size of this machine's pages.
+#include "device/loader/memory.hpp"
+
+#include <sys/mman.h>
+
+#include <cstring>
+
+namespace device::loader {
+namespace {
+
+constexpr uint64_t largestPage = 0x4000;
+
+uint64_t wholePages(uint64_t size) { return (size + largestPage - 1) / largestPage * largestPage; }
+
+// Pages at a boundary of the largest ones; what is over is given back by nobody, being address space alone.
+uint8_t* reserve(uint64_t size) {
+  void* pages = mmap(nullptr, size + largestPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (pages == MAP_FAILED) throw Refusal("no room in memory");
+  return reinterpret_cast<uint8_t*>(wholePages(reinterpret_cast<uintptr_t>(pages)));
+}
+
+// Words are as wide as the slice's.
+void add(uint8_t* place, size_t word, uint64_t value) {
+  uint64_t sum = 0;
+  std::memcpy(&sum, place, word);
+  sum += value;
+  std::memcpy(place, &sum, word);
+}
+
+void set(uint8_t* place, size_t word, uint64_t value) { std::memcpy(place, &value, word); }
+
+int hostProtection(uint32_t protection) {
+  return (protection & 1 ? PROT_READ : 0) | (protection & 2 ? PROT_WRITE : 0) |
+         (protection & 4 ? PROT_EXEC : 0);
+}
+
+}  // namespace
+
+uint8_t* intoMemory(const Layout& layout, const Resolver& resolve) {
+  uint8_t* base = reserve(wholePages(layout.size));
+  const auto address = reinterpret_cast<uintptr_t>(base);
+  for (const Piece& piece : layout.pieces)
+    std::memcpy(base + piece.address, piece.bytes.data(), piece.bytes.size());
+  for (uint64_t place : layout.rebases) add(base + place, layout.word, address);
+  for (const Filling& filling : layout.fillings) {
+    void* found = resolve(filling.symbol);
+    if (!found) throw Refusal(filling.symbol + " is not in " + filling.library);
+    set(base + filling.address, layout.word,
+        reinterpret_cast<uintptr_t>(found) + static_cast<uint64_t>(filling.addend));
+  }
+  __builtin___clear_cache(reinterpret_cast<char*>(base), reinterpret_cast<char*>(base + layout.size));
+  for (const Piece& piece : layout.pieces)
+    if (mprotect(base + piece.address, piece.size, hostProtection(piece.protection)) != 0)
+      throw Refusal("segment " + piece.name + " cannot be protected");
+  return base;
+}
+
+void initialise(const Layout& layout, uint8_t* base) {
+  using Initialiser = void (*)(int, const char**, const char**, const char**, const void*);
+  for (uint64_t address : layout.initialisers)
+    reinterpret_cast<Initialiser>(base + address)(0, nullptr, nullptr, nullptr, nullptr);
+}
+
+}  // namespace device::loader

@@ -1,0 +1,67 @@
+// Gives the simulator a loader of the slices that ship, beside the host's own for the host's own files.
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "device/loader/imports.hpp"
+#include "device/loader/memory.hpp"
+#include "simulator/device/image.hpp"
+
+namespace device::loader {
+namespace {
+
+#ifdef __aarch64__
+constexpr const char* architecture = "arm64";
+#else
+constexpr const char* architecture = "armv7";
+#endif
+
+struct Slice {
+  std::vector<uint8_t> file;
+  Layout layout;
+  uint8_t* base = nullptr;
+};
+
+std::map<void*, std::unique_ptr<Slice>> loaded;
+sim::image::Loader host;
+
+bool isUniversal(const std::vector<uint8_t>& file) {
+  constexpr uint8_t magic[]{0xca, 0xfe, 0xba, 0xbe};
+  return file.size() > 4 && std::equal(std::begin(magic), std::end(magic), file.begin());
+}
+
+std::vector<std::string> exportsThatShip() {
+  std::ifstream in(TILO_EXPORTS);
+  return {std::istream_iterator<std::string>(in), {}};
+}
+
+void* open(const char* path, std::string& error) try {
+  auto slice = std::make_unique<Slice>();
+  std::ifstream in(path, std::ios::binary);
+  slice->file.assign(std::istreambuf_iterator<char>(in), {});
+  if (!isUniversal(slice->file)) return host.open(path, error);
+  slice->layout = layOut(slice->file, architecture, {readImportLists(TILO_IMPORTS), exportsThatShip()});
+  slice->base = intoMemory(slice->layout, importNamed);
+  void* image = slice->base;
+  const Slice& kept = *(loaded[image] = std::move(slice));
+  initialise(kept.layout, kept.base);
+  return image;
+} catch (const std::runtime_error& reason) {
+  error = std::string(architecture) + ": " + reason.what();
+  return nullptr;
+}
+
+void* symbol(void* image, const char* name) {
+  auto slice = loaded.find(image);
+  if (slice == loaded.end()) return host.symbol(image, name);
+  for (const Export& found : slice->second->layout.exports)
+    if (found.name == std::string("_") + name) return slice->second->base + found.address;
+  return nullptr;
+}
+
+[[maybe_unused]] const bool inUse = (host = sim::image::use({open, symbol}), true);
+
+}  // namespace
+}  // namespace device::loader

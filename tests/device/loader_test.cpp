@@ -1,0 +1,294 @@
+// The loader of the slices takes what ships, and refuses it after one change of any kind that a phone's
+// loader would refuse or that its processor would stumble over.
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <iterator>
+
+#include "device/loader/memory.hpp"
+#include "device/tools/byte_reader.hpp"
+#include "device/tools/macho_image.hpp"
+
+namespace {
+
+using namespace device;
+using loader::Layout;
+using loader::Refusal;
+using Bytes = std::vector<uint8_t>;
+
+const Bytes& shipped() {
+  static const Bytes file = [] {
+    std::ifstream in(LIBRARY, std::ios::binary);
+    return Bytes{std::istreambuf_iterator<char>(in), {}};
+  }();
+  return file;
+}
+
+Policy policy() {
+  std::ifstream in(LIBRARY_EXPORTS);
+  return {readImportLists(IMPORTS), {std::istream_iterator<std::string>(in), {}}};
+}
+
+Layout layOut(const Bytes& file, const std::string& architecture) {
+  return loader::layOut(file, architecture, policy());
+}
+
+Slice sliceOf(const Bytes& file, const std::string& architecture) {
+  for (Slice& slice : readImage(file))
+    if (slice.architecture == architecture) return slice;
+  throw std::runtime_error("no such slice");
+}
+
+// Why the file is refused; empty when it is taken.
+std::string refusal(const Bytes& file, const std::string& architecture) {
+  try {
+    layOut(file, architecture);
+    return "";
+  } catch (const Refusal& reason) {
+    return reason.what();
+  }
+}
+
+// Both slices, under test by turns: a change is made to a copy of the file that ships.
+class Loader : public testing::TestWithParam<const char*> {
+ protected:
+  void set32(size_t at, uint32_t value) { std::memcpy(file.data() + slice.start + at, &value, sizeof value); }
+
+  uint32_t get32(size_t at) const { return ByteReader(file, slice.start + at).take<uint32_t>(); }
+
+  // Where the load command of that number is, from the slice's start.
+  size_t command(uint32_t number) const {
+    size_t at = slice.is64 ? 32 : 28;
+    for (uint32_t i = 0; i < get32(16); ++i, at += get32(at + 4))
+      if (get32(at) == number) return at;
+    ADD_FAILURE() << "no command " << number;
+    return 0;
+  }
+
+  // Where the header of that section is; its name comes first.
+  size_t section(const std::string& name) const {
+    char field[16] = {};
+    name.copy(field, sizeof field);
+    auto begin = file.begin() + static_cast<long>(slice.start);
+    auto end = begin + static_cast<long>(slice.commandsEnd);
+    auto found = std::search(begin, end, std::begin(field), std::end(field));
+    if (found == end) ADD_FAILURE() << "no section " << name;
+    return static_cast<size_t>(found - begin);
+  }
+
+  void rename(const std::string& from, const std::string& to) {
+    size_t at = slice.start + section(from);
+    std::fill_n(file.begin() + static_cast<long>(at), 16, uint8_t{0});
+    std::ranges::copy(to, file.begin() + static_cast<long>(at));
+  }
+
+  // Where the name stands in one of the programs of bindings.
+  size_t boundName(const std::string& name) const {
+    for (const Extent& extent : {slice.loaderInfo.bindings, slice.loaderInfo.lazyBindings}) {
+      auto begin = file.begin() + static_cast<long>(slice.start + extent.offset);
+      auto end = begin + extent.size;
+      auto found = std::search(begin, end, name.c_str(), name.c_str() + name.size() + 1);
+      if (found != end) return static_cast<size_t>(found - file.begin());
+    }
+    ADD_FAILURE() << name << " is not bound";
+    return 0;
+  }
+
+  void expectRefused(const std::string& words) {
+    EXPECT_EQ(refusal(shipped(), GetParam()), "");
+    EXPECT_NE(refusal(file, GetParam()).find(words), std::string::npos) << refusal(file, GetParam());
+  }
+
+  Bytes file = shipped();
+  Slice slice = sliceOf(shipped(), GetParam());
+};
+
+INSTANTIATE_TEST_SUITE_P(Slices, Loader, testing::Values("arm64", "armv7"),
+                         [](const auto& info) { return std::string(info.param); });
+
+TEST_P(Loader, FillsInEveryPointer) {
+  static int target;
+  Layout layout = layOut(file, GetParam());
+  ASSERT_FALSE(layout.rebases.empty());
+  ASSERT_FALSE(layout.fillings.empty());
+  uint8_t* base = loader::intoMemory(layout, [](const std::string&) -> void* { return &target; });
+  auto word = [&](uint64_t address) {
+    uint64_t value = 0;
+    std::memcpy(&value, base + address, layout.word);
+    return value;
+  };
+  const uint64_t mask = layout.word == 8 ? ~uint64_t{0} : 0xffffffff;
+  std::vector<uint64_t> bound;
+  for (const auto& filling : layout.fillings) {
+    bound.push_back(filling.address);
+    EXPECT_EQ(word(filling.address),
+              (reinterpret_cast<uintptr_t>(&target) + static_cast<uint64_t>(filling.addend)) & mask)
+        << filling.symbol;
+  }
+  for (uint64_t address : layout.rebases) {
+    if (std::ranges::find(bound, address) != bound.end()) continue;
+    const uint64_t inside = (word(address) - reinterpret_cast<uintptr_t>(base)) & mask;
+    EXPECT_LT(inside, layout.size) << address;
+  }
+}
+
+TEST_P(Loader, ProtectsWhatIsNotForWriting) {
+  Layout layout = layOut(file, GetParam());
+  uint8_t* base = loader::intoMemory(layout, [](const std::string&) -> void* { return std::malloc(1); });
+  std::ifstream maps("/proc/self/maps");
+  std::string protection;
+  for (std::string line; std::getline(maps, line);) {
+    uint64_t from = std::stoull(line, nullptr, 16);
+    uint64_t to = std::stoull(line.substr(line.find('-') + 1), nullptr, 16);
+    if (auto at = reinterpret_cast<uintptr_t>(base); at >= from && at < to)
+      protection = line.substr(line.find(' ') + 1, 3);
+  }
+  EXPECT_EQ(protection, "r-x");
+}
+
+TEST_P(Loader, RefusesAnImportThatNobodyHas) {
+  Layout layout = layOut(file, GetParam());
+  auto everythingButOne = [](const std::string& name) -> void* {
+    return name == "_class_addMethod" ? nullptr : std::malloc(1);
+  };
+  try {
+    loader::intoMemory(layout, everythingButOne);
+    ADD_FAILURE() << "loaded";
+  } catch (const Refusal& reason) {
+    EXPECT_STREQ(reason.what(), "_class_addMethod is not in /usr/lib/libobjc.A.dylib");
+  }
+}
+
+// Whichever byte it is. What a program may turn into unnoticed, as a phone's loader would not notice it
+// either, is one that leaves a pointer out; none that fills in another.
+TEST_P(Loader, RefusesAFlippedByteOfTheRebases) {
+  auto right = layOut(file, GetParam()).rebases;
+  std::ranges::sort(right);
+  const Extent rebases = slice.loaderInfo.rebases;
+  uint32_t refused = 0;
+  for (uint32_t i = 0; i < rebases.size; ++i) {
+    Bytes flipped = file;
+    flipped[slice.start + rebases.offset + i] ^= 0xff;
+    try {
+      auto accepted = layOut(flipped, GetParam()).rebases;
+      std::ranges::sort(accepted);
+      EXPECT_TRUE(std::ranges::includes(right, accepted)) << "byte " << i;
+    } catch (const Refusal&) {
+      ++refused;
+    }
+  }
+  EXPECT_GT(refused, rebases.size / 2);
+}
+
+TEST_P(Loader, RefusesANameThatIsNotExported) {
+  file[boundName("_objc_release") + 12] = 'f';
+  expectRefused("import _objc_releasf is in no list");
+}
+
+// The ordinal of the library stands before the name's opcode, in one byte.
+TEST_P(Loader, RefusesANameInTheWrongLibrary) {
+  size_t at = boundName("_CFRelease");
+  while ((file[at] & 0xf0) != 0x10 || at == boundName("_CFRelease")) --at;
+  file[at] = static_cast<uint8_t>(file[at] == 0x11 ? 0x12 : 0x11);
+  expectRefused(" comes from ");
+}
+
+TEST_P(Loader, RefusesAnImportThatMayBeMissing) {
+  file[boundName("_objc_retain") - 1] |= 1;
+  expectRefused("import _objc_retain is weak");
+}
+
+TEST_P(Loader, RefusesChainedFixUps) {
+  set32(command(0x26), 0x80000034);  // in place of the list of functions' starts
+  expectRefused("chained fix-ups");
+}
+
+TEST_P(Loader, RefusesAnEncryptedImage) {
+  size_t at = command(0xd);  // in place of the install name
+  set32(at, slice.is64 ? 0x2c : 0x21);
+  set32(at + 16, 1);
+  EXPECT_TRUE(sliceOf(file, GetParam()).encrypted);
+  EXPECT_NE(refusal(file, GetParam()), "");
+}
+
+TEST_P(Loader, RefusesAThirdInitialiser) {
+  size_t size = section("__mod_init_func") + (slice.is64 ? 40 : 36);
+  set32(size, get32(size) / 2 * 3);
+  expectRefused("3 load-time initialisers");
+}
+
+TEST_P(Loader, RefusesATruncatedFile) {
+  for (size_t size : {size_t{100}, slice.start + 100, slice.start + slice.sizeInBytes - 1})
+    EXPECT_NE(refusal(Bytes(file.begin(), file.begin() + static_cast<long>(size)), GetParam()), "") << size;
+}
+
+TEST_P(Loader, RefusesASliceUnderTheOthersHeader) {
+  for (size_t entry : {8u, 28u}) {  // big-endian: the processor's kind and model
+    bool wide = file[entry] == 1;
+    std::ranges::copy(
+        std::initializer_list<uint8_t>{uint8_t(!wide), 0, 0, 12, 0, 0, 0, uint8_t(wide ? 9 : 0)},
+        file.begin() + static_cast<long>(entry));
+  }
+  expectRefused("announced as " + std::string(GetParam()));
+}
+
+TEST_P(Loader, RefusesDataOfEveryThreadsOwn) {
+  size_t flags = section("__bss") + (slice.is64 ? 64 : 56);
+  set32(flags, 0x12);
+  expectRefused("section __bss is data of every thread's own");
+}
+
+TEST_P(Loader, RefusesASegmentInsideAPage) {
+  size_t address = section("__DATA") + 16;
+  set32(address, get32(address) + 0x10);
+  expectRefused("segment __DATA starts inside a page");
+}
+
+TEST_P(Loader, RefusesASegmentOutsideTheFile) {
+  size_t fileOffset = section("__LINKEDIT") + (slice.is64 ? 32 : 24);
+  set32(fileOffset, get32(fileOffset) + 0x40000);
+  expectRefused("the last segment lies beyond the end of the file");
+}
+
+TEST_P(Loader, RefusesCodeThatMayBeWritten) {
+  set32(section("__TEXT") + (slice.is64 ? 52 : 36), 7);
+  expectRefused("segment __TEXT is not code");
+}
+
+TEST(LoaderOfArm64, RefusesASliceWithoutUnwindTables) {
+  Bytes file = shipped();
+  std::string name = "__unwind_info";
+  auto found = std::search(file.begin(), file.end(), name.begin(), name.end());
+  *found = 'x';
+  EXPECT_NE(refusal(file, "arm64").find("no unwind tables"), std::string::npos);
+}
+
+TEST(LoaderOfArmv7, RefusesPointersThatItsLinkerLeavesUnbound) {
+  Bytes file = shipped();
+  auto begin = file.begin() + static_cast<long>(sliceOf(file, "armv7").start);
+  const char old[] = "__mod_init_func", other[] = "__nl_symbol_ptr";
+  std::ranges::copy(other, std::search(begin, file.end(), std::begin(old), std::end(old)));
+  EXPECT_NE(refusal(file, "armv7").find("section __nl_symbol_ptr"), std::string::npos);
+}
+
+TEST(LoaderOfArmv7, RefusesThumbCode) {
+  Bytes file = shipped();
+  Slice slice = sliceOf(file, "armv7");
+  size_t at = slice.start + 28;
+  auto word = [&](size_t place) { return ByteReader(file, place).take<uint32_t>(); };
+  while (word(at) != 2) at += word(at + 4);  // the table of symbols
+  size_t symbols = slice.start + word(at + 8), count = word(at + 12);
+  for (size_t i = 0; i < count; ++i)
+    if (file[symbols + 12 * i + 5]) {  // defined in a section
+      file[symbols + 12 * i + 6] |= thumbDefinition;
+      break;
+    }
+  EXPECT_NE(refusal(file, "armv7").find("is Thumb code"), std::string::npos) << refusal(file, "armv7");
+}
+
+}  // namespace
