@@ -24,6 +24,19 @@ void scaleForLandscape(NSInteger preset) {
 
 void scaleForPortrait() { useFactors(grid::portraitFactors(screenWidth, screenHeight)); }
 
+template <class T>
+bool tellsWhetherLocked(T object) {
+  return object.respondsToSelector(bridge::selector<"isLockScreenVisible">());
+}
+
+// Systems differ in who tells.
+bool lockScreenIsVisible() {
+  SBLockScreenManager manager = SBLockScreenManager::sharedInstance();
+  SBLockScreenViewController controller = manager.lockScreenViewController();
+  if (tellsWhetherLocked(controller)) return controller.isLockScreenVisible();
+  return tellsWhetherLocked(manager) && manager.isLockScreenVisible();
+}
+
 }  // namespace
 
 bridge::Strong<NSObject> initController(SBIconController self) {
@@ -37,11 +50,10 @@ void viewDidAppear(SBIconController self, BOOL animated) { original<viewDidAppea
 void didRotate(SBIconController self, NSInteger previous) {
   original<didRotate>(self, previous);
   if (getDeviceType() != UIUserInterfaceIdiomPad) return;
-  SBLockScreenViewController lockScreen = SBLockScreenManager::sharedInstance().lockScreenViewController();
   NSInteger preset = settings().count(keys::preset);
-  if (static_cast<int32_t>(previous) == portrait && !lockScreen.isLockScreenVisible())
+  if (static_cast<int32_t>(previous) == portrait && !lockScreenIsVisible())
     scaleForLandscape(preset);
-  else if (!lockScreen.isLockScreenVisible())
+  else if (!lockScreenIsVisible())
     scaleForPortrait();
   else
     return;

@@ -21,11 +21,12 @@ using bridge::original;
 using bridge::selector;
 
 constexpr uintptr_t retainAtomically = 01401;  // OBJC_ASSOCIATION_RETAIN
+constexpr uintptr_t assign = 0;                // OBJC_ASSOCIATION_ASSIGN
 constexpr CGFloat firmPress = 3;               // an average touch has the force 1
 constexpr NSUInteger twoFingers = 2;
 
 // Associated objects are told apart by these addresses.
-constinit char swipeGestureKey, tapGestureKey;
+constinit char swipeGestureKey, tapGestureKey, setUpKey;
 
 // A firm press has opened the panel and goes on: it opens it only once.
 constinit bool show = false;
@@ -61,6 +62,20 @@ void attachGestures(SBIconScrollView self, bool twoFingerTap) {
   tap->setNumberOfTouchesRequired(twoFingers);
   tap->setDelegate(gestController);
   attach(self, twoFingerTap ? UIGestureRecognizer(tap) : UIGestureRecognizer(swipe));
+}
+
+// Once for each view, whichever initialisers it is sent: one may lead to the other.
+void setUp(SBIconScrollView self) {
+  if (objc_getAssociatedObject(self.raw, &setUpKey)) return;
+  objc_setAssociatedObject(self.raw, &setUpKey, self.raw, assign);
+  static constinit long once = 0;
+  dispatch_once_f(&once, self.raw,
+                  [](void* first) { serveMessages(bridge::as<SBIconScrollView>(static_cast<id>(first))); });
+  NSNotificationCenter::defaultCenter().addObserver_selector_name_object(
+      self, selector<"layout:">(), "PopupViewDidDisappearNotification"_ns, {});
+  bool wanted = panelIsWanted();
+  bool twoFingerTap = settings().flag(keys::twoFinger);
+  if (wanted && !cont->isEditing()) attachGestures(self, twoFingerTap);
 }
 
 bool feelsForce(UITouch touch) {
@@ -129,17 +144,15 @@ void setTapGesture(SBIconScrollView self, UITapGestureRecognizer recognizer) {
   objc_setAssociatedObject(self.raw, &tapGestureKey, recognizer.raw, retainAtomically);
 }
 
-// All of it happens before SpringBoard's own initialiser has run.
+// Before SpringBoard's own initialiser has run.
 bridge::Strong<NSObject> initScrollView(SBIconScrollView self) {
-  static constinit long once = 0;
-  dispatch_once_f(&once, self.raw,
-                  [](void* first) { serveMessages(bridge::as<SBIconScrollView>(static_cast<id>(first))); });
-  NSNotificationCenter::defaultCenter().addObserver_selector_name_object(
-      self, selector<"layout:">(), "PopupViewDidDisappearNotification"_ns, {});
-  bool wanted = panelIsWanted();
-  bool twoFingerTap = settings().flag(keys::twoFinger);
-  if (wanted && !cont->isEditing()) attachGestures(self, twoFingerTap);
+  setUp(self);
   return original<initScrollView>(self);
+}
+
+bridge::Strong<UIView> initScrollViewWithFrame(SBIconScrollView self, CGRect frame) {
+  setUp(self);
+  return original<initScrollViewWithFrame>(self, frame);
 }
 
 void deallocScrollView(SBIconScrollView self) {

@@ -15,7 +15,9 @@ void setSwipeGesture(SBIconScrollView self, UISwipeGestureRecognizer recognizer)
 UITapGestureRecognizer tapGesture(SBIconScrollView self);
 void setTapGesture(SBIconScrollView self, UITapGestureRecognizer recognizer);
 
+// Which of the two SpringBoard sends is its own affair.
 bridge::Strong<NSObject> initScrollView(SBIconScrollView self);
+bridge::Strong<UIView> initScrollViewWithFrame(SBIconScrollView self, CGRect frame);
 void deallocScrollView(SBIconScrollView self);
 void setContentOffset(SBIconScrollView self, CGPoint offset);
 // Neither calls SpringBoard's own.

@@ -15,6 +15,7 @@ namespace tilo {
 namespace {
 
 using bridge::add;
+using bridge::along;
 using bridge::replace;
 using namespace hooks;
 using List = SBIconListView;
@@ -59,6 +60,7 @@ constexpr bridge::Row table[] = {
     /* 9.2   */ replace<Scroll, &NSObject::dealloc, deallocScrollView>(),
     /* 9.2   */ add<Scroll, &Scroll::swipe, swipe>("v@:@"),
     /* 9.2   */ replace<Scroll, &NSObject::init, initScrollView>(),
+    /* 9.2   */     along<&UIView::initWithFrame, initScrollViewWithFrame>(),
     /* 9.2   */ replace<Scroll, &UIResponder::touchesEnded_withEvent, touchesEnded>(),
     /* 9.2   */ replace<Scroll, &UIResponder::touchesMoved_withEvent, touchesMoved>(),
     /* 9.2   */ add<Scroll, &Scroll::swipeGesture, swipeGesture>("@@:"),

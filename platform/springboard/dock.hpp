@@ -14,7 +14,7 @@ struct SBDockIconListView : bridge::Face<"SBDockIconListView", SBRootIconListVie
       isDockIconsEnabled{};
   static constexpr bridge::ClassMethod<"SBDockIconListView", "numberOfDockIcons", int()> numberOfDockIcons{};
   MESSAGE Method<"iconsInRowForSpacingCalculation", NSUInteger()> iconsInRowForSpacingCalculation;
-  MESSAGE Method<"spacing", CGFloat()> spacing;
+  MESSAGE Method<"spacing", CGFloat()> spacing;  // from 11 on, as the next
   MESSAGE Method<"setSpacing:", void(CGFloat)> setSpacing;
   MESSAGE Method<"effectiveSpacing", CGFloat()> effectiveSpacing;
   // The index and the proposed order are results; either may be null.

@@ -12,9 +12,8 @@
 namespace tilo::presets {
 namespace {
 
-// Relative, as SpringBoard's working directory is the root of the file system.
-NSString directory() { return "var/mobile/Documents/com.wexor.tilo3/custom/"_ns; }
-NSString path() { return "var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
+NSString directory() { return "/var/mobile/Documents/com.wexor.tilo3/custom/"_ns; }
+NSString path() { return "/var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
 
 // The bytes that were to be written. That they could not be changes nothing for the caller.
 NSData write(NSArray presets) {

@@ -3,11 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include "bridge/replace.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/home.hpp"
 
 namespace {
 
+using bridge::install;
+using bridge::original;
+using bridge::replace;
 using test::Home;
 
 constexpr NSInteger portrait = 1;
@@ -49,6 +53,23 @@ TEST(Dock, OfThreeAnswersThreeAndIsSpacedByTen) {
   sim::Json icons = home.report()["dock"]["icons"];
   ASSERT_EQ(icons.size(), 3);
   EXPECT_EQ(icons[1]["frame"][0].get<double>() - icons[0]["frame"][0].get<double>(), 60 + 10);
+}
+
+// SpringBoard's dock as it was before it had a spacing to set.
+int spacingsSet = 0;
+BOOL hasNoSpacing(SBDockIconListView self, SEL selector) {
+  return sel_isEqual(selector, bridge::selector<"setSpacing:">()) ? NO
+                                                                  : original<hasNoSpacing>(self, selector);
+}
+void countSpacing(SBDockIconListView, CGFloat) { ++spacingsSet; }
+
+TEST(Dock, OfThreeIsNotSpacedWhereSpringBoardHasNoSpacingToSet) {
+  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=3"}, [](sim::Simulation&) {
+    install(replace<SBDockIconListView, &NSObject::respondsToSelector, hasNoSpacing>());
+    install(replace<SBDockIconListView, &SBDockIconListView::setSpacing, countSpacing>());
+  });
+  EXPECT_EQ(spacingsSet, 0);
+  EXPECT_EQ(counts(home), (std::vector<long>{3, 3, 3, 3}));
 }
 
 TEST(Dock, OfSixAnswersSixAndKeepsTheSystemsSpacing) {

@@ -206,6 +206,19 @@ TEST_P(ADamagedPresetsFile, HoldsNoPresetsAndIsLeftAsItIs) {
 
 INSTANTIATE_TEST_SUITE_P(Holding, ADamagedPresetsFile, testing::ValuesIn(damages));
 
+TEST(PresetsFile, IsTheSameWhateverFolderSomebodyWorksIn) {
+  const sim::TemporaryRoot elsewhere;
+  Home home({"--set", "custom_preset=0"}, [&](sim::Simulation& device) {
+    test::put(device, test::presetsPath, test::presetsDocument(Json::array({named("mine", 0)})));
+    std::filesystem::current_path(elsewhere.path());
+  });
+  EXPECT_EQ(currentName(), "mine");
+  std::filesystem::remove(home.file(test::presetsPath));
+  controller().updateConfigWithValue(0);
+  EXPECT_EQ(home.contents(test::presetsPath), test::emptyPresets);
+  EXPECT_TRUE(std::filesystem::is_empty(elsewhere.path()));
+}
+
 TEST(PresetsFile, ThatIsDamagedLaterKeepsThePresetOfBefore) {
   Home home({"--set", "custom_preset=0"}, presets(Json::array({named("before", 0)})));
   for (auto& [name, bytes] : damages) {

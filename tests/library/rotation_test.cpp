@@ -258,6 +258,47 @@ TEST(LockedTablet, IsAskedAgainBeforeThePortraitRule) {
   expectFactors(2048.0 / 568.0, 4.8);
 }
 
+// A system whose lock screen's controller does not tell whether it is visible, and maybe its manager does.
+int wronglyAsked = 0;
+BOOL tellsNothing(SBLockScreenViewController self, SEL selector) {
+  return sel_isEqual(selector, bridge::selector<"isLockScreenVisible">())
+             ? NO
+             : original<tellsNothing>(self, selector);
+}
+BOOL countQuestion(SBLockScreenViewController) { return ++wronglyAsked != 0; }
+void controllerTellsNothing(sim::Simulation&) {
+  using bridge::replace;
+  bridge::install(replace<SBLockScreenViewController, &NSObject::respondsToSelector, tellsNothing>());
+  bridge::install(
+      replace<SBLockScreenViewController, &SBLockScreenViewController::isLockScreenVisible, countQuestion>());
+}
+
+bool managerIsVisible = true;
+BOOL managersAnswer(id, SEL) { return managerIsVisible; }
+
+TEST(LockedTablet, IsToldByTheManagerWhereTheControllerDoesNotAnswer) {
+  test::Home home({"--device", "iPad Air 2", "--set", "preset=0"}, [](sim::Simulation& device) {
+    controllerTellsNothing(device);
+    class_addMethod(objc_getClass("SBLockScreenManager"), bridge::selector<"isLockScreenVisible">(),
+                    reinterpret_cast<IMP>(managersAnswer), "B@:");
+  });
+  home.step("rotate landscape");
+  expectFactors(2048.0 / 568.0, 4.8);
+  managerIsVisible = false;
+  home.step("rotate portrait");
+  home.step("rotate landscape");
+  expectFactors(1536.0 / 688.0, 6.4);
+  EXPECT_EQ(wronglyAsked, 0);
+}
+
+TEST(LockedTablet, CountsAsUnlockedWhereNobodyAnswers) {
+  test::Home home({"--device", "iPad Air 2", "--set", "preset=0"}, controllerTellsNothing);
+  home.step("lock");
+  home.step("rotate landscape");
+  expectFactors(1536.0 / 688.0, 6.4);
+  EXPECT_EQ(wronglyAsked, 0);
+}
+
 // A tablet that shows a named layout which is made for the 4-inch screen.
 std::vector<std::string> withNamedLayout(const std::string& preset) {
   Json layouts = Json::array({test::preset("Spoons", 0, -2.5, 1.25, 3, 4.5)});
