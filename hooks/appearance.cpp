@@ -19,6 +19,9 @@ bool hides(Key<Kind::flag> key) {
   return !shown && settings().flag(keys::enabled);
 }
 
+// One launch may come here more than once, when one message leads to another; a panel is cancelled once.
+void closePanel() { gestController->popView().didHitCancel(); }
+
 }  // namespace
 
 void imageLayoutSubviews(SBIconImageView self) {
@@ -53,9 +56,25 @@ void setIndicatorImage(SBIconListPageControl self, UIImageView image, BOOL enabl
   if (!hides(keys::page)) original<setIndicatorImage>(self, image, enabled);
 }
 
-void activateApplication(SBUIController self, SBApplication application) {
-  gestController->popView().didHitCancel();
-  original<activateApplication>(self, application);
+void activateAnimated(SBUIController self, SBApplication application) {
+  closePanel();
+  original<activateAnimated>(self, application);
+}
+
+void activate(SBUIController self, SBApplication application) {
+  closePanel();
+  original<activate>(self, application);
+}
+
+void activateFromIcon(SBUIController self, SBApplication application, SBIcon icon, NSInteger location) {
+  closePanel();
+  original<activateFromIcon>(self, application, icon, location);
+}
+
+void activateWithSettings(SBUIController self, SBApplication application, SBIcon icon, NSInteger location,
+                          bridge::Object settings, bridge::Object actions) {
+  closePanel();
+  original<activateWithSettings>(self, application, icon, location, settings, actions);
 }
 
 }  // namespace tilo::hooks

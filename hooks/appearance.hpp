@@ -20,6 +20,11 @@ CGRect labelRect(Class self, BOOL drawing, CGRect rect, SBIconLabelImageParamete
 void setIndicatorImageAtIndex(SBIconListPageControl self, UIImageView image, BOOL enabled, NSInteger index);
 void setIndicatorImage(SBIconListPageControl self, UIImageView image, BOOL enabled);
 
-void activateApplication(SBUIController self, SBApplication application);
+// Each of the messages by which systems launch applications.
+void activateAnimated(SBUIController self, SBApplication application);
+void activate(SBUIController self, SBApplication application);
+void activateFromIcon(SBUIController self, SBApplication application, SBIcon icon, NSInteger location);
+void activateWithSettings(SBUIController self, SBApplication application, SBIcon icon, NSInteger location,
+                          bridge::Object settings, bridge::Object actions);
 
 }  // namespace tilo::hooks

@@ -16,6 +16,7 @@ namespace {
 using bridge::original;
 
 constexpr int32_t portrait = 1;
+
 // The screen's size is the one measured at start, in landscape too.
 void scaleForLandscape(NSInteger preset) {
   useFactors(
@@ -37,18 +38,8 @@ bool lockScreenIsVisible() {
   return tellsWhetherLocked(manager) && manager.isLockScreenVisible();
 }
 
-}  // namespace
-
-bridge::Strong<NSObject> initController(SBIconController self) {
-  getScreenSizes();
-  return original<initController>(self);
-}
-
-// The first start shows no notice; the panel has its own.
-void viewDidAppear(SBIconController self, BOOL animated) { original<viewDidAppear>(self, animated); }
-
-void didRotate(SBIconController self, NSInteger previous) {
-  original<didRotate>(self, previous);
+// A tablet's grid is rescaled, unless it turns behind the lock screen.
+void rescale(NSInteger previous) {
   if (getDeviceType() != UIUserInterfaceIdiomPad) return;
   NSInteger preset = settings().count(keys::preset);
   if (static_cast<int32_t>(previous) == portrait && !lockScreenIsVisible())
@@ -58,6 +49,32 @@ void didRotate(SBIconController self, NSInteger previous) {
   else
     return;
   layoutIcons(false);
+}
+
+}  // namespace
+
+bridge::Strong<NSObject> initController(SBIconController self) {
+  getScreenSizes();
+  return original<initController>(self);
+}
+
+bridge::Strong<UIViewController> initControllerWithNib(SBIconController self, NSString name,
+                                                       NSBundle bundle) {
+  getScreenSizes();
+  return original<initControllerWithNib>(self, name, bundle);
+}
+
+// The first start shows no notice; the panel has its own.
+void viewDidAppear(SBIconController self, BOOL animated) { original<viewDidAppear>(self, animated); }
+
+void didRotate(SBIconController self, NSInteger previous) {
+  original<didRotate>(self, previous);
+  rescale(previous);
+}
+
+void didRotateInternally(SBIconController self, NSInteger previous) {
+  original<didRotateInternally>(self, previous);
+  rescale(previous);
 }
 
 }  // namespace tilo::hooks

@@ -136,7 +136,11 @@ void moveIconsNotification(RQPopupView self, bridge::Object notification) {
 
 void endSliding(RQPopupView self, bridge::Object) { fadeTo(self, 1, fading); }
 
+// Once for each panel: it does not come back.
 void didHitCancel(RQPopupView self) {
+  bool& cancelled = Popup::state(self).cancelled;
+  if (cancelled) return;
+  cancelled = true;
   dispatch::onMainQueue(
       [self = bridge::retained(self)] { slideOut(self, [self](BOOL) { self->removeFromSuperview(); }); });
 }

@@ -24,6 +24,7 @@ struct PopupState {
   bridge::Strong<BButton> select;
   bridge::Strong<UILabel> pickerLabel;
   int rowSelected = 0;
+  bool cancelled = false;
   bridge::Strong<NSMutableDictionary> rootObj;
 
   int question = 0;  // for a layout's name that has been asked last; another number once it is answered

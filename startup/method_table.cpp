@@ -16,6 +16,7 @@ namespace {
 
 using bridge::add;
 using bridge::along;
+using bridge::instead;
 using bridge::replace;
 using namespace hooks;
 using List = SBIconListView;
@@ -49,7 +50,10 @@ constexpr bridge::Row table[] = {
     /* 9.2   */ replace<Root, &List::topIconInset, topIconInset>(),
     /* none  */ replace<LabelParameters, &LabelParameters::shadowColor, shadowColor>(),
     /* 9.2   */ replace<LabelParameters, &LabelParameters::textColor, textColor>(),
-    /* none  */ replace<Launcher, &Launcher::activateApplicationAnimated, activateApplication>(),
+    /* none  */ replace<Launcher, &Launcher::activateApplicationAnimated, activateAnimated>(),
+    /* to 10 */     instead<&Launcher::activateApplication, activate>(),
+    /* to 10 */     instead<&Launcher::activateApplication_fromIcon_location, activateFromIcon>(),
+    /* 11    */     instead<&Launcher::activateApplication_fromIcon_location_activationSettings_actions, activateWithSettings>(),
     /* 9.2   */ replace<Dots, &Dots::_setIndicatorImage_toEnabled_index, setIndicatorImageAtIndex>(),
     /* none  */ replace<Dots, &Dots::_setIndicatorImage_toEnabled, setIndicatorImage>(),
     /* 9.2   */ replace<Label, &Label::_rectWithDrawing_inRect_fromParameters, labelRect>(),
@@ -76,9 +80,11 @@ constexpr bridge::Row table[] = {
     /* 9.2   */ replace<Dock, &Dock::maxIcons, maxIcons>(),
     /* 9.2   */ replace<Dock, &List::iconRowsForInterfaceOrientation, dockIconRowsForInterfaceOrientation>(),
     /* 9.2   */ replace<Dock, &Dock::maxVisibleIconRowsInterfaceOrientation, maxVisibleIconRows>(),
-    /* 9.2   */ replace<Controller, &NSObject::init, initController>(),
+    /* to 10 */ replace<Controller, &NSObject::init, initController>(),
+    /* 11    */     instead<&ViewController::initWithNibName_bundle, initControllerWithNib>(),
     /* 9.2   */ replace<Controller, &ViewController::viewDidAppear, viewDidAppear>(),
-    /* 9.2   */ replace<Controller, &ViewController::didRotateFromInterfaceOrientation, didRotate>(),
+    /* none  */ replace<Controller, &ViewController::didRotateFromInterfaceOrientation, didRotate>(),
+    /* 9.2   */     instead<&Controller::_didRotateFromInterfaceOrientation, didRotateInternally>(),
     /* 9.2   */ replace<Panel, &Panel::defaultHeight, defaultHeight>(),
     /* 9.2   */ replace<Panel, &Panel::setBackgroundAlpha, setBackgroundAlpha>(),
 };

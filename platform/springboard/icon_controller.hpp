@@ -8,6 +8,8 @@
 struct SBIconController : bridge::Face<"SBIconController", UIViewController> {
   static constexpr bridge::ClassMethod<"SBIconController", "sharedInstance", SBIconController()>
       sharedInstance{};
+  // How it is told that the device has turned, and from where.
+  MESSAGE Method<"_didRotateFromInterfaceOrientation:", void(NSInteger)> _didRotateFromInterfaceOrientation;
   MESSAGE Method<"currentIconListIndex", NSInteger()> currentIconListIndex;
   MESSAGE Method<"isEditing", BOOL()> isEditing;
   MESSAGE Method<"setIsEditing:", void(BOOL)> setIsEditing;

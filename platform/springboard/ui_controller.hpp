@@ -1,7 +1,7 @@
 // SBUIController, which brings applications on screen.
 #pragma once
 
-#include "platform/foundation/string.hpp"
+#include "platform/springboard/icon.hpp"
 
 struct SBApplication : bridge::Face<"SBApplication", NSObject> {
   MESSAGE Method<"displayName", NSString()> displayName;
@@ -9,5 +9,12 @@ struct SBApplication : bridge::Face<"SBApplication", NSObject> {
 
 struct SBUIController : bridge::Face<"SBUIController", NSObject> {
   static constexpr bridge::ClassMethod<"SBUIController", "sharedInstance", SBUIController()> sharedInstance{};
+  // None of these systems has the first; the next two are those of 9 and 10, the last that of 11 and 12.
   MESSAGE Method<"activateApplicationAnimated:", void(SBApplication)> activateApplicationAnimated;
+  MESSAGE Method<"activateApplication:", void(SBApplication)> activateApplication;
+  MESSAGE Method<"activateApplication:fromIcon:location:", void(SBApplication, SBIcon, NSInteger)>
+      activateApplication_fromIcon_location;
+  MESSAGE Method<"activateApplication:fromIcon:location:activationSettings:actions:",
+                 void(SBApplication, SBIcon, NSInteger, bridge::Object, bridge::Object)>
+      activateApplication_fromIcon_location_activationSettings_actions;
 };

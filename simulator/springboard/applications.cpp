@@ -63,15 +63,6 @@ bridge::Strong<UIWindow> makeWindow(const std::string& name) {
   return window;
 }
 
-// What brings an application on screen, under the names that it has had.
-struct Activation : bridge::Face<"SBUIController", SBUIController> {
-  MESSAGE Method<"activateApplication:", void(SBApplication)> plain;
-  MESSAGE Method<"activateApplication:fromIcon:location:", void(SBApplication, SBIcon, NSInteger)> fromIcon;
-  MESSAGE Method<"activateApplication:fromIcon:location:activationSettings:actions:",
-                 void(SBApplication, SBIcon, NSInteger, bridge::Object, bridge::Object)>
-      withSettings;
-};
-
 LaunchMessage launchMessage = LaunchMessage::fromIcon;
 
 constexpr NSInteger onHomeScreen = 1;  // an icon's location; nothing here depends on it
@@ -110,16 +101,18 @@ bridge::Strong<SBApplication> applicationOf(SBIcon icon) {
 void useLaunchMessage(LaunchMessage used) { launchMessage = used; }
 
 void launch(SBIcon icon) {
-  const auto controller = bridge::as<Activation>(SBUIController::sharedInstance());
+  const auto controller = SBUIController::sharedInstance();
   SBApplication application = applicationOf(icon).autoreleased();
   if (answers<&SBUIController::activateApplicationAnimated>(controller))
     controller.activateApplicationAnimated(application);
-  else if (answers<&Activation::withSettings>(controller))
-    controller.withSettings(application, icon, onHomeScreen, {}, {});
+  else if (answers<&SBUIController::activateApplication_fromIcon_location_activationSettings_actions>(
+               controller))
+    controller.activateApplication_fromIcon_location_activationSettings_actions(application, icon,
+                                                                                onHomeScreen, {}, {});
   else if (launchMessage == LaunchMessage::plain)
-    controller.plain(application);
+    controller.activateApplication(application);
   else
-    controller.fromIcon(application, icon, onHomeScreen);
+    controller.activateApplication_fromIcon_location(application, icon, onHomeScreen);
 }
 
 SBApplication shownApplication() { return shown().application.get(); }
@@ -138,11 +131,13 @@ void leaveApplication() {
 
 void defineApplications() {
   defineSystemClass<Application>(own<&SBApplication::displayName, displayName>());
-  defineSystemClass<UIController>(own<&SBUIController::sharedInstance, sharedInstance>(),
-                                  own<&SBUIController::activateApplicationAnimated, activateAnimated>(),
-                                  own<&Activation::plain, activatePlain>(),
-                                  own<&Activation::fromIcon, activateFromIcon>(),
-                                  own<&Activation::withSettings, activateWithSettings>());
+  defineSystemClass<UIController>(
+      own<&SBUIController::sharedInstance, sharedInstance>(),
+      own<&SBUIController::activateApplicationAnimated, activateAnimated>(),
+      own<&SBUIController::activateApplication, activatePlain>(),
+      own<&SBUIController::activateApplication_fromIcon_location, activateFromIcon>(),
+      own<&SBUIController::activateApplication_fromIcon_location_activationSettings_actions,
+          activateWithSettings>());
 }
 
 }  // namespace sim::springboard

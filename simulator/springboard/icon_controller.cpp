@@ -44,7 +44,6 @@ struct Turning : bridge::Face<"SBIconController", SBIconController> {
   MESSAGE Method<"_willRotateToInterfaceOrientation:duration:", void(NSInteger, double)> willRotate;
   MESSAGE Method<"_willAnimateRotationToInterfaceOrientation:duration:", void(NSInteger, double)>
       willAnimateRotation;
-  MESSAGE Method<"_didRotateFromInterfaceOrientation:", void(NSInteger)> didRotate;
 };
 
 ScrollViewInitialiser scrollViewInitialiser = ScrollViewInitialiser::init;
@@ -216,7 +215,7 @@ void tellWillAnimateRotation(NSInteger to, double duration) {
   bridge::as<Turning>(iconController()).willAnimateRotation(to, duration);
 }
 
-void tellDidRotate(NSInteger from) { bridge::as<Turning>(iconController()).didRotate(from); }
+void tellDidRotate(NSInteger from) { iconController()._didRotateFromInterfaceOrientation(from); }
 
 void fillHomeScreen(const Icons& icons, int leastPages) {
   HomeScreen& home = homeScreen();
@@ -249,8 +248,9 @@ void defineIconController() {
       own<&Face::sharedInstance, sharedInstance>(), own<&NSObject::init, init>(),
       own<&UIViewController::initWithNibName_bundle, initWithNibName>(),
       own<&UIViewController::loadView, loadView>(), own<&Turning::willRotate, willRotate>(),
-      own<&Turning::willAnimateRotation, willAnimateRotation>(), own<&Turning::didRotate, didRotate>(),
-      own<&IconTaps::iconTapped, iconTapped>(), own<&Face::currentIconListIndex, currentIconListIndex>(),
+      own<&Turning::willAnimateRotation, willAnimateRotation>(),
+      own<&Face::_didRotateFromInterfaceOrientation, didRotate>(), own<&IconTaps::iconTapped, iconTapped>(),
+      own<&Face::currentIconListIndex, currentIconListIndex>(),
       own<&Face::currentRootIconList, currentRootIconList>(), own<&Face::isEditing, isEditing>(),
       own<&Face::setIsEditing, setIsEditing>(),
       own<&Face::getListView_folder_relativePath_forIndexPath_createIfNecessary, getListView>());

@@ -26,7 +26,6 @@ struct SBDashBoardViewController : bridge::Face<"SBDashBoardViewController", SBL
 
 // What else the manager answers.
 struct LockState : bridge::Face<"SBLockScreenManager", SBLockScreenManager> {
-  MESSAGE Method<"isLockScreenVisible", BOOL()> isLockScreenVisible;
   MESSAGE Method<"isUILocked", BOOL()> isUILocked;
 };
 
@@ -104,7 +103,7 @@ void defineLockScreen() {
                                own<&UIViewController::loadView, loadView>());
   defineSystemClass<Manager>(own<&SBLockScreenManager::sharedInstance, sharedInstance>(),
                              own<&SBLockScreenManager::lockScreenViewController, lockScreenViewController>(),
-                             own<&LockState::isLockScreenVisible, isLocked>(),
+                             own<&SBLockScreenManager::isLockScreenVisible, isLocked>(),
                              own<&LockState::isUILocked, isLocked>());
 }
 

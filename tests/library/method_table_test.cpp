@@ -23,15 +23,18 @@ struct Row {
   const char* selector;
   bool ofClass = false;
   const char* addedTypes = nullptr;  // null for a replacement
+  const char* successor =
+      nullptr;  // what is replaced instead, where the class itself has it and not the row's
 
+  const char* reached() const { return successor ? successor : selector; }
   std::string name() const {
-    return std::string(ofClass ? "+" : "-") + "[" + className + " " + selector + "]";
+    return std::string(ofClass ? "+" : "-") + "[" + className + " " + reached() + "]";
   }
   Class owner() const {
     Class cls = objc_getClass(className);
     return ofClass ? bridge::classOf(reinterpret_cast<id>(cls)) : cls;
   }
-  SEL sel() const { return sel_registerName(selector); }
+  SEL sel() const { return sel_registerName(reached()); }
 };
 
 constexpr Row table[] = {
@@ -78,7 +81,8 @@ constexpr Row table[] = {
     {"SBDockIconListView", "maxVisibleIconRowsInterfaceOrientation:", true},
     {"SBIconController", "init"},
     {"SBIconController", "viewDidAppear:"},
-    {"SBIconController", "didRotateFromInterfaceOrientation:"},
+    {"SBIconController", "didRotateFromInterfaceOrientation:", false, nullptr,
+     "_didRotateFromInterfaceOrientation:"},
     {"SBDockView", "defaultHeight", true},
     {"SBDockView", "setBackgroundAlpha:"},
 };
@@ -195,10 +199,13 @@ TEST(MethodTable, TellsWhatBecameOfEachRowInItsOrder) {
   Home home;
   sim::Json rows = sim::Json::array();
   for (const Row& row : table)
-    rows.push_back({{"class", row.className},
-                    {"method", (row.ofClass ? "+" : "-") + std::string(row.selector)},
-                    {"outcome", row.addedTypes ? "added" : "replaced"},
-                    {"successor", nullptr}});
+    rows.push_back(
+        {{"class", row.className},
+         {"method", (row.ofClass ? "+" : "-") + std::string(row.selector)},
+         {"outcome", row.addedTypes  ? "added"
+                     : row.successor ? "successor"
+                                     : "replaced"},
+         {"successor", row.successor ? sim::Json("-" + std::string(row.successor)) : sim::Json()}});
   EXPECT_EQ(home.report()["hooks"]["rows"], rows);
 }
 

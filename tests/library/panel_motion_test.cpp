@@ -184,6 +184,20 @@ TEST(PanelCancelling, WaitsForTheNextTurnAndSlidesTheSameWay) {
   EXPECT_FALSE(home.panel().superview());
 }
 
+TEST(PanelCancelling, TwiceIsNoMoreThanOnce) {
+  PanelHome home;
+  home.open();
+  home.panel().didHitCancel();
+  home.panel().didHitCancel();
+  home.wait(0.3);
+  double expected = restingTop + (topBelow - restingTop) * springProgress(0.3, 0.7, 0.7);
+  EXPECT_NEAR(top(home), expected, approximately);
+  home.panel().didHitCancel();
+  home.wait(0.4);
+  EXPECT_TRUE(home.shown().isNull());
+  EXPECT_FALSE(home.panel().superview());
+}
+
 TEST(PanelCancelling, AnnouncesNothing) {
   PanelHome home;
   home.open();

@@ -21,7 +21,7 @@ void expectFactors(double height, double width, const std::string& where = "") {
 }
 
 void turnedFrom(NSInteger previous) {
-  SBIconController::sharedInstance().didRotateFromInterfaceOrientation(previous);
+  SBIconController::sharedInstance()._didRotateFromInterfaceOrientation(previous);
 }
 
 // SpringBoard's own methods before the library replaced them: what they were told and what they found.

@@ -7,6 +7,7 @@
 #include "platform/foundation/notification_center.hpp"
 #include "platform/springboard/icon_scroll_view.hpp"
 #include "simulator/appsupport/client.hpp"
+#include "simulator/product/names.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/support/home.hpp"
 
@@ -75,7 +76,7 @@ TEST(ScrollView, ThatIsMadeFirstServesTheMessagesWhenItIsMadeWithAFrame) {
     bridge::install(replace<SBIconController, &NSObject::init, makeFirst>());
   });
   auto send = [&] {
-    return sim::appsupport::send(home.simulation().fileSystem().root(), sim::appsupport::settingsCentre,
+    return sim::appsupport::send(home.simulation().fileSystem().root(), sim::product::settingsCentre,
                                  {"ListPreferencesDidChangeNotification"_ns, {}},
                                  {.whileWaiting = [] { sim::appsupport::serveMessages(); }});
   };

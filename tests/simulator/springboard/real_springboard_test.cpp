@@ -17,20 +17,7 @@ using Calls = std::vector<std::string>;
 
 Calls calls;
 
-struct Activation : bridge::Face<"SBUIController", SBUIController> {
-  MESSAGE Method<"activateApplication:", void(SBApplication)> plain;
-  MESSAGE Method<"activateApplication:fromIcon:location:", void(SBApplication, SBIcon, NSInteger)> fromIcon;
-  MESSAGE Method<"activateApplication:fromIcon:location:activationSettings:actions:",
-                 void(SBApplication, SBIcon, NSInteger, bridge::Object, bridge::Object)>
-      withSettings;
-};
-
-struct Turning : bridge::Face<"SBIconController", SBIconController> {
-  MESSAGE Method<"_didRotateFromInterfaceOrientation:", void(NSInteger)> didRotate;
-};
-
 struct Locked : bridge::Face<"SBLockScreenManager", SBLockScreenManager> {
-  MESSAGE Method<"isLockScreenVisible", BOOL()> isLockScreenVisible;
   MESSAGE Method<"isUILocked", BOOL()> isUILocked;
 };
 
@@ -93,9 +80,13 @@ class Launching : public testing::TestWithParam<Launch> {
   std::string name = home.report()["pages"][0]["icons"][0]["name"];
 
   void SetUp() override {
-    bridge::install(bridge::replace<SBUIController, &Activation::plain, Watch::plain>());
-    bridge::install(bridge::replace<SBUIController, &Activation::fromIcon, Watch::fromIcon>());
-    bridge::install(bridge::replace<SBUIController, &Activation::withSettings, Watch::withSettings>());
+    bridge::install(bridge::replace<SBUIController, &SBUIController::activateApplication, Watch::plain>());
+    bridge::install(bridge::replace<SBUIController, &SBUIController::activateApplication_fromIcon_location,
+                                    Watch::fromIcon>());
+    bridge::install(
+        bridge::replace<SBUIController,
+                        &SBUIController::activateApplication_fromIcon_location_activationSettings_actions,
+                        Watch::withSettings>());
   }
 };
 
@@ -163,7 +154,8 @@ class OnEachSystem : public testing::TestWithParam<const char*> {};
 
 TEST_P(OnEachSystem, TurningIsToldBySpringBoardsMessageWhichLeadsToUIKits) {
   test::Home home(realOptions(GetParam(), "iPad Air 2"));
-  bridge::install(bridge::replace<SBIconController, &Turning::didRotate, Watch::ownDidRotate>());
+  bridge::install(bridge::replace<SBIconController, &SBIconController::_didRotateFromInterfaceOrientation,
+                                  Watch::ownDidRotate>());
   bridge::install(bridge::replace<SBIconController, &UIViewController::didRotateFromInterfaceOrientation,
                                   Watch::didRotate>());
   home.step("rotate landscape");
