@@ -58,10 +58,10 @@ TEST_P(LoadedAndOff, LooksLikeSpringBoardAlone) {
   Options stock = GetParam();
   stock.push_back("--stock");
   const Options off = with(GetParam(), {"enabled=NO"});
-  EXPECT_EQ(pictureOf(off).aboveDock(), pictureOf(stock).aboveDock());
+  EXPECT_TRUE(pictureOf(off).aboveDock() == pictureOf(stock).aboveDock());
   const std::string second = "swipe left\nwait 1\n";
-  EXPECT_EQ(pictureOf(off, second).aboveDock(), pictureOf(stock, second).aboveDock());
-  EXPECT_NE(pictureOf(off, second).aboveDock(), pictureOf(off).aboveDock());
+  EXPECT_TRUE(pictureOf(off, second).aboveDock() == pictureOf(stock, second).aboveDock());
+  EXPECT_TRUE(pictureOf(off, second).aboveDock() != pictureOf(off).aboveDock());
 }
 
 INSTANTIATE_TEST_SUITE_P(On, LoadedAndOff,
@@ -74,8 +74,8 @@ TEST(LoadedAndOn, WithLabelsAndDotsDrawsThemAsSpringBoardDoes) {
   const Options hidden = with({}, {"enabled=YES", "labels=NO", "page=NO"});
   const auto spacing = {"custom_preset=-1", "sideIconInset=27", "horiIconPadding=27", "topIconInset=30",
                         "vertIconPadding=14"};
-  EXPECT_EQ(pictureOf(with(on, spacing)).aboveDock(), pictureOf(off).aboveDock());
-  EXPECT_NE(pictureOf(with(hidden, spacing)).aboveDock(), pictureOf(off).aboveDock());
+  EXPECT_TRUE(pictureOf(with(on, spacing)).aboveDock() == pictureOf(off).aboveDock());
+  EXPECT_TRUE(pictureOf(with(hidden, spacing)).aboveDock() != pictureOf(off).aboveDock());
 }
 
 TEST(SquareIcons, AreDrawnToTheirCorners) {
