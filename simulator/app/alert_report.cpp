@@ -1,6 +1,5 @@
 // The alert in front: what it says, how it may be answered, and what stands in its text field.
-#include "simulator/app/alert_report.hpp"
-
+#include "simulator/app/report_parts.hpp"
 #include "simulator/input/alert.hpp"
 
 namespace sim {
@@ -19,7 +18,7 @@ Json firstText(NSArray fields) {
 
 }  // namespace
 
-Json reportAlert() {
+Json reportAlert(Simulation&) {
   const UIAlertController alert = input::frontAlert();
   if (!alert) return nullptr;
   return {{"title", plain(alert.title())},

@@ -25,26 +25,13 @@ void dismiss(Simulation&, const Step&) {
 }
 
 constexpr StepRow rows[] = {
-    {"pick",
-     {{kinds::whole("ROW", 0, 1e6)}},
-     {},
-     pick,
-     "a finger turns the picker in front to that row, counted from 0",
-     "none"},
-    {"choose",
-     {{kinds::name}},
-     {},
-     choose,
-     "taps the button of that title of the alert in front; done when the alert has gone",
-     "0.25 s"},
-    {"enter", {{kinds::text}}, {}, enter, "types into that alert's first text field", "0.1 s a key"},
-    {"dismiss",
-     {},
-     {},
-     dismiss,
-     "that alert goes without a button, as when the system takes it down",
-     "0.25 s"},
-    {"refuse-alerts", {}, {}, refuseAlerts, "from now on no alert comes, as while another is coming", "none"},
+    {"pick", pick, with(kinds::whole("ROW", 0, 1e6)),
+     "a finger turns the picker in front to that row, counted from 0", "none"},
+    {"choose", choose, with(kinds::name),
+     "taps the button of that title of the alert in front; done when the alert has gone", "0.25 s"},
+    {"enter", enter, with(kinds::text), "types into that alert's first text field", "0.1 s a key"},
+    {"dismiss", dismiss, with(), "that alert goes without a button, as when the system takes it down", "0.25 s"},
+    {"refuse-alerts", refuseAlerts, with(), "from now on no alert comes, as while another is coming", "none"},
 };
 
 }  // namespace

@@ -1,8 +1,7 @@
 // Pages, folder, dock and page dots.
-#include "simulator/app/home_screen_report.hpp"
-
 #include <algorithm>
 
+#include "simulator/app/report_parts.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/springboard/dock_view.hpp"
 #include "simulator/springboard/icon.hpp"
@@ -60,13 +59,13 @@ Json answered(SBDockIconListView list) {
 
 }  // namespace
 
-Json reportPages() {
+Json reportPages(Simulation&) {
   Json pages = Json::array();
   for (auto& list : homeScreen().pages) pages.push_back(page(list.get(), pages.size()));
   return pages;
 }
 
-Json reportFolder() {
+Json reportFolder(Simulation&) {
   SBFolderIconListView list = homeScreen().folder.get();
   auto classRows = SBIconListView::iconRowsForInterfaceOrientation.on(
       bridge::classNamed<SBFolderIconListView>(), UIInterfaceOrientationPortrait);
@@ -77,7 +76,7 @@ Json reportFolder() {
           {"horizontalPadding", number(list.horizontalIconPadding())}};
 }
 
-Json reportDock() {
+Json reportDock(Simulation&) {
   SBDockIconListView list = homeScreen().dock.get();
   Class cls = bridge::classNamed<SBDockIconListView>();
   auto rows = SBIconListView::iconRowsForInterfaceOrientation.on(cls, UIInterfaceOrientationPortrait);
@@ -96,7 +95,7 @@ Json reportDock() {
           {"icons", icons(list)}};
 }
 
-Json reportPageDots() {
+Json reportPageDots(Simulation&) {
   SBIconListPageControl dots = homeScreen().pageDots.get();
   auto dotViews = uikit::indicatorsOf(dots);
   auto drawn =

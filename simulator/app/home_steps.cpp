@@ -42,20 +42,11 @@ void edit(Simulation&, const Step&) {
 }
 
 constexpr StepRow rows[] = {
-    {"launch",
-     {{kinds::name}},
-     {},
-     launch,
-     "taps the icon; the application opens while time passes",
-     "0.05 s"},
-    {"open", {{kinds::name}}, {}, open, "taps the folder, which opens while time passes", "0.05 s"},
-    {"home",
-     {},
-     {},
-     home,
-     "the home button: leaves the application, closes the folder, or ends editing",
+    {"launch", launch, with(kinds::name), "taps the icon; the application opens while time passes", "0.05 s"},
+    {"open", open, with(kinds::name), "taps the folder, which opens while time passes", "0.05 s"},
+    {"home", home, with(), "the home button: leaves the application, closes the folder, or ends editing",
      "none"},
-    {"edit", {}, {}, edit, "the home screen's editing mode, until `home`", "none"},
+    {"edit", edit, with(), "the home screen's editing mode, until `home`", "none"},
 };
 
 }  // namespace

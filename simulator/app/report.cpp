@@ -7,9 +7,7 @@
 #include "platform/springboard/dock.hpp"
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/orientation.hpp"
-#include "simulator/app/alert_report.hpp"
-#include "simulator/app/home_screen_report.hpp"
-#include "simulator/app/report_values.hpp"
+#include "simulator/app/report_parts.hpp"
 #include "simulator/app/simulation.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/console.hpp"
@@ -58,34 +56,29 @@ constexpr ReportRow rows[] = {
     {"orientation", orientation, "`\"portrait\"` or `\"landscape\"`, as started"},
     {"loaded", [](Simulation& simulation) -> Json { return simulation.library() != nullptr; },
      "whether the library is loaded"},
-    {"pages", [](Simulation&) { return reportPages(); },
+    {"pages", reportPages,
      "one for each page, asked of its `SBRootIconListView`: `index`, `rows`, `columns` (for the current "
-     "orientation), "
-     "`rowsForSpacing`, `verticalPadding`, `horizontalPadding`, `sideInset`, `topInset`, `icons[]`"},
+     "orientation), `rowsForSpacing`, `verticalPadding`, `horizontalPadding`, `sideInset`, `topInset`, "
+     "`icons[]`"},
     {"pages[].icons[]", nullptr,
      "`name`, `frame` in the page, `square` (whether its image view shows square corners), `label` "
-     "{`visible`: not "
-     "hidden, its colour not clear, its rectangle not empty; `frame` in the page}"},
+     "{`visible`: not hidden, its colour not clear, its rectangle not empty; `frame` in the page}"},
     {"classRows", classCount<&SBIconListView::iconRowsForInterfaceOrientation>,
      "`+[SBIconListView iconRowsForInterfaceOrientation:]`, for portrait"},
     {"classColumns", classCount<&SBIconListView::iconColumnsForInterfaceOrientation>,
      "its sibling, for portrait"},
     {"iconSupport", iconSupport, "the names registered with IconSupport"},
-    {"folder", [](Simulation&) { return reportFolder(); },
+    {"folder", reportFolder,
      "of a folder's list: `rows`, `columns`, `classRows` (the class method, portrait), `verticalPadding`, "
      "`horizontalPadding`"},
-    {"dock", [](Simulation&) { return reportDock(); },
+    {"dock", reportDock,
      "`height` (`+[SBDockView defaultHeight]`), `alpha` of its icon list, `backgroundAlpha`, `maxIcons`, "
-     "`rows` and "
-     "`visibleRows` (the class methods, portrait), `iconsInRow`, `spacing`, `effectiveSpacing`, "
-     "`verticalPadding`, "
-     "`horizontalPadding`, `icons[]` as in a page"},
-    {"pageDots", [](Simulation&) { return reportPageDots(); },
-     "`count`, `drawn` (dots that show an image), `current` (from 0)"},
-    {"alert", [](Simulation&) { return reportAlert(); },
+     "`rows` and `visibleRows` (the class methods, portrait), `iconsInRow`, `spacing`, `effectiveSpacing`, "
+     "`verticalPadding`, `horizontalPadding`, `icons[]` as in a page"},
+    {"pageDots", reportPageDots, "`count`, `drawn` (dots that show an image), `current` (from 0)"},
+    {"alert", reportAlert,
      "null, or `title`, `message`, `actions` [titles] of the alert in front, and `text` of its first field, "
-     "null "
-     "without one"},
+     "null without one"},
     {"console", [](Simulation&) -> Json { return console(); },
      "lines sent to the system log, colour codes included"},
     {"application", application, "the name of the one on screen"},
@@ -93,8 +86,7 @@ constexpr ReportRow rows[] = {
      "the addresses that were opened, in order; nothing opens them here"},
     {"relayouts", relayouts,
      "every call of SpringBoard's relayout entry points (SpringBoard itself makes none): `page`, `duration` "
-     "in "
-     "seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},
+     "in seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},
     {"time", [](Simulation&) { return number(clock::now()); }, "seconds since the start"},
 };
 

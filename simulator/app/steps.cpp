@@ -26,27 +26,15 @@ void rotate(Simulation& simulation, const Step& step) {
 }
 
 constexpr StepRow rows[] = {
-    {"wait",
-     {{kinds::seconds}},
-     {},
-     wait,
-     "time passes, 0 to 1,000,000 s: timers, animations and queued work happen at their moments",
-     "as said"},
-    {"rotate",
-     {{kinds::choice("portrait|landscape")}},
-     {},
-     rotate,
-     "the device turns; where the home screen does not turn, only time passes",
-     "0.4 s"},
-    {"lock",
-     {},
-     {},
-     [](Simulation& simulation, const Step&) { simulation.lock(); },
-     "the lock screen comes",
+    {"wait", wait, with(kinds::seconds),
+     "time passes, 0 to 1,000,000 s: timers, animations and queued work happen at their moments", "as said"},
+    {"rotate", rotate, with(kinds::choice("portrait|landscape")),
+     "the device turns; where the home screen does not turn, only time passes", "0.4 s"},
+    {"lock", [](Simulation& simulation, const Step&) { simulation.lock(); }, with(), "the lock screen comes",
      "none"},
-    {"unlock", {}, {}, [](Simulation& simulation, const Step&) { simulation.unlock(); }, "and goes", "none"},
-    {"snapshot", {{kinds::file}}, {}, output<&Simulation::snapshot>, "PNG of the screen now", "none"},
-    {"report", {{kinds::file}}, {}, output<&Simulation::report>, "JSON now; `-` prints it", "none"},
+    {"unlock", [](Simulation& simulation, const Step&) { simulation.unlock(); }, with(), "and goes", "none"},
+    {"snapshot", output<&Simulation::snapshot>, with(kinds::file), "PNG of the screen now", "none"},
+    {"report", output<&Simulation::report>, with(kinds::file), "JSON now; `-` prints it", "none"},
 };
 
 }  // namespace

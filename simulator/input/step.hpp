@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <concepts>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,17 +36,27 @@ struct Arguments {
   const Kind& kindOf(std::size_t index) const { return index < count() ? kinds[index] : more; }
 };
 
+template <std::same_as<Kind>... All>
+constexpr Arguments with(All... kinds) {
+  return {{kinds...}, {}};
+}
+/** These, and then any number of `more`. */
+template <std::same_as<Kind>... All>
+constexpr Arguments withMany(Kind more, All... kinds) {
+  return {{kinds...}, more};
+}
+
 /** Time passes as long as the step takes. Throws UsageError, without the step's place, when it cannot be
  * done. */
 using StepAction = void (*)(Simulation&, const Step&);
 
 struct StepRow {
   std::string_view name;
-  Arguments arguments;
-  std::optional<Arguments> orElse;  // another way
   StepAction action;
-  std::string_view help;      // what happens
-  std::string_view duration;  // how much simulated time it takes
+  Arguments arguments;
+  std::string_view help;                 // what happens
+  std::string_view duration;             // how much simulated time it takes
+  std::optional<Arguments> orElse = {};  // another way of giving the arguments
 };
 
 inline std::string_view Step::name() const { return row->name; }

@@ -52,11 +52,10 @@ Json framing(Simulation& simulation) {
 constexpr ReportRow hooksRows[] = {
     {"hooks", hooks,
      "as the library tells it: how many rows of its method table `replaced` a method (successors counted) "
-     "and how many "
-     "`added` one; `rows[]` with `class`, `method` (`\"-name:\"`, `\"+name:\"`), `outcome` (`\"replaced\"`, "
-     "`\"added\"`, `\"refused\"`: the class had one, `\"successor\"`, `\"class missing\"`, `\"method "
-     "missing\"`) and "
-     "`successor`, what was replaced instead (two with a comma between them), or null"}};
+     "and how many `added` one; `rows[]` with `class`, `method` (`\"-name:\"`, `\"+name:\"`), `outcome` "
+     "(`\"replaced\"`, `\"added\"`, `\"refused\"`: the class had one, `\"successor\"`, `\"class missing\"`, "
+     "`\"method missing\"`) and `successor`, what was replaced instead (two with a comma between them), or "
+     "null"}};
 constexpr ReportRow framingRows[] = {{"framing", framing,
                                       "the library's exported array: vertical and horizontal padding, side "
                                       "and top inset; null without the library"}};

@@ -38,16 +38,14 @@ Json color(const Color& color) {
   return all;
 }
 
-Json string(NSString text) { return text ? Json(text.UTF8String()) : Json(); }
-
 Json transform(const CGAffineTransform& t) {
   return Json::array({number(t.a), number(t.b), number(t.c), number(t.d), number(t.tx), number(t.ty)});
 }
 
 // Labels and fields are the views that show a text of their own.
 Json textOf(UIView view) {
-  if (bridge::isKindOf<UILabel>(view)) return string(bridge::as<UILabel>(view).text());
-  if (bridge::isKindOf<UITextField>(view)) return string(bridge::as<UITextField>(view).text());
+  if (bridge::isKindOf<UILabel>(view)) return plain(bridge::as<UILabel>(view).text());
+  if (bridge::isKindOf<UITextField>(view)) return plain(bridge::as<UITextField>(view).text());
   return nullptr;
 }
 
@@ -78,7 +76,7 @@ Json tree(UIView view) {
 // The message beside a row's number, while it can be seen.
 Json errorOf(UIView slider) {
   const auto label = bridge::as<UILabel>(panelPart(slider, "errorLabel"_ns));
-  return label && shown(label).opacity > leastErrorAlpha ? string(label.text()) : Json();
+  return label && shown(label).opacity > leastErrorAlpha ? plain(label.text()) : Json();
 }
 
 Json row(UISlider slider) {
@@ -87,7 +85,7 @@ Json row(UISlider slider) {
           {"value", number(slider.value())},
           {"minimum", number(slider.minimumValue())},
           {"maximum", number(slider.maximumValue())},
-          {"text", string(field.text())},
+          {"text", plain(field.text())},
           {"error", errorOf(slider)}};
 }
 
@@ -142,25 +140,21 @@ Json panel(Simulation&) {
           {"rows", rows(view)},
           {"presets", presets(view)},
           {"selectedRow", selectedRow(view)},
-          {"caption", string(caption.text())},
+          {"caption", plain(caption.text())},
           {"views", tree(view)}};
 }
 
 constexpr ReportRow table[] = {
     {"panel", panel,
      "null when none is on screen; else `frame`, `alpha`, `background` [red, green, blue] (0 to 255), "
-     "`dark`, "
-     "`collapsed`, `page`, `rows`, `presets` [names], `selectedRow` of the picker, `caption` of the saved "
-     "layouts, "
-     "`views`"},
+     "`dark`, `collapsed`, `page`, `rows`, `presets` [names], `selectedRow` of the picker, `caption` of the "
+     "saved layouts, `views`"},
     {"panel.rows", nullptr,
      "by caption: the `key` it edits, `value`, `minimum`, `maximum`, `text` of its number field, `error` "
-     "(the message "
-     "beside it, while its alpha exceeds 0.01)"},
+     "(the message beside it, while its alpha exceeds 0.01)"},
     {"panel.views", nullptr,
      "the tree: `class`, `frame`, `alpha`, `hidden`, `transform` [a, b, c, d, tx, ty], `background` and "
-     "`textColor` "
-     "[red, green, blue, alpha], `text`, `children`"},
+     "`textColor` [red, green, blue, alpha], `text`, `children`"},
 };
 
 }  // namespace

@@ -21,13 +21,9 @@ void call(Simulation&, const Step& step) {
 }
 
 constexpr StepRow rows[] = {
-    {"page", {{kinds::choice("0|1")}}, {}, page, "a finger drags the panel to that page", "none"},
-    {"call",
-     {{kinds::choice("exportSettings|openSettings")}},
-     {},
-     call,
-     "sends the panel a message that none of its controls sends",
-     "none"},
+    {"page", page, with(kinds::choice("0|1")), "a finger drags the panel to that page", "none"},
+    {"call", call, with(kinds::choice("exportSettings|openSettings")),
+     "sends the panel a message that none of its controls sends", "none"},
 };
 
 }  // namespace

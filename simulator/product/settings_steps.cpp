@@ -46,18 +46,10 @@ void message(Simulation& simulation, const Step& step) {
 }
 
 constexpr StepRow rows[] = {
-    {"write",
-     {{kinds::setting}},
-     {},
-     write,
-     "another process writes the preference domain and tells nobody",
+    {"write", write, with(kinds::setting), "another process writes the preference domain and tells nobody",
      "none"},
-    {"message",
-     {{kinds::word}, kinds::setting},
-     {},
-     message,
-     "a message to the messaging centre, delivered before the step ends",
-     "none"},
+    {"message", message, withMany(kinds::setting, kinds::word),
+     "a message to the messaging centre, delivered before the step ends", "none"},
 };
 
 }  // namespace

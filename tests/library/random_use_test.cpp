@@ -6,7 +6,7 @@
 
 #include "panel/popup_view.hpp"
 #include "settings/gesture_controller.hpp"
-#include "simulator/app/alert_report.hpp"
+#include "simulator/app/report_parts.hpp"
 #include "tests/support/home.hpp"
 #include "tests/support/memory.hpp"
 
@@ -99,7 +99,7 @@ void closePanel(Home& home) {
 // Answers the alert that asks for something, if one does, by its last button.
 void answerAlert(Home& home) {
   const bridge::Pool pool;  // or the alert's actions, and the panel with them, would live as long as the test
-  const sim::Json alert = sim::reportAlert();
+  const sim::Json alert = sim::reportAlert(home.simulation());
   if (alert.isNull()) return;
   home.step("choose \"" + alert["actions"].back().get<std::string>() + "\"");
   home.step("wait 1");
