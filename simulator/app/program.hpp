@@ -40,6 +40,9 @@ struct Program {
 /** A home screen with any library or none. */
 Program homeScreenProgram();
 
+/** What `main` does: its arguments, and the status that the process ends with. */
+int run(int count, const char* const* arguments, const Program& program);
+
 // What else a program is to have.
 template <class Row>
 void add(std::vector<Row>& table, std::span<const std::type_identity_t<Row>> rows) {

@@ -1,7 +1,6 @@
 // A simulator's run, from the command line to the last report.
-#include "simulator/app/run.hpp"
-
 #include <fmt/format.h>
+#include <poll.h>
 
 #include <exception>
 #include <iostream>
@@ -9,13 +8,15 @@
 #include <string>
 
 #include "simulator/app/output.hpp"
-#include "simulator/app/serving.hpp"
+#include "simulator/app/program.hpp"
 #include "simulator/app/simulation.hpp"
 #include "simulator/app/steps.hpp"
+#include "simulator/appsupport/messaging_center.hpp"
 #include "simulator/device/device_list.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/script.hpp"
 #include "simulator/json/json.hpp"
+#include "simulator/time/run_loop.hpp"
 
 namespace sim {
 namespace {
@@ -60,6 +61,23 @@ void print(Listing listing, const Options& options, const Program& program) {
   writeText("-", text(listing, program));
   if (listing == Listing::devices && options.report)
     writeText(options.report->string(), deviceJson().dump(2) + "\n");
+}
+
+// Hands over the messages that have arrived, and does what they make due. Time stands still.
+void serve() {
+  bridge::Pool pool;
+  if (appsupport::serveMessages()) settle();
+}
+
+// Until there is something to read from the descriptor, or nothing more to come.
+void serveUntilInput(int descriptor) {
+  for (;;) {
+    serve();
+    std::vector<pollfd> all = appsupport::messageDescriptors();
+    all.push_back({descriptor, POLLIN, 0});
+    // A descriptor that cannot be polled is one whose reading does not wait, or tells what is wrong.
+    if (::poll(all.data(), all.size(), -1) > 0 && all.back().revents != 0) return serve();
+  }
 }
 
 void act(const Options& options, const Program& program) {

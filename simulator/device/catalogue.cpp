@@ -12,21 +12,6 @@
 namespace sim {
 namespace {
 
-// What models with the same screen share.
-struct Screen {
-  CGSize points;
-  int scale;
-  CGSize nativePixels;
-  Idiom idiom;
-  bool turns;
-  StockGrid portrait, landscape;
-  int dockIcons, floatingDockIcons;
-  double dockHeight;
-  CGSize iconImageSize;
-  FolderGrid folder;
-};
-
-constexpr double labelHeight = 14;  // points below the image
 constexpr CGSize phoneIcon{60, 60}, padIcon{76, 76}, largePadIcon{83.5, 83.5};
 constexpr FolderGrid phoneFolder{3, 3}, padFolder{4, 4};
 
@@ -54,37 +39,10 @@ constexpr StockGrid portrait1024{5, 4, 100, 64, 88, 80}, landscape1024{4, 5, 110
 constexpr Screen screen1024 = pad({768, 1024}, 1, portrait1024, landscape1024);
 constexpr Screen screen1024Retina = pad({768, 1024}, 2, portrait1024, landscape1024);
 constexpr Screen screen1112 = pad({834, 1112}, 2, {5, 4, 115, 72, 100, 98}, {4, 5, 126, 58, 120, 78});
-constexpr Screen screen1366{{1024, 1366},
-                            2,
-                            {2048, 2732},
-                            Idiom::pad,
-                            true,
-                            {5, 4, 150, 94, 130, 140},
-                            {4, 5, 162.25, 76, 156, 117},
-                            6,
-                            15,
-                            132,
-                            largePadIcon,
-                            padFolder};
-
-constexpr Device model(std::string_view name, const Screen& screen, Version first, Version last) {
-  return {name,
-          screen.points,
-          screen.scale,
-          screen.nativePixels,
-          screen.idiom,
-          first,
-          last,
-          screen.turns,
-          screen.portrait,
-          screen.landscape,
-          screen.dockIcons,
-          screen.floatingDockIcons,
-          screen.dockHeight,
-          screen.iconImageSize,
-          {screen.iconImageSize.width, screen.iconImageSize.height + labelHeight},
-          screen.folder};
-}
+constexpr StockGrid portrait1366{5, 4, 150, 94, 130, 140}, landscape1366{4, 5, 162.25, 76, 156, 117};
+constexpr CGSize points1366{1024, 1366}, pixels1366{2048, 2732};
+constexpr Screen screen1366{points1366,    2, pixels1366, Idiom::pad, true,         portrait1366,
+                            landscape1366, 6, 15,         132,        largePadIcon, padFolder};
 
 constexpr Version oldest{8, 4};  // older systems are of no interest here, though a model may have run them
 constexpr Version lastOfA5{9, 3, 6}, lastOfA6{10, 3, 4};
@@ -94,37 +52,37 @@ constexpr Version lastOf12{12, 4, 1};  // of models that went on to 13
 // Models with an A12 or A12X (iPhone XS, XS Max and XR, and the iPad Pro of 2018) are left out: their
 // SpringBoard is an arm64e program, and its loader refuses the library's arm64 slice.
 constexpr Device devices[] = {
-    model("iPhone 4s", screen480, oldest, lastOfA5),
-    model("iPhone 5", screen568, oldest, lastOfA6),
-    model("iPhone 5c", screen568, oldest, {10, 3, 3}),
-    model("iPhone 5s", screen568, oldest, lastOfA7),
-    model("iPhone 6", screen667, oldest, lastOfA7),
-    model("iPhone 6 Plus", screen736, oldest, lastOfA7),
-    model("iPhone 6s", screen667, {9, 0}, lastOf12),
-    model("iPhone 6s Plus", screen736, {9, 0}, lastOf12),
-    model("iPhone SE", screen568, {9, 3}, lastOf12),
-    model("iPhone 7", screen667, {10, 0}, lastOf12),
-    model("iPhone 7 Plus", screen736, {10, 0}, lastOf12),
-    model("iPhone 8", screen667, {11, 0}, lastOf12),
-    model("iPhone 8 Plus", screen736, {11, 0}, lastOf12),
-    model("iPhone X", screen812, {11, 0, 1}, lastOf12),
-    model("iPod touch 5", screen568, oldest, {9, 3, 5}),
-    model("iPod touch 6", screen568, oldest, lastOfA7),
-    model("iPad 2", screen1024, oldest, lastOfA5),
-    model("iPad mini 1", screen1024, oldest, lastOfA5),
-    model("iPad 3", screen1024Retina, oldest, lastOfA5),
-    model("iPad 4", screen1024Retina, oldest, lastOfA6),
-    model("iPad Air", screen1024Retina, oldest, lastOfA7),
-    model("iPad mini 2", screen1024Retina, oldest, lastOfA7),
-    model("iPad mini 3", screen1024Retina, oldest, lastOfA7),
-    model("iPad Air 2", screen1024Retina, oldest, lastOf12),
-    model("iPad mini 4", screen1024Retina, {9, 0}, lastOf12),
-    model("iPad Pro (9.7-inch)", screen1024Retina, {9, 3}, lastOf12),
-    model("iPad 5", screen1024Retina, {10, 3}, lastOf12),
-    model("iPad 6", screen1024Retina, {11, 3}, lastOf12),
-    model("iPad Pro (12.9-inch)", screen1366, {9, 1}, lastOf12),
-    model("iPad Pro (12.9-inch) 2", screen1366, {10, 3, 2}, lastOf12),
-    model("iPad Pro (10.5-inch)", screen1112, {10, 3, 2}, lastOf12),
+    {screen480, "iPhone 4s", oldest, lastOfA5},
+    {screen568, "iPhone 5", oldest, lastOfA6},
+    {screen568, "iPhone 5c", oldest, {10, 3, 3}},
+    {screen568, "iPhone 5s", oldest, lastOfA7},
+    {screen667, "iPhone 6", oldest, lastOfA7},
+    {screen736, "iPhone 6 Plus", oldest, lastOfA7},
+    {screen667, "iPhone 6s", {9, 0}, lastOf12},
+    {screen736, "iPhone 6s Plus", {9, 0}, lastOf12},
+    {screen568, "iPhone SE", {9, 3}, lastOf12},
+    {screen667, "iPhone 7", {10, 0}, lastOf12},
+    {screen736, "iPhone 7 Plus", {10, 0}, lastOf12},
+    {screen667, "iPhone 8", {11, 0}, lastOf12},
+    {screen736, "iPhone 8 Plus", {11, 0}, lastOf12},
+    {screen812, "iPhone X", {11, 0, 1}, lastOf12},
+    {screen568, "iPod touch 5", oldest, {9, 3, 5}},
+    {screen568, "iPod touch 6", oldest, lastOfA7},
+    {screen1024, "iPad 2", oldest, lastOfA5},
+    {screen1024, "iPad mini 1", oldest, lastOfA5},
+    {screen1024Retina, "iPad 3", oldest, lastOfA5},
+    {screen1024Retina, "iPad 4", oldest, lastOfA6},
+    {screen1024Retina, "iPad Air", oldest, lastOfA7},
+    {screen1024Retina, "iPad mini 2", oldest, lastOfA7},
+    {screen1024Retina, "iPad mini 3", oldest, lastOfA7},
+    {screen1024Retina, "iPad Air 2", oldest, lastOf12},
+    {screen1024Retina, "iPad mini 4", {9, 0}, lastOf12},
+    {screen1024Retina, "iPad Pro (9.7-inch)", {9, 3}, lastOf12},
+    {screen1024Retina, "iPad 5", {10, 3}, lastOf12},
+    {screen1024Retina, "iPad 6", {11, 3}, lastOf12},
+    {screen1366, "iPad Pro (12.9-inch)", {9, 1}, lastOf12},
+    {screen1366, "iPad Pro (12.9-inch) 2", {10, 3, 2}, lastOf12},
+    {screen1112, "iPad Pro (10.5-inch)", {10, 3, 2}, lastOf12},
 };
 
 }  // namespace

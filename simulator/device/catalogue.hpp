@@ -29,14 +29,12 @@ struct FolderGrid {
   int rows, columns;
 };
 
-/** One model. Sizes are portrait whatever way the device is held. */
-struct Device {
-  std::string_view name;
-  CGSize points;        // of the screen
+/** What models with the same screen share. Sizes are portrait whatever way the device is held. */
+struct Screen {
+  CGSize points;
   int scale;            // pixels drawn a point
   CGSize nativePixels;  // of the panel
   Idiom idiom;
-  Version first, last;   // system versions it ran, from 8.4 on
   bool homeScreenTurns;  // tablets and the Plus phones
   StockGrid portrait;
   StockGrid landscape;    // the portrait one where the home screen does not turn
@@ -44,9 +42,16 @@ struct Device {
   int floatingDockIcons;  // from system 11 on
   double dockHeight;      // points; the width of the dock where it stands at the side
   CGSize iconImageSize;   // points
-  CGSize iconViewSize;    // points: the image, and the label below it
   FolderGrid folder;
+};
 
+/** One model. */
+struct Device : Screen {
+  std::string_view name;
+  Version first, last;  // system versions it ran, from 8.4 on
+
+  /** The image, and the label below it. */
+  CGSize iconViewSize() const { return {iconImageSize.width, iconImageSize.height + 14}; }
   const StockGrid& grid(Orientation orientation) const {
     return orientation == Orientation::portrait ? portrait : landscape;
   }

@@ -56,7 +56,7 @@ Grid stockGrid(ListKind kind, NSInteger orientation) {
 }
 
 CGSize iconImageSize() { return device().iconImageSize; }
-CGSize iconViewSize() { return device().iconViewSize; }
+CGSize iconViewSize() { return device().iconViewSize(); }
 
 CGRect pageFrame(CGSize size, NSInteger orientation, CGFloat thickness) {
   if (stockDock(orientation).upright) return {{0, 0}, {size.width - thickness, size.height}};

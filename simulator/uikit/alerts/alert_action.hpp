@@ -17,7 +17,4 @@ UIAlertAction actionOf(AlertButton button);
 /** The width that the title takes on one line, in points. */
 double titleWidth(AlertButton button);
 
-void defineAlertAction();
-void defineAlertButton();
-
 }  // namespace sim::uikit

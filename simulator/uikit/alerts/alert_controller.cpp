@@ -1,5 +1,5 @@
 // UIAlertController.
-#include "simulator/uikit/alerts/alert_controller.hpp"
+#include "platform/uikit/alert_controller.hpp"
 
 #include <vector>
 

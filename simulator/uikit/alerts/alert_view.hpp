@@ -19,6 +19,4 @@ CGRect roomForAlerts(UIView stage);
 /** Where an alert's middle comes to lie, so that its edges fall on pixels. */
 CGPoint alertCenter(const CGRect& room, CGSize size);
 
-void defineAlertView();
-
 }  // namespace sim::uikit

@@ -22,6 +22,7 @@ constexpr double dimming = 0.4;                                      // the alph
 constexpr double firstScale = 1.2;  // from which an alert shrinks to its size
 
 // Lies over everything else in the window and keeps touches from it.
+// The view that a presented controller stands on; it covers the window.
 struct StageView : bridge::Face<"UITransitionView", UIView> {
   MESSAGE Method<"sim_keyboardMoves:", void(NSNotification)> _keyboardMoves;
 };

@@ -15,7 +15,4 @@ void dismiss(UIViewController self, BOOL animated, bridge::BlockRef<void()> comp
 /** From now on every presentation is refused with a warning, as one is while another begins; or no longer. */
 void refusePresentations(bool refuse);
 
-/** The view that a presented controller stands on; it covers the window. */
-void defineStageView();
-
 }  // namespace sim::uikit

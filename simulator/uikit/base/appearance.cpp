@@ -1,7 +1,5 @@
 // The appearance proxy. It takes the setters and getters of a class's own properties that are objects, and
 // keeps the values; views ask for them. UIKit's own properties are not among them.
-#include "simulator/uikit/base/appearance.hpp"
-
 #include <fmt/format.h>
 
 #include <cctype>
@@ -10,6 +8,7 @@
 #include <utility>
 
 #include "bridge/define.hpp"
+#include "bridge/runtime.hpp"
 #include "platform/uikit/view.hpp"
 #include "simulator/uikit/base/exception.hpp"
 

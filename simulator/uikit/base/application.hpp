@@ -9,6 +9,4 @@ namespace sim::uikit {
 /** The addresses that were opened, in order. */
 const std::vector<std::string>& openedURLs();
 
-void defineApplication();
-
 }  // namespace sim::uikit

@@ -3,8 +3,6 @@
 
 namespace sim::uikit {
 
-void defineDevice();
-
 /** Tells whoever listens that the device was turned. */
 void postDeviceOrientation();
 

@@ -1,5 +1,5 @@
 // UIPasteboard: one, which holds a text.
-#include "simulator/uikit/base/pasteboard.hpp"
+#include "platform/uikit/pasteboard.hpp"
 
 #include "bridge/define.hpp"
 

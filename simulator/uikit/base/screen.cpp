@@ -1,8 +1,7 @@
 // UIScreen.
-#include "simulator/uikit/base/screen.hpp"
+#include "platform/uikit/screen.hpp"
 
 #include "bridge/define.hpp"
-#include "platform/uikit/screen.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 
 namespace sim::uikit {

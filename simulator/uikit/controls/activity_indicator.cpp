@@ -1,5 +1,5 @@
 // UIActivityIndicatorView: twelve spokes, the brightest of which goes round once a second.
-#include "simulator/uikit/controls/activity_indicator.hpp"
+#include "platform/uikit/activity_indicator.hpp"
 
 #include <cairo.h>
 
@@ -8,7 +8,6 @@
 #include <numbers>
 
 #include "bridge/define.hpp"
-#include "platform/uikit/activity_indicator.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/quartz/color.hpp"
 #include "simulator/uikit/animation/frames.hpp"

@@ -8,6 +8,4 @@ namespace sim::uikit {
 /** Whether the item is the room between others. */
 bool isFlexibleSpace(UIBarButtonItem item);
 
-void defineBarButtonItem();
-
 }  // namespace sim::uikit

@@ -1,5 +1,5 @@
 // UIButton: a title and an image, side by side in the middle, as the control's state wants them.
-#include "simulator/uikit/controls/button.hpp"
+#include "platform/uikit/button.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,6 @@
 #include "bridge/define.hpp"
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/number.hpp"
-#include "platform/uikit/button.hpp"
 #include "platform/uikit/image_view.hpp"
 #include "simulator/uikit/base/coding.hpp"
 #include "simulator/uikit/base/configuration.hpp"

@@ -10,6 +10,4 @@ void sendActions(UIControl control, NSUInteger events, UIEvent event);
 /** The events that actions are registered for. */
 NSUInteger eventsOf(UIControl control);
 
-void defineControl();
-
 }  // namespace sim::uikit

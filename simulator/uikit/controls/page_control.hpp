@@ -19,6 +19,4 @@ struct PageIndicators : bridge::Face<"UIPageControl", UIPageControl> {
 /** The dots, from left to right; subviews of the control. Borrowed. */
 std::vector<UIImageView> indicatorsOf(UIPageControl control);
 
-void definePageControl();
-
 }  // namespace sim::uikit

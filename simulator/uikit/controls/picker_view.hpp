@@ -12,6 +12,4 @@ struct WheelPosition {
 };
 WheelPosition wheelOf(UIPickerView picker);
 
-void definePickerView();
-
 }  // namespace sim::uikit

@@ -8,6 +8,4 @@ namespace sim::uikit {
 /** Where the thumb stands for that value, in points of the slider. */
 CGRect thumbRectOf(UISlider slider, float value);
 
-void defineSlider();
-
 }  // namespace sim::uikit

@@ -1,11 +1,10 @@
 // UIToolbar: items side by side, flexible spaces between them.
-#include "simulator/uikit/controls/toolbar.hpp"
+#include "platform/uikit/toolbar.hpp"
 
 #include <algorithm>
 #include <vector>
 
 #include "bridge/define.hpp"
-#include "platform/uikit/toolbar.hpp"
 #include "simulator/uikit/controls/bar_button_item.hpp"
 #include "simulator/uikit/controls/toolbar_button.hpp"
 #include "simulator/uikit/drawing/color.hpp"

@@ -9,6 +9,4 @@ namespace sim::uikit {
 
 bridge::Strong<UIButton> makeToolbarButton(UIBarButtonItem item);
 
-void defineToolbarButton();
-
 }  // namespace sim::uikit

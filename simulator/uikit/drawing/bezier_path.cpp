@@ -1,11 +1,10 @@
 // UIBezierPath.
-#include "simulator/uikit/drawing/bezier_path.hpp"
+#include "platform/uikit/bezier_path.hpp"
 
 #include <algorithm>
 #include <numbers>
 
 #include "bridge/define.hpp"
-#include "platform/uikit/bezier_path.hpp"
 #include "simulator/coregraphics/path.hpp"
 #include "simulator/quartz/surface.hpp"
 #include "simulator/uikit/drawing/drawing_context.hpp"

@@ -13,6 +13,4 @@ using sim::colorOf;
 /** One of red, green and blue, even where they are equal. */
 bridge::Strong<UIColor> makeColor(const Color& color);
 
-void defineColor();
-
 }  // namespace sim::uikit

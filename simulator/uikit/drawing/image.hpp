@@ -17,6 +17,4 @@ Surface pixelsOf(UIImage image);
 /** How many pixels those are, drawn or not. */
 CGSize pixelSizeOf(UIImage image);
 
-void defineImage();
-
 }  // namespace sim::uikit

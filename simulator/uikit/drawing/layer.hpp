@@ -26,6 +26,4 @@ void setOpacity(CALayer layer, double opacity);
 void setTransform(CALayer layer, const CGAffineTransform& transform);
 void setBackgroundColor(CALayer layer, const Color& color);
 
-void defineLayer();
-
 }  // namespace sim::uikit

@@ -23,6 +23,4 @@ std::vector<bridge::Strong<UITouch>>& liveTouches();
 
 UIEvent currentEvent();
 
-void defineEvent();
-
 }  // namespace sim::uikit

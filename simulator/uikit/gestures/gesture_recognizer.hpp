@@ -58,10 +58,4 @@ void stopTimer(UIGestureRecognizer recognizer);
 /** To the state of failure, where that is still possible; a gesture under way is cancelled. */
 void giveUp(UIGestureRecognizer recognizer);
 
-void defineGestureRecognizer();
-void defineTapGestureRecognizer();
-void defineSwipeGestureRecognizer();
-void definePanGestureRecognizer();
-void defineLongPressGestureRecognizer();
-
 }  // namespace sim::uikit

@@ -34,6 +34,4 @@ bool isDown(UITouch touch);
 /** Points of the view, or of the touch's window without one. */
 CGPoint locationIn(UIView view, CGPoint inWindow, UIWindow window);
 
-void defineTouch();
-
 }  // namespace sim::uikit

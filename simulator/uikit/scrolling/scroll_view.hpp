@@ -52,6 +52,4 @@ void tellDelegate(UIScrollView view, auto... arguments) {
     D::send(delegate.raw, view, arguments...);
 }
 
-void defineScrollView();
-
 }  // namespace sim::uikit

@@ -18,6 +18,4 @@ Font fontOf(UIFont font);
  */
 void registerFont(const std::string& name, const std::string& family);
 
-void defineFont();
-
 }  // namespace sim::uikit

@@ -26,6 +26,4 @@ UIControl keyOfKind(KeyKind kind);
 /** The text of a field is another one. */
 void keyboardHears(UITextField field);
 
-void defineKeyboard();
-
 }  // namespace sim::uikit

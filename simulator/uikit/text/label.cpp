@@ -1,11 +1,10 @@
 // UILabel.
-#include "simulator/uikit/text/label.hpp"
+#include "platform/uikit/label.hpp"
 
 #include <algorithm>
 #include <cmath>
 
 #include "bridge/define.hpp"
-#include "platform/uikit/label.hpp"
 #include "simulator/quartz/text.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/drawing/color.hpp"

@@ -1,8 +1,7 @@
 // Measuring strings.
-#include "simulator/uikit/text/string_drawing.hpp"
+#include "platform/uikit/string_drawing.hpp"
 
 #include "bridge/replace.hpp"
-#include "platform/uikit/string_drawing.hpp"
 #include "simulator/quartz/text.hpp"
 #include "simulator/runtime/export.hpp"
 #include "simulator/uikit/text/font.hpp"

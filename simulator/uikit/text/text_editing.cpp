@@ -1,7 +1,7 @@
 // A text field's life as the first responder: what its delegate is asked and told, and what changes its text.
 #include "bridge/define.hpp"
 #include "platform/foundation/notification_center.hpp"
-#include "simulator/uikit/base/pasteboard.hpp"
+#include "platform/uikit/pasteboard.hpp"
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/text/text_field.hpp"
 #include "simulator/uikit/views/first_responder.hpp"

@@ -50,6 +50,4 @@ void paste(UITextField self, bridge::Object sender);
 
 }  // namespace text_field
 
-void defineTextField();
-
 }  // namespace sim::uikit

@@ -1,8 +1,7 @@
 // UIImageView.
-#include "simulator/uikit/views/image_view.hpp"
+#include "platform/uikit/image_view.hpp"
 
 #include "bridge/define.hpp"
-#include "platform/uikit/image_view.hpp"
 #include "simulator/uikit/drawing/image.hpp"
 #include "simulator/uikit/views/view.hpp"
 

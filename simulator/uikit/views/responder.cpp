@@ -1,9 +1,8 @@
 // UIResponder.
-#include "simulator/uikit/views/responder.hpp"
+#include "platform/uikit/responder.hpp"
 
 #include "bridge/define.hpp"
 #include "platform/uikit/event.hpp"
-#include "platform/uikit/responder.hpp"
 #include "simulator/uikit/views/first_responder.hpp"
 
 namespace sim::uikit {

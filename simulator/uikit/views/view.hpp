@@ -55,6 +55,4 @@ CGRect autoresized(const CGRect& frame, NSUInteger mask, CGSize oldSize, CGSize 
 /** Lays out what is due in the tree below the view, and the view itself. Answers whether anything was. */
 bool layoutTree(UIView view);
 
-void defineView();
-
 }  // namespace sim::uikit

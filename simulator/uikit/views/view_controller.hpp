@@ -22,6 +22,4 @@ struct ViewControllerState {
 
 ViewControllerState& stateOf(UIViewController controller);
 
-void defineViewController();
-
 }  // namespace sim::uikit

@@ -12,6 +12,4 @@ std::vector<UIWindow> windows();
 /** The window that keys go to; none when there is none. */
 UIWindow keyWindow();
 
-void defineWindow();
-
 }  // namespace sim::uikit

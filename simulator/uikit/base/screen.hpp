@@ -1,8 +1,0 @@
-// UIScreen.
-#pragma once
-
-namespace sim::uikit {
-
-void defineScreen();
-
-}  // namespace sim::uikit

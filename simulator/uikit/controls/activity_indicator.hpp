@@ -1,8 +1,0 @@
-// UIActivityIndicatorView.
-#pragma once
-
-namespace sim::uikit {
-
-void defineActivityIndicator();
-
-}  // namespace sim::uikit

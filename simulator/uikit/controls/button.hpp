@@ -1,8 +1,0 @@
-// UIButton.
-#pragma once
-
-namespace sim::uikit {
-
-void defineButton();
-
-}  // namespace sim::uikit

@@ -1,8 +1,0 @@
-// UIToolbar.
-#pragma once
-
-namespace sim::uikit {
-
-void defineToolbar();
-
-}  // namespace sim::uikit

@@ -1,8 +1,0 @@
-// UIBezierPath.
-#pragma once
-
-namespace sim::uikit {
-
-void defineBezierPath();
-
-}  // namespace sim::uikit

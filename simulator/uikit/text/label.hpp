@@ -1,8 +1,0 @@
-// UILabel.
-#pragma once
-
-namespace sim::uikit {
-
-void defineLabel();
-
-}  // namespace sim::uikit

@@ -1,8 +1,0 @@
-// UIImageView.
-#pragma once
-
-namespace sim::uikit {
-
-void defineImageView();
-
-}  // namespace sim::uikit

@@ -1,8 +1,0 @@
-// UIResponder.
-#pragma once
-
-namespace sim::uikit {
-
-void defineResponder();
-
-}  // namespace sim::uikit
