@@ -17,7 +17,7 @@ struct Extent {
 
 // The rectangle around all icon views of a full page.
 Extent extentOf(const Device& device, const StockGrid& grid) {
-  const CGSize icon = device.iconViewSize;
+  const CGSize icon = device.iconViewSize();
   return {grid.sideInset, grid.topInset,
           grid.sideInset + grid.columns * icon.width + (grid.columns - 1) * grid.horizontalPadding,
           grid.topInset + grid.rows * icon.height + (grid.rows - 1) * grid.verticalPadding};
@@ -75,7 +75,7 @@ TEST(StockGrid, KeepsIconsApart) {
 
 TEST(StockGrid, LeavesRoomForAFullDock) {
   forEveryPage([](const Page& page) {
-    const CGSize icon = page.device.iconViewSize;
+    const CGSize icon = page.device.iconViewSize();
     EXPECT_LE(page.device.dockIcons * (page.dockAtSide ? icon.height : icon.width),
               page.dockAtSide ? page.screen.height : page.screen.width);
     EXPECT_GE(page.device.dockHeight, page.dockAtSide ? icon.width : icon.height);
@@ -97,10 +97,10 @@ TEST(StockGrid, FollowsMeasuredPositionsWithinThreePoints) {
     const Device& device = findDevice(measured.device);
     const StockGrid& grid = device.portrait;
     EXPECT_NEAR(grid.sideInset, measured.left, 3) << measured.device;
-    EXPECT_NEAR(grid.horizontalPadding + device.iconViewSize.width, measured.columnPitch, 3)
+    EXPECT_NEAR(grid.horizontalPadding + device.iconViewSize().width, measured.columnPitch, 3)
         << measured.device;
     EXPECT_NEAR(grid.topInset, measured.top, 3) << measured.device;
-    EXPECT_NEAR(grid.verticalPadding + device.iconViewSize.height, measured.rowPitch, 3) << measured.device;
+    EXPECT_NEAR(grid.verticalPadding + device.iconViewSize().height, measured.rowPitch, 3) << measured.device;
   }
 }
 
@@ -123,9 +123,9 @@ TEST(StockGrid, HasTheCountsOfItsScreen) {
 }
 
 TEST(StockGrid, AnIconViewIsItsImageAndALabel) {
-  EXPECT_EQ(findDevice("iPhone 7").iconViewSize, (CGSize{60, 74}));
-  EXPECT_EQ(findDevice("iPad Air").iconViewSize, (CGSize{76, 90}));
-  EXPECT_EQ(findDevice("iPad Pro (12.9-inch)").iconViewSize, (CGSize{83.5, 97.5}));
+  EXPECT_EQ(findDevice("iPhone 7").iconViewSize(), (CGSize{60, 74}));
+  EXPECT_EQ(findDevice("iPad Air").iconViewSize(), (CGSize{76, 90}));
+  EXPECT_EQ(findDevice("iPad Pro (12.9-inch)").iconViewSize(), (CGSize{83.5, 97.5}));
 }
 
 TEST(StockGrid, FoldersOfTabletsAreLarger) {
