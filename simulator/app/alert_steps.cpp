@@ -30,7 +30,8 @@ constexpr StepRow rows[] = {
     {"choose", choose, with(kinds::name),
      "taps the button of that title of the alert in front; done when the alert has gone", "0.25 s"},
     {"enter", enter, with(kinds::text), "types into that alert's first text field", "0.1 s a key"},
-    {"dismiss", dismiss, with(), "that alert goes without a button, as when the system takes it down", "0.25 s"},
+    {"dismiss", dismiss, with(), "that alert goes without a button, as when the system takes it down",
+     "0.25 s"},
     {"refuse-alerts", refuseAlerts, with(), "from now on no alert comes, as while another is coming", "none"},
 };
 
