@@ -73,8 +73,10 @@ constexpr ReportRow rows[] = {
      "`horizontalPadding`"},
     {"dock", reportDock,
      "`height` (`+[SBDockView defaultHeight]`), `alpha` of its icon list, `backgroundAlpha`, `maxIcons`, "
-     "`rows` and `visibleRows` (the class methods, portrait), `iconsInRow`, `spacing`, `effectiveSpacing`, "
-     "`verticalPadding`, `horizontalPadding`, `icons[]` as in a page"},
+     "`rows` and `visibleRows` (the class methods, portrait), `iconsInRow`, `spacing` and `effectiveSpacing` "
+     "(null where SpringBoard has no such message), `verticalPadding`, `horizontalPadding`, `icons[]` as in "
+     "a "
+     "page"},
     {"pageDots", reportPageDots, "`count`, `drawn` (dots that show an image), `current` (from 0)"},
     {"alert", reportAlert,
      "null, or `title`, `message`, `actions` [titles] of the alert in front, and `text` of its first field, "
