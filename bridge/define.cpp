@@ -25,6 +25,10 @@ void addMethod(Class cls, const MethodEntry& entry) {
   class_addMethod(owner, entry.selector, entry.implementation, entry.types);
 }
 
+void addProtocol(Class cls, const ProtocolEntry& entry) {
+  if (objc_protocol* protocol = objc_getProtocol(entry.name)) class_addProtocol(cls, protocol);
+}
+
 void addState(Class cls, size_t size) {
   class_addIvar(cls, StateName(class_getName(cls)).text, size, stateAlignment, "?");
 }

@@ -3,6 +3,8 @@
 //   using Logger = bridge::Implementation<DPHLogger, LoggerState>;
 //   Logger::define<NSObject>(bridge::method<&DPHLogger::info, info>(), …);
 //
+// Its rows are methods, properties (property.hpp) and protocols: `bridge::adopts<UIScrollViewDelegate>()`.
+//
 // An object's C++ state lives inside it. It is built when it is first asked for and destroyed by dealloc; an
 // object that never ran its initialiser has none, and dies quietly. A class with state has no dealloc of its
 // own in its table: what is to be done at the end is the state's destructor's.
@@ -11,16 +13,9 @@
 #include <initializer_list>
 #include <new>
 
-#include "bridge/thunk.hpp"
+#include "bridge/property.hpp"
 
 namespace bridge {
-
-struct MethodEntry {
-  bool ofClass;
-  SEL selector;
-  const char* types;
-  IMP implementation;
-};
 
 // A row of a class table: `Function` answers the method that `Member` describes.
 template <auto Member, auto Function>
@@ -29,17 +24,33 @@ MethodEntry method() {
   return {isClassMethod<Member>, D::selector(), D::types(), implementationOf<Member, Function>()};
 }
 
-struct PropertyEntry {
+// Getter and setter of what is no property of a face.
+struct Accessors {
   MethodEntry getter, setter;
 };
+
+struct ProtocolEntry {
+  const char* name;
+};
+
+// A row of a class table: the class conforms to the protocol, where the platform has one of that name.
+template <class P>
+ProtocolEntry adopts() {
+  return {P::protocolName.text};
+}
 
 // A new class, not yet known by its name; null when the name is taken or there is no such superclass.
 Class openClass(Class superclass, const char* name);
 void addMethod(Class cls, const MethodEntry& entry);
-inline void addMethod(Class cls, const PropertyEntry& entry) {
-  addMethod(cls, entry.getter);
-  addMethod(cls, entry.setter);
+void addProtocol(Class cls, const ProtocolEntry& entry);
+
+inline void addRow(Class cls, const MethodEntry& row) { addMethod(cls, row); }
+inline void addRow(Class cls, const Accessors& row) {
+  addMethod(cls, row.getter);
+  addMethod(cls, row.setter);
 }
+inline void addRow(Class cls, const PropertyEntry& row) { addProperty(cls, row); }
+inline void addRow(Class cls, const ProtocolEntry& row) { addProtocol(cls, row); }
 // Room for `size` bytes of state in every instance, aligned to 8 bytes. The variable's name comes from
 // the class's, since a subclass may not repeat a name that it inherits.
 void addState(Class cls, size_t size);
@@ -84,15 +95,22 @@ class Implementation {
     return Descriptor<Member>::sendAs(class_getSuperclass(meta), reinterpret_cast<id>(self), arguments...);
   }
 
-  // Accessors of a value kept in the state. A Strong is retained by the setter; nothing is copied or locked.
-  template <auto Getter, auto Setter, auto Field>
+  // Of a value kept in the state. A Strong is retained by the setter; nothing is copied or locked.
+  template <auto Member, auto Field>
   static PropertyEntry property() {
+    using Value = std::remove_cvref_t<decltype(std::declval<State&>().*Field)>;
+    constexpr bool owned = !std::is_same_v<Value, typename Borrowed<Value>::Type>;
+    return bridge::property<Member, &get<Value, Field>, &set<Value, Field>>(owned ? Keeping::retained
+                                                                                  : Keeping::assigned);
+  }
+  template <auto Getter, auto Setter, auto Field>
+  static Accessors accessors() {
     using Value = std::remove_cvref_t<decltype(std::declval<State&>().*Field)>;
     return {method<Getter, &get<Value, Field>>(), method<Setter, &set<Value, Field>>()};
   }
 
   template <class Parent>
-  static void define(auto... entries) {
+  static void define(auto... rows) {
     Class made = openClass(classNamed<Parent>(), T::className.text);
     if (!made) return;
     if constexpr (!std::is_empty_v<State>) {
@@ -101,7 +119,7 @@ class Implementation {
       addMethod(made, MethodEntry{false, Dealloc::selector(), Dealloc::types(),
                                   Thunk<Dealloc, &dealloc>::implementation()});
     }
-    (addMethod(made, entries), ...);
+    (addRow(made, rows), ...);
     objc_registerClassPair(made);
     offset = stateOffset(made);
     cls = made;

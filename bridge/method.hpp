@@ -75,7 +75,14 @@ struct Message<Selector, R(A...)> {
   }
 };
 
-// A member of a face: the handle that it is part of starts at the same address, hence its size.
+// The handle that a member of a face is part of: it starts at the same address, hence the member's size.
+inline id receiverOf(const void* member) {
+  id receiver;
+  std::memcpy(&receiver, member, sizeof receiver);
+  return receiver;
+}
+
+// A member of a face.
 template <Name Selector, class Signature>
 struct Method;
 
@@ -85,9 +92,7 @@ struct alignas(id) Method<Selector, R(A...)> : Message<Selector, R(A...)> {
 
   auto operator()(A... arguments) const {
     static_assert(Base::family != Family::initialiser, "initialisers are sent by make");
-    id receiver;
-    std::memcpy(&receiver, static_cast<const void*>(this), sizeof receiver);
-    return Base::send(receiver, arguments...);
+    return Base::send(receiverOf(this), arguments...);
   }
 };
 

@@ -33,6 +33,12 @@ struct Face : Parent {
   static constexpr auto className = ClassName;
 };
 
+// A formal protocol: what an object may answer. It names no class, so nothing is looked up by it.
+template <Name ProtocolName>
+struct Protocol : Object {
+  static constexpr auto protocolName = ProtocolName;
+};
+
 // False only for a class that has been declared and not yet defined: its header is missing where it is used.
 template <class T>
 inline constexpr bool isDefined = true;

@@ -34,6 +34,10 @@ using IMP = void (*)();
 extern "C" {
 struct objc_method;
 struct objc_ivar;
+struct objc_protocol;
+struct objc_property_attribute {
+  const char *name, *value;
+};
 
 Class objc_getClass(const char* name);
 Class objc_allocateClassPair(Class superclass, const char* name, size_t extraBytes);
@@ -48,6 +52,10 @@ Class class_getSuperclass(Class cls);
 size_t class_getInstanceSize(Class cls);
 BOOL class_addIvar(Class cls, const char* name, size_t size, uint8_t alignment, const char* types);
 BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
+BOOL class_addProperty(Class cls, const char* name, const objc_property_attribute* attributes,
+                       unsigned int count);
+objc_protocol* objc_getProtocol(const char* name);
+BOOL class_addProtocol(Class cls, objc_protocol* protocol);
 objc_method** class_copyMethodList(Class cls, unsigned int* count);
 objc_method* class_getInstanceMethod(Class cls, SEL selector);
 IMP class_getMethodImplementation(Class cls, SEL selector);

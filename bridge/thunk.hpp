@@ -42,4 +42,11 @@ IMP implementationOf() {
   return T::implementation();
 }
 
+struct MethodEntry {
+  bool ofClass;
+  SEL selector;
+  const char* types;
+  IMP implementation;
+};
+
 }  // namespace bridge

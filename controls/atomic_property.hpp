@@ -1,7 +1,7 @@
 // Accessors of properties that any thread may use: what a getter answers stays alive in the caller's pool,
 // whatever another thread stores meanwhile.
 //
-//   atomicProperty<Class, &Face::mode, &Face::setMode, &State::mode>()
+//   atomicProperty<Class, &Face::mode, &State::mode>()
 //
 // makes both of a value kept in the state of `Class`. A Strong is retained by the setter.
 #pragma once
@@ -54,25 +54,28 @@ struct AtomicAccess {
   }
 };
 
-template <class C, auto Getter, auto Field>
+template <class C, auto Member, auto Field>
 struct AtomicAccessOf;
-template <class C, auto Getter, class State, class Stored, Stored State::* Field>
-struct AtomicAccessOf<C, Getter, Field> {
+template <class C, auto Member, class State, class Stored, Stored State::* Field>
+struct AtomicAccessOf<C, Member, Field> {
   using Type =
-      AtomicAccess<C, typename bridge::DescriptorType<decltype(Getter)>::Owner, State, Stored, Field>;
+      AtomicAccess<C, typename bridge::DescriptorType<decltype(Member)>::Owner, State, Stored, Field>;
+  static constexpr bridge::Keeping keeping =
+      std::is_same_v<typename Type::Borrowed, Stored> ? bridge::Keeping::assigned : bridge::Keeping::retained;
 };
 
-template <class C, auto Getter, auto Setter, auto Field>
+template <class C, auto Member, auto Field>
 bridge::PropertyEntry atomicProperty() {
-  using Access = typename AtomicAccessOf<C, Getter, Field>::Type;
-  return {bridge::method<Getter, &Access::get>(), bridge::method<Setter, &Access::set>()};
+  using Access = AtomicAccessOf<C, Member, Field>;
+  using Type = typename Access::Type;
+  return bridge::property<Member, &Type::get, &Type::set>(Access::keeping, true);
 }
 
 // The setter keeps a copy.
-template <class C, auto Getter, auto Setter, auto Field>
+template <class C, auto Member, auto Field>
 bridge::PropertyEntry atomicCopyProperty() {
-  using Access = typename AtomicAccessOf<C, Getter, Field>::Type;
-  return {bridge::method<Getter, &Access::get>(), bridge::method<Setter, &Access::setCopy>()};
+  using Access = typename AtomicAccessOf<C, Member, Field>::Type;
+  return bridge::property<Member, &Access::get, &Access::setCopy>(bridge::Keeping::copied, true);
 }
 
 }  // namespace tilo

@@ -27,9 +27,9 @@ Strong<UIView> initWithFrame(RQBarProgressView self, CGRect frame) {
   if (!made) return made;
   auto view = bridge::as<RQBarProgressView>(made.get());
   beTransparent(view);
-  view.setLineColor(UIColor::whiteColor());
-  view.setProgressColor(UIColor::whiteColor());
-  view.setProgressRemainingColor(UIColor::clearColor());
+  view.lineColor.set(UIColor::whiteColor());
+  view.progressColor.set(UIColor::whiteColor());
+  view.progressRemainingColor.set(UIColor::clearColor());
   Bar::state(view).observation.begin(
       view, {"progress"_ns, "lineColor"_ns, "progressColor"_ns, "progressRemainingColor"_ns});
   return made;
@@ -78,11 +78,10 @@ void defineBarProgressView() {
   using Face = RQBarProgressView;
   Bar::define<UIView>(
       method<&UIView::initWithFrame, initWithFrame>(), method<&NSObject::init, init>(),
-      atomicProperty<Bar, &Face::progress, &Face::setProgress, &BarState::progress>(),
-      atomicProperty<Bar, &Face::lineColor, &Face::setLineColor, &BarState::lineColor>(),
-      atomicProperty<Bar, &Face::progressColor, &Face::setProgressColor, &BarState::progressColor>(),
-      atomicProperty<Bar, &Face::progressRemainingColor, &Face::setProgressRemainingColor,
-                     &BarState::progressRemainingColor>(),
+      atomicProperty<Bar, &Face::progress, &BarState::progress>(),
+      atomicProperty<Bar, &Face::lineColor, &BarState::lineColor>(),
+      atomicProperty<Bar, &Face::progressColor, &BarState::progressColor>(),
+      atomicProperty<Bar, &Face::progressRemainingColor, &BarState::progressRemainingColor>(),
       method<&NSKeyValueObserving::observeValueForKeyPath_ofObject_change_context, redraw<Face>>(),
       method<&UIView::drawRect, drawRect>());
 }

@@ -1,20 +1,17 @@
 // RQBarProgressView: progress as a rounded bar in an outline.
 #pragma once
 
+#include "bridge/property.hpp"
 #include "platform/uikit/color.hpp"
 #include "platform/uikit/view.hpp"
 
 namespace tilo {
 
 struct RQBarProgressView : bridge::Face<"RQBarProgressView", UIView> {
-  MESSAGE Method<"progress", float()> progress;  // 0 to 1
-  MESSAGE Method<"setProgress:", void(float)> setProgress;
-  MESSAGE Method<"lineColor", UIColor()> lineColor;  // of the outline
-  MESSAGE Method<"setLineColor:", void(UIColor)> setLineColor;
-  MESSAGE Method<"progressColor", UIColor()> progressColor;
-  MESSAGE Method<"setProgressColor:", void(UIColor)> setProgressColor;
-  MESSAGE Method<"progressRemainingColor", UIColor()> progressRemainingColor;
-  MESSAGE Method<"setProgressRemainingColor:", void(UIColor)> setProgressRemainingColor;
+  MESSAGE Property<"progress", float> progress;      // 0 to 1
+  MESSAGE Property<"lineColor", UIColor> lineColor;  // of the outline
+  MESSAGE Property<"progressColor", UIColor> progressColor;
+  MESSAGE Property<"progressRemainingColor", UIColor> progressRemainingColor;
 };
 
 void defineBarProgressView();

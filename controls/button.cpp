@@ -74,12 +74,12 @@ UIColor colorForType(Class self, NSUInteger type, NSUInteger style) {
 Class classOf(BButton self) { return bridge::Message<"class", Class()>::send(self.raw); }
 
 void setType(BButton self, NSUInteger type) {
-  self.setColor(BButton::colorForButtonType_style.on(classOf(self), type, self.buttonStyle()));
+  self.color.set(BButton::colorForButtonType_style.on(classOf(self), type, self.buttonStyle()));
 }
 
 void setStyle(BButton self, NSUInteger style) {
-  self.setButtonStyle(style);
-  self.setColor(self.color());
+  self.buttonStyle.set(style);
+  self.color.set(self.color());
 }
 
 void setTextAttributes(BButton self, NSUInteger style) {
@@ -141,8 +141,8 @@ Strong<BButton> initWithCoder(BButton self, bridge::Object coder) {
 
 Strong<BButton> initWithColor(BButton self, CGRect frame, UIColor value, NSUInteger style) {
   auto made = bridge::initialised<&UIView::initWithFrame>(self, frame);
-  made->setButtonStyle(style);
-  made->setColor(value);
+  made->buttonStyle.set(style);
+  made->color.set(value);
   made->setTextAttributesForStyle(style);
   return made;
 }
@@ -230,13 +230,12 @@ void defineButton() {
       method<&Face::awesomeButtonWithOnlyIcon_color_style, onlyIconOfColor>(),
       method<&Face::initWithCoder, initWithCoder>(), method<&Face::setup, setup>(),
       // Colours and style.
-      method<&Face::color, color>(), method<&Face::setColor, setColor>(),
-      Button::property<&Face::buttonStyle, &Face::setButtonStyle, &ButtonState::style>(),
-      method<&Face::buttonCornerRadius, cornerRadius>(),
-      method<&Face::setButtonCornerRadius, setCornerRadius>(),
-      method<&Face::shouldShowDisabled, shouldShowDisabled>(),
-      method<&Face::setShouldShowDisabled, setShouldShowDisabled>(), method<&Face::setType, setType>(),
-      method<&Face::setStyle, setStyle>(), method<&Face::setTextAttributesForStyle, setTextAttributes>(),
+      bridge::property<&Face::color, color, setColor>(),
+      Button::property<&Face::buttonStyle, &ButtonState::style>(),
+      bridge::property<&Face::buttonCornerRadius, cornerRadius, setCornerRadius>(),
+      bridge::property<&Face::shouldShowDisabled, shouldShowDisabled, setShouldShowDisabled>(),
+      method<&Face::setType, setType>(), method<&Face::setStyle, setStyle>(),
+      method<&Face::setTextAttributesForStyle, setTextAttributes>(),
       method<&Face::colorForButtonType_style, colorForType>(),
       method<&Face::colorForV2StyleButtonWithType, colorForV2>(),
       method<&Face::colorForV3StyleButtonWithType, colorForV3>(),

@@ -1,6 +1,7 @@
 // BButton: a button that draws its own rounded, coloured background and may carry a Font Awesome icon.
 #pragma once
 
+#include "bridge/property.hpp"
 #include "platform/coregraphics/context.hpp"
 #include "platform/foundation/number.hpp"
 #include "platform/uikit/button.hpp"
@@ -60,15 +61,11 @@ struct BButton : bridge::Face<"BButton", UIButton> {
   MESSAGE Method<"initWithCoder:", BButton(bridge::Object)> initWithCoder;
   MESSAGE Method<"setup", void()> setup;
 
-  MESSAGE Method<"color", UIColor()> color;
-  MESSAGE Method<"setColor:", void(UIColor)> setColor;
-  MESSAGE Method<"buttonStyle", NSUInteger()> buttonStyle;
-  MESSAGE Method<"setButtonStyle:", void(NSUInteger)> setButtonStyle;
+  MESSAGE Property<"color", UIColor> color;
+  MESSAGE Property<"buttonStyle", NSUInteger> buttonStyle;
   // Points, chosen by appearance and style when it is first asked for.
-  MESSAGE Method<"buttonCornerRadius", NSNumber()> buttonCornerRadius;
-  MESSAGE Method<"setButtonCornerRadius:", void(NSNumber)> setButtonCornerRadius;
-  MESSAGE Method<"shouldShowDisabled", BOOL()> shouldShowDisabled;
-  MESSAGE Method<"setShouldShowDisabled:", void(BOOL)> setShouldShowDisabled;
+  MESSAGE Property<"buttonCornerRadius", NSNumber> buttonCornerRadius;
+  MESSAGE Property<"shouldShowDisabled", BOOL> shouldShowDisabled;
   MESSAGE Method<"setType:", void(NSUInteger)> setType;
   MESSAGE Method<"setStyle:", void(NSUInteger)> setStyle;
   MESSAGE Method<"setTextAttributesForStyle:", void(NSUInteger)> setTextAttributesForStyle;

@@ -38,10 +38,10 @@ void setUp(RQProgressHUD self) {
   self.setContentMode(UIViewContentModeRedraw);
   beTransparent(self);
   self.setAlpha(0);
-  self.setLabelFont(UIFont::boldSystemFontOfSize(labelFontSize));
-  self.setLabelColor(UIColor::whiteColor());
-  self.setDetailsLabelFont(UIFont::boldSystemFontOfSize(detailsLabelFontSize));
-  self.setDetailsLabelColor(UIColor::whiteColor());
+  self.labelFont.set(UIFont::boldSystemFontOfSize(labelFontSize));
+  self.labelColor.set(UIColor::whiteColor());
+  self.detailsLabelFont.set(UIFont::boldSystemFontOfSize(detailsLabelFontSize));
+  self.detailsLabelColor.set(UIColor::whiteColor());
   state.label = makeLabel(self, self.labelFont(), self.labelColor());
   state.detailsLabel = makeLabel(self, self.detailsLabelFont(), self.detailsLabelColor());
   hud::updateIndicator(self);
@@ -77,7 +77,7 @@ RQProgressHUD showAddedTo(Class, UIView view, BOOL animated) {
 }
 
 void hideAndRemove(RQProgressHUD self, BOOL animated) {
-  self.setRemoveFromSuperViewOnHide(YES);
+  self.removeFromSuperViewOnHide.set(YES);
   self.hide(animated);
 }
 
@@ -113,9 +113,9 @@ BOOL hideAllIn(Class self, UIView view, BOOL animated) {
 
 // Properties.
 
-template <auto Getter, auto Setter, auto Field>
+template <auto Member, auto Field>
 bridge::PropertyEntry property() {
-  return atomicProperty<HUD, Getter, Setter, Field>();
+  return atomicProperty<HUD, Member, Field>();
 }
 
 bridge::BlockRef<void()> completionBlock(RQProgressHUD self) { return HUD::state(self).completionBlock; }
@@ -161,34 +161,24 @@ void defineProgressHUD() {
       method<&UIView::didMoveToSuperview, hud::didMoveToSuperview>(),
       method<&UIView::layoutSubviews, hud::layoutSubviews>(), method<&UIView::drawRect, hud::drawRect>(),
       // Properties.
-      property<&Face::mode, &Face::setMode, &State::mode>(),
-      property<&Face::animationType, &Face::setAnimationType, &State::animationType>(),
-      atomicCopyProperty<HUD, &Face::labelText, &Face::setLabelText, &State::labelText>(),
-      atomicCopyProperty<HUD, &Face::detailsLabelText, &Face::setDetailsLabelText,
-                         &State::detailsLabelText>(),
-      property<&Face::opacity, &Face::setOpacity, &State::opacity>(),
-      property<&Face::color, &Face::setColor, &State::color>(),
-      property<&Face::labelFont, &Face::setLabelFont, &State::labelFont>(),
-      property<&Face::labelColor, &Face::setLabelColor, &State::labelColor>(),
-      property<&Face::detailsLabelFont, &Face::setDetailsLabelFont, &State::detailsLabelFont>(),
-      property<&Face::detailsLabelColor, &Face::setDetailsLabelColor, &State::detailsLabelColor>(),
-      property<&Face::xOffset, &Face::setXOffset, &State::xOffset>(),
-      property<&Face::yOffset, &Face::setYOffset, &State::yOffset>(),
-      property<&Face::dimBackground, &Face::setDimBackground, &State::dimBackground>(),
-      property<&Face::margin, &Face::setMargin, &State::margin>(),
-      property<&Face::cornerRadius, &Face::setCornerRadius, &State::cornerRadius>(),
-      property<&Face::graceTime, &Face::setGraceTime, &State::graceTime>(),
-      property<&Face::minShowTime, &Face::setMinShowTime, &State::minShowTime>(),
-      property<&Face::removeFromSuperViewOnHide, &Face::setRemoveFromSuperViewOnHide,
-               &State::removeFromSuperViewOnHide>(),
-      property<&Face::minSize, &Face::setMinSize, &State::minSize>(),
-      property<&Face::square, &Face::setSquare, &State::square>(),
-      property<&Face::progress, &Face::setProgress, &State::progress>(),
-      property<&Face::customView, &Face::setCustomView, &State::customView>(),
-      property<&Face::taskInProgress, &Face::setTaskInProgress, &State::taskInProgress>(),
-      property<&Face::delegate, &Face::setDelegate, &State::delegate>(),
-      method<&Face::completionBlock, completionBlock>(),
-      method<&Face::setCompletionBlock, setCompletionBlock>(), method<&Face::isFinished, isFinished>());
+      property<&Face::mode, &State::mode>(), property<&Face::animationType, &State::animationType>(),
+      atomicCopyProperty<HUD, &Face::labelText, &State::labelText>(),
+      atomicCopyProperty<HUD, &Face::detailsLabelText, &State::detailsLabelText>(),
+      property<&Face::opacity, &State::opacity>(), property<&Face::color, &State::color>(),
+      property<&Face::labelFont, &State::labelFont>(), property<&Face::labelColor, &State::labelColor>(),
+      property<&Face::detailsLabelFont, &State::detailsLabelFont>(),
+      property<&Face::detailsLabelColor, &State::detailsLabelColor>(),
+      property<&Face::xOffset, &State::xOffset>(), property<&Face::yOffset, &State::yOffset>(),
+      property<&Face::dimBackground, &State::dimBackground>(), property<&Face::margin, &State::margin>(),
+      property<&Face::cornerRadius, &State::cornerRadius>(), property<&Face::graceTime, &State::graceTime>(),
+      property<&Face::minShowTime, &State::minShowTime>(),
+      property<&Face::removeFromSuperViewOnHide, &State::removeFromSuperViewOnHide>(),
+      property<&Face::minSize, &State::minSize>(), property<&Face::square, &State::square>(),
+      property<&Face::progress, &State::progress>(), property<&Face::customView, &State::customView>(),
+      property<&Face::taskInProgress, &State::taskInProgress>(),
+      property<&Face::delegate, &State::delegate>(),
+      bridge::property<&Face::completionBlock, completionBlock, setCompletionBlock>(),
+      method<&Face::isFinished, isFinished>());
 }
 
 }  // namespace tilo

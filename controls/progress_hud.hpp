@@ -2,6 +2,7 @@
 // texts.
 #pragma once
 
+#include "bridge/property.hpp"
 #include "controls/bar_progress_view.hpp"
 #include "controls/round_progress_view.hpp"
 #include "platform/dispatch/dispatch.hpp"
@@ -30,7 +31,7 @@ enum : NSInteger {
 struct RQProgressHUD;
 
 // What a delegate may answer.
-struct RQProgressHUDDelegate : bridge::Face<"RQProgressHUDDelegate", NSObject> {
+struct RQProgressHUDDelegate : bridge::Protocol<"RQProgressHUDDelegate"> {
   MESSAGE Method<"hudWasHidden:", void(RQProgressHUD)> hudWasHidden;
 };
 
@@ -71,60 +72,35 @@ struct RQProgressHUD : bridge::Face<"RQProgressHUD", UIView> {
                  void(BOOL, bridge::BlockRef<void()>, dispatch_queue_s*, bridge::BlockRef<void()>)>
       showAnimated_whileExecutingBlock_onQueue_completionBlock;
 
-  MESSAGE Method<"mode", NSInteger()> mode;
-  MESSAGE Method<"setMode:", void(NSInteger)> setMode;
-  MESSAGE Method<"animationType", NSInteger()> animationType;
-  MESSAGE Method<"setAnimationType:", void(NSInteger)> setAnimationType;
-  MESSAGE Method<"labelText", NSString()> labelText;
-  MESSAGE Method<"setLabelText:", void(NSString)> setLabelText;
-  MESSAGE Method<"detailsLabelText", NSString()> detailsLabelText;
-  MESSAGE Method<"setDetailsLabelText:", void(NSString)> setDetailsLabelText;
-  MESSAGE Method<"opacity", float()> opacity;
-  MESSAGE Method<"setOpacity:", void(float)> setOpacity;
+  MESSAGE Property<"mode", NSInteger> mode;
+  MESSAGE Property<"animationType", NSInteger> animationType;
+  MESSAGE Property<"labelText", NSString> labelText;
+  MESSAGE Property<"detailsLabelText", NSString> detailsLabelText;
+  MESSAGE Property<"opacity", float> opacity;
   // The box's fill, of that opacity; nil for black.
-  MESSAGE Method<"color", UIColor()> color;
-  MESSAGE Method<"setColor:", void(UIColor)> setColor;
-  MESSAGE Method<"labelFont", UIFont()> labelFont;
-  MESSAGE Method<"setLabelFont:", void(UIFont)> setLabelFont;
-  MESSAGE Method<"labelColor", UIColor()> labelColor;
-  MESSAGE Method<"setLabelColor:", void(UIColor)> setLabelColor;
-  MESSAGE Method<"detailsLabelFont", UIFont()> detailsLabelFont;
-  MESSAGE Method<"setDetailsLabelFont:", void(UIFont)> setDetailsLabelFont;
-  MESSAGE Method<"detailsLabelColor", UIColor()> detailsLabelColor;
-  MESSAGE Method<"setDetailsLabelColor:", void(UIColor)> setDetailsLabelColor;
+  MESSAGE Property<"color", UIColor> color;
+  MESSAGE Property<"labelFont", UIFont> labelFont;
+  MESSAGE Property<"labelColor", UIColor> labelColor;
+  MESSAGE Property<"detailsLabelFont", UIFont> detailsLabelFont;
+  MESSAGE Property<"detailsLabelColor", UIColor> detailsLabelColor;
   // Of the box from the middle of the view.
-  MESSAGE Method<"xOffset", float()> xOffset;
-  MESSAGE Method<"setXOffset:", void(float)> setXOffset;
-  MESSAGE Method<"yOffset", float()> yOffset;
-  MESSAGE Method<"setYOffset:", void(float)> setYOffset;
-  MESSAGE Method<"dimBackground", BOOL()> dimBackground;
-  MESSAGE Method<"setDimBackground:", void(BOOL)> setDimBackground;
-  MESSAGE Method<"margin", float()> margin;
-  MESSAGE Method<"setMargin:", void(float)> setMargin;
-  MESSAGE Method<"cornerRadius", float()> cornerRadius;
-  MESSAGE Method<"setCornerRadius:", void(float)> setCornerRadius;
-  MESSAGE Method<"graceTime", float()> graceTime;
-  MESSAGE Method<"setGraceTime:", void(float)> setGraceTime;
-  MESSAGE Method<"minShowTime", float()> minShowTime;
-  MESSAGE Method<"setMinShowTime:", void(float)> setMinShowTime;
-  MESSAGE Method<"removeFromSuperViewOnHide", BOOL()> removeFromSuperViewOnHide;
-  MESSAGE Method<"setRemoveFromSuperViewOnHide:", void(BOOL)> setRemoveFromSuperViewOnHide;
-  MESSAGE Method<"minSize", CGSize()> minSize;
-  MESSAGE Method<"setMinSize:", void(CGSize)> setMinSize;
-  MESSAGE Method<"square", BOOL()> square;
-  MESSAGE Method<"setSquare:", void(BOOL)> setSquare;
-  MESSAGE Method<"progress", float()> progress;  // 0 to 1
-  MESSAGE Method<"setProgress:", void(float)> setProgress;
-  MESSAGE Method<"customView", UIView()> customView;
-  MESSAGE Method<"setCustomView:", void(UIView)> setCustomView;
-  MESSAGE Method<"taskInProgress", BOOL()> taskInProgress;
-  MESSAGE Method<"setTaskInProgress:", void(BOOL)> setTaskInProgress;
-  MESSAGE Method<"delegate", RQProgressHUDDelegate()> delegate;  // not retained
-  MESSAGE Method<"setDelegate:", void(RQProgressHUDDelegate)> setDelegate;
-  MESSAGE Method<"isFinished", BOOL()> isFinished;  // shown, and hidden again
+  MESSAGE Property<"xOffset", float> xOffset;
+  MESSAGE Property<"yOffset", float> yOffset;
+  MESSAGE Property<"dimBackground", BOOL> dimBackground;
+  MESSAGE Property<"margin", float> margin;
+  MESSAGE Property<"cornerRadius", float> cornerRadius;
+  MESSAGE Property<"graceTime", float> graceTime;
+  MESSAGE Property<"minShowTime", float> minShowTime;
+  MESSAGE Property<"removeFromSuperViewOnHide", BOOL> removeFromSuperViewOnHide;
+  MESSAGE Property<"minSize", CGSize> minSize;
+  MESSAGE Property<"square", BOOL> square;
+  MESSAGE Property<"progress", float> progress;  // 0 to 1
+  MESSAGE Property<"customView", UIView> customView;
+  MESSAGE Property<"taskInProgress", BOOL> taskInProgress;
+  MESSAGE Property<"delegate", RQProgressHUDDelegate> delegate;  // not retained
+  MESSAGE Method<"isFinished", BOOL()> isFinished;               // shown, and hidden again
   // Called once, when it has been hidden.
-  MESSAGE Method<"completionBlock", bridge::BlockRef<void()>()> completionBlock;
-  MESSAGE Method<"setCompletionBlock:", void(bridge::BlockRef<void()>)> setCompletionBlock;
+  MESSAGE Property<"completionBlock", bridge::BlockRef<void()>> completionBlock;
 };
 
 void defineProgressHUD();

@@ -34,7 +34,7 @@ void useProgressView(RQProgressHUD self) {
 
 void useRoundView(RQProgressHUD self, BOOL annular) {
   useProgressView<RQRoundProgressView>(self);
-  bridge::as<RQRoundProgressView>(indicatorOf(self)).setAnnular(annular);
+  bridge::as<RQRoundProgressView>(indicatorOf(self)).annular.set(annular);
 }
 
 }  // namespace
@@ -60,7 +60,7 @@ void updateIndicator(RQProgressHUD self) {
 void passProgress(RQProgressHUD self) {
   UIView indicator = indicatorOf(self);
   if (indicator.respondsToSelector(bridge::selector<"setProgress:">()))
-    bridge::as<RQRoundProgressView>(indicator).setProgress(self.progress());
+    bridge::as<RQRoundProgressView>(indicator).progress.set(self.progress());
 }
 
 }  // namespace tilo::hud

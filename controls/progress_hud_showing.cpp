@@ -138,10 +138,11 @@ void done(RQProgressHUD self) {
   self.setAlpha(0);
   if (self.removeFromSuperViewOnHide()) self.removeFromSuperview();
   const bridge::Block<void()> completion(self.completionBlock());
-  self.setCompletionBlock({});
+  self.completionBlock.set({});
   if (completion) completion();
   RQProgressHUDDelegate delegate = self.delegate();
-  if (delegate.respondsToSelector(bridge::selector<"hudWasHidden:">())) delegate.hudWasHidden(self);
+  if (bridge::as<NSObject>(delegate).respondsToSelector(bridge::selector<"hudWasHidden:">()))
+    delegate.hudWasHidden(self);
 }
 
 }  // namespace tilo::hud

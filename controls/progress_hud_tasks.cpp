@@ -8,7 +8,7 @@ namespace {
 using bridge::Block;
 
 void run(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block, dispatch_queue_s* queue) {
-  self.setTaskInProgress(YES);
+  self.taskInProgress.set(YES);
   dispatch::onQueue(queue ? queue : dispatch::defaultQueue(),
                     [alive = retained(self), work = Block<void()>(block)] {
                       if (work) work();
@@ -27,7 +27,7 @@ void release(RQProgressHUD self) {
 void showWhileExecuting(RQProgressHUD self, SEL action, bridge::Object target, bridge::Object object,
                         BOOL animated) {
   HUD::state(self).task = {action, retained(target), retained(object)};
-  self.setTaskInProgress(YES);
+  self.taskInProgress.set(YES);
   NSThread::detachNewThreadSelector_toTarget_withObject(bridge::selector<"launchExecution">(), self, {});
   self.show(animated);
 }
@@ -43,7 +43,7 @@ void launchExecution(RQProgressHUD self) {
 }
 
 void cleanUp(RQProgressHUD self) {
-  self.setTaskInProgress(NO);
+  self.taskInProgress.set(NO);
   const Task ended = std::exchange(HUD::state(self).task, {});
   self.hide(HUD::state(self).useAnimation);
 }
@@ -54,7 +54,7 @@ void showWithBlock(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> b
 
 void showWithBlockThen(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block,
                        bridge::BlockRef<void()> completion) {
-  self.setCompletionBlock(completion);
+  self.completionBlock.set(completion);
   run(self, animated, block, dispatch::defaultQueue());
 }
 
@@ -65,7 +65,7 @@ void showWithBlockOnQueue(RQProgressHUD self, BOOL animated, bridge::BlockRef<vo
 
 void showWithBlockOnQueueThen(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block,
                               dispatch_queue_s* queue, bridge::BlockRef<void()> completion) {
-  self.setCompletionBlock(completion);
+  self.completionBlock.set(completion);
   run(self, animated, block, queue);
 }
 

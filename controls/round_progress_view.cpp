@@ -30,8 +30,8 @@ Strong<UIView> initWithFrame(RQRoundProgressView self, CGRect frame) {
   if (!made) return made;
   auto view = bridge::as<RQRoundProgressView>(made.get());
   beTransparent(view);
-  view.setProgressTintColor(UIColor::colorWithWhite_alpha(1, 1));
-  view.setBackgroundTintColor(UIColor::colorWithWhite_alpha(1, 0.1f));
+  view.progressTintColor.set(UIColor::colorWithWhite_alpha(1, 1));
+  view.backgroundTintColor.set(UIColor::colorWithWhite_alpha(1, 0.1f));
   Round::state(view).observation.begin(
       view, {"progress"_ns, "progressTintColor"_ns, "backgroundTintColor"_ns, "annular"_ns});
   return made;
@@ -96,12 +96,10 @@ void defineRoundProgressView() {
   using Face = RQRoundProgressView;
   Round::define<UIView>(
       method<&UIView::initWithFrame, initWithFrame>(), method<&NSObject::init, init>(),
-      atomicProperty<Round, &Face::progress, &Face::setProgress, &RoundState::progress>(),
-      atomicProperty<Round, &Face::progressTintColor, &Face::setProgressTintColor,
-                     &RoundState::progressTintColor>(),
-      atomicProperty<Round, &Face::backgroundTintColor, &Face::setBackgroundTintColor,
-                     &RoundState::backgroundTintColor>(),
-      atomicProperty<Round, &Face::annular, &Face::setAnnular, &RoundState::annular>(),
+      atomicProperty<Round, &Face::progress, &RoundState::progress>(),
+      atomicProperty<Round, &Face::progressTintColor, &RoundState::progressTintColor>(),
+      atomicProperty<Round, &Face::backgroundTintColor, &RoundState::backgroundTintColor>(),
+      atomicProperty<Round, &Face::annular, &RoundState::annular>(),
       method<&NSKeyValueObserving::observeValueForKeyPath_ofObject_change_context, redraw<Face>>(),
       method<&UIView::drawRect, drawRect>());
 }

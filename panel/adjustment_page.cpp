@@ -29,9 +29,9 @@ struct Row {
   void (*keep)(RQPopupView, ColorSlider);
 };
 
-template <auto Setter>
+template <auto Member>
 void keep(RQPopupView self, ColorSlider slider) {
-  bridge::Descriptor<Setter>::send(self.raw, slider);
+  (self.*Member).set(slider);
 }
 
 void addCaption(RQPopupView self, const Row& row, CGFloat top) {
@@ -63,7 +63,7 @@ void addAddButton(RQPopupView self) {
   CGFloat width = self.scrollView().frame().size.width;
   auto button = bridge::make<BButton, &BButton::initWithFrame_type_style>(
       CGRect{{width - addFromRight, addTop}, addSize}, BButtonTypeClear, BButtonStyleBootstrapV3);
-  self.setAddButton(button);
+  self.addButton.set(button);
   button->setTitle_forState("Add"_ns, UIControlStateNormal);
   button->addAwesomeIcon_beforeTitle(plus, YES);
   button->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, addFontSize));
@@ -97,10 +97,10 @@ void store(RQPopupView self, NSString key, NSNumber value) {
 
 void setupControlsForScrollView(RQPopupView self) {
   const Row rows[] = {
-      {"Horizontal Padding"_ns, 170, keys::horiIconPadding, -20, 100, keep<&RQPopupView::setHorSlider>},
-      {"Vertical Padding"_ns, 170, keys::vertIconPadding, -20, 100, keep<&RQPopupView::setVertSlider>},
-      {"Side Inset"_ns, 130, keys::sideIconInset, 0, 500, keep<&RQPopupView::setSideSlider>},
-      {"Top Inset"_ns, 130, keys::topIconInset, 0, 600, keep<&RQPopupView::setTopSlider>},
+      {"Horizontal Padding"_ns, 170, keys::horiIconPadding, -20, 100, keep<&RQPopupView::horSlider>},
+      {"Vertical Padding"_ns, 170, keys::vertIconPadding, -20, 100, keep<&RQPopupView::vertSlider>},
+      {"Side Inset"_ns, 130, keys::sideIconInset, 0, 500, keep<&RQPopupView::sideSlider>},
+      {"Top Inset"_ns, 130, keys::topIconInset, 0, 600, keep<&RQPopupView::topSlider>},
   };
   CGFloat top = firstCaptionTop;
   for (const Row& row : rows) {
@@ -129,7 +129,7 @@ void moveIconsNotification(RQPopupView self, bridge::Object notification) {
   auto alive = bridge::retained(self);
   auto pending = bridge::retained(self.moveTimer());
   pending->invalidate();
-  self.setMoveTimer(NSTimer::scheduledTimerWithTimeInterval_target_selector_userInfo_repeats(
+  self.moveTimer.set(NSTimer::scheduledTimerWithTimeInterval_target_selector_userInfo_repeats(
       quietInterval, self, bridge::selector<"endSliding:">(), {}, NO));
   self.moveIcons(bridge::as<ColorSlider>(bridge::as<NSNotification>(notification).object()));
 }

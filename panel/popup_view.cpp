@@ -9,40 +9,31 @@ namespace {
 using namespace panel;
 using Face = RQPopupView;
 
-template <auto Getter, auto Setter, auto Field>
+template <auto Member, auto Field>
 bridge::PropertyEntry property() {
-  return Popup::property<Getter, Setter, Field>();
+  return Popup::property<Member, Field>();
 }
 
 }  // namespace
 
 void definePopupView() {
+  using bridge::adopts;
   using bridge::method;
   using State = PopupState;
   Popup::define<UIView>(
-      property<&Face::moveTimer, &Face::setMoveTimer, &State::moveTimer>(),
-      property<&Face::toggleButton, &Face::setToggleButton, &State::toggleButton>(),
-      property<&Face::contentView, &Face::setContentView, &State::contentView>(),
-      property<&Face::pickerView, &Face::setPickerView, &State::pickerView>(),
-      property<&Face::toolBar, &Face::setToolBar, &State::toolBar>(),
-      property<&Face::scrollView, &Face::setScrollView, &State::scrollView>(),
-      property<&Face::horSlider, &Face::setHorSlider, &State::horSlider>(),
-      property<&Face::vertSlider, &Face::setVertSlider, &State::vertSlider>(),
-      property<&Face::sideSlider, &Face::setSideSlider, &State::sideSlider>(),
-      property<&Face::topSlider, &Face::setTopSlider, &State::topSlider>(),
-      property<&Face::pan, &Face::setPan, &State::pan>(),
-      property<&Face::horValue, &Face::setHorValue, &State::horValue>(),
-      property<&Face::vertValue, &Face::setVertValue, &State::vertValue>(),
-      property<&Face::sideValue, &Face::setSideValue, &State::sideValue>(),
-      property<&Face::topValue, &Face::setTopValue, &State::topValue>(),
-      property<&Face::data, &Face::setData, &State::data>(),
-      property<&Face::configurations, &Face::setConfigurations, &State::configurations>(),
-      property<&Face::addButton, &Face::setAddButton, &State::addButton>(),
-      property<&Face::pageControl, &Face::setPageControl, &State::pageControl>(),
-      property<&Face::select, &Face::setSelect, &State::select>(),
-      property<&Face::pickerLabel, &Face::setPickerLabel, &State::pickerLabel>(),
-      property<&Face::rowSelected, &Face::setRowSelected, &State::rowSelected>(),
-      property<&Face::rootObj, &Face::setRootObj, &State::rootObj>(),
+      adopts<UIPickerViewDelegate>(), adopts<UIGestureRecognizerDelegate>(), adopts<UIScrollViewDelegate>(),
+      property<&Face::moveTimer, &State::moveTimer>(), property<&Face::toggleButton, &State::toggleButton>(),
+      property<&Face::contentView, &State::contentView>(), property<&Face::pickerView, &State::pickerView>(),
+      property<&Face::toolBar, &State::toolBar>(), property<&Face::scrollView, &State::scrollView>(),
+      property<&Face::horSlider, &State::horSlider>(), property<&Face::vertSlider, &State::vertSlider>(),
+      property<&Face::sideSlider, &State::sideSlider>(), property<&Face::topSlider, &State::topSlider>(),
+      property<&Face::pan, &State::pan>(), property<&Face::horValue, &State::horValue>(),
+      property<&Face::vertValue, &State::vertValue>(), property<&Face::sideValue, &State::sideValue>(),
+      property<&Face::topValue, &State::topValue>(), property<&Face::data, &State::data>(),
+      property<&Face::configurations, &State::configurations>(),
+      property<&Face::addButton, &State::addButton>(), property<&Face::pageControl, &State::pageControl>(),
+      property<&Face::select, &State::select>(), property<&Face::pickerLabel, &State::pickerLabel>(),
+      property<&Face::rowSelected, &State::rowSelected>(), property<&Face::rootObj, &State::rootObj>(),
       // The card.
       method<&NSObject::init, init>(), method<&Face::styleView, styleView>(),
       method<&Face::isDarkMode, isDarkMode>(), method<&Face::controlColor, controlColor>(),

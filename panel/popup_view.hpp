@@ -2,6 +2,7 @@
 // shell.cpp builds and moves the card, adjustment_page.cpp is its first page, presets_page.cpp its second.
 #pragma once
 
+#include "bridge/property.hpp"
 #include "platform/foundation/timer.hpp"
 #include "platform/uikit/page_control.hpp"
 #include "platform/uikit/picker_view.hpp"
@@ -12,54 +13,31 @@
 namespace tilo {
 
 struct RQPopupView : bridge::Face<"RQPopupView", UIView> {
-  MESSAGE Method<"moveTimer", NSTimer()> moveTimer;
-  MESSAGE Method<"setMoveTimer:", void(NSTimer)> setMoveTimer;
-  MESSAGE Method<"toggleButton", BButton()> toggleButton;
-  MESSAGE Method<"setToggleButton:", void(BButton)> setToggleButton;
-  MESSAGE Method<"contentView", UIView()> contentView;
-  MESSAGE Method<"setContentView:", void(UIView)> setContentView;
-  MESSAGE Method<"pickerView", UIPickerView()> pickerView;
-  MESSAGE Method<"setPickerView:", void(UIPickerView)> setPickerView;
-  MESSAGE Method<"toolBar", UIToolbar()> toolBar;
-  MESSAGE Method<"setToolBar:", void(UIToolbar)> setToolBar;
-  MESSAGE Method<"scrollView", UIScrollView()> scrollView;
-  MESSAGE Method<"setScrollView:", void(UIScrollView)> setScrollView;
-  MESSAGE Method<"horSlider", ColorSlider()> horSlider;
-  MESSAGE Method<"setHorSlider:", void(ColorSlider)> setHorSlider;
-  MESSAGE Method<"vertSlider", ColorSlider()> vertSlider;
-  MESSAGE Method<"setVertSlider:", void(ColorSlider)> setVertSlider;
-  MESSAGE Method<"sideSlider", ColorSlider()> sideSlider;
-  MESSAGE Method<"setSideSlider:", void(ColorSlider)> setSideSlider;
-  MESSAGE Method<"topSlider", ColorSlider()> topSlider;
-  MESSAGE Method<"setTopSlider:", void(ColorSlider)> setTopSlider;
-  MESSAGE Method<"pan", UIPanGestureRecognizer()> pan;
-  MESSAGE Method<"setPan:", void(UIPanGestureRecognizer)> setPan;
-  MESSAGE Method<"horValue", UILabel()> horValue;
-  MESSAGE Method<"setHorValue:", void(UILabel)> setHorValue;
-  MESSAGE Method<"vertValue", UILabel()> vertValue;
-  MESSAGE Method<"setVertValue:", void(UILabel)> setVertValue;
-  MESSAGE Method<"sideValue", UILabel()> sideValue;
-  MESSAGE Method<"setSideValue:", void(UILabel)> setSideValue;
-  MESSAGE Method<"topValue", UILabel()> topValue;
-  MESSAGE Method<"setTopValue:", void(UILabel)> setTopValue;
+  MESSAGE Property<"moveTimer", NSTimer> moveTimer;
+  MESSAGE Property<"toggleButton", BButton> toggleButton;
+  MESSAGE Property<"contentView", UIView> contentView;
+  MESSAGE Property<"pickerView", UIPickerView> pickerView;
+  MESSAGE Property<"toolBar", UIToolbar> toolBar;
+  MESSAGE Property<"scrollView", UIScrollView> scrollView;
+  MESSAGE Property<"horSlider", ColorSlider> horSlider;
+  MESSAGE Property<"vertSlider", ColorSlider> vertSlider;
+  MESSAGE Property<"sideSlider", ColorSlider> sideSlider;
+  MESSAGE Property<"topSlider", ColorSlider> topSlider;
+  MESSAGE Property<"pan", UIPanGestureRecognizer> pan;
+  MESSAGE Property<"horValue", UILabel> horValue;
+  MESSAGE Property<"vertValue", UILabel> vertValue;
+  MESSAGE Property<"sideValue", UILabel> sideValue;
+  MESSAGE Property<"topValue", UILabel> topValue;
   // Names of the presets, and their records.
-  MESSAGE Method<"data", NSMutableArray()> data;
-  MESSAGE Method<"setData:", void(NSMutableArray)> setData;
-  MESSAGE Method<"configurations", NSMutableArray()> configurations;
-  MESSAGE Method<"setConfigurations:", void(NSMutableArray)> setConfigurations;
-  MESSAGE Method<"addButton", BButton()> addButton;
-  MESSAGE Method<"setAddButton:", void(BButton)> setAddButton;
-  MESSAGE Method<"pageControl", UIPageControl()> pageControl;
-  MESSAGE Method<"setPageControl:", void(UIPageControl)> setPageControl;
-  MESSAGE Method<"select", BButton()> select;
-  MESSAGE Method<"setSelect:", void(BButton)> setSelect;
-  MESSAGE Method<"pickerLabel", UILabel()> pickerLabel;
-  MESSAGE Method<"setPickerLabel:", void(UILabel)> setPickerLabel;
-  MESSAGE Method<"rowSelected", int()> rowSelected;
-  MESSAGE Method<"setRowSelected:", void(int)> setRowSelected;
+  MESSAGE Property<"data", NSMutableArray> data;
+  MESSAGE Property<"configurations", NSMutableArray> configurations;
+  MESSAGE Property<"addButton", BButton> addButton;
+  MESSAGE Property<"pageControl", UIPageControl> pageControl;
+  MESSAGE Property<"select", BButton> select;
+  MESSAGE Property<"pickerLabel", UILabel> pickerLabel;
+  MESSAGE Property<"rowSelected", int> rowSelected;
   // The very dictionary of ConfigurationManager.
-  MESSAGE Method<"rootObj", NSMutableDictionary()> rootObj;
-  MESSAGE Method<"setRootObj:", void(NSMutableDictionary)> setRootObj;
+  MESSAGE Property<"rootObj", NSMutableDictionary> rootObj;
 
   // Slides the panel in from below the key window; the argument is ignored.
   MESSAGE Method<"show:", void(bridge::Object)> show;

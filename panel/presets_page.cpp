@@ -40,7 +40,7 @@ void addCaption(RQPopupView self, CGFloat pageLeft) {
   CGRect frame = captionFrame;
   frame.origin.x += pageLeft;
   auto caption = bridge::make<UILabel, &UIView::initWithFrame>(frame);
-  self.setPickerLabel(caption);
+  self.pickerLabel.set(caption);
   caption->setText("Saved Presets"_ns);
   caption->setTextColor(self.controlColor());
   caption->setBackgroundColor(UIColor::clearColor());
@@ -50,7 +50,7 @@ void addCaption(RQPopupView self, CGFloat pageLeft) {
 // The panel answers for the counts as well, but is not made the data source.
 bridge::Strong<UIPickerView> makePicker(RQPopupView self, CGFloat pageLeft) {
   auto picker = bridge::make<UIPickerView, &NSObject::init>();
-  self.setPickerView(picker);
+  self.pickerView.set(picker);
   picker->setDelegate(self);
   picker->setFrame(
       {{pageLeft, pickerTop}, {self.frame().size.width, self.scrollView().frame().size.height - pickerLess}});
@@ -195,11 +195,11 @@ void setupPickerView(RQPopupView self) {
 
 void getData(RQPopupView self) {
   // A file that has gone meanwhile is made anew of what is known.
-  self.setConfigurations(NSMutableArray::arrayWithArray(presets::load(self.configurations())));
+  self.configurations.set(NSMutableArray::arrayWithArray(presets::load(self.configurations())));
   auto names = bridge::make<NSMutableArray, &NSObject::init>();
   for (NSUInteger i = 0; i < self.configurations().count(); ++i)
     names->addObject(named(self.configurations(), i));
-  self.setData(names);
+  self.data.set(names);
   bool any = names->count() > 0;
   if (!any) self.pickerLabel().setText("No Saved Presets"_ns);
   self.select().setEnabled(any);
@@ -231,7 +231,7 @@ CGFloat widthForComponent(RQPopupView, UIPickerView picker, NSInteger) {
 }
 
 void didSelectRow(RQPopupView self, UIPickerView, NSInteger row, NSInteger) {
-  self.setRowSelected(static_cast<int>(row));
+  self.rowSelected.set(static_cast<int>(row));
 }
 
 void didHitDone(RQPopupView self) {
@@ -291,8 +291,8 @@ void exportSettings(RQPopupView self) {
   save(keys::horiIconPadding, list.horizontalIconPadding());
   save(keys::vertIconPadding, list.verticalIconPadding());
   RQProgressHUD notice = RQProgressHUD::showHUDAddedTo_animated(self, YES);
-  notice.setMode(RQProgressHUDModeText);
-  notice.setLabelText("Exported Current Icon Layout"_ns);
+  notice.mode.set(RQProgressHUDModeText);
+  notice.labelText.set("Exported Current Icon Layout"_ns);
   notice.hide_afterDelay(YES, noticeTime);
 }
 

@@ -42,7 +42,7 @@ CGSize sizeOf(UIView view) { return view.frame().size; }
 
 void addContentView(RQPopupView self) {
   auto content = bridge::make<UIView, &UIView::initWithFrame>(cardFrame);
-  self.setContentView(content);
+  self.contentView.set(content);
   content->setClipsToBounds(YES);
   content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   self.layer().setCornerRadius(cardCornerRadius);
@@ -91,7 +91,7 @@ void addCloseBox(RQPopupView self) {
 void addToggle(RQPopupView self) {
   auto toggle = bridge::make<BButton, &BButton::initWithFrame_type_style>(toggleFrame, BButtonTypeClear,
                                                                           BButtonStyleBootstrapV3);
-  self.setToggleButton(toggle);
+  self.toggleButton.set(toggle);
   toggle->addAwesomeIcon_beforeTitle(circledChevronUp, YES);
   toggle->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, toggleFontSize));
   toggle->setTitleColor_forState(self.controlColor(), UIControlStateNormal);
@@ -119,7 +119,7 @@ bridge::Strong<NSObject> init(RQPopupView self) {
   if (!made) return nullptr;
   made->setAutoresizesSubviews(YES);
   addContentView(made);
-  made->setRootObj(ConfigurationManager::sharedManager().configuration());
+  made->rootObj.set(ConfigurationManager::sharedManager().configuration());
   setUp(made);
   NSNotificationCenter::defaultCenter().addObserver_selector_name_object(
       made.get(), bridge::selector<"moveIconsNotification:">(), "slider_buttons_pressed"_ns, {});
@@ -174,7 +174,7 @@ void setupScrollView(RQPopupView self) {
   CGSize card = sizeOf(self);
   auto view = bridge::make<UIScrollView, &UIView::initWithFrame>(
       CGRect{{0, scrollViewTop}, {card.width, card.height - scrollViewLess}});
-  self.setScrollView(view);
+  self.scrollView.set(view);
   view->setShowsHorizontalScrollIndicator(NO);
   view->setScrollEnabled(YES);
   view->setPagingEnabled(YES);
@@ -191,7 +191,7 @@ void setupPageControl(RQPopupView self) {
   CGSize card = sizeOf(self);
   CGPoint origin{card.width / 2 - pageControlFromMiddle, card.height - pageControlFromBottom};
   auto control = bridge::make<UIPageControl, &UIView::initWithFrame>(CGRect{origin, pageControlSize});
-  self.setPageControl(control);
+  self.pageControl.set(control);
   control->setNumberOfPages(static_cast<NSInteger>(pages));
   control->setCurrentPage(0);
   self.contentView().addSubview(control);
@@ -200,7 +200,7 @@ void setupPageControl(RQPopupView self) {
 void setupPanGesture(RQPopupView self) {
   auto pan = bridge::make<UIPanGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
       self, bridge::selector<"handlePanGesture:">());
-  self.setPan(pan);
+  self.pan.set(pan);
   self.addGestureRecognizer(pan);
   pan->setDelegate(self);
 }

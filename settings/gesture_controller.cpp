@@ -5,6 +5,7 @@
 #include "panel/popup_view.hpp"
 #include "platform/dispatch/dispatch.hpp"
 #include "platform/uikit/application.hpp"
+#include "platform/uikit/gesture_recognizer.hpp"
 #include "settings/log/console_log.hpp"
 #include "settings/store/configuration_manager.hpp"
 #include "settings/store/presets_file.hpp"
@@ -37,7 +38,7 @@ RQGestureController sharedInstance(Class) {
 }
 
 void update(RQGestureController self) {
-  self.setRootObj(ConfigurationManager::sharedManager().configuration());
+  self.rootObj.set(ConfigurationManager::sharedManager().configuration());
   self.updateConfigWithValue(static_cast<int>(Values(self.rootObj()).count(keys::customPreset)));
   consoleDebugLog("RQGestureController",
                   "got preferences from gesture "_ns.stringByAppendingString(described(self.rootObj())));
@@ -50,7 +51,7 @@ void showPopup(RQGestureController self) {
   bool onScreen = self.popView().isDescendantOfView(window);
   if (onScreen || !enabled || !quick) return;
   auto panel = bridge::make<RQPopupView, &NSObject::init>();
-  self.setPopView(panel);
+  self.popView.set(panel);
   self.popView().show(self.gestureView());
 }
 
@@ -58,7 +59,7 @@ void updateConfig(RQGestureController self, int position) {
   auto presets = presets::renumbered(presets::load());
   for (NSUInteger i = 0; i < presets->count(); ++i) {
     NSDictionary preset = bridge::as<NSDictionary>(presets->objectAtIndex(i));
-    if (Values(preset).index(keys::value) == position) self.setCurrentPreset(preset);
+    if (Values(preset).index(keys::value) == position) self.currentPreset.set(preset);
   }
 }
 
@@ -71,14 +72,15 @@ void savePrefs(RQGestureController, NSString key, bridge::Object value) {
 void defineGestureController() {
   using bridge::method;
   using Face = RQGestureController;
-  Controller::define<NSObject>(
-      method<&Face::sharedInstance, sharedInstance>(), method<&Face::update, update>(),
-      method<&Face::showPopup, showPopup>(), method<&Face::updateConfigWithValue, updateConfig>(),
-      method<&Face::savePrefsWithKey_value, savePrefs>(),
-      Controller::property<&Face::gestureView, &Face::setGestureView, &ControllerState::gestureView>(),
-      Controller::property<&Face::popView, &Face::setPopView, &ControllerState::popView>(),
-      Controller::property<&Face::currentPreset, &Face::setCurrentPreset, &ControllerState::currentPreset>(),
-      Controller::property<&Face::rootObj, &Face::setRootObj, &ControllerState::rootObj>());
+  Controller::define<NSObject>(bridge::adopts<UIGestureRecognizerDelegate>(),
+                               method<&Face::sharedInstance, sharedInstance>(),
+                               method<&Face::update, update>(), method<&Face::showPopup, showPopup>(),
+                               method<&Face::updateConfigWithValue, updateConfig>(),
+                               method<&Face::savePrefsWithKey_value, savePrefs>(),
+                               Controller::property<&Face::gestureView, &ControllerState::gestureView>(),
+                               Controller::property<&Face::popView, &ControllerState::popView>(),
+                               Controller::property<&Face::currentPreset, &ControllerState::currentPreset>(),
+                               Controller::property<&Face::rootObj, &ControllerState::rootObj>());
 }
 
 }  // namespace tilo

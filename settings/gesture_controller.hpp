@@ -1,6 +1,7 @@
 // RQGestureController: stands between SpringBoard's gestures, the Quick Settings panel and the stores.
 #pragma once
 
+#include "bridge/property.hpp"
 #include "platform/foundation/dictionary.hpp"
 #include "platform/uikit/view.hpp"
 
@@ -11,17 +12,13 @@ struct RQPopupView;
 struct RQGestureController : bridge::Face<"RQGestureController", NSObject> {
   static constexpr bridge::ClassMethod<"RQGestureController", "sharedInstance", RQGestureController()>
       sharedInstance{};
-  MESSAGE Method<"gestureView", UIView()> gestureView;
-  MESSAGE Method<"setGestureView:", void(UIView)> setGestureView;
+  MESSAGE Property<"gestureView", UIView> gestureView;
   // The panel that was opened last, kept after it closes.
-  MESSAGE Method<"popView", RQPopupView()> popView;
-  MESSAGE Method<"setPopView:", void(RQPopupView)> setPopView;
+  MESSAGE Property<"popView", RQPopupView> popView;
   // The selected preset, its "value" being its position; nil until one was found.
-  MESSAGE Method<"currentPreset", NSDictionary()> currentPreset;
-  MESSAGE Method<"setCurrentPreset:", void(NSDictionary)> setCurrentPreset;
+  MESSAGE Property<"currentPreset", NSDictionary> currentPreset;
   // The very dictionary of ConfigurationManager.
-  MESSAGE Method<"rootObj", NSMutableDictionary()> rootObj;
-  MESSAGE Method<"setRootObj:", void(NSMutableDictionary)> setRootObj;
+  MESSAGE Property<"rootObj", NSMutableDictionary> rootObj;
   MESSAGE Method<"update", void()> update;
   // Opens a new panel, unless one is on screen or the settings "enabled" and "quick" are not both on.
   MESSAGE Method<"showPopup", void()> showPopup;

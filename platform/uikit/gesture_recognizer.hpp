@@ -90,7 +90,7 @@ struct UILongPressGestureRecognizer : bridge::Face<"UILongPressGestureRecognizer
 };
 
 // What a delegate may implement; it is asked only what it responds to.
-struct UIGestureRecognizerDelegate : bridge::Object {
+struct UIGestureRecognizerDelegate : bridge::Protocol<"UIGestureRecognizerDelegate"> {
   MESSAGE Method<"gestureRecognizer:shouldReceiveTouch:", BOOL(UIGestureRecognizer, UITouch)>
       gestureRecognizer_shouldReceiveTouch;
   MESSAGE Method<"gestureRecognizerShouldBegin:", BOOL(UIGestureRecognizer)> gestureRecognizerShouldBegin;

@@ -20,12 +20,12 @@ struct UIPickerView : bridge::Face<"UIPickerView", UIView> {
 };
 
 // Asked only what they respond to. Widths and heights in points.
-struct UIPickerViewDataSource : bridge::Object {
+struct UIPickerViewDataSource : bridge::Protocol<"UIPickerViewDataSource"> {
   MESSAGE Method<"numberOfComponentsInPickerView:", NSInteger(UIPickerView)> numberOfComponentsInPickerView;
   MESSAGE Method<"pickerView:numberOfRowsInComponent:", NSInteger(UIPickerView, NSInteger)>
       pickerView_numberOfRowsInComponent;
 };
-struct UIPickerViewDelegate : bridge::Object {
+struct UIPickerViewDelegate : bridge::Protocol<"UIPickerViewDelegate"> {
   MESSAGE Method<"pickerView:titleForRow:forComponent:", NSString(UIPickerView, NSInteger, NSInteger)>
       pickerView_titleForRow_forComponent;
   MESSAGE Method<"pickerView:attributedTitleForRow:forComponent:",

@@ -48,7 +48,7 @@ struct UIScrollView : bridge::Face<"UIScrollView", UIView> {
 
 // What a scroll view's delegate may implement; it is told only what it responds to. The velocity is in points
 // per millisecond; where the view is to come to rest may be changed.
-struct UIScrollViewDelegate : bridge::Object {
+struct UIScrollViewDelegate : bridge::Protocol<"UIScrollViewDelegate"> {
   MESSAGE Method<"scrollViewDidScroll:", void(UIScrollView)> scrollViewDidScroll;
   MESSAGE Method<"scrollViewWillBeginDragging:", void(UIScrollView)> scrollViewWillBeginDragging;
   MESSAGE Method<"scrollViewWillEndDragging:withVelocity:targetContentOffset:",

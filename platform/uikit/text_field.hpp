@@ -74,7 +74,7 @@ struct UITextField : bridge::Face<"UITextField", UIControl> {
 };
 
 // It is asked only what it responds to.
-struct UITextFieldDelegate : bridge::Object {
+struct UITextFieldDelegate : bridge::Protocol<"UITextFieldDelegate"> {
   MESSAGE Method<"textFieldShouldBeginEditing:", BOOL(UITextField)> textFieldShouldBeginEditing;
   MESSAGE Method<"textFieldDidBeginEditing:", void(UITextField)> textFieldDidBeginEditing;
   MESSAGE Method<"textFieldShouldEndEditing:", BOOL(UITextField)> textFieldShouldEndEditing;

@@ -131,16 +131,16 @@ Strong<UITextField> makeNumberField(ColorSlider self, CGFloat width) {
 Strong<ColorSlider> initWithFrameType(ColorSlider self, CGRect frame, NSString type) {
   const CGRect grown{{frame.origin.x + 10, frame.origin.y - 30}, {frame.size.width, frame.size.height + 50}};
   auto made = Slider::superInit<&UIView::initWithFrame>(self, grown);
-  made->setType(type);
+  made->type.set(type);
   made->setMinimumTrackTintColor(rgbColor(13, 247, 255));
   made->setMaximumTrackTintColor(rgbColor(48, 55, 182));
   const CGFloat width = frame.size.width;
-  made->setAddButton(
+  made->addButton.set(
       makeButton(made, width - buttonSize, plusIcon, selectorOf<&ColorSlider::incrementValue>()).get());
-  made->setSubtractButton(makeButton(made, 0, minusIcon, selectorOf<&ColorSlider::decrementValue>()).get());
-  made->setErrorLabel(makeErrorLabel().get());
+  made->subtractButton.set(makeButton(made, 0, minusIcon, selectorOf<&ColorSlider::decrementValue>()).get());
+  made->errorLabel.set(makeErrorLabel().get());
   auto toolbar = makeToolbar(made);
-  made->setValueLabel(makeNumberField(made, width).get());
+  made->valueLabel.set(makeNumberField(made, width).get());
   made->valueLabel().setInputAccessoryView(toolbar);
   made->addSubview(made->valueLabel());
   return made;
@@ -238,11 +238,11 @@ void defineColorSlider() {
   using Face = ColorSlider;
   using State = SliderState;
   Slider::define<UISlider>(
-      Slider::property<&Face::type, &Face::setType, &State::type>(),
-      Slider::property<&Face::valueLabel, &Face::setValueLabel, &State::valueLabel>(),
-      Slider::property<&Face::errorLabel, &Face::setErrorLabel, &State::errorLabel>(),
-      Slider::property<&Face::addButton, &Face::setAddButton, &State::addButton>(),
-      Slider::property<&Face::subtractButton, &Face::setSubtractButton, &State::subtractButton>(),
+      bridge::adopts<UITextFieldDelegate>(), Slider::property<&Face::type, &State::type>(),
+      Slider::property<&Face::valueLabel, &State::valueLabel>(),
+      Slider::property<&Face::errorLabel, &State::errorLabel>(),
+      Slider::property<&Face::addButton, &State::addButton>(),
+      Slider::property<&Face::subtractButton, &State::subtractButton>(),
       method<&Face::initWithFrame_type, initWithFrameType>(), method<&Face::setDarkMode, setDarkMode>(),
       method<&Face::incrementValue, incrementValue>(), method<&Face::decrementValue, decrementValue>(),
       method<&Face::cancelNumberPad, cancelNumberPad>(),

@@ -1,6 +1,7 @@
 // ColorSlider: a slider with a minus and a plus button at its ends and a number field under it.
 #pragma once
 
+#include "bridge/property.hpp"
 #include "controls/button.hpp"
 #include "platform/uikit/alert_controller.hpp"
 #include "platform/uikit/slider.hpp"
@@ -12,16 +13,11 @@ struct ColorSlider : bridge::Face<"ColorSlider", UISlider> {
   // The frame, in points, is that of the caption's row; the control itself is larger. The type is the key of
   // the preference that it edits.
   MESSAGE Method<"initWithFrame:type:", ColorSlider(CGRect, NSString)> initWithFrame_type;
-  MESSAGE Method<"type", NSString()> type;
-  MESSAGE Method<"setType:", void(NSString)> setType;
-  MESSAGE Method<"valueLabel", UITextField()> valueLabel;
-  MESSAGE Method<"setValueLabel:", void(UITextField)> setValueLabel;
-  MESSAGE Method<"errorLabel", UILabel()> errorLabel;
-  MESSAGE Method<"setErrorLabel:", void(UILabel)> setErrorLabel;
-  MESSAGE Method<"addButton", BButton()> addButton;
-  MESSAGE Method<"setAddButton:", void(BButton)> setAddButton;
-  MESSAGE Method<"subtractButton", BButton()> subtractButton;
-  MESSAGE Method<"setSubtractButton:", void(BButton)> setSubtractButton;
+  MESSAGE Property<"type", NSString> type;
+  MESSAGE Property<"valueLabel", UITextField> valueLabel;
+  MESSAGE Property<"errorLabel", UILabel> errorLabel;
+  MESSAGE Property<"addButton", BButton> addButton;
+  MESSAGE Property<"subtractButton", BButton> subtractButton;
 
   MESSAGE Method<"setDarkMode:", void(BOOL)> setDarkMode;
   MESSAGE Method<"incrementValue:", void(bridge::Object)> incrementValue;

@@ -66,8 +66,7 @@ void defineConfigurationManager() {
       method<&ConfigurationManager::sync, sync>(), method<&ConfigurationManager::rows, rows>(),
       method<&ConfigurationManager::columns, columns>(),
       method<&ConfigurationManager::saveWithKey_value, save>(),
-      Manager::property<&ConfigurationManager::configuration, &ConfigurationManager::setConfiguration,
-                        &ManagerState::configuration>());
+      Manager::property<&ConfigurationManager::configuration, &ManagerState::configuration>());
 }
 
 }  // namespace tilo

@@ -36,16 +36,11 @@ struct KeyValue : bridge::Face<"NSObject", NSObject> {
 enum : NSUInteger { NSKeyValueObservingOptionNew = 1, NSKeyValueObservingOptionOld = 2 };
 
 struct Box : bridge::Face<"PropertyTestBox", NSObject> {
-  MESSAGE Method<"item", NSObject()> item;
-  MESSAGE Method<"setItem:", void(NSObject)> setItem;
-  MESSAGE Method<"lid", NSObject()> lid;
-  MESSAGE Method<"setLid:", void(NSObject)> setLid;
-  MESSAGE Method<"size", int()> size;
-  MESSAGE Method<"setSize:", void(int)> setSize;
-  MESSAGE Method<"weight", double()> weight;
-  MESSAGE Method<"setWeight:", void(double)> setWeight;
-  MESSAGE Method<"isOpen", BOOL()> isOpen;
-  MESSAGE Method<"setOpen:", void(BOOL)> setOpen;
+  MESSAGE Property<"item", NSObject> item;
+  MESSAGE Property<"lid", NSObject> lid;
+  MESSAGE Property<"size", int> size;
+  MESSAGE Property<"weight", double> weight;
+  MESSAGE Property<"open", BOOL> open;
   MESSAGE Method<"pad", void()> pad;
 };
 struct BoxState {
@@ -60,12 +55,11 @@ void pad(Box self) { ++BoxClass::state(self).size; }
 
 void defineBox() {
   if (BoxClass::cls) return;
-  BoxClass::define<NSObject>(BoxClass::property<&Box::item, &Box::setItem, &BoxState::item>(),
-                             BoxClass::property<&Box::lid, &Box::setLid, &BoxState::lid>(),
-                             BoxClass::property<&Box::size, &Box::setSize, &BoxState::size>(),
-                             BoxClass::property<&Box::weight, &Box::setWeight, &BoxState::weight>(),
-                             BoxClass::property<&Box::isOpen, &Box::setOpen, &BoxState::open>(),
-                             bridge::method<&Box::pad, pad>());
+  BoxClass::define<NSObject>(
+      BoxClass::property<&Box::item, &BoxState::item>(), BoxClass::property<&Box::lid, &BoxState::lid>(),
+      BoxClass::property<&Box::size, &BoxState::size>(),
+      BoxClass::property<&Box::weight, &BoxState::weight>(),
+      BoxClass::property<&Box::open, &BoxState::open>(), bridge::method<&Box::pad, pad>());
 }
 
 Strong<Box> newBox() {
@@ -80,23 +74,23 @@ TEST(Property, StartsAsItsStateDoes) {
   EXPECT_FALSE(box->item());
   EXPECT_EQ(box->size(), 5);
   EXPECT_EQ(box->weight(), 1.5);
-  EXPECT_EQ(box->isOpen(), NO);
+  EXPECT_EQ(box->open(), NO);
 }
 
 TEST(Property, OfAPlainTypeAnswersWhatWasSet) {
   auto box = newBox();
-  box->setSize(-3);
-  box->setWeight(0.25);
-  box->setOpen(YES);
+  box->size.set(-3);
+  box->weight.set(0.25);
+  box->open.set(YES);
   EXPECT_EQ(box->size(), -3);
   EXPECT_EQ(box->weight(), 0.25);
-  EXPECT_EQ(box->isOpen(), YES);
+  EXPECT_EQ(box->open(), YES);
 }
 
 TEST(Property, OfAnObjectIsRetainedBySettingAndNotByGetting) {
   auto box = newBox();
   auto item = adopt<Counted>(newCounted());
-  box->setItem(item.get());
+  box->item.set(item.get());
   EXPECT_EQ(counts, (Counts{.retains = 1}));
   EXPECT_EQ(box->item(), item.get());
   EXPECT_EQ(box->item(), item.get());
@@ -105,35 +99,35 @@ TEST(Property, OfAnObjectIsRetainedBySettingAndNotByGetting) {
 
 TEST(Property, SetAnewReleasesTheOldObject) {
   auto box = newBox();
-  box->setItem(adopt<Counted>(newCounted()).get());
+  box->item.set(adopt<Counted>(newCounted()).get());
   auto other = adopt<Counted>(newCounted());
-  box->setItem(other.get());
+  box->item.set(other.get());
   EXPECT_EQ(counts, (Counts{.retains = 1, .releases = 1, .deallocs = 1}));
   EXPECT_EQ(box->item(), other.get());
 }
 
 TEST(Property, SetToTheSameObjectKeepsIt) {
   auto box = newBox();
-  box->setItem(adopt<Counted>(newCounted()).get());
+  box->item.set(adopt<Counted>(newCounted()).get());
   test::freshCounts();
-  box->setItem(box->item());
+  box->item.set(box->item());
   EXPECT_EQ(counts, (Counts{.retains = 1, .releases = 1}));
   EXPECT_EQ(box->item().retainCount(), 1u);
 }
 
 TEST(Property, SetToNilReleases) {
   auto box = newBox();
-  box->setItem(adopt<Counted>(newCounted()).get());
+  box->item.set(adopt<Counted>(newCounted()).get());
   test::freshCounts();
-  box->setItem({});
+  box->item.set({});
   EXPECT_EQ(counts, (Counts{.releases = 1, .deallocs = 1}));
   EXPECT_FALSE(box->item());
 }
 
 TEST(Property, IsReleasedWithItsObject) {
   auto box = newBox();
-  box->setItem(adopt<Counted>(newCounted()).get());
-  box->setLid(adopt<Counted>(newCounted()).get());
+  box->item.set(adopt<Counted>(newCounted()).get());
+  box->lid.set(adopt<Counted>(newCounted()).get());
   test::freshCounts();
   box.clear();
   EXPECT_EQ(counts, (Counts{.releases = 2, .deallocs = 2}));
@@ -143,7 +137,7 @@ TEST(KeyValueCoding, ReadsAnObject) {
   Pool pool;
   auto box = newBox();
   auto item = adopt<Counted>(newCounted());
-  box->setItem(item.get());
+  box->item.set(item.get());
   EXPECT_EQ(coding(box).valueForKey("item"_ns), item.get());
   EXPECT_FALSE(coding(box).valueForKey("lid"_ns));
 }
@@ -165,7 +159,7 @@ TEST(KeyValueCoding, ReadsNumbersAsObjects) {
   auto box = newBox();
   EXPECT_EQ(as<NSNumber>(coding(box).valueForKey("size"_ns)).intValue(), 5);
   EXPECT_EQ(as<NSNumber>(coding(box).valueForKey("weight"_ns)).doubleValue(), 1.5);
-  box->setOpen(YES);
+  box->open.set(YES);
   EXPECT_EQ(as<NSNumber>(coding(box).valueForKey("open"_ns)).boolValue(), YES);
 }
 
@@ -177,7 +171,7 @@ TEST(KeyValueCoding, WritesNumbersFromObjects) {
   coding(box).setValue_forKey(NSNumber::numberWithBool(YES), "open"_ns);
   EXPECT_EQ(box->size(), 9);
   EXPECT_EQ(box->weight(), 2.75);
-  EXPECT_EQ(box->isOpen(), YES);
+  EXPECT_EQ(box->open(), YES);
 }
 
 struct Observer : bridge::Face<"PropertyTestObserver", NSObject> {};
@@ -215,8 +209,8 @@ TEST(KeyValueObserving, TellsOfEverySet) {
   auto observer = newObserver();
   int context = 0;
   coding(box).addObserver_forKeyPath_options_context(observer.get(), "size"_ns, oldAndNew, &context);
-  box->setSize(6);
-  box->setSize(8);
+  box->size.set(6);
+  box->size.set(8);
   coding(box).removeObserver_forKeyPath(observer.get(), "size"_ns);
   auto& seen = seenBy(observer);
   ASSERT_EQ(seen.size(), 2u);
@@ -245,11 +239,11 @@ TEST(KeyValueObserving, OfAnObjectAndADouble) {
   Pool pool;
   auto box = newBox();
   auto observer = newObserver();
-  box->setItem(NSNumber::numberWithInt(3));
+  box->item.set(NSNumber::numberWithInt(3));
   coding(box).addObserver_forKeyPath_options_context(observer.get(), "item"_ns, oldAndNew, nullptr);
   coding(box).addObserver_forKeyPath_options_context(observer.get(), "weight"_ns, oldAndNew, nullptr);
-  box->setItem(NSNumber::numberWithInt(4));
-  box->setWeight(2.0);
+  box->item.set(NSNumber::numberWithInt(4));
+  box->weight.set(2.0);
   coding(box).removeObserver_forKeyPath(observer.get(), "item"_ns);
   coding(box).removeObserver_forKeyPath(observer.get(), "weight"_ns);
   auto& seen = seenBy(observer);
@@ -268,7 +262,7 @@ TEST(KeyValueObserving, EndsWithTheObserversRemoval) {
   auto observer = newObserver();
   coding(box).addObserver_forKeyPath_options_context(observer.get(), "size"_ns, oldAndNew, nullptr);
   coding(box).removeObserver_forKeyPath(observer.get(), "size"_ns);
-  box->setSize(6);
+  box->size.set(6);
   EXPECT_TRUE(seenBy(observer).empty());
 }
 
@@ -292,7 +286,7 @@ TEST(KeyValueObserving, OfAnObjectLeavesItsDeallocExact) {
   {
     Pool inner;
     auto box = newBox();
-    box->setItem(adopt<Counted>(newCounted()).get());
+    box->item.set(adopt<Counted>(newCounted()).get());
     coding(box).addObserver_forKeyPath_options_context(observer.get(), "size"_ns, oldAndNew, nullptr);
     coding(box).removeObserver_forKeyPath(observer.get(), "size"_ns);
     EXPECT_EQ(counts.deallocs, 0);

@@ -12,8 +12,7 @@ namespace test {
 
 struct Shared : bridge::Face<"TwoFilesShared", NSObject> {
   static constexpr bridge::ClassMethod<"TwoFilesShared", "count", int()> count{};
-  MESSAGE Method<"value", int()> value;
-  MESSAGE Method<"setValue:", void(int)> setValue;
+  MESSAGE Property<"value", int> value;
 };
 struct SharedState {
   int value = 1;

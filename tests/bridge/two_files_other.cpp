@@ -5,9 +5,8 @@ namespace test {
 
 void defineShared() {
   if (SharedClass::cls) return;
-  SharedClass::define<NSObject>(
-      SharedClass::property<&Shared::value, &Shared::setValue, &SharedState::value>(),
-      bridge::method<&Shared::count, sharedCount>());
+  SharedClass::define<NSObject>(SharedClass::property<&Shared::value, &SharedState::value>(),
+                                bridge::method<&Shared::count, sharedCount>());
 }
 
 void installMore() { bridge::install(bridge::replace<Shared, &Shared::value, morevalue>()); }

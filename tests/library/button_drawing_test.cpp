@@ -119,7 +119,7 @@ TEST(FlatButton, HasRoundCornersOfItsRadius) {
   auto button = screen.add(orange(), 1);
   EXPECT_EQ(screen.at(0, 0), pixelOf(UIColor::blackColor()));
   expectNear(screen.at(2.5, 2.5), orange());
-  button->setButtonCornerRadius(NSNumber::numberWithFloat(15));
+  button->buttonCornerRadius.set(NSNumber::numberWithFloat(15));
   button->setNeedsDisplay();
   EXPECT_EQ(screen.at(2.5, 2.5), pixelOf(UIColor::blackColor()));
 }
@@ -128,7 +128,7 @@ TEST(FlatButton, IsRedrawnInAnotherColor) {
   Screen screen;
   auto button = screen.add(orange(), 1);
   expectNear(screen.fill(), orange());
-  button->setColor(UIColor::blueColor());
+  button->color.set(UIColor::blueColor());
   expectNear(screen.fill(), UIColor::blueColor());
   button->setType(tilo::BButtonTypeSuccess);
   expectNear(screen.fill(), ButtonColor::bb_successColorV3());

@@ -170,7 +170,7 @@ TEST(ArchivedButton, KeepsItsPlaceAndTitleAndIsSetUpAnew) {
   auto original = colored(dark(), 0);
   original->setTitle_forState("Title"_ns, UIControlStateNormal);
   original->setTag(7);
-  original->setShouldShowDisabled(NO);
+  original->shouldShowDisabled.set(NO);
   original->setBackgroundColor(UIColor::redColor());
   const BButton button = archivedAndBack(original);
   ASSERT_TRUE(bridge::isKindOf<BButton>(button));
@@ -238,10 +238,10 @@ TEST(Button, ShowsThatItIsDisabledOrNot) {
   for (const UIColor color : {light(), dark()}) {
     auto button = colored(color);
     const bool isLight = bridge::as<ButtonColor>(color).bb_isLightColor();
-    button->setShouldShowDisabled(NO);
+    button->shouldShowDisabled.set(NO);
     EXPECT_FALSE(button->shouldShowDisabled());
     EXPECT_EQ(titleColor(button, UIControlStateDisabled), isLight ? sim::blackColor : sim::whiteColor);
-    button->setShouldShowDisabled(YES);
+    button->shouldShowDisabled.set(YES);
     EXPECT_TRUE(button->shouldShowDisabled());
     EXPECT_EQ(titleColor(button, UIControlStateDisabled), isLight ? grey(0.4f, 0.5f) : grey(1, 0.5f));
   }
@@ -250,8 +250,8 @@ TEST(Button, ShowsThatItIsDisabledOrNot) {
 TEST(Button, ThatHidesItsDisabledStateKeepsThatTitleColorWithAnotherColor) {
   Home home;
   auto button = colored(light());
-  button->setShouldShowDisabled(NO);
-  button->setColor(dark());
+  button->shouldShowDisabled.set(NO);
+  button->color.set(dark());
   EXPECT_EQ(titleColor(button), sim::whiteColor);
   EXPECT_EQ(titleColor(button, UIControlStateDisabled), sim::blackColor);
 }
@@ -289,9 +289,9 @@ TEST(CornerRadius, StaysOnceItWasAskedFor) {
 TEST(CornerRadius, MayBeTheButtonsOwn) {
   Home home;
   auto button = makeButton();
-  button->setButtonCornerRadius(NSNumber::numberWithFloat(11));
+  button->buttonCornerRadius.set(NSNumber::numberWithFloat(11));
   EXPECT_EQ(button->buttonCornerRadius().floatValue(), 11);
-  button->setButtonCornerRadius({});
+  button->buttonCornerRadius.set({});
   EXPECT_EQ(button->buttonCornerRadius().floatValue(), 4);
 }
 
@@ -299,14 +299,14 @@ TEST(CornerRadius, MayBeThatOfTheAppearance) {
   Home home;
   using Appearance = bridge::ClassMethod<"BButton", "appearance", BButton()>;
   auto own = makeButton();
-  own->setButtonCornerRadius(NSNumber::numberWithFloat(11));
-  Appearance()().setButtonCornerRadius(NSNumber::numberWithFloat(9));
+  own->buttonCornerRadius.set(NSNumber::numberWithFloat(11));
+  Appearance()().buttonCornerRadius.set(NSNumber::numberWithFloat(9));
   EXPECT_EQ(makeButton(0, 0)->buttonCornerRadius().floatValue(), 9);
   EXPECT_EQ(makeButton(0, 1)->buttonCornerRadius().floatValue(), 9);
   EXPECT_EQ(own->buttonCornerRadius().floatValue(), 11);
   auto before = makeButton();
   before->buttonCornerRadius();
-  Appearance()().setButtonCornerRadius({});
+  Appearance()().buttonCornerRadius.set({});
   EXPECT_EQ(before->buttonCornerRadius().floatValue(), 9);
   EXPECT_EQ(makeButton()->buttonCornerRadius().floatValue(), 4);
 }

@@ -139,9 +139,9 @@ TEST_F(NumberControl, TurnsWhiteInTheDarkAndBlackAgain) {
 TEST_F(NumberControl, HasSettersForItsParts) {
   show();
   auto field = bridge::make<UITextField, &UIView::initWithFrame>(CGRect{});
-  slider->setValueLabel(field);
+  slider->valueLabel.set(field);
   EXPECT_TRUE(slider->valueLabel() == field.get());
-  slider->setType("sideIconInset"_ns);
+  slider->type.set("sideIconInset"_ns);
   EXPECT_STREQ(slider->type().UTF8String(), "sideIconInset");
 }
 

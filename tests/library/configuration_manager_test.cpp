@@ -208,12 +208,12 @@ TEST(Configuration, IsSetAndRetained) {
   auto values = bridge::make<NSMutableDictionary, &NSObject::init>();
   values->setObject_forKey(NSNumber::numberWithInt(9), "rows"_ns);
   NSUInteger before = values->retainCount();
-  manager().setConfiguration(values);
+  manager().configuration.set(values);
   EXPECT_EQ(values->retainCount(), before + 1);
   EXPECT_EQ(manager().configuration(), values.get());
   EXPECT_EQ(values->retainCount(), before + 1);
   EXPECT_EQ(manager().rows(), 8);
-  manager().setConfiguration({});
+  manager().configuration.set({});
   EXPECT_EQ(values->retainCount(), before);
   EXPECT_FALSE(manager().configuration());
   EXPECT_EQ(manager().rows(), 6);
@@ -222,7 +222,7 @@ TEST(Configuration, IsSetAndRetained) {
 TEST(Configuration, SetToWhatItIsStays) {
   Home home({"--set", "rows=5"});
   NSUInteger before = manager().configuration().retainCount();
-  manager().setConfiguration(manager().configuration());
+  manager().configuration.set(manager().configuration());
   EXPECT_EQ(manager().configuration().retainCount(), before);
   EXPECT_EQ(manager().rows(), 4);
 }
@@ -240,11 +240,11 @@ TEST(Configuration, CanBeObserved) {
   {
     test::Observation observation(manager(), {"configuration"_ns});
     auto values = bridge::make<NSMutableDictionary, &NSObject::init>();
-    manager().setConfiguration(values);
+    manager().configuration.set(values);
     EXPECT_EQ(test::witnessed, std::vector<std::string>{"configuration"});
     EXPECT_EQ(manager().configuration(), values.get());
   }
-  manager().setConfiguration({});
+  manager().configuration.set({});
   EXPECT_EQ(test::witnessed.size(), 1u);
 }
 

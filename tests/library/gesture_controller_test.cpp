@@ -85,7 +85,7 @@ TEST(Values, FollowNoOtherProcess) {
 
 TEST(Values, AreBoundAnewByAnUpdate) {
   Home home({"--set", "rows=5"});
-  controller().setRootObj({});
+  controller().rootObj.set({});
   controller().update();
   EXPECT_EQ(controller().rootObj(), ConfigurationManager::sharedManager().configuration());
 }
@@ -243,9 +243,9 @@ TEST(Accessors, AreFoundByKeyAndCanBeObserved) {
     test::Observation observation(controller(), keys);
     auto view = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
     auto values = bridge::make<NSMutableDictionary, &NSObject::init>();
-    controller().setGestureView(view);
+    controller().gestureView.set(view);
     bridge::as<Properties>(controller()).setPopView(view.get());
-    controller().setCurrentPreset(values.get());
+    controller().currentPreset.set(values.get());
     test::coding(controller()).setValue_forKey(values, "rootObj"_ns);
     EXPECT_EQ(test::coding(controller()).valueForKey("gestureView"_ns).raw, view.get().raw);
     EXPECT_EQ(test::coding(controller()).valueForKey("popView"_ns).raw, view.get().raw);

@@ -127,7 +127,7 @@ TEST(Pick, TakesNoTime) {
 TEST(Pick, OfTheRowWhereTheWheelStandsTellsOfItAllTheSame) {
   PresetsHome home(layouts({"a", "b", "c"}));
   home.openPresets();
-  home.panel().setRowSelected(2);
+  home.panel().rowSelected.set(2);
   home.step("pick 0");
   EXPECT_EQ(home.panel().rowSelected(), 0);
 }

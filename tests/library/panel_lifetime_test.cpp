@@ -106,7 +106,7 @@ TEST(Panels, LeaveNothingBehindAfterAThousandOfThem) {
   EXPECT_EQ(most, 1);
   // Less than a hundred bytes for each panel.
   EXPECT_LE(after, before + 64 * 1024) << before;
-  home.controller().setPopView({});
+  home.controller().popView.set({});
   EXPECT_EQ(living, 0);
 }
 
@@ -157,7 +157,7 @@ TEST(CancelledPanel, OutlivesANotificationThatTakesItsTimerAway) {
   home.open();
   home.step("increment \"Top Inset\"");
   close(home, "tap \"close\"");
-  home.controller().setPopView({});
+  home.controller().popView.set({});
   ASSERT_EQ(living, 1);
   NSNotificationCenter::defaultCenter().postNotificationName_object("slider_buttons_pressed"_ns, {});
   EXPECT_EQ(living, 1);
@@ -182,7 +182,7 @@ TEST(Panel, IsKeptByItsOwnSlideWhenNobodyElseKeepsIt) {
   countPanels();
   home.open();
   home.panel().didHitCancel();
-  home.controller().setPopView({});
+  home.controller().popView.set({});
   home.wait(0.6);
   EXPECT_EQ(living, 1);
   home.wait(0.2);

@@ -55,7 +55,7 @@ TEST(PanelArrival, PassesTheMiddleAndComesBack) {
 TEST(PanelArrival, IgnoresWhatItIsShownWith) {
   PanelHome home;
   auto view = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{1, 2}, {3, 4}});
-  home.controller().setGestureView(view);
+  home.controller().gestureView.set(view);
   home.open();
   EXPECT_EQ(frameOf(home), (CGRect{{37.5, restingTop}, {300, 390}}));
   EXPECT_FALSE(view->superview());

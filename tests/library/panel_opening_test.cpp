@@ -100,7 +100,7 @@ TEST(OpenPanel, IsShownWithTheGestureView) {
   test::standIn<RQPopupView, &RQPopupView::show, noteShown>();
   home.controller().showPopup();
   auto view = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
-  home.controller().setGestureView(view);
+  home.controller().gestureView.set(view);
   home.controller().showPopup();
   EXPECT_EQ(shownWith, (std::vector<id>{nullptr, view.get().raw}));
 }

@@ -166,7 +166,7 @@ TEST(PanelShell, AnswersItsNamesAsItems) {
   PanelHome home;
   home.open();
   auto names = bridge::make<NSMutableArray, &NSObject::init>();
-  home.panel().setData(names);
+  home.panel().data.set(names);
   EXPECT_EQ(home.panel().items(), names.get());
 }
 

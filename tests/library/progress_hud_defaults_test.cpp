@@ -78,8 +78,8 @@ TEST_F(ProgressHUD, KeepsACopyOfItsTexts) {
   using Mutable = bridge::ClassMethod<"NSMutableString", "stringWithUTF8String:", NSString(const char*)>;
   using Append = bridge::Message<"appendString:", void(NSString)>;
   NSString text = Mutable()("Loading");
-  hud->setLabelText(text);
-  hud->setDetailsLabelText(text);
+  hud->labelText.set(text);
+  hud->detailsLabelText.set(text);
   Append::send(text.raw, " more"_ns);
   EXPECT_STREQ(hud->labelText().UTF8String(), "Loading");
   EXPECT_STREQ(hud->detailsLabelText().UTF8String(), "Loading");
@@ -87,12 +87,12 @@ TEST_F(ProgressHUD, KeepsACopyOfItsTexts) {
 
 TEST_F(ProgressHUD, DiesWithItsView) {
   const NSUInteger before = view->retainCount();
-  hud->setCustomView(bridge::make<UIView, &NSObject::init>().autoreleased());
+  hud->customView.set(bridge::make<UIView, &NSObject::init>().autoreleased());
   {
     const bridge::Pool pool;
     auto other = bridge::make<RQProgressHUD, &RQProgressHUD::initWithView>(view.get());
     view->addSubview(other);
-    other->setMode(2);
+    other->mode.set(2);
     other->removeFromSuperview();
     EXPECT_EQ(other->retainCount(), 1u);
   }

@@ -37,16 +37,16 @@ TEST_F(ProgressHUDDrawing, IsABlackBoxThatLetsAFifthThrough) {
 }
 
 TEST_F(ProgressHUDDrawing, TakesAnotherOpacity) {
-  hud->setOpacity(0.4f);
+  hud->opacity.set(0.4f);
   hud->show(NO);
   expectNear(inBox(), 153, 153, 153);
 }
 
 TEST_F(ProgressHUDDrawing, TakesAColourWithItsOpacity) {
-  hud->setColor(UIColor::redColor());
+  hud->color.set(UIColor::redColor());
   hud->show(NO);
   expectNear(inBox(), 255, 51, 51);
-  hud->setColor(UIColor::redColor().colorWithAlphaComponent(0.5));
+  hud->color.set(UIColor::redColor().colorWithAlphaComponent(0.5));
   hud->show(NO);
   expectNear(inBox(), 255, 153, 153);
 }
@@ -54,13 +54,13 @@ TEST_F(ProgressHUDDrawing, TakesAColourWithItsOpacity) {
 TEST_F(ProgressHUDDrawing, HasRoundCorners) { expectNear(corner(), 255, 255, 255); }
 
 TEST_F(ProgressHUDDrawing, TakesAnotherCornerRadius) {
-  hud->setCornerRadius(0);
+  hud->cornerRadius.set(0);
   hud->show(NO);
   expectNear(corner(), 51, 51, 51);
 }
 
 TEST_F(ProgressHUDDrawing, DimsTheBackgroundTowardsTheEdges) {
-  hud->setDimBackground(YES);
+  hud->dimBackground.set(YES);
   hud->show(NO);
   EXPECT_LT(outside().red, 252);
   EXPECT_GT(outside().red, at(375 / 2.0, 400).red - 5);
@@ -71,7 +71,7 @@ TEST_F(ProgressHUDDrawing, DimsTheBackgroundTowardsTheEdges) {
 
 TEST_F(ProgressHUDDrawing, IsDrawnAnewWhenAModeChangesItsSize) {
   expectNear(outside(), 255, 255, 255);
-  hud->setMode(2);
+  hud->mode.set(2);
   expectNear(outside(), 51, 51, 51);
 }
 

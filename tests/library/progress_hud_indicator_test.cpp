@@ -23,63 +23,63 @@ TEST_F(ProgressHUDIndicator, IsALargeWhiteSpinnerThatTurns) {
 }
 
 TEST_F(ProgressHUDIndicator, IsAPieWhereProgressIsKnown) {
-  hud->setMode(1);
+  hud->mode.set(1);
   ASSERT_EQ(indicators(), 1u);
   EXPECT_FALSE(part<RQRoundProgressView>().annular());
   EXPECT_EQ(part<RQRoundProgressView>().bounds().size, (CGSize{37, 37}));
 }
 
 TEST_F(ProgressHUDIndicator, IsABar) {
-  hud->setMode(2);
+  hud->mode.set(2);
   ASSERT_EQ(indicators(), 1u);
   EXPECT_EQ(part<RQBarProgressView>().bounds().size, (CGSize{120, 20}));
 }
 
 TEST_F(ProgressHUDIndicator, IsARing) {
-  hud->setMode(3);
+  hud->mode.set(3);
   ASSERT_EQ(indicators(), 1u);
   EXPECT_TRUE(part<RQRoundProgressView>().annular());
 }
 
 TEST_F(ProgressHUDIndicator, IsTheCustomView) {
   auto custom = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{}, {30, 20}});
-  hud->setCustomView(custom);
+  hud->customView.set(custom);
   EXPECT_FALSE(custom->superview());
-  hud->setMode(4);
+  hud->mode.set(4);
   EXPECT_EQ(indicators(), 1u);
   EXPECT_TRUE(custom->superview() == hud.get());
 }
 
 TEST_F(ProgressHUDIndicator, FollowsTheCustomView) {
-  hud->setMode(4);
+  hud->mode.set(4);
   EXPECT_EQ(indicators(), 0u);
   auto custom = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{}, {30, 20}});
-  hud->setCustomView(custom);
+  hud->customView.set(custom);
   EXPECT_TRUE(custom->superview() == hud.get());
-  hud->setCustomView({});
+  hud->customView.set({});
   EXPECT_FALSE(custom->superview());
   EXPECT_EQ(indicators(), 0u);
 }
 
 TEST_F(ProgressHUDIndicator, IsNothingBesideText) {
-  hud->setMode(5);
+  hud->mode.set(5);
   EXPECT_EQ(indicators(), 0u);
 }
 
 TEST_F(ProgressHUDIndicator, OfTheRightClassIsKept) {
-  hud->setMode(1);
+  hud->mode.set(1);
   auto round = part<RQRoundProgressView>();
-  hud->setMode(3);
+  hud->mode.set(3);
   EXPECT_TRUE(part<RQRoundProgressView>() == round);
   EXPECT_TRUE(round.annular());
-  hud->setMode(1);
+  hud->mode.set(1);
   EXPECT_TRUE(part<RQRoundProgressView>() == round);
   EXPECT_FALSE(round.annular());
 }
 
 TEST_F(ProgressHUDIndicator, OfAnotherClassIsReplaced) {
   for (const NSInteger mode : {1, 2, 3, 0, 2, 0, 5, 0}) {
-    hud->setMode(mode);
+    hud->mode.set(mode);
     EXPECT_EQ(indicators(), mode == 5 ? 0u : 1u) << mode;
   }
   EXPECT_TRUE(part<UIActivityIndicatorView>().isAnimating());
@@ -87,38 +87,38 @@ TEST_F(ProgressHUDIndicator, OfAnotherClassIsReplaced) {
 
 TEST_F(ProgressHUDIndicator, IsGivenTheProgress) {
   for (const NSInteger mode : {1, 2, 3}) {
-    hud->setMode(mode);
-    hud->setProgress(0.1f * static_cast<float>(mode));
+    hud->mode.set(mode);
+    hud->progress.set(0.1f * static_cast<float>(mode));
     UIView indicator = bridge::as<UIView>(hud->subviews().objectAtIndex(2));
     EXPECT_EQ(bridge::as<RQRoundProgressView>(indicator).progress(), hud->progress()) << mode;
   }
 }
 
 TEST_F(ProgressHUDIndicator, ThatIsNewShowsTheProgressThereIs) {
-  hud->setProgress(0.7f);
-  hud->setMode(2);
+  hud->progress.set(0.7f);
+  hud->mode.set(2);
   EXPECT_EQ(part<RQBarProgressView>().progress(), 0.7f);
 }
 
 TEST_F(ProgressHUDIndicator, WithoutProgressIsLeftAlone) {
-  hud->setProgress(0.7f);
+  hud->progress.set(0.7f);
   EXPECT_TRUE(part<UIActivityIndicatorView>());
 }
 
 TEST_F(ProgressHUDIndicator, StandsBesideLabelsThatFollowTheirKeys) {
-  hud->setLabelText("Loading"_ns);
-  hud->setLabelFont(UIFont::systemFontOfSize(20));
-  hud->setLabelColor(UIColor::redColor());
-  hud->setDetailsLabelText("Soon"_ns);
-  hud->setDetailsLabelFont(UIFont::systemFontOfSize(8));
-  hud->setDetailsLabelColor(UIColor::greenColor());
+  hud->labelText.set("Loading"_ns);
+  hud->labelFont.set(UIFont::systemFontOfSize(20));
+  hud->labelColor.set(UIColor::redColor());
+  hud->detailsLabelText.set("Soon"_ns);
+  hud->detailsLabelFont.set(UIFont::systemFontOfSize(8));
+  hud->detailsLabelColor.set(UIColor::greenColor());
   EXPECT_STREQ(label(0).text().UTF8String(), "Loading");
   EXPECT_EQ(label(0).font().pointSize(), 20);
   EXPECT_TRUE(label(0).textColor() == UIColor::redColor());
   EXPECT_STREQ(label(1).text().UTF8String(), "Soon");
   EXPECT_EQ(label(1).font().pointSize(), 8);
   EXPECT_TRUE(label(1).textColor() == UIColor::greenColor());
-  hud->setLabelText({});
+  hud->labelText.set({});
   EXPECT_FALSE(label(0).text());
 }
 
@@ -130,11 +130,11 @@ TEST_F(ProgressHUDIndicator, FollowsKeyValueCodingToo) {
 }
 
 TEST_F(ProgressHUDIndicator, IsLaidOutAnewWithEveryKey) {
-  hud->setMode(5);
-  hud->setLabelText("Loading"_ns);
+  hud->mode.set(5);
+  hud->labelText.set("Loading"_ns);
   layOut();
   const CGSize before = label(0).bounds().size;
-  hud->setLabelFont(UIFont::boldSystemFontOfSize(32));
+  hud->labelFont.set(UIFont::boldSystemFontOfSize(32));
   layOut();
   EXPECT_GT(label(0).bounds().size.width, 1.8 * before.width);
 }

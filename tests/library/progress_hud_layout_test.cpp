@@ -14,9 +14,9 @@ class ProgressHUDLayout : public HUD {
  protected:
   explicit ProgressHUDLayout(std::vector<std::string> options = {}) : HUD(std::move(options)) {
     view->setBackgroundColor(UIColor::blackColor());
-    hud->setColor(UIColor::greenColor());
-    hud->setOpacity(1);
-    hud->setCornerRadius(0);
+    hud->color.set(UIColor::greenColor());
+    hud->opacity.set(1);
+    hud->cornerRadius.set(0);
     hud->show(NO);
   }
 
@@ -63,8 +63,8 @@ TEST_F(ProgressHUDLayout, HasAMarginAroundTheIndicator) {
 }
 
 TEST_F(ProgressHUDLayout, HasAMarginAroundTheText) {
-  hud->setMode(5);
-  hud->setLabelText("Exported Current Icon Layout"_ns);
+  hud->mode.set(5);
+  hud->labelText.set("Exported Current Icon Layout"_ns);
   layOut();
   const CGSize text = textSize(label(0));
   EXPECT_TRUE(near(box(), centred({text.width + 40, text.height + 40})));
@@ -72,9 +72,9 @@ TEST_F(ProgressHUDLayout, HasAMarginAroundTheText) {
 }
 
 TEST_F(ProgressHUDLayout, HasItsPartsOneBelowTheOtherFourPointsApart) {
-  hud->setMode(1);
-  hud->setLabelText("Loading"_ns);
-  hud->setDetailsLabelText("Soon"_ns);
+  hud->mode.set(1);
+  hud->labelText.set("Loading"_ns);
+  hud->detailsLabelText.set("Soon"_ns);
   layOut();
   const CGSize text = textSize(label(0)), details = textSize(label(1));
   const CGRect indicator = part<RQRoundProgressView>().frame();
@@ -87,15 +87,15 @@ TEST_F(ProgressHUDLayout, HasItsPartsOneBelowTheOtherFourPointsApart) {
 }
 
 TEST_F(ProgressHUDLayout, GivesAnEmptyTextNoRoom) {
-  hud->setLabelText(""_ns);
-  hud->setDetailsLabelText({});
+  hud->labelText.set(""_ns);
+  hud->detailsLabelText.set({});
   EXPECT_TRUE(near(box(), centred({77, 77})));
 }
 
 TEST_F(ProgressHUDLayout, CapsTheWidthOfTheTexts) {
-  hud->setMode(5);
-  hud->setLabelText("A text that is longer than the screen of a telephone can be wide"_ns);
-  hud->setDetailsLabelText(
+  hud->mode.set(5);
+  hud->labelText.set("A text that is longer than the screen of a telephone can be wide"_ns);
+  hud->detailsLabelText.set(
       "Another one that is longer than the screen, and goes on in more than one line"_ns);
   layOut();
   for (int i : {0, 1}) {
@@ -107,40 +107,40 @@ TEST_F(ProgressHUDLayout, CapsTheWidthOfTheTexts) {
 }
 
 TEST_F(ProgressHUDLayout, CapsTheHeightOfTheDetails) {
-  hud->setMode(5);
+  hud->mode.set(5);
   std::string text;
   for (int i = 0; i < 500; ++i) text += "word ";
-  hud->setDetailsLabelText(NSString::stringWithUTF8String(text.c_str()));
+  hud->detailsLabelText.set(NSString::stringWithUTF8String(text.c_str()));
   layOut();
   EXPECT_LE(label(1).frame().size.height, 667 - 80);
   EXPECT_LE(box().size.height, 667 - 40);
 }
 
 TEST_F(ProgressHUDLayout, TakesAnotherMargin) {
-  hud->setMargin(5);
+  hud->margin.set(5);
   hud->setNeedsLayout();
   EXPECT_TRUE(near(box(), centred({47, 47})));
 }
 
 TEST_F(ProgressHUDLayout, IsMovedByItsOffsets) {
-  hud->setXOffset(30);
-  hud->setYOffset(-100);
+  hud->xOffset.set(30);
+  hud->yOffset.set(-100);
   hud->show(NO);
   EXPECT_TRUE(near(box(), centred({77, 77}, {30, -100})));
   EXPECT_TRUE(near(part<UIActivityIndicatorView>().frame(), centred({37, 37}, {30, -100})));
 }
 
 TEST_F(ProgressHUDLayout, IsAtLeastAsLargeAsItMust) {
-  hud->setMinSize({150, 20});
+  hud->minSize.set({150, 20});
   hud->show(NO);
   EXPECT_TRUE(near(box(), centred({150, 77})));
   EXPECT_TRUE(near(part<UIActivityIndicatorView>().frame(), centred({37, 37})));
 }
 
 TEST_F(ProgressHUDLayout, MayBeSquare) {
-  hud->setMode(5);
-  hud->setLabelText("Exported Layout"_ns);
-  hud->setSquare(YES);
+  hud->mode.set(5);
+  hud->labelText.set("Exported Layout"_ns);
+  hud->square.set(YES);
   hud->show(NO);
   layOut();
   const CGFloat side = textSize(label(0)).width + 40;
@@ -159,8 +159,8 @@ TEST_F(ProgressHUDLayout, StaysInTheMiddleOfAViewThatGrows) {
 }
 
 TEST_F(ProgressHUDLayout, HasRoomForAViewSmallerThanItsMargins) {
-  hud->setLabelText("Loading"_ns);
-  hud->setDetailsLabelText("Soon"_ns);
+  hud->labelText.set("Loading"_ns);
+  hud->detailsLabelText.set("Soon"_ns);
   hud->setFrame({{0, 0}, {50, 40}});
   layOut();
   EXPECT_EQ(label(0).frame().size.width, 0);

@@ -56,7 +56,7 @@ TEST_F(ProgressHUDRotation, OfAHUDWithoutAViewDoesNothing) {
 TEST_F(ProgressHUDRotation, IsTheSizeThatItZoomsTo) {
   intoWindow();
   home.step("rotate landscape");
-  hud->setAnimationType(2);
+  hud->animationType.set(2);
   hud->show(YES);
   EXPECT_NEAR(shown(hud.get()).transform.b, 0.5, 1e-6);
   EXPECT_NEAR(shown(hud.get()).transform.a, 0, 1e-6);

@@ -24,11 +24,11 @@ class ProgressHUDShowing : public HUD {
     bridge::Implementation<Delegate>::define<NSObject>(
         bridge::method<&Delegate::hudWasHidden, hudWasHidden>());
     delegate = bridge::make<Delegate, &NSObject::init>();
-    hud->setDelegate(bridge::as<tilo::RQProgressHUDDelegate>(delegate.get()));
+    hud->delegate.set(bridge::as<tilo::RQProgressHUDDelegate>(delegate.get()));
   }
 
   void noteCompletion() {
-    hud->setCompletionBlock(Block<void()>([] { notes.push_back("completed"); }));
+    hud->completionBlock.set(Block<void()>([] { notes.push_back("completed"); }));
   }
 
   Strong<Delegate> delegate;
@@ -55,7 +55,7 @@ TEST_F(ProgressHUDShowing, FadesInWithinThreeTenths) {
 }
 
 TEST_F(ProgressHUDShowing, ZoomsOutFromOneAndAHalf) {
-  hud->setAnimationType(1);
+  hud->animationType.set(1);
   hud->show(YES);
   EXPECT_EQ(alpha(), 0);
   EXPECT_EQ(scale(), 1.5);
@@ -68,7 +68,7 @@ TEST_F(ProgressHUDShowing, ZoomsOutFromOneAndAHalf) {
 }
 
 TEST_F(ProgressHUDShowing, ZoomsInFromAHalf) {
-  hud->setAnimationType(2);
+  hud->animationType.set(2);
   hud->show(YES);
   EXPECT_EQ(alpha(), 0);
   EXPECT_EQ(scale(), 0.5);
@@ -81,7 +81,7 @@ TEST_F(ProgressHUDShowing, ZoomsInFromAHalf) {
 
 TEST_F(ProgressHUDShowing, DoesNotZoomWithoutAnimation) {
   for (const NSInteger type : {1, 2}) {
-    hud->setAnimationType(type);
+    hud->animationType.set(type);
     hud->show(NO);
     EXPECT_EQ(scale(), 1);
     hud->hide(NO);
@@ -107,7 +107,7 @@ TEST_F(ProgressHUDShowing, FadesOutToAlmostNothingAndIsThenGone) {
 }
 
 TEST_F(ProgressHUDShowing, ZoomsOutToAHalf) {
-  hud->setAnimationType(1);
+  hud->animationType.set(1);
   hud->show(NO);
   hud->hide(YES);
   EXPECT_EQ(scale(), 1);
@@ -118,7 +118,7 @@ TEST_F(ProgressHUDShowing, ZoomsOutToAHalf) {
 }
 
 TEST_F(ProgressHUDShowing, ZoomsInToOneAndAHalf) {
-  hud->setAnimationType(2);
+  hud->animationType.set(2);
   hud->show(NO);
   hud->hide(YES);
   pass(0.15);
@@ -128,11 +128,11 @@ TEST_F(ProgressHUDShowing, ZoomsInToOneAndAHalf) {
 }
 
 TEST_F(ProgressHUDShowing, AgainBeginsWithItsOwnSize) {
-  hud->setAnimationType(1);
+  hud->animationType.set(1);
   hud->show(NO);
   hud->hide(YES);
   pass(1);
-  hud->setAnimationType(0);
+  hud->animationType.set(0);
   hud->show(YES);
   EXPECT_EQ(scale(), 1);
   pass(0.3);
@@ -157,15 +157,15 @@ TEST_F(ProgressHUDShowing, HiddenBeforeItWasShownIsGoneAtOnceThoughAnimated) {
 // Times.
 
 TEST_F(ProgressHUDShowing, HasNoGraceTimeUnlessATaskIsInProgress) {
-  hud->setGraceTime(0.25f);
+  hud->graceTime.set(0.25f);
   hud->show(NO);
   pass(1);
   EXPECT_EQ(alpha(), 0);
 }
 
 TEST_F(ProgressHUDShowing, WaitsForTheGraceTimeToTheMillisecond) {
-  hud->setGraceTime(0.25f);
-  hud->setTaskInProgress(YES);
+  hud->graceTime.set(0.25f);
+  hud->taskInProgress.set(YES);
   hud->show(NO);
   pass(0.249);
   EXPECT_EQ(alpha(), 0);
@@ -186,8 +186,8 @@ TEST_F(ProgressHUDShowing, IsAskedForTwiceWithinOneGraceTime) {
 }
 
 TEST_F(ProgressHUDShowing, AfterTheGraceTimeIsAnimatedAsWasAsked) {
-  hud->setGraceTime(0.25f);
-  hud->setTaskInProgress(YES);
+  hud->graceTime.set(0.25f);
+  hud->taskInProgress.set(YES);
   hud->show(YES);
   pass(0.25);
   EXPECT_EQ(alpha(), 0);
@@ -196,17 +196,17 @@ TEST_F(ProgressHUDShowing, AfterTheGraceTimeIsAnimatedAsWasAsked) {
 }
 
 TEST_F(ProgressHUDShowing, IsNotShownWhenTheTaskEndsWithinTheGraceTime) {
-  hud->setGraceTime(0.25f);
-  hud->setTaskInProgress(YES);
+  hud->graceTime.set(0.25f);
+  hud->taskInProgress.set(YES);
   hud->show(NO);
   pass(0.2);
-  hud->setTaskInProgress(NO);
+  hud->taskInProgress.set(NO);
   pass(1);
   EXPECT_EQ(alpha(), 0);
 }
 
 TEST_F(ProgressHUDShowing, StaysForItsLeastTimeToTheMillisecond) {
-  hud->setMinShowTime(1);
+  hud->minShowTime.set(1);
   hud->show(NO);
   pass(0.2);
   hud->hide(NO);
@@ -218,7 +218,7 @@ TEST_F(ProgressHUDShowing, StaysForItsLeastTimeToTheMillisecond) {
 }
 
 TEST_F(ProgressHUDShowing, IsHiddenAtOnceAfterItsLeastTime) {
-  hud->setMinShowTime(1);
+  hud->minShowTime.set(1);
   hud->show(NO);
   pass(1);
   hud->hide(NO);
@@ -226,7 +226,7 @@ TEST_F(ProgressHUDShowing, IsHiddenAtOnceAfterItsLeastTime) {
 }
 
 TEST_F(ProgressHUDShowing, AfterItsLeastTimeIsAnimatedAsWasAsked) {
-  hud->setMinShowTime(1);
+  hud->minShowTime.set(1);
   hud->show(NO);
   pass(0.2);
   hud->hide(YES);
@@ -237,13 +237,13 @@ TEST_F(ProgressHUDShowing, AfterItsLeastTimeIsAnimatedAsWasAsked) {
 }
 
 TEST_F(ProgressHUDShowing, HasNoLeastTimeBeforeItWasShown) {
-  hud->setMinShowTime(1);
+  hud->minShowTime.set(1);
   hud->hide(NO);
   EXPECT_EQ(notes, Notes{"hidden"});
 }
 
 TEST_F(ProgressHUDShowing, HiddenTwiceWithinItsLeastTimeEndsOnce) {
-  hud->setMinShowTime(1);
+  hud->minShowTime.set(1);
   hud->show(NO);
   hud->hide(NO);
   pass(0.1);
@@ -285,7 +285,7 @@ TEST_F(ProgressHUDShowing, ThatEndsForgetsItsDelayedHidings) {
 
 TEST_F(ProgressHUDShowing, EndsWithTheCompletionAndThenTheDelegate) {
   noteCompletion();
-  hud->setRemoveFromSuperViewOnHide(YES);
+  hud->removeFromSuperViewOnHide.set(YES);
   hud->show(NO);
   hud->hide(NO);
   EXPECT_EQ(notes, (Notes{"completed", "hidden and removed"}));
@@ -305,7 +305,7 @@ TEST_F(ProgressHUDShowing, CompletesOnce) {
 TEST_F(ProgressHUDShowing, MayBeginAgainInItsCompletion) {
   static RQProgressHUD same;
   same = hud;
-  hud->setCompletionBlock(Block<void()>([] { same.show(NO); }));
+  hud->completionBlock.set(Block<void()>([] { same.show(NO); }));
   hud->show(NO);
   hud->hide(NO);
   EXPECT_EQ(alpha(), 1);
@@ -319,7 +319,7 @@ TEST_F(ProgressHUDShowing, StaysInItsViewUnlessItIsToBeRemoved) {
   hud->show(NO);
   hud->hide(NO);
   EXPECT_TRUE(hud->superview() == view.get());
-  hud->setRemoveFromSuperViewOnHide(YES);
+  hud->removeFromSuperViewOnHide.set(YES);
   hud->show(NO);
   hud->hide(NO);
   EXPECT_FALSE(hud->superview());
@@ -327,14 +327,14 @@ TEST_F(ProgressHUDShowing, StaysInItsViewUnlessItIsToBeRemoved) {
 
 TEST_F(ProgressHUDShowing, AsksNothingOfADelegateThatDoesNotAnswer) {
   auto mute = bridge::make<NSObject, &NSObject::init>();
-  hud->setDelegate(bridge::as<tilo::RQProgressHUDDelegate>(mute.get()));
+  hud->delegate.set(bridge::as<tilo::RQProgressHUDDelegate>(mute.get()));
   hud->show(NO);
   hud->hide(NO);
   EXPECT_TRUE(hud->isFinished());
 }
 
 TEST_F(ProgressHUDShowing, LivesUntilItsAnimationIsOver) {
-  hud->setRemoveFromSuperViewOnHide(YES);
+  hud->removeFromSuperViewOnHide.set(YES);
   {
     const bridge::Pool pool;
     hud->show(NO);
@@ -348,8 +348,8 @@ TEST_F(ProgressHUDShowing, LivesUntilItsAnimationIsOver) {
 
 TEST_F(ProgressHUDShowing, IsReportedWhileItIsShown) {
   EXPECT_EQ(home.report()["hud"], nullptr);
-  hud->setMode(5);
-  hud->setLabelText("Exported"_ns);
+  hud->mode.set(5);
+  hud->labelText.set("Exported"_ns);
   hud->show(YES);
   EXPECT_EQ(home.report()["hud"], (sim::Json{{"text", "Exported"}, {"mode", 5}, {"alpha", 0}}));
   home.step("wait 0.3");

@@ -52,7 +52,7 @@ class ProgressHUDTask : public HUD {
     bridge::Implementation<Worker>::define<NSObject>(bridge::method<&Worker::work, work>(),
                                                      bridge::method<&Worker::hudWasHidden, hudWasHidden>());
     worker = bridge::make<Worker, &NSObject::init>();
-    hud->setDelegate(bridge::as<tilo::RQProgressHUDDelegate>(worker.get()));
+    hud->delegate.set(bridge::as<tilo::RQProgressHUDDelegate>(worker.get()));
   }
 
   void showForThread(BOOL animated) {
@@ -163,7 +163,7 @@ TEST_F(ProgressHUDTask, OfABlockIsFollowedByItsCompletion) {
 }
 
 TEST_F(ProgressHUDTask, OfABlockLeavesACompletionThatIsThereAlready) {
-  hud->setCompletionBlock(Block<void()>([] { note("completed"); }));
+  hud->completionBlock.set(Block<void()>([] { note("completed"); }));
   showForBlock(NO);
   sim::settle();
   EXPECT_EQ(notes, (Notes{"begin", "end", "completed*", "hidden*"}));
@@ -197,7 +197,7 @@ TEST_F(ProgressHUDTask, MayBeABlockOnTheMainQueue) {
 
 TEST_F(ProgressHUDTask, KeepsTheBoxAlive) {
   view->addSubview(hud);
-  hud->setRemoveFromSuperViewOnHide(YES);
+  hud->removeFromSuperViewOnHide.set(YES);
   workTime = 1;
   const bridge::Pool pool;
   showForBlock(YES);
@@ -210,7 +210,7 @@ TEST_F(ProgressHUDTask, KeepsTheBoxAlive) {
 // The time that a box is held back.
 
 TEST_F(ProgressHUDTask, ThatEndsWithinTheGraceTimeShowsNothing) {
-  hud->setGraceTime(0.5f);
+  hud->graceTime.set(0.5f);
   workTime = 0.4;
   showForBlock(YES);
   for (int i = 0; i < 20; ++i) {
@@ -222,7 +222,7 @@ TEST_F(ProgressHUDTask, ThatEndsWithinTheGraceTimeShowsNothing) {
 }
 
 TEST_F(ProgressHUDTask, ThatTakesLongerThanTheGraceTimeShowsTheBoxThen) {
-  hud->setGraceTime(0.5f);
+  hud->graceTime.set(0.5f);
   workTime = 2;
   showForThread(NO);
   pass(0.4995);
@@ -234,7 +234,7 @@ TEST_F(ProgressHUDTask, ThatTakesLongerThanTheGraceTimeShowsTheBoxThen) {
 }
 
 TEST_F(ProgressHUDTask, ThatEndsEarlyLeavesTheBoxForItsLeastTime) {
-  hud->setMinShowTime(1);
+  hud->minShowTime.set(1);
   workTime = 0.2;
   showForBlock(NO);
   pass(0.9995);
@@ -247,15 +247,15 @@ TEST_F(ProgressHUDTask, ThatEndsEarlyLeavesTheBoxForItsLeastTime) {
 
 TEST_F(ProgressHUDTask, ChangesThePropertiesOfTheBoxOnTheMainThread) {
   hudOfWorker = hud;
-  hud->setMode(1);
+  hud->mode.set(1);
   hud->showAnimated_whileExecutingBlock(NO, Block<void()>([] {
-                                          hudOfWorker.setProgress(0.25f);
-                                          hudOfWorker.setLabelText("Halfway"_ns);
-                                          hudOfWorker.setDetailsLabelText("There is more"_ns);
-                                          hudOfWorker.setLabelColor(UIColor::redColor());
+                                          hudOfWorker.progress.set(0.25f);
+                                          hudOfWorker.labelText.set("Halfway"_ns);
+                                          hudOfWorker.detailsLabelText.set("There is more"_ns);
+                                          hudOfWorker.labelColor.set(UIColor::redColor());
                                           Sleeping::forSeconds(1);
-                                          hudOfWorker.setMode(2);
-                                          hudOfWorker.setProgress(0.75f);
+                                          hudOfWorker.mode.set(2);
+                                          hudOfWorker.progress.set(0.75f);
                                           Sleeping::forSeconds(1);
                                         }));
   sim::settle();
@@ -272,7 +272,7 @@ TEST_F(ProgressHUDTask, LeavesTheLabelsToTheMainThread) {
   static UILabel ownLabel;
   hudOfWorker = hud, ownLabel = label(0);
   hud->showAnimated_whileExecutingBlock(NO, Block<void()>([] {
-                                          hudOfWorker.setLabelText("Halfway"_ns);
+                                          hudOfWorker.labelText.set("Halfway"_ns);
                                           note(ownLabel.text() ? "changed at once" : "not changed yet");
                                         }));
   sim::settle();
@@ -286,8 +286,8 @@ TEST_F(ProgressHUDTask, MayChangeAPropertyWhileTheMainThreadReadsIt) {
   dispatch::onQueue(dispatch::defaultQueue(), [] {
     for (int i = 0; i < 300; ++i) {
       const bridge::Pool pool;
-      hudOfWorker.setLabelText(NSString::stringWithUTF8String(std::to_string(i).c_str()));
-      hudOfWorker.setProgress(static_cast<float>(i) / 300);
+      hudOfWorker.labelText.set(NSString::stringWithUTF8String(std::to_string(i).c_str()));
+      hudOfWorker.progress.set(static_cast<float>(i) / 300);
     }
   });
   for (int i = 0; i < 300; ++i) {
@@ -321,9 +321,9 @@ TEST_F(ProgressHUDTask, MayChangeAProgressViewByItself) {
   view->addSubview(bar);
   notes.clear();
   dispatch::onQueue(dispatch::defaultQueue(), [] {
-    round.setProgress(0.5f);
-    bar.setProgress(0.5f);
-    bar.setLineColor(UIColor::redColor());
+    round.progress.set(0.5f);
+    bar.progress.set(0.5f);
+    bar.lineColor.set(UIColor::redColor());
     note("changed");
   });
   sim::settle();

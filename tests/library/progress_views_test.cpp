@@ -83,55 +83,55 @@ TEST_F(RoundProgressView, WithoutProgressIsAnOutlinedDisc) {
 }
 
 TEST_F(RoundProgressView, FillsAPieClockwiseFromTheTop) {
-  view->setProgress(0.3f);  // 3.6 hours
+  view->progress.set(0.3f);  // 3.6 hours
   for (const double hour : {0.3, 2.0, 3.3}) EXPECT_TRUE(isWhite(atHour(hour, 10))) << hour;
   for (const double hour : {3.9, 6.0, 9.0, 11.7}) EXPECT_TRUE(isFaint(atHour(hour, 10))) << hour;
   for (const double hour : {1.0, 7.0}) EXPECT_TRUE(isWhite(atHour(hour, 17.5))) << hour;
 }
 
 TEST_F(RoundProgressView, IsFullAtTheEnd) {
-  view->setProgress(1);
+  view->progress.set(1);
   for (int hour = 0; hour < 12; ++hour) EXPECT_TRUE(isWhite(atHour(hour, 10))) << hour;
 }
 
 TEST_F(RoundProgressView, DrawsNoMoreThanAllAndNoLessThanNothing) {
-  view->setProgress(1.4f);
+  view->progress.set(1.4f);
   EXPECT_TRUE(isWhite(atHour(5, 10)));
-  view->setProgress(-0.4f);
+  view->progress.set(-0.4f);
   EXPECT_TRUE(isFaint(atHour(5, 10)));
   EXPECT_TRUE(isFaint(atHour(11, 10)));
-  view->setProgress(std::numeric_limits<float>::quiet_NaN());
+  view->progress.set(std::numeric_limits<float>::quiet_NaN());
   EXPECT_TRUE(isFaint(atHour(5, 10)));
 }
 
 TEST_F(RoundProgressView, AsARingWithoutProgressIsFaint) {
-  view->setAnnular(YES);
+  view->annular.set(YES);
   for (int hour = 0; hour < 12; ++hour) EXPECT_TRUE(isFaint(atHour(hour, 16))) << hour;
   EXPECT_TRUE(isBlack(atHour(3, 12.5)));
 }
 
 TEST_F(RoundProgressView, AsARingIsFivePointsWide) {
-  view->setAnnular(YES);
-  view->setProgress(1);
+  view->annular.set(YES);
+  view->progress.set(1);
   for (const double radius : {14.0, 16.0, 17.7}) EXPECT_TRUE(isWhite(atHour(4, radius))) << radius;
   EXPECT_TRUE(isBlack(atHour(4, 13)));
   EXPECT_TRUE(isBlack(atHour(4, 19)));
 }
 
 TEST_F(RoundProgressView, AsARingGoesClockwiseFromTheTop) {
-  view->setAnnular(YES);
-  view->setProgress(0.3f);
+  view->annular.set(YES);
+  view->progress.set(0.3f);
   for (const double hour : {0.3, 2.0, 3.3}) EXPECT_TRUE(near(atHour(hour, 16), 255, 255, 255)) << hour;
   for (const double hour : {3.9, 6.0, 9.0, 11.7}) EXPECT_TRUE(isFaint(atHour(hour, 16))) << hour;
 }
 
 TEST_F(RoundProgressView, IsDrawnAnewInItsOtherColours) {
-  view->setProgress(0.5f);
+  view->progress.set(0.5f);
   EXPECT_TRUE(isWhite(atHour(3, 10)));
-  view->setProgressTintColor(UIColor::redColor());
+  view->progressTintColor.set(UIColor::redColor());
   EXPECT_TRUE(near(atHour(3, 10), 255, 0, 0));
   EXPECT_TRUE(near(atHour(9, 17.5), 255, 0, 0));
-  view->setBackgroundTintColor(UIColor::blueColor());
+  view->backgroundTintColor.set(UIColor::blueColor());
   EXPECT_TRUE(near(atHour(9, 10), 0, 0, 255));
 }
 
@@ -160,7 +160,7 @@ TEST_F(BarProgressView, HasRoundEnds) {
 }
 
 TEST_F(BarProgressView, FillsFromTheLeftFourPointsInside) {
-  view->setProgress(0.3f);  // of 112 points
+  view->progress.set(0.3f);  // of 112 points
   EXPECT_TRUE(isBlack(at(3, 10)));
   EXPECT_TRUE(isWhite(at(5, 10)));
   EXPECT_TRUE(isWhite(at(37, 10)));
@@ -173,28 +173,28 @@ TEST_F(BarProgressView, FillsFromTheLeftFourPointsInside) {
 }
 
 TEST_F(BarProgressView, IsFullAtTheEnd) {
-  view->setProgress(1);
+  view->progress.set(1);
   EXPECT_TRUE(isWhite(at(115, 10)));
   EXPECT_TRUE(isBlack(at(117, 10)));
   EXPECT_TRUE(isBlack(at(115, 4.5)));
 }
 
 TEST_F(BarProgressView, DrawsNoMoreThanAllAndNoLessThanNothing) {
-  view->setProgress(7);
+  view->progress.set(7);
   EXPECT_TRUE(isWhite(at(115, 10)));
   EXPECT_TRUE(isBlack(at(117, 10)));
-  view->setProgress(-7);
+  view->progress.set(-7);
   EXPECT_TRUE(isBlack(at(20, 10)));
 }
 
 TEST_F(BarProgressView, IsDrawnAnewInItsOtherColours) {
-  view->setProgress(0.5f);
+  view->progress.set(0.5f);
   EXPECT_TRUE(isWhite(at(20, 10)));
-  view->setProgressColor(UIColor::redColor());
+  view->progressColor.set(UIColor::redColor());
   EXPECT_TRUE(near(at(20, 10), 255, 0, 0));
-  view->setLineColor(UIColor::greenColor());
+  view->lineColor.set(UIColor::greenColor());
   EXPECT_TRUE(near(at(60, 1), 0, 255, 0));
-  view->setProgressRemainingColor(UIColor::blueColor());
+  view->progressRemainingColor.set(UIColor::blueColor());
   EXPECT_TRUE(near(at(100, 10), 0, 0, 255));
 }
 

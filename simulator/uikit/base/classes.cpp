@@ -1,5 +1,7 @@
-// The classes of UIKit, superclasses first; each is defined in its own file.
+// The classes of UIKit, superclasses first, and its protocols; each class is defined in its own file.
 #include "simulator/uikit/base/classes.hpp"
+
+#include "simulator/runtime/protocols.hpp"
 
 namespace sim::uikit {
 
@@ -14,6 +16,8 @@ void defineBezierPath(), defineColor(), defineDevice(), defineFont(), defineStri
     defineAlertController();
 
 void registerClasses() {
+  declareProtocols({"UIGestureRecognizerDelegate", "UIPickerViewDataSource", "UIPickerViewDelegate",
+                    "UIScrollViewDelegate", "UITextFieldDelegate"});
   const auto inOrder = [](auto... define) { (define(), ...); };
   inOrder(defineBezierPath, defineColor, defineDevice, defineFont, defineStringDrawing, defineImage,
           defineLayer, defineResponder, defineApplication, defineView, defineAppearance, defineTouch,

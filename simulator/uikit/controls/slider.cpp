@@ -257,7 +257,7 @@ void defineSlider() {
       method<&Face::setValue, setValue>(), method<&Face::setValue_animated, setValueAnimated>(),
       method<&Face::minimumValue, minimumValue>(), method<&Face::setMinimumValue, setMinimumValue>(),
       method<&Face::maximumValue, maximumValue>(), method<&Face::setMaximumValue, setMaximumValue>(),
-      SliderClass::property<&Face::isContinuous, &Face::setContinuous, &SliderState::continuous>(),
+      SliderClass::accessors<&Face::isContinuous, &Face::setContinuous, &SliderState::continuous>(),
       method<&Face::minimumTrackTintColor, tint<&SliderState::minimumTint>>(),
       method<&Face::setMinimumTrackTintColor, setTint<&SliderState::minimumTint>>(),
       method<&Face::maximumTrackTintColor, tint<&SliderState::maximumTint>>(),

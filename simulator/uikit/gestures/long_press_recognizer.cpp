@@ -51,12 +51,12 @@ void defineLongPressGestureRecognizer() {
   using bridge::method;
   using Face = UILongPressGestureRecognizer;
   LongPressClass::define<UIGestureRecognizer>(
-      LongPressClass::property<&Face::minimumPressDuration, &Face::setMinimumPressDuration,
-                               &LongPressState::minimumDuration>(),
-      LongPressClass::property<&Face::allowableMovement, &Face::setAllowableMovement,
-                               &LongPressState::allowableMovement>(),
-      LongPressClass::property<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
-                               &LongPressState::touchesRequired>(),
+      LongPressClass::accessors<&Face::minimumPressDuration, &Face::setMinimumPressDuration,
+                                &LongPressState::minimumDuration>(),
+      LongPressClass::accessors<&Face::allowableMovement, &Face::setAllowableMovement,
+                                &LongPressState::allowableMovement>(),
+      LongPressClass::accessors<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
+                                &LongPressState::touchesRequired>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesEnded>(),

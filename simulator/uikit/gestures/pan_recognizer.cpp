@@ -108,10 +108,10 @@ void definePanGestureRecognizer() {
   using bridge::method;
   using Face = UIPanGestureRecognizer;
   PanClass::define<UIGestureRecognizer>(
-      PanClass::property<&Face::minimumNumberOfTouches, &Face::setMinimumNumberOfTouches,
-                         &PanState::minimumTouches>(),
-      PanClass::property<&Face::maximumNumberOfTouches, &Face::setMaximumNumberOfTouches,
-                         &PanState::maximumTouches>(),
+      PanClass::accessors<&Face::minimumNumberOfTouches, &Face::setMinimumNumberOfTouches,
+                          &PanState::minimumTouches>(),
+      PanClass::accessors<&Face::maximumNumberOfTouches, &Face::setMaximumNumberOfTouches,
+                          &PanState::maximumTouches>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesEnded>(),

@@ -81,9 +81,9 @@ void defineSwipeGestureRecognizer() {
   using bridge::method;
   using Face = UISwipeGestureRecognizer;
   SwipeClass::define<UIGestureRecognizer>(
-      SwipeClass::property<&Face::direction, &Face::setDirection, &SwipeState::direction>(),
-      SwipeClass::property<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
-                           &SwipeState::touchesRequired>(),
+      SwipeClass::accessors<&Face::direction, &Face::setDirection, &SwipeState::direction>(),
+      SwipeClass::accessors<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
+                            &SwipeState::touchesRequired>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesStop>(),

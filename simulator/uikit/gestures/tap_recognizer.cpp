@@ -81,10 +81,10 @@ void defineTapGestureRecognizer() {
   using bridge::method;
   using Face = UITapGestureRecognizer;
   TapClass::define<UIGestureRecognizer>(
-      TapClass::property<&Face::numberOfTapsRequired, &Face::setNumberOfTapsRequired,
-                         &TapState::tapsRequired>(),
-      TapClass::property<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
-                         &TapState::touchesRequired>(),
+      TapClass::accessors<&Face::numberOfTapsRequired, &Face::setNumberOfTapsRequired,
+                          &TapState::tapsRequired>(),
+      TapClass::accessors<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
+                          &TapState::touchesRequired>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesEnded>(),

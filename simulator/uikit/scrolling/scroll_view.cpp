@@ -75,8 +75,8 @@ physics::ScrollRange rangeOf(double insetBefore, double content, double insetAft
 }
 
 template <auto Getter, auto Setter, auto Field>
-bridge::PropertyEntry property() {
-  return ScrollViewClass::property<Getter, Setter, Field>();
+bridge::Accessors accessors() {
+  return ScrollViewClass::accessors<Getter, Setter, Field>();
 }
 
 }  // namespace
@@ -126,21 +126,21 @@ void defineScrollView() {
       method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::setBounds, setBounds>(),
       method<&Face::contentOffset, contentOffset>(), method<&Face::setContentOffset, setContentOffset>(),
       method<&Face::setContentOffset_animated, setContentOffsetAnimated>(),
-      property<&Face::contentSize, &Face::setContentSize, &State::contentSize>(),
-      property<&Face::contentInset, &Face::setContentInset, &State::contentInset>(),
-      property<&Face::isPagingEnabled, &Face::setPagingEnabled, &State::pagingEnabled>(),
-      property<&Face::bounces, &Face::setBounces, &State::bounces>(),
-      property<&Face::alwaysBounceHorizontal, &Face::setAlwaysBounceHorizontal,
-               &State::alwaysBounceHorizontal>(),
-      property<&Face::alwaysBounceVertical, &Face::setAlwaysBounceVertical, &State::alwaysBounceVertical>(),
-      property<&Face::decelerationRate, &Face::setDecelerationRate, &State::decelerationRate>(),
-      property<&Face::delaysContentTouches, &Face::setDelaysContentTouches, &State::delaysContentTouches>(),
-      property<&Face::canCancelContentTouches, &Face::setCanCancelContentTouches,
-               &State::canCancelContentTouches>(),
-      property<&Face::showsHorizontalScrollIndicator, &Face::setShowsHorizontalScrollIndicator,
-               &State::showsHorizontalIndicator>(),
-      property<&Face::showsVerticalScrollIndicator, &Face::setShowsVerticalScrollIndicator,
-               &State::showsVerticalIndicator>(),
+      accessors<&Face::contentSize, &Face::setContentSize, &State::contentSize>(),
+      accessors<&Face::contentInset, &Face::setContentInset, &State::contentInset>(),
+      accessors<&Face::isPagingEnabled, &Face::setPagingEnabled, &State::pagingEnabled>(),
+      accessors<&Face::bounces, &Face::setBounces, &State::bounces>(),
+      accessors<&Face::alwaysBounceHorizontal, &Face::setAlwaysBounceHorizontal,
+                &State::alwaysBounceHorizontal>(),
+      accessors<&Face::alwaysBounceVertical, &Face::setAlwaysBounceVertical, &State::alwaysBounceVertical>(),
+      accessors<&Face::decelerationRate, &Face::setDecelerationRate, &State::decelerationRate>(),
+      accessors<&Face::delaysContentTouches, &Face::setDelaysContentTouches, &State::delaysContentTouches>(),
+      accessors<&Face::canCancelContentTouches, &Face::setCanCancelContentTouches,
+                &State::canCancelContentTouches>(),
+      accessors<&Face::showsHorizontalScrollIndicator, &Face::setShowsHorizontalScrollIndicator,
+                &State::showsHorizontalIndicator>(),
+      accessors<&Face::showsVerticalScrollIndicator, &Face::setShowsVerticalScrollIndicator,
+                &State::showsVerticalIndicator>(),
       method<&Face::delegate, delegate>(), method<&Face::setDelegate, setDelegate>(),
       method<&Face::panGestureRecognizer, panGestureRecognizer>(),
       method<&Face::isScrollEnabled, isScrollEnabled>(), method<&Face::setScrollEnabled, setScrollEnabled>(),

@@ -250,15 +250,15 @@ void defineTextField() {
       method<&Face::deleteBackward, text_field::deleteBackward>(),
       method<&UIResponder::paste, text_field::paste>(),
       // The keyboard.
-      TextFieldClass::property<&UIResponder::inputView, &Face::setInputView, &State::inputView>(),
-      TextFieldClass::property<&UIResponder::inputAccessoryView, &Face::setInputAccessoryView,
-                               &State::inputAccessoryView>(),
-      TextFieldClass::property<&Face::keyboardType, &Face::setKeyboardType, &State::keyboardType>(),
-      TextFieldClass::property<&Face::keyboardAppearance, &Face::setKeyboardAppearance,
-                               &State::keyboardAppearance>(),
-      TextFieldClass::property<&Face::returnKeyType, &Face::setReturnKeyType, &State::returnKeyType>(),
-      TextFieldClass::property<&Face::enablesReturnKeyAutomatically, &Face::setEnablesReturnKeyAutomatically,
-                               &State::enablesReturnKeyAutomatically>());
+      TextFieldClass::accessors<&UIResponder::inputView, &Face::setInputView, &State::inputView>(),
+      TextFieldClass::accessors<&UIResponder::inputAccessoryView, &Face::setInputAccessoryView,
+                                &State::inputAccessoryView>(),
+      TextFieldClass::accessors<&Face::keyboardType, &Face::setKeyboardType, &State::keyboardType>(),
+      TextFieldClass::accessors<&Face::keyboardAppearance, &Face::setKeyboardAppearance,
+                                &State::keyboardAppearance>(),
+      TextFieldClass::accessors<&Face::returnKeyType, &Face::setReturnKeyType, &State::returnKeyType>(),
+      TextFieldClass::accessors<&Face::enablesReturnKeyAutomatically, &Face::setEnablesReturnKeyAutomatically,
+                                &State::enablesReturnKeyAutomatically>());
 }
 
 }  // namespace sim::uikit

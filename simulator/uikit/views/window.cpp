@@ -108,7 +108,7 @@ void defineWindow() {
       method<&UIWindow::makeKeyWindow, makeKeyWindow>(),
       method<&UIWindow::makeKeyAndVisible, makeKeyAndVisible>(),
       method<&UIWindow::isKeyWindow, isKeyWindow>(), method<&UIWindow::sendEvent, sendEvent>(),
-      WindowClass::property<&UIWindow::windowLevel, &UIWindow::setWindowLevel, &WindowState::level>(),
+      WindowClass::accessors<&UIWindow::windowLevel, &UIWindow::setWindowLevel, &WindowState::level>(),
       method<&UIWindow::rootViewController, rootViewController>(),
       method<&UIWindow::setRootViewController, setRootViewController>(),
       method<&UIResponder::nextResponder, nextResponder>());

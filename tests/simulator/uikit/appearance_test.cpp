@@ -23,7 +23,7 @@ class Appearance : public UIKit {
  protected:
   Appearance() {
     RoundClass::define<UIView>(
-        RoundClass::property<&RoundView::roundness, &RoundView::setRoundness, &RoundState::roundness>());
+        RoundClass::accessors<&RoundView::roundness, &RoundView::setRoundness, &RoundState::roundness>());
     bridge::Implementation<RounderView>::define<RoundView>();
     of<RoundView>().setRoundness({});
   }
