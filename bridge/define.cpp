@@ -12,12 +12,26 @@ struct StateName {
   explicit StateName(const char* className) { std::snprintf(text, sizeof text, "%s_state", className); }
 };
 
+constexpr int lastNumber = 99;
 constexpr uint8_t stateAlignment = 3;  // as a power of two
 
 }  // namespace
 
 Class openClass(Class superclass, const char* name) {
-  return superclass ? objc_allocateClassPair(superclass, name, 0) : nullptr;
+  if (!superclass) return nullptr;
+  Class made = objc_allocateClassPair(superclass, name, 0);
+  for (int number = 2; !made && number <= lastNumber; ++number) {
+    char other[128];
+    std::snprintf(other, sizeof other, "%s.%d", name, number);
+    made = objc_allocateClassPair(superclass, other, 0);
+  }
+  return made;
+}
+
+bool claim(const char* name) {
+  Class made = objc_allocateClassPair(objc_getClass("NSObject"), name, 0);
+  if (made) objc_registerClassPair(made);
+  return made != nullptr;
 }
 
 void addMethod(Class cls, const MethodEntry& entry) {

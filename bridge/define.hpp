@@ -39,8 +39,11 @@ ProtocolEntry adopts() {
   return {P::protocolName.text};
 }
 
-// A new class, not yet known by its name; null when the name is taken or there is no such superclass.
+// A new class, not yet known by its name; null when there is no such superclass. Where somebody has taken the
+// name it gets one that no compiler can give: "BButton.2".
 Class openClass(Class superclass, const char* name);
+// Makes `name`, which must be one that no compiler can give, known to the process; false when it is already.
+bool claim(const char* name);
 void addMethod(Class cls, const MethodEntry& entry);
 void addProtocol(Class cls, const ProtocolEntry& entry);
 
@@ -123,6 +126,7 @@ class Implementation {
     objc_registerClassPair(made);
     offset = stateOffset(made);
     cls = made;
+    storeShared(classOfName<T::className>, made);
   }
 
  private:

@@ -50,6 +50,7 @@ struct Message<Selector, R(A...)> {
   template <class Lazy = R>
   using Shape = Result<Lazy>(A...);
   static constexpr Family family = familyOf(Selector);
+  static constexpr auto selectorName = Selector;
   static constexpr const char* name = Selector.text;
 
   static SEL selector() { return bridge::selector<Selector>(); }
@@ -133,10 +134,10 @@ using Descriptor = typename DescriptorType<decltype(Member)>::Type;
 template <auto Member>
 inline constexpr bool isClassMethod = DescriptorType<decltype(Member)>::ofClass;
 
-// A new object that has run no initialiser.
+// A new object that has run no initialiser, of T's class or of one derived from it.
 template <class T>
-Strong<T> allocate() {
-  return adopt<T>(Message<"alloc", Object()>::send(reinterpret_cast<id>(classNamed<T>())).leak());
+Strong<T> allocate(Class cls = classNamed<T>()) {
+  return adopt<T>(Message<"alloc", Object()>::send(reinterpret_cast<id>(cls)).leak());
 }
 
 // Sends `self`, which is being set up, an initialiser of its own class, and goes on with what that answers.
@@ -147,12 +148,18 @@ Strong<T> initialised(T self, A... arguments) {
   return adopt<T>(D::send(self.raw, arguments...).leak());
 }
 
-// A new object of T, set up by the initialiser `Initialiser` (a member of T's face or of a parent's).
+// A new object of T's class, or of one derived from it, set up by the initialiser `Initialiser` (a member of
+// T's face or of a parent's).
 template <class T, auto Initialiser, class... A>
-Strong<T> make(A... arguments) {
+Strong<T> makeOf(Class cls, A... arguments) {
   using D = Descriptor<Initialiser>;
   static_assert(D::family == Family::initialiser, "make wants an initialiser");
-  return initialised<Initialiser>(as<T>(allocate<T>().leak()), arguments...);
+  return initialised<Initialiser>(as<T>(allocate<T>(cls).leak()), arguments...);
+}
+
+template <class T, auto Initialiser, class... A>
+Strong<T> make(A... arguments) {
+  return makeOf<T, Initialiser>(classNamed<T>(), arguments...);
 }
 
 template <class R, class... A>

@@ -62,11 +62,16 @@ T as(Object object) {
   return as<T>(object.raw);
 }
 
+// What a name stands for in this image: the class of ours that was defined for it, whatever the runtime knows
+// by that name; else what it has been looked up to be.
+template <Name ClassName>
+inline constinit Class classOfName = nullptr;
+
 // The class a face names; nil where the platform has none of that name. Looked up until it is there, then
 // kept.
 template <class T>
 Class classNamed() {
-  static constinit Class cached = nullptr;
+  Class& cached = classOfName<T::className>;
   Class found = loadShared(cached);
   if (!found) storeShared(cached, found = objc_getClass(T::className.text));
   return found;

@@ -49,9 +49,7 @@ inline constexpr Original<Function> original{};
 
 // "-name:" or "+name:".
 template <class D>
-inline constexpr auto signedName = Name("");
-template <Name Selector, class Signature>
-inline constexpr auto signedName<Method<Selector, Signature>> = Name("-") + Selector;
+inline constexpr auto signedName = Name("-") + D::selectorName;
 template <Name ClassName, Name Selector, class Signature>
 inline constexpr auto signedName<ClassMethod<ClassName, Selector, Signature>> = Name("+") + Selector;
 

@@ -155,7 +155,7 @@ Strong<BButton> initWithType(BButton self, CGRect frame, NSUInteger type, NSUInt
 void showIcon(BButton self, NSUInteger icon, CGFloat fontSize) {
   self.titleLabel().setFont(awesomeFont(fontSize));
   self.titleLabel().setTextAlignment(NSTextAlignmentCenter);
-  self.setTitle_forState(IconString::fa_stringForFontAwesomeIcon(icon), UIControlStateNormal);
+  self.setTitle_forState(iconString(icon), UIControlStateNormal);
 }
 
 Strong<BButton> initWithColorIcon(BButton self, CGRect frame, UIColor value, NSUInteger style,
@@ -172,20 +172,16 @@ Strong<BButton> initWithTypeIcon(BButton self, CGRect frame, NSUInteger type, NS
   return made;
 }
 
-// An object of the class that the message went to.
-id allocated(Class self) {
-  return bridge::Message<"alloc", bridge::Object()>::send(reinterpret_cast<id>(self)).leak();
-}
-
+// Of the class that the message went to.
 BButton onlyIconOfType(Class self, NSUInteger icon, NSUInteger type, NSUInteger style) {
-  return bridge::Descriptor<&BButton::initWithFrame_type_style_icon_fontSize>::send(
-             allocated(self), iconFrame, type, style, icon, iconFontSize)
+  return bridge::makeOf<BButton, &BButton::initWithFrame_type_style_icon_fontSize>(self, iconFrame, type,
+                                                                                   style, icon, iconFontSize)
       .autoreleased();
 }
 
 BButton onlyIconOfColor(Class self, NSUInteger icon, UIColor value, NSUInteger style) {
-  return bridge::Descriptor<&BButton::initWithFrame_color_style_icon_fontSize>::send(
-             allocated(self), iconFrame, value, style, icon, iconFontSize)
+  return bridge::makeOf<BButton, &BButton::initWithFrame_color_style_icon_fontSize>(self, iconFrame, value,
+                                                                                    style, icon, iconFontSize)
       .autoreleased();
 }
 
@@ -203,7 +199,7 @@ BOOL isEmpty(BButton self, NSString text) {
 }
 
 void addIcon(BButton self, NSUInteger icon, BOOL before) {
-  NSString title = IconString::fa_stringForFontAwesomeIcon(icon);
+  NSString title = iconString(icon);
   const NSString old = self.currentTitle();
   self.titleLabel().setFont(awesomeFont(self.titleLabel().font().pointSize()));
   if (!self.isStringEmpty(old)) {

@@ -6,12 +6,14 @@
 namespace tilo {
 namespace {
 
-NSString stringForIcon(Class, NSUInteger icon) {
+NSString stringForIcon(Class, NSUInteger icon) { return iconString(icon); }
+
+}  // namespace
+
+NSString iconString(NSUInteger icon) {
   const auto character = static_cast<unsigned short>(icon);
   return NSString::stringWithCharacters_length(&character, 1);
 }
-
-}  // namespace
 
 void addIconString() {
   constexpr auto icon = &IconString::fa_stringForFontAwesomeIcon;

@@ -11,6 +11,9 @@ struct IconString : bridge::Face<"NSString", NSString> {
       fa_stringForFontAwesomeIcon{};
 };
 
+// The same, whoever else has a method of that name.
+NSString iconString(NSUInteger icon);
+
 // Gives NSString this method.
 void addIconString();
 

@@ -54,11 +54,11 @@ void attachGestures(SBIconScrollView self, bool twoFingerTap) {
   SEL action = selector<"swipe:">();
   auto swipe =
       bridge::make<UISwipeGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(self, action);
-  self.setSwipeGesture(swipe);
+  setSwipeGesture(self, swipe);
   swipe->setDirection(UISwipeGestureRecognizerDirectionUp);
   swipe->setDelegate(gestController);
   auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(self, action);
-  self.setTapGesture(tap);
+  setTapGesture(self, tap);
   tap->setNumberOfTouchesRequired(twoFingers);
   tap->setDelegate(gestController);
   attach(self, twoFingerTap ? UIGestureRecognizer(tap) : UIGestureRecognizer(swipe));
@@ -87,7 +87,7 @@ bool feelsForce(UITouch touch) {
 NSString nameIn(NSDictionary info) { return described(bridge::as<NSObject>(info.objectForKey(keys::name))); }
 
 void exchangeGestures(SBIconScrollView self, bool twoFingerTap) {
-  UIGestureRecognizer swipe = self.swipeGesture(), tap = self.tapGesture();
+  UIGestureRecognizer swipe = swipeGesture(self), tap = tapGesture(self);
   self.removeGestureRecognizer(twoFingerTap ? swipe : tap);
   attach(self, twoFingerTap ? tap : swipe);
 }
@@ -117,8 +117,8 @@ void preferencesUpdated(SBIconScrollView self, NSString, NSDictionary info) {
   if (title.isEqualToString("Use Two Finger Tap Instead"_ns)) {
     exchangeGestures(self, flag);
   } else if (title.isEqualToString("Enable Quick Settings"_ns)) {
-    self.swipeGesture().setEnabled(flag);
-    self.tapGesture().setEnabled(flag);
+    swipeGesture(self).setEnabled(flag);
+    tapGesture(self).setEnabled(flag);
   } else if (title.isEqualToString("Quick Settings Dark Mode"_ns)) {
     store(value, keys::isDarkMode);
   }

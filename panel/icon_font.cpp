@@ -26,7 +26,7 @@ void logFailure(id error) {
 
 void registerIconFont() {
   const bridge::Pool pool;  // the file's bytes go at once
-  NSString path = ResourceBundle::frameworkBundle().pathForResource_ofType("FontAwesome"_ns, "ttf"_ns);
+  NSString path = resourceBundle().pathForResource_ofType("FontAwesome"_ns, "ttf"_ns);
   NSData data = NSData::dataWithContentsOfFile(path);
   // Nothing is asked of the system with what could not be read or made: not all of it takes null.
   CGDataProvider* provider = data ? CGDataProviderCreateWithCFData(data.raw) : nullptr;

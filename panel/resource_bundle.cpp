@@ -14,14 +14,16 @@ NSBundle find() {
   return NSBundle::bundleWithPath("/Library/MobileSubstrate/DynamicLibraries/Tilo_Main.bundle"_ns);
 }
 
-NSBundle frameworkBundle(Class) {
+NSBundle frameworkBundle(Class) { return resourceBundle(); }
+
+}  // namespace
+
+NSBundle resourceBundle() {
   static constinit long once = 0;
   static constinit id bundle = nullptr;
   dispatch::once(once, [](void*) { bundle = bridge::retained(find()).leak(); });
   return bridge::as<NSBundle>(bundle);
 }
-
-}  // namespace
 
 void addResourceBundle() {
   constexpr auto member = &ResourceBundle::frameworkBundle;

@@ -5,9 +5,11 @@
 
 namespace tilo {
 
+// The bundle beside the library, by the loader that the device has; looked for once. Nil where it is missing.
+NSBundle resourceBundle();
+
+// The same for others.
 struct ResourceBundle : bridge::Face<"NSBundle", NSBundle> {
-  // The bundle beside the library, by the loader that the device has; looked for once. Nil where it is
-  // missing.
   static constexpr bridge::ClassMethod<"NSBundle", "frameworkBundle", NSBundle()> frameworkBundle{};
 };
 

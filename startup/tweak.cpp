@@ -1,5 +1,6 @@
 // What runs when the loader loads the library into SpringBoard: two routines, in this order, and nothing
 // else.
+#include "bridge/define.hpp"
 #include "controls/button.hpp"
 #include "controls/progress_hud.hpp"
 #include "panel/color_manager.hpp"
@@ -23,7 +24,7 @@ using namespace tilo;
 
 constexpr int bindNow = 2;  // RTLD_NOW, the same everywhere
 
-// Loaded a second time into the same process, the library leaves everything to the first.
+// Of two copies in one process, as two loaders load them, the second leaves everything to the first.
 constinit bool inert = false;
 
 void defineClasses() {
@@ -47,7 +48,7 @@ void registerWithIconSupport() {
 
 __attribute__((constructor)) void constructTweak() {
   bridge::Pool pool;
-  inert = bridge::classNamed<RQGestureController>() != nullptr;
+  inert = !bridge::claim("tilo3.loaded");
   if (inert) return;
   defineClasses();
   registerWithIconSupport();

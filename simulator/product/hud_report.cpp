@@ -2,6 +2,7 @@
 #include "platform/uikit/application.hpp"
 #include "simulator/app/report_values.hpp"
 #include "simulator/device/clock.hpp"
+#include "simulator/product/class_names.hpp"
 #include "simulator/product/product.hpp"
 #include "simulator/uikit/views/view.hpp"
 
@@ -20,12 +21,11 @@ bool isShown(UIView view) { return view.alpha() > 0 || shownAlpha(view) > 0; }
 
 ProgressHUD foremost() {
   ProgressHUD found;
-  const Class cls = bridge::classNamed<ProgressHUD>();
-  if (!cls) return found;
   NSArray windows = UIApplication::sharedApplication().windows();
   for (NSUInteger i = 0; i < windows.count(); ++i)
     uikit::forEachInTree(bridge::as<UIView>(windows.objectAtIndex(i)), [&](UIView view) {
-      if (bridge::isKindOf(view, cls) && isShown(view)) found = bridge::as<ProgressHUD>(view);
+      if (isKindOfNamed(view, ProgressHUD::className.text) && isShown(view))
+        found = bridge::as<ProgressHUD>(view);
     });
   return found;
 }

@@ -6,12 +6,12 @@
 #include <cmath>
 #include <optional>
 
-#include "bridge/runtime.hpp"
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/control.hpp"
 #include "platform/uikit/picker_view.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/fingers.hpp"
+#include "simulator/product/class_names.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "simulator/uikit/gestures/touch_dispatch.hpp"
@@ -59,10 +59,9 @@ int pageOf(UIScrollView view) {
 }  // namespace
 
 UIView shownPanel() {
-  const Class panel = objc_getClass("RQPopupView");
   const NSArray views = UIApplication::sharedApplication().keyWindow().subviews();
   for (NSUInteger i = views.count(); i > 0; --i)
-    if (bridge::isKindOf(views.objectAtIndex(i - 1), panel))
+    if (isKindOfNamed(views.objectAtIndex(i - 1), "RQPopupView"))
       return bridge::as<UIView>(views.objectAtIndex(i - 1));
   return {};
 }

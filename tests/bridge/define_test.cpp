@@ -264,30 +264,60 @@ TEST(State, OfAGrandchildWithoutAnyIsItsParents) {
   EXPECT_EQ(destroyed, 2);
 }
 
-// Two faces for one name: the second definition finds it taken.
-struct First : bridge::Face<"DefineTestTaken", NSObject> {
+// A class of ours whose name somebody else has taken.
+struct Taken : bridge::Face<"DefineTestTaken", NSObject> {
+  static constexpr bridge::ClassMethod<"DefineTestTaken", "answer", int()> answer{};
   MESSAGE Method<"number", int()> number;
 };
-struct Second : bridge::Face<"DefineTestTaken", NSObject> {
-  MESSAGE Method<"number", int()> number;
-  MESSAGE Method<"other", int()> other;
+struct TakenState {
+  int number = 2;
 };
-int one(First) { return 1; }
-int two(Second) { return 2; }
+using TakenClass = Implementation<Taken, TakenState>;
+int answer(Class) { return 42; }
+int numberOf(Taken self) { return TakenClass::state(self).number; }
 
-TEST(Class, OfATakenNameLeavesTheExistingOneAlone) {
-  Implementation<First>::define<NSObject>(method<&First::number, one>());
-  Class existing = Implementation<First>::cls;
-  ASSERT_NE(existing, nullptr);
-  size_t size = class_getInstanceSize(existing);
-  using Late = Implementation<Second, DogState>;
-  Late::define<NSObject>(method<&Second::number, two>(), method<&Second::other, two>());
-  EXPECT_EQ(Late::cls, nullptr);
-  EXPECT_EQ(objc_getClass("DefineTestTaken"), existing);
-  EXPECT_EQ(class_getInstanceSize(existing), size);
-  auto object = make<First, &NSObject::init>();
-  EXPECT_EQ(object->number(), 1);
-  EXPECT_EQ(object->respondsToSelector(bridge::Descriptor<&Second::other>::selector()), NO);
+// Before it is defined the name has been looked up already.
+Class takeName() {
+  Class theirs = objc_allocateClassPair(bridge::classNamed<NSObject>(), "DefineTestTaken", 0);
+  objc_registerClassPair(theirs);
+  EXPECT_EQ(bridge::classNamed<Taken>(), theirs);
+  TakenClass::define<NSObject>(method<&Taken::answer, answer>(), method<&Taken::number, numberOf>());
+  return theirs;
+}
+
+TEST(TakenName, LeavesTheExistingClassAlone) {
+  Class theirs = takeName();
+  EXPECT_EQ(objc_getClass("DefineTestTaken"), theirs);
+  EXPECT_EQ(class_getInstanceMethod(theirs, bridge::selector<"number">()), nullptr);
+  EXPECT_EQ(class_getInstanceSize(theirs), class_getInstanceSize(bridge::classNamed<NSObject>()));
+}
+
+TEST(TakenName, GivesTheClassOneThatNoCompilerCanGive) {
+  takeName();
+  EXPECT_STREQ(class_getName(TakenClass::cls), "DefineTestTaken.2");
+  EXPECT_EQ(objc_getClass("DefineTestTaken.2"), TakenClass::cls);
+}
+
+TEST(TakenName, LeadsToOurClassEverywhere) {
+  Class theirs = takeName();
+  EXPECT_EQ(bridge::classNamed<Taken>(), TakenClass::cls);
+  EXPECT_EQ(Taken::answer(), 42);
+  auto object = make<Taken, &NSObject::init>();
+  EXPECT_EQ(object->number(), 2);
+  EXPECT_TRUE(bridge::isKindOf<Taken>(object.get()));
+  EXPECT_FALSE(bridge::isKindOf(object.get(), theirs));
+}
+
+TEST(TakenName, OfTwoGivesTheNextNumber) {
+  Class other = objc_allocateClassPair(bridge::classNamed<NSObject>(), "DefineTestTaken.2", 0);
+  objc_registerClassPair(other);
+  takeName();
+  EXPECT_STREQ(class_getName(TakenClass::cls), "DefineTestTaken.3");
+}
+
+TEST(Claim, IsGivenOnce) {
+  EXPECT_TRUE(bridge::claim("define.test"));
+  EXPECT_FALSE(bridge::claim("define.test"));
 }
 
 struct Nowhere : bridge::Face<"DefineTestNowhere", NSObject> {};
