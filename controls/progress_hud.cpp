@@ -2,6 +2,7 @@
 #include "controls/progress_hud.hpp"
 
 #include "controls/atomic_property.hpp"
+#include "controls/described_views.hpp"
 #include "controls/progress_hud_parts.hpp"
 #include "controls/redrawing_view.hpp"
 #include "platform/foundation/exception.hpp"
@@ -21,15 +22,11 @@ constexpr NSUInteger flexibleMargins =
     UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin;
 
 Strong<UILabel> makeLabel(RQProgressHUD self, UIFont font, UIColor color) {
-  auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-  auto made = bridge::as<UILabel>(label.get());
-  made.setTextAlignment(NSTextAlignmentCenter);
-  made.setNumberOfLines(0);
-  made.setFont(font);
-  made.setTextColor(color);
-  beTransparent(made);
-  self.addSubview(made);
-  return retained(made);
+  auto label = build(Label{.color = color, .font = font, .centred = true});
+  label->setNumberOfLines(0);
+  label->setOpaque(NO);
+  self.addSubview(label);
+  return label;
 }
 
 void setUp(RQProgressHUD self) {

@@ -1,6 +1,7 @@
 // The panel's first page: four sliders that move the icons at once.
 #include <cstdio>
 
+#include "controls/described_views.hpp"
 #include "panel/popup_state.hpp"
 #include "platform/dispatch/dispatch.hpp"
 #include "platform/foundation/notification_center.hpp"
@@ -35,11 +36,9 @@ void keep(RQPopupView self, ColorSlider slider) {
 }
 
 void addCaption(RQPopupView self, const Row& row, CGFloat top) {
-  auto caption =
-      bridge::make<UILabel, &UIView::initWithFrame>(CGRect{{left, top}, {row.captionWidth, rowHeight}});
-  caption->setText(row.caption);
-  caption->setTextColor(self.controlColor());
-  caption->setBackgroundColor(UIColor::clearColor());
+  auto caption = build(Label{.frame = {{left, top}, {row.captionWidth, rowHeight}},
+                             .text = row.caption,
+                             .color = self.controlColor()});
   self.scrollView().addSubview(caption);
 }
 
@@ -61,15 +60,14 @@ void addSlider(RQPopupView self, const Row& row, CGFloat top) {
 
 void addAddButton(RQPopupView self) {
   CGFloat width = self.scrollView().frame().size.width;
-  auto button = bridge::make<BButton, &BButton::initWithFrame_type_style>(
-      CGRect{{width - addFromRight, addTop}, addSize}, BButtonTypeClear, BButtonStyleBootstrapV3);
+  auto button = build(IconButton{.frame = {{width - addFromRight, addTop}, addSize},
+                                 .icon = plus,
+                                 .fontSize = addFontSize,
+                                 .title = "Add"_ns,
+                                 .color = self.controlColor(),
+                                 .target = self,
+                                 .action = bridge::selector<"saveCurrentLayout:">()});
   self.addButton.set(button);
-  button->setTitle_forState("Add"_ns, UIControlStateNormal);
-  button->addAwesomeIcon_beforeTitle(plus, YES);
-  button->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, addFontSize));
-  button->setTitleColor_forState(self.controlColor(), UIControlStateNormal);
-  button->addTarget_action_forControlEvents(self, bridge::selector<"saveCurrentLayout:">(),
-                                            UIControlEventTouchUpInside);
   self.scrollView().addSubview(button);
 }
 

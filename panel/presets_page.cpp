@@ -1,5 +1,6 @@
 // The panel's second page: the saved layouts in a picker, to be applied or deleted, and how a layout is
 // saved.
+#include "controls/described_views.hpp"
 #include "controls/progress_hud.hpp"
 #include "panel/popup_state.hpp"
 #include "platform/dispatch/dispatch.hpp"
@@ -39,11 +40,8 @@ UIButton addButton(RQPopupView self, CGFloat x, NSString title, UIColor color, S
 void addCaption(RQPopupView self, CGFloat pageLeft) {
   CGRect frame = captionFrame;
   frame.origin.x += pageLeft;
-  auto caption = bridge::make<UILabel, &UIView::initWithFrame>(frame);
+  auto caption = build(Label{.frame = frame, .text = "Saved Presets"_ns, .color = self.controlColor()});
   self.pickerLabel.set(caption);
-  caption->setText("Saved Presets"_ns);
-  caption->setTextColor(self.controlColor());
-  caption->setBackgroundColor(UIColor::clearColor());
   self.scrollView().addSubview(caption);
 }
 
@@ -73,7 +71,8 @@ UIAlertController makeAlert(NSString message) {
                                                                             UIAlertControllerStyleAlert);
 }
 
-void addAction(UIAlertController alert, NSString title, NSInteger style, Block<void(UIAlertAction)> handler) {
+void addAction(UIAlertController alert, NSString title, NSInteger style,
+               const Block<void(UIAlertAction)>& handler) {
   alert.addAction(UIAlertAction::actionWithTitle_style_handler(title, style, handler));
 }
 

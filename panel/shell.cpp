@@ -1,4 +1,5 @@
 // The panel's card: its construction, its header and its looks.
+#include "controls/described_views.hpp"
 #include "panel/color_manager.hpp"
 #include "panel/icon_font.hpp"
 #include "panel/popup_state.hpp"
@@ -89,15 +90,14 @@ void addCloseBox(RQPopupView self) {
 }
 
 void addToggle(RQPopupView self) {
-  auto toggle = bridge::make<BButton, &BButton::initWithFrame_type_style>(toggleFrame, BButtonTypeClear,
-                                                                          BButtonStyleBootstrapV3);
+  auto toggle = build(IconButton{.frame = toggleFrame,
+                                 .icon = circledChevronUp,
+                                 .fontSize = toggleFontSize,
+                                 .color = self.controlColor(),
+                                 .alpha = toggleAlpha,
+                                 .target = self,
+                                 .action = bridge::selector<"toggleHeight">()});
   self.toggleButton.set(toggle);
-  toggle->addAwesomeIcon_beforeTitle(circledChevronUp, YES);
-  toggle->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, toggleFontSize));
-  toggle->setTitleColor_forState(self.controlColor(), UIControlStateNormal);
-  toggle->addTarget_action_forControlEvents(self, bridge::selector<"toggleHeight">(),
-                                            UIControlEventTouchUpInside);
-  toggle->setAlpha(toggleAlpha);
   self.contentView().addSubview(toggle);
 }
 

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "bridge/define.hpp"
+#include "controls/described_views.hpp"
 #include "platform/foundation/notification_center.hpp"
 #include "platform/uikit/toolbar.hpp"
 #include "settings/store/configuration_manager.hpp"
@@ -26,7 +27,8 @@ using Slider = bridge::Implementation<ColorSlider, SliderState>;
 constexpr NSUInteger plusIcon = 0xF067, minusIcon = 0xF068;
 constexpr NSInteger aboveTheSlidersParts = 99;
 constexpr CGFloat partsTop = 50, buttonSize = 30, fieldWidth = 50;  // points
-constexpr CGFloat quietAlpha = 0.5;                                 // of buttons and field
+constexpr CGRect errorFrame{{0, 10}, {200, 50}};
+constexpr CGFloat quietAlpha = 0.5;  // of buttons and field
 constexpr CGFloat iconFontSize = 20;
 
 template <auto Member>
@@ -61,23 +63,15 @@ void postPressed(ColorSlider self) {
 // Construction.
 
 Strong<BButton> makeButton(ColorSlider self, CGFloat x, NSUInteger icon, SEL action) {
-  auto button = bridge::make<BButton, &BButton::initWithFrame_type_style>(
-      CGRect{{x, partsTop}, {buttonSize, buttonSize}}, BButtonTypeClear, BButtonStyleBootstrapV3);
-  button->addAwesomeIcon_beforeTitle(icon, YES);
-  button->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, iconFontSize));
-  button->setTitleColor_forState(UIColor::blackColor(), UIControlStateNormal);
-  button->addTarget_action_forControlEvents(self, action, UIControlEventTouchUpInside);
-  button->setAlpha(quietAlpha);
+  auto button = build(IconButton{.frame = {{x, partsTop}, {buttonSize, buttonSize}},
+                                 .icon = icon,
+                                 .fontSize = iconFontSize,
+                                 .color = UIColor::blackColor(),
+                                 .alpha = quietAlpha,
+                                 .target = self,
+                                 .action = action});
   self.insertSubview_atIndex(button, aboveTheSlidersParts);
   return button;
-}
-
-Strong<UILabel> makeErrorLabel() {
-  auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{{0, 10}, {200, 50}});
-  label->setTextColor(UIColor::redColor());
-  label->setBackgroundColor(UIColor::clearColor());
-  label->setTextAlignment(NSTextAlignmentCenter);
-  return label;
 }
 
 Strong<UIBarButtonItem> makeSpace() {
@@ -138,7 +132,8 @@ Strong<ColorSlider> initWithFrameType(ColorSlider self, CGRect frame, NSString t
   made->addButton.set(
       makeButton(made, width - buttonSize, plusIcon, selectorOf<&ColorSlider::incrementValue>()).get());
   made->subtractButton.set(makeButton(made, 0, minusIcon, selectorOf<&ColorSlider::decrementValue>()).get());
-  made->errorLabel.set(makeErrorLabel().get());
+  made->errorLabel.set(
+      build(Label{.frame = errorFrame, .color = UIColor::redColor(), .centred = true}).get());
   auto toolbar = makeToolbar(made);
   made->valueLabel.set(makeNumberField(made, width).get());
   made->valueLabel().setInputAccessoryView(toolbar);

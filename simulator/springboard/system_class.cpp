@@ -16,7 +16,7 @@ bool inherits(Class cls, const bridge::MethodEntry& entry) {
 
 }  // namespace
 
-void addMethod(Class cls, const SystemMethod& method) {
+void addRow(Class cls, const SystemMethod& method) {
   const bridge::MethodEntry& entry = method.entry;
   const char* selector = sel_getName(entry.selector);
   const bool isPrivate = std::strncmp(selector, privatePrefix, std::strlen(privatePrefix)) == 0;

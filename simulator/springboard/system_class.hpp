@@ -22,21 +22,20 @@ SystemMethod own() {
 
 // Found by bridge::Implementation for its rows. With every method wanted, those that the version lacks
 // altogether are there too; what it inherits stays inherited.
-void addMethod(Class cls, const SystemMethod& method);
+void addRow(Class cls, const SystemMethod& method);
 
-// The parent of T's class, under the name that the version in use has for it.
+// The parent of T's class; which class that is, the version in use says.
 template <class T>
 struct ParentOf {
-  struct Name {
-    const char* text;
-  };
-  static inline Name className{};
+  static constexpr auto className = T::className + bridge::Name("'s parent");
 };
 
 template <class T, class State>
 void defineUnderParent(bridge::Implementation<T, State>, auto... methods) {
-  ParentOf<T>::className.text = superclassOf(T::className.text);
-  if (ParentOf<T>::className.text) bridge::Implementation<T, State>::template define<ParentOf<T>>(methods...);
+  const char* parent = superclassOf(T::className.text);
+  if (!parent) return;
+  bridge::storeShared(bridge::classOfName<ParentOf<T>::className>, objc_getClass(parent));
+  bridge::Implementation<T, State>::template define<ParentOf<T>>(methods...);
 }
 
 template <class Implementation>

@@ -332,8 +332,7 @@ TEST(Class, OfAMissingParentIsNotMade) {
 // A parent that sends a message to an object whose own dealloc has begun.
 struct LateParent : bridge::Face<"DefineTestLateParent", NSObject> {};
 struct Late : bridge::Face<"DefineTestLate", LateParent> {
-  MESSAGE Method<"age", int()> age;
-  MESSAGE Method<"setAge:", void(int)> setAge;
+  MESSAGE Property<"age", int> age;
 };
 struct LateState {
   int age = 7;
@@ -352,9 +351,9 @@ void deallocLateParent(LateParent self) {
 
 TEST(State, IsFreshForAMessageThatComesAfterItsEnd) {
   LateParentClass::define<NSObject>(method<&NSObject::dealloc, deallocLateParent>());
-  LateClass::define<LateParent>(LateClass::property<&Late::age, &Late::setAge, &LateState::age>());
+  LateClass::define<LateParent>(LateClass::property<&Late::age, &LateState::age>());
   auto late = make<Late, &NSObject::init>();
-  late->setAge(3);
+  late->age.set(3);
   late.clear();
   EXPECT_EQ(lateAge, 7);
   EXPECT_EQ(lateName, std::string(LateState().name).size());

@@ -28,7 +28,7 @@ class APanelThatEverybodyLetGoOf : public testing::Test {
   static void letGo() {
     const bridge::Pool turn;
     PanelHome::panel().removeFromSuperview();
-    PanelHome::controller().setPopView({});
+    PanelHome::controller().popView.set({});
   }
 
   PanelHome home;
@@ -113,7 +113,7 @@ TEST_F(ANoticeThatEverybodyLetGoOf, LivesForItsDelayedHiding) {
 }
 
 TEST_F(ANoticeThatEverybodyLetGoOf, LivesForItsGraceTime) {
-  hud->setGraceTime(1);
+  hud->graceTime.set(1);
   hud->show(YES);
   letGo();
   pass(0.5);
@@ -123,7 +123,7 @@ TEST_F(ANoticeThatEverybodyLetGoOf, LivesForItsGraceTime) {
 }
 
 TEST_F(ANoticeThatEverybodyLetGoOf, LivesForItsLeastTime) {
-  hud->setMinShowTime(1);
+  hud->minShowTime.set(1);
   hud->show(NO);
   hud->hide(YES);
   letGo();

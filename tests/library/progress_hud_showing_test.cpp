@@ -174,8 +174,8 @@ TEST_F(ProgressHUDShowing, WaitsForTheGraceTimeToTheMillisecond) {
 }
 
 TEST_F(ProgressHUDShowing, IsAskedForTwiceWithinOneGraceTime) {
-  hud->setGraceTime(0.25f);
-  hud->setTaskInProgress(YES);
+  hud->graceTime.set(0.25f);
+  hud->taskInProgress.set(YES);
   hud->show(NO);
   pass(0.2);
   hud->show(NO);

@@ -115,7 +115,7 @@ TEST_F(ProgressHUDTask, OfAThreadThatLetsGoOfTheBoxLastLeavesItsEndToTheMainThre
   bridge::install(bridge::replace<RQProgressHUD, &NSObject::dealloc, noteDeath>());
   {
     const bridge::Pool pool;
-    hud->setRemoveFromSuperViewOnHide(YES);
+    hud->removeFromSuperViewOnHide.set(YES);
     showForThread(NO);
     hud->removeFromSuperview();
     hud.clear();
