@@ -114,7 +114,12 @@ class Implementation {
 
   template <class Parent>
   static void define(auto... rows) {
-    Class made = openClass(classNamed<Parent>(), T::className.text);
+    defineUnder(classNamed<Parent>(), rows...);
+  }
+
+  // Nothing is defined under null.
+  static void defineUnder(Class parent, auto... rows) {
+    Class made = openClass(parent, T::className.text);
     if (!made) return;
     if constexpr (!std::is_empty_v<State>) {
       static_assert(alignof(State) <= 8);

@@ -116,7 +116,7 @@ constexpr OptionRow rows[] = {
     {"--springboard", "real|complete",
      "which methods SpringBoard's classes have: those of the version, or also every other that the library "
      "names",
-     "`complete`", takeChoice<&Options::springboard>},
+     "`real`", takeChoice<&Options::springboard>},
     {"--loader", "substrate|sbinject", "the injection loader, which decides where the library lies",
      "`substrate`", takeChoice<&Options::loader>},
     {"--library", "FILE", "the library to load", "the program's own, where it has one",

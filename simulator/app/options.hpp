@@ -30,7 +30,7 @@ struct Options {
   std::optional<std::filesystem::path> root;  // none: a temporary one
   bool stock = false;
   bool iconSupport = false;
-  springboard::Methods springboard = springboard::Methods::complete;
+  springboard::Methods springboard = springboard::Methods::real;
   InjectionLoader loader = InjectionLoader::substrate;
   std::optional<std::filesystem::path> library;  // none: the program's own
   std::optional<std::filesystem::path> script, snapshot, report;

@@ -97,6 +97,7 @@ constexpr Own methods[] = {
     {"SBIconController", "-_willRotateToInterfaceOrientation:duration:", all},
     {"SBIconController", "-currentIconListIndex", all},
     {"SBIconController", "-currentRootIconList", all},
+    {"SBIconController", "-didRotateFromInterfaceOrientation:", none},
     {"SBIconController", "-getListView:folder:relativePath:forIndexPath:createIfNecessary:", all},
     {"SBIconController", "-iconTapped:", all},
     {"SBIconController", "-init", until10},
@@ -183,14 +184,26 @@ const char* superclassOf(const char* className) {
   return nullptr;
 }
 
-bool hasOwnMethod(const char* className, bool ofClass, const char* selector) {
+namespace {
+
+Dumps dumpsWith(const char* className, bool ofClass, const char* selector) {
   const auto found = std::ranges::find_if(methods, [&](const Own& row) {
     return row.name == className && (row.method.front() == '+') == ofClass &&
            row.method.substr(1) == selector;
   });
   if (found == std::end(methods))
     throw std::logic_error(fmt::format("{}[{} {}] is not listed", ofClass ? '+' : '-', className, selector));
-  return found->dumps & current;
+  return found->dumps;
+}
+
+}  // namespace
+
+bool isOnlyNamed(const char* className, bool ofClass, const char* selector) {
+  return dumpsWith(className, ofClass, selector) == none;
+}
+
+bool hasOwnMethod(const char* className, bool ofClass, const char* selector) {
+  return dumpsWith(className, ofClass, selector) & current;
 }
 
 }  // namespace sim::springboard

@@ -17,6 +17,9 @@ bool isComplete();
 // The parent of that class; null when the version in use has no such class.
 const char* superclassOf(const char* className);
 
+// Whether no version has that method, and the library names it none the less.
+bool isOnlyNamed(const char* className, bool ofClass, const char* selector);
+
 // Whether the class has that method itself. Ends with std::logic_error for a method that the table does not
 // know: what is implemented has to be listed.
 bool hasOwnMethod(const char* className, bool ofClass, const char* selector);

@@ -147,6 +147,10 @@ void willAnimateRotation(SBIconController self, NSInteger to, double duration) {
   self.willAnimateRotationToInterfaceOrientation_duration(to, duration);
 }
 
+void rotated(SBIconController self, NSInteger from) {
+  Controller::super<&UIViewController::didRotateFromInterfaceOrientation>(self, from);
+}
+
 void didRotate(SBIconController self, NSInteger from) { self.didRotateFromInterfaceOrientation(from); }
 
 // With every method there is, a control that has the older message shows its dots by it.
@@ -249,8 +253,9 @@ void defineIconController() {
       own<&UIViewController::initWithNibName_bundle, initWithNibName>(),
       own<&UIViewController::loadView, loadView>(), own<&Turning::willRotate, willRotate>(),
       own<&Turning::willAnimateRotation, willAnimateRotation>(),
-      own<&Face::_didRotateFromInterfaceOrientation, didRotate>(), own<&IconTaps::iconTapped, iconTapped>(),
-      own<&Face::currentIconListIndex, currentIconListIndex>(),
+      own<&Face::_didRotateFromInterfaceOrientation, didRotate>(),
+      own<&UIViewController::didRotateFromInterfaceOrientation, rotated>(),
+      own<&IconTaps::iconTapped, iconTapped>(), own<&Face::currentIconListIndex, currentIconListIndex>(),
       own<&Face::currentRootIconList, currentRootIconList>(), own<&Face::isEditing, isEditing>(),
       own<&Face::setIsEditing, setIsEditing>(),
       own<&Face::getListView_folder_relativePath_forIndexPath_createIfNecessary, getListView>());

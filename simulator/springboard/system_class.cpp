@@ -21,7 +21,7 @@ void addRow(Class cls, const SystemMethod& method) {
   const char* selector = sel_getName(entry.selector);
   const bool isPrivate = std::strncmp(selector, privatePrefix, std::strlen(privatePrefix)) == 0;
   if (isPrivate || hasOwnMethod(class_getName(cls), entry.ofClass, selector) ||
-      (isComplete() && !inherits(cls, entry)))
+      (isComplete() && (!inherits(cls, entry) || isOnlyNamed(class_getName(cls), entry.ofClass, selector))))
     bridge::addMethod(cls, entry);
 }
 

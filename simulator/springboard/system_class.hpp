@@ -21,21 +21,14 @@ SystemMethod own() {
 }
 
 // Found by bridge::Implementation for its rows. With every method wanted, those that the version lacks
-// altogether are there too; what it inherits stays inherited.
+// altogether are there too, and those that the library takes for the class's own; what else it inherits stays
+// inherited.
 void addRow(Class cls, const SystemMethod& method);
-
-// The parent of T's class; which class that is, the version in use says.
-template <class T>
-struct ParentOf {
-  static constexpr auto className = T::className + bridge::Name("'s parent");
-};
 
 template <class T, class State>
 void defineUnderParent(bridge::Implementation<T, State>, auto... methods) {
-  const char* parent = superclassOf(T::className.text);
-  if (!parent) return;
-  bridge::storeShared(bridge::classOfName<ParentOf<T>::className>, objc_getClass(parent));
-  bridge::Implementation<T, State>::template define<ParentOf<T>>(methods...);
+  if (const char* parent = superclassOf(T::className.text))
+    bridge::Implementation<T, State>::defineUnder(objc_getClass(parent), methods...);
 }
 
 template <class Implementation>

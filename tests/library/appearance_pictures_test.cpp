@@ -97,10 +97,11 @@ UIColor red(SBIconLabelImageParameters) { return UIColor::redColor(); }
 UIColor green(SBIconLabelImageParameters) { return UIColor::greenColor(); }
 
 TEST(Labels, HaveTheColoursThatSpringBoardGivesThem) {
-  test::Home home({"--set", "enabled=YES", "--set", "labels=YES"}, [](sim::Simulation&) {
-    test::standIn<SBIconLabelImageParameters, &SBIconLabelImageParameters::textColor, red>();
-    test::standIn<SBIconLabelImageParameters, &SBIconLabelImageParameters::shadowColor, green>();
-  });
+  test::Home home(
+      {"--set", "enabled=YES", "--set", "labels=YES", "--springboard", "complete"}, [](sim::Simulation&) {
+        test::standIn<SBIconLabelImageParameters, &SBIconLabelImageParameters::textColor, red>();
+        test::standIn<SBIconLabelImageParameters, &SBIconLabelImageParameters::shadowColor, green>();
+      });
   auto parameters = sim::springboard::makeLabelParameters("Name"_ns);
   EXPECT_EQ(sim::uikit::colorOf(parameters->textColor()), (sim::Color{1, 0, 0, 1}));
   EXPECT_EQ(sim::uikit::colorOf(parameters->shadowColor()), (sim::Color{0, 1, 0, 1}));

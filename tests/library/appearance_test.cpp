@@ -30,7 +30,7 @@ TEST(SquareIcons, LeaveTheCornerRadiusAsItIs) {
 }
 
 TEST(Labels, AreHiddenWhileTheLibraryIsOn) {
-  Home home({"--set", "enabled=YES", "--set", "labels=NO"});
+  Home home({"--set", "enabled=YES", "--set", "labels=NO", "--springboard", "complete"});
   EXPECT_EQ(firstIcon(home)["label"]["visible"], false);
   auto parameters = sim::springboard::makeLabelParameters("Name"_ns);
   EXPECT_EQ(sim::uikit::colorOf(parameters->textColor()).alpha, 0);

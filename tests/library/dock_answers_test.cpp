@@ -79,12 +79,13 @@ TEST(DockIconAtAPoint, IsAskedOfSpringBoardWithAllThatWasGiven) {
 }
 
 TEST(DockSpacing, IsTheSystemsForFourIconsOfNoStoredNumber) {
-  Home home(test::homeOptions("iPhone 7", {"dockIconsEnabled=YES"}));
+  Home home(test::homeOptions("iPhone 7", {"dockIconsEnabled=YES"}, {"--ios", "12.1"}));
   EXPECT_NEAR(home.dock().spacing(), (375 - 4 * 60) / 5., 1e-9);
 }
 
 TEST(DockLayout, DoesTheSameEveryTime) {
-  Home home(test::homeOptions("iPhone 7", {"dockIconsEnabled=YES", "dockIcons=3", "dock=YES"}));
+  Home home(
+      test::homeOptions("iPhone 7", {"dockIconsEnabled=YES", "dockIcons=3", "dock=YES"}, {"--ios", "12.1"}));
   home.dock().setSpacing(25);
   home.dock().setAlpha(1);
   home.dock().setNeedsLayout();

@@ -35,7 +35,7 @@ TEST(Dock, IsSpringBoardsOwnWithoutTheSwitch) {
 }
 
 TEST(Dock, IsSpringBoardsOwnWithTheSwitchOff) {
-  Home home({"--set", "dockIconsEnabled=NO", "--set", "dockIcons=3"});
+  Home home({"--set", "dockIconsEnabled=NO", "--set", "dockIcons=3", "--ios", "12.1"});
   EXPECT_EQ(counts(home), (std::vector<long>{4, 4, 1, 1}));
   EXPECT_NE(home.dock().spacing(), 10);
 }
@@ -47,7 +47,7 @@ TEST(Dock, HoldsFourWithoutANumber) {
 }
 
 TEST(Dock, OfThreeAnswersThreeAndIsSpacedByTen) {
-  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=3"});
+  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=3", "--ios", "12.1"});
   EXPECT_EQ(counts(home), (std::vector<long>{3, 3, 3, 3}));
   EXPECT_EQ(home.dock().spacing(), 10);
   sim::Json icons = home.report()["dock"]["icons"];
@@ -73,7 +73,7 @@ TEST(Dock, OfThreeIsNotSpacedWhereSpringBoardHasNoSpacingToSet) {
 }
 
 TEST(Dock, OfSixAnswersSixAndKeepsTheSystemsSpacing) {
-  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=6"});
+  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=6", "--ios", "12.1"});
   EXPECT_EQ(counts(home), (std::vector<long>{6, 6, 6, 6}));
   EXPECT_NEAR(home.dock().spacing(), (375 - 6 * 60) / 7.0, 1e-9);
   EXPECT_EQ(home.report()["dock"]["icons"].size(), 6);
@@ -90,7 +90,7 @@ TEST(Dock, TakesAStringThatIsNoNumberForNone) {
 }
 
 TEST(Dock, SpacesByTenWhateverTheCount) {
-  Home home;
+  Home home({"--ios", "12.1"});
   EXPECT_EQ(home.dock().effectiveSpacing(), 10);
   EXPECT_EQ(home.report()["dock"]["icons"][0]["frame"][0], 10);
 }

@@ -191,9 +191,9 @@ bridge::Strong<NSObject> systemInit(SBIconController self) {
 }
 
 TEST(Geometry, IsMeasuredBeforeTheIconControllersOwnInit) {
-  Home home({"--device", "iPhone X"},
+  Home home({"--device", "iPhone 7 Plus", "--ios", "10.3.3"},
             [](sim::Simulation&) { test::standIn<SBIconController, &NSObject::init, systemInit>(); });
-  EXPECT_EQ(widthAtInit, 375);
+  EXPECT_EQ(widthAtInit, 414);
 }
 
 int deviceType() { return reinterpret_cast<int (*)()>(test::librarySymbol("tilo::getDeviceType()"))(); }

@@ -85,9 +85,10 @@ void replaceWhatEndsWithUs() {
 }
 
 const std::vector<std::string> options{
-    "--device", "iPad Air 2", "--set", "enabled=YES", "--set", "quick=YES",         "--set", "forceTouch=YES",
-    "--set",    "labels=YES", "--set", "page=YES",    "--set", "custom_preset=-1",  "--set", "icons=YES",
-    "--set",    "rows=4",     "--set", "columns=6",   "--set", "horiIconPadding=30"};
+    "--springboard", "complete",  "--device", "iPad Air 2",       "--set", "enabled=YES",
+    "--set",         "quick=YES", "--set",    "forceTouch=YES",   "--set", "labels=YES",
+    "--set",         "page=YES",  "--set",    "custom_preset=-1", "--set", "icons=YES",
+    "--set",         "rows=4",    "--set",    "columns=6",        "--set", "horiIconPadding=30"};
 
 const char* const story[] = {"swipe up",
                              "wait 1",

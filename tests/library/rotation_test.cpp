@@ -243,56 +243,50 @@ TEST(LockedTablet, KeepsTheLandscapeFactorsOfTheUnlockedOne) {
 }
 
 int timesAsked = 0;
-BOOL visibleAtFirst(bridge::Object) { return ++timesAsked == 1; }
-
-// The controller's class has another name on other systems.
-struct DashBoard : bridge::Face<"SBDashBoardViewController", SBLockScreenViewController> {};
+BOOL visibleAtFirst(SBLockScreenManager) { return ++timesAsked == 1; }
 
 TEST(LockedTablet, IsAskedAgainBeforeThePortraitRule) {
   test::Home home({"--device", "iPad Air 2", "--set", "preset=0"});
   bridge::install(
-      bridge::replace<DashBoard, &SBLockScreenViewController::isLockScreenVisible, visibleAtFirst>());
+      bridge::replace<SBLockScreenManager, &SBLockScreenManager::isLockScreenVisible, visibleAtFirst>());
   test::libraryVariable<double>("tilo::iPadAdjustFactorH") = 1;
   turnedFrom(1);
   EXPECT_EQ(timesAsked, 2);
   expectFactors(2048.0 / 568.0, 4.8);
 }
 
-// A system whose lock screen's controller does not tell whether it is visible, and maybe its manager does.
+class LockedTabletOn : public testing::TestWithParam<const char*> {};
+
+// Up to system 9 the lock screen's controller tells whether it is visible, afterwards its manager.
+TEST_P(LockedTabletOn, KeepsItsFactorsUntilItIsUnlocked) {
+  test::Home home({"--device", "iPad Air 2", "--set", "preset=0", "--ios", GetParam()});
+  home.step("lock");
+  home.step("rotate landscape");
+  expectFactors(2048.0 / 568.0, 4.8);
+  home.step("rotate portrait");
+  home.step("unlock");
+  home.step("rotate landscape");
+  expectFactors(1536.0 / 688.0, 6.4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, LockedTabletOn,
+                         testing::Values("9.2", "9.3.5", "10.1", "10.3.3", "11.1", "12.1"));
+
 int wronglyAsked = 0;
-BOOL tellsNothing(SBLockScreenViewController self, SEL selector) {
+BOOL tellsNothing(SBLockScreenManager self, SEL selector) {
   return sel_isEqual(selector, bridge::selector<"isLockScreenVisible">())
              ? NO
              : original<tellsNothing>(self, selector);
 }
-BOOL countQuestion(SBLockScreenViewController) { return ++wronglyAsked != 0; }
-void controllerTellsNothing(sim::Simulation&) {
-  using bridge::replace;
-  bridge::install(replace<SBLockScreenViewController, &NSObject::respondsToSelector, tellsNothing>());
-  bridge::install(
-      replace<SBLockScreenViewController, &SBLockScreenViewController::isLockScreenVisible, countQuestion>());
-}
-
-bool managerIsVisible = true;
-BOOL managersAnswer(id, SEL) { return managerIsVisible; }
-
-TEST(LockedTablet, IsToldByTheManagerWhereTheControllerDoesNotAnswer) {
-  test::Home home({"--device", "iPad Air 2", "--set", "preset=0"}, [](sim::Simulation& device) {
-    controllerTellsNothing(device);
-    class_addMethod(objc_getClass("SBLockScreenManager"), bridge::selector<"isLockScreenVisible">(),
-                    reinterpret_cast<IMP>(managersAnswer), "B@:");
-  });
-  home.step("rotate landscape");
-  expectFactors(2048.0 / 568.0, 4.8);
-  managerIsVisible = false;
-  home.step("rotate portrait");
-  home.step("rotate landscape");
-  expectFactors(1536.0 / 688.0, 6.4);
-  EXPECT_EQ(wronglyAsked, 0);
-}
+BOOL countQuestion(SBLockScreenManager) { return ++wronglyAsked != 0; }
 
 TEST(LockedTablet, CountsAsUnlockedWhereNobodyAnswers) {
-  test::Home home({"--device", "iPad Air 2", "--set", "preset=0"}, controllerTellsNothing);
+  test::Home home({"--device", "iPad Air 2", "--set", "preset=0"}, [](sim::Simulation&) {
+    using bridge::replace;
+    using Manager = SBLockScreenManager;
+    bridge::install(replace<Manager, &NSObject::respondsToSelector, tellsNothing>());
+    bridge::install(replace<Manager, &Manager::isLockScreenVisible, countQuestion>());
+  });
   home.step("lock");
   home.step("rotate landscape");
   expectFactors(1536.0 / 688.0, 6.4);

@@ -139,7 +139,8 @@ NSUInteger rowsOfTheSystem(Class, NSInteger) {
 
 TEST(SystemAnswers, OfDockSpacingAndFolderRowsAreNeverAskedFor) {
   Home home(
-      {"--set", "enabled=YES", "--set", "icons=YES", "--set", "rows=7", "--set", "columns=4"},
+      {"--set", "enabled=YES", "--set", "icons=YES", "--set", "rows=7", "--set", "columns=4", "--ios",
+       "12.1"},
       [](sim::Simulation&) {
         install(replace<SBDockIconListView, &SBDockIconListView::effectiveSpacing, spacingOfTheSystem>());
         install(replace<SBFolderIconListView, &SBIconListView::iconRowsForInterfaceOrientation,

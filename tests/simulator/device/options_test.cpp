@@ -53,13 +53,13 @@ TEST(Options, WithoutArgumentsAreTheDefaults) {
   EXPECT_TRUE(options.more.empty());
   EXPECT_FALSE(options.stock || options.iconSupport || options.listing);
   EXPECT_EQ(options.loader, InjectionLoader::substrate);
-  EXPECT_EQ(options.springboard, springboard::Methods::complete);
+  EXPECT_EQ(options.springboard, springboard::Methods::real);
 }
 
 TEST(Options, TakeValuesInBothSpellings) {
   const Options options = parse({"--device", "iPad Pro (12.9-inch)", "--ios=9.3.2", "--orientation",
                                  "landscape", "--pages=5", "--icons", "7", "--stock", "--icon-support",
-                                 "--loader=sbinject", "--list-devices", "--springboard=real"});
+                                 "--loader=sbinject", "--list-devices", "--springboard=complete"});
   EXPECT_EQ(options.device->name, "iPad Pro (12.9-inch)");
   EXPECT_EQ(options.ios.text(), "9.3.2");
   EXPECT_EQ(options.orientation, Orientation::landscape);
@@ -68,7 +68,7 @@ TEST(Options, TakeValuesInBothSpellings) {
   EXPECT_TRUE(options.stock && options.iconSupport);
   EXPECT_EQ(options.listing, Listing::devices);
   EXPECT_EQ(options.loader, InjectionLoader::sbinject);
-  EXPECT_EQ(options.springboard, springboard::Methods::real);
+  EXPECT_EQ(options.springboard, springboard::Methods::complete);
 }
 
 TEST(Options, TheVersionFollowsTheDevice) {

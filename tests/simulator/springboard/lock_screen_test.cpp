@@ -14,9 +14,7 @@ class LockScreen : public testing::Test {
  protected:
   test::Home home{{"--stock", "--device", "iPad Air 2"}};
 
-  static bool visible() {
-    return SBLockScreenManager::sharedInstance().lockScreenViewController().isLockScreenVisible();
-  }
+  static bool visible() { return SBLockScreenManager::sharedInstance().isLockScreenVisible(); }
 
   std::string picture() {
     std::string file = test::temporaryFile("screen.png", "");
