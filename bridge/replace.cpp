@@ -1,10 +1,12 @@
 // Installing rows of a method table.
 #include "bridge/replace.hpp"
 
+#include <cstdio>
+
 extern "C" {
 void free(void* memory);
 void* dlsym(void* handle, const char* name);
-int asprintf(char** text, const char* format, ...);
+void* malloc(size_t size);
 }
 
 namespace bridge {
@@ -32,9 +34,15 @@ void replaceIn(Class cls, const Row& row) {
     replaceMethod(cls, selector, row.implementation(), *row.slot);
 }
 
+// Both names, for as long as the process lasts; one of them where there is no memory.
 const char* together(const char* one, const char* other) {
-  char* both = nullptr;
-  return one && asprintf(&both, "%s, %s", one, other) > 0 ? both : other;
+  if (!one) return other;
+  constexpr const char* form = "%s, %s";
+  size_t size = static_cast<size_t>(std::snprintf(nullptr, 0, form, one, other)) + 1;
+  char* both = static_cast<char*>(malloc(size));
+  if (!both) return other;
+  std::snprintf(both, size, form, one, other);
+  return both;
 }
 
 // Replaces what stands in for the row's method, where the class itself lacks that one; answers its name.
