@@ -33,8 +33,11 @@ set(device_target_arm64 -target arm64-apple-ios${device_system} -funwind-tables)
 # As Thumb the armv7 linker would break tail calls, virtual tables and exports.
 set(device_target_armv7 -target armv7-apple-ios${device_system} -marm -mcpu=cortex-a8 -mfpu=neon)
 
+# Bytes that the load commands leave free, for that of the signature. The armv7 linker is not asked: it leaves about 1,000.
+set(device_header_space 0x40)
+
 set(device_link_arm64 ${device_linker_arm64} -arch arm64 -platform_version ios ${device_system} ${device_sdk}
-    -no_encryption -fatal_warnings)
+    -no_encryption -fatal_warnings -headerpad ${device_header_space})
 set(device_link_armv7 ${device_linker_armv7} -arch armv7 -ios_version_min ${device_system} -sdk_version ${device_sdk})
 
 # Makes in `folder` the stubs of the libraries whose imports the lists in `lists` allow, and gives their paths to the
@@ -120,6 +123,15 @@ function(device_stripped output slice)
     OUTPUT ${output}
     COMMAND strip_locals ${slice} ${output}
     DEPENDS ${slice} strip_locals
+    VERBATIM)
+endfunction()
+
+# Copies a slice with a signature under that name behind it; nothing may be done to it afterwards but joining.
+function(device_signed output slice identifier)
+  add_custom_command(
+    OUTPUT ${output}
+    COMMAND sign ${identifier} ${slice} ${output}
+    DEPENDS ${slice} sign
     VERBATIM)
 endfunction()
 

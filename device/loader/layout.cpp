@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <set>
 
+#include "device/signature/verify.hpp"
 #include "device/tools/byte_reader.hpp"
 #include "device/tools/macho_image.hpp"
 
@@ -139,7 +140,11 @@ Layout layOut(Bytes file, std::string_view architecture, const Policy& policy) t
   for (const Slice& slice : readImage(file)) {
     if ((slice.announced.empty() ? slice.architecture : slice.announced) != architecture) continue;
     if (auto found = findings(slice, policy); !found.empty()) throw Refusal(found.front());
-    return Builder(part(file, slice.start, slice.sizeInBytes), slice).build();
+    const Bytes bytes = part(file, slice.start, slice.sizeInBytes);
+    Layout layout = Builder(bytes, slice).build();
+    // Last, so that what else is wrong with a changed slice has been named.
+    if (auto found = signature::findings(bytes, slice); !found.empty()) throw Refusal(found.front());
+    return layout;
   }
   refuse("no {} slice", architecture);
 } catch (const Refusal&) {

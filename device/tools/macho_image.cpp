@@ -20,6 +20,7 @@ enum Command : uint32_t {
   dynamicSymbolTable = 0xb,
   loadLibrary = 0xc,
   identifyLibrary = 0xd,
+  codeSignature = 0x1d,
   loadLibraryLazily = 0x20,
   loadLibraryUpward = 0x23 | 0x80000000,
   loadLibraryWeakly = 0x18 | 0x80000000,
@@ -77,8 +78,9 @@ LibraryLoad readLibrary(Bytes command, bool mandatory) {
 void readSymbols(Bytes bytes, ByteReader command, Slice& slice) {
   auto offset = command.take<uint32_t>();
   auto count = command.take<uint32_t>();
-  auto stringsAt = command.take<uint32_t>();
-  Bytes strings = part(bytes, stringsAt, command.take<uint32_t>());
+  slice.strings.offset = command.take<uint32_t>();
+  slice.strings.size = command.take<uint32_t>();
+  Bytes strings = part(bytes, slice.strings.offset, slice.strings.size);
   ByteReader in(bytes, offset);
   for (uint32_t i = 0; i < count; ++i) {
     auto name = in.take<uint32_t>();
@@ -124,6 +126,12 @@ void readCommand(Bytes bytes, Bytes command, Slice& slice) {
     case dynamicSymbolTable:
       slice.symbolTables = true;
       return;
+    case codeSignature: {
+      Extent& signature = slice.signatures.emplace_back();
+      signature.offset = in.take<uint32_t>();
+      signature.size = in.take<uint32_t>();
+      return;
+    }
     case encryption32:
     case encryption64:
       in.skip(8);

@@ -78,6 +78,8 @@ struct Slice {
   bool symbolTables = false;
   uint64_t commandsEnd = 0;  // from the start of the slice
   LoaderInfo loaderInfo;
+  Extent strings;                  // the names of the symbols
+  std::vector<Extent> signatures;  // as many as the load commands tell of
   std::string installName;
   std::vector<LibraryLoad> loads;
   std::vector<Segment> segments;

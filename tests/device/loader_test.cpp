@@ -260,6 +260,17 @@ TEST_P(Loader, RefusesCodeThatMayBeWritten) {
   expectRefused("segment __TEXT is not code");
 }
 
+TEST_P(Loader, RefusesCodeThatIsNotWhatWasSigned) {
+  for (const Section& text : slice.sections)
+    if (text.name == "__text") file[slice.start + text.offset + text.size / 2] ^= 4;
+  expectRefused("SHA-1 directory: the hash of page ");
+}
+
+TEST_P(Loader, RefusesASliceWithoutASignature) {
+  set32(command(0x1d), 0x7f);
+  expectRefused("no signature");
+}
+
 TEST(LoaderOfArm64, RefusesASliceWithoutUnwindTables) {
   Bytes file = shipped();
   std::string name = "__unwind_info";

@@ -1,0 +1,269 @@
+// Signatures: what is signed is found without fault, and what was done to it afterwards is found, whatever it
+// was.
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <iterator>
+
+#include "command.hpp"
+#include "device/signature/sign.hpp"
+#include "device/signature/verify.hpp"
+#include "device/tools/byte_reader.hpp"
+
+namespace {
+
+using namespace device;
+using Bytes = std::vector<uint8_t>;
+using Lines = std::vector<std::string>;
+
+Bytes contents(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+const Bytes& shipped() {
+  static const Bytes file = contents(LIBRARY);
+  return file;
+}
+
+Bytes thin(const std::string& slice) { return contents(fmt::format("{}/good-{}.dylib", IMAGES, slice)); }
+
+// What is found, or why the file cannot be read.
+Lines judged(const Bytes& file) {
+  try {
+    return signature::findings(file);
+  } catch (const std::runtime_error& error) {
+    return {error.what()};
+  }
+}
+
+void put32(Bytes& file, size_t at, uint32_t value, bool bigEndian = false) {
+  if (bigEndian) value = __builtin_bswap32(value);
+  std::memcpy(file.data() + at, &value, sizeof value);
+}
+
+uint32_t get32(const Bytes& file, size_t at, bool bigEndian = false) {
+  const auto value = ByteReader(file, at).take<uint32_t>();
+  return bigEndian ? __builtin_bswap32(value) : value;
+}
+
+std::string refusal(const Bytes& file) {
+  try {
+    signature::withSignature(file, "test");
+    return "";
+  } catch (const std::runtime_error& error) {
+    return error.what();
+  }
+}
+
+// A signed slice of the smallest image, under test by turns.
+class Signature : public testing::TestWithParam<const char*> {
+ protected:
+  Slice slice() const { return readImage(file).front(); }
+  size_t start() const { return slice().signatures.front().offset; }
+  // Where a blob begins, by its place in the order.
+  size_t blob(size_t number) const { return start() + get32(file, start() + 16 + 8 * number, true); }
+  // Where the first section's offset into the file is written.
+  size_t sectionOffset() const {
+    const bool wide = slice().is64;
+    return (wide ? 32 + 72 + 48 : 28 + 56 + 40);
+  }
+  void expectFound(const std::string& words) const {
+    const Lines lines = judged(file);
+    EXPECT_TRUE(std::ranges::any_of(lines, [&](const auto& line) { return line.find(words) != line.npos; }))
+        << words << "\nfound: " << testing::PrintToString(lines);
+  }
+
+  Bytes file = signature::withSignature(thin(GetParam()), "test");
+};
+
+INSTANTIATE_TEST_SUITE_P(Slices, Signature, testing::Values("arm64", "armv7"),
+                         [](const auto& info) { return std::string(info.param); });
+
+TEST(Signature, OfWhatShipsIsWithoutFault) { EXPECT_EQ(judged(shipped()), Lines{}); }
+
+TEST_P(Signature, IsWithoutFaultOnceWritten) { EXPECT_EQ(judged(file), Lines{}); }
+
+TEST_P(Signature, IsTheSameEveryTime) { EXPECT_EQ(file, signature::withSignature(thin(GetParam()), "test")); }
+
+TEST_P(Signature, LeavesTheRestOfTheSliceAsItWas) {
+  const Bytes before = thin(GetParam());
+  const size_t commands = slice().commandsEnd;
+  EXPECT_TRUE(std::equal(before.begin() + static_cast<long>(commands), before.end(),
+                         file.begin() + static_cast<long>(commands)));
+}
+
+TEST_P(Signature, ThatIsMissingIsFound) { EXPECT_EQ(judged(thin(GetParam())), Lines{"no signature"}); }
+
+// Everything but the insides of pages byte by byte, and those by samples.
+TEST_P(Signature, NoticesAnyChangedByte) {
+  const size_t commands = slice().commandsEnd, signed_ = start();
+  for (size_t at = 0; at < file.size(); at += at < commands || at >= signed_ ? 1 : 61) {
+    const uint8_t bits = at % 3 == 0 ? 0x01 : at % 3 == 1 ? 0x80 : 0xff;
+    file[at] ^= bits;
+    EXPECT_NE(judged(file), Lines{}) << "byte " << at;
+    file[at] ^= bits;
+  }
+}
+
+TEST(Signature, NoticesAnyChangedByteOfWhatShips) {
+  Bytes file = shipped();
+  for (size_t at = 0; at < file.size(); at += at < 64 ? 1 : 2039) {
+    file[at] ^= 0x10;
+    EXPECT_NE(judged(file), Lines{}) << "byte " << at;
+    file[at] ^= 0x10;
+  }
+}
+
+TEST_P(Signature, NoticesACutAnywhere) {
+  const Bytes whole = file;
+  for (size_t size = 0; size < whole.size(); size += size < 4096 ? 7 : 997) {
+    file.assign(whole.begin(), whole.begin() + static_cast<long>(size));
+    EXPECT_NE(judged(file), Lines{}) << size << " bytes";
+  }
+}
+
+TEST_P(Signature, NothingFollows) {
+  file.resize(file.size() + 16);
+  expectFound("16 bytes follow the signature");
+}
+
+TEST(Signature, NothingFollowsTheLastSlice) {
+  Bytes file = shipped();
+  file.push_back(0);
+  EXPECT_EQ(judged(file), Lines{"1 bytes follow the last slice"});
+}
+
+TEST(Signature, LetsNothingStandBetweenSlices) {
+  Bytes file = shipped();
+  file[readImage(file)[1].start - 1] = 1;
+  EXPECT_EQ(judged(file), Lines{readImage(file)[1].architecture + ": something stands before it"});
+}
+
+TEST_P(Signature, NamesThePageWhoseHashIsWrong) {
+  file[0x1000] ^= 1;
+  EXPECT_EQ(judged(file), (Lines{"SHA-1 directory: the hash of page 1 (at 0x1000) is wrong",
+                                 "SHA-256 directory: the hash of page 1 (at 0x1000) is wrong"}));
+}
+
+TEST_P(Signature, NamesTheSpecialSlotThatIsWrong) {
+  file[blob(2) + 20] ^= 1;
+  EXPECT_EQ(judged(file), (Lines{"SHA-1 directory: special slot -5 is wrong (entitlements blob)",
+                                 "SHA-256 directory: special slot -5 is wrong (entitlements blob)"}));
+}
+
+TEST_P(Signature, NamesTheFieldThatIsWrong) {
+  file[blob(0) + 15] |= 1;
+  EXPECT_EQ(judged(file), Lines{"SHA-1 directory: flags is 0x3, not 0x2"});
+}
+
+TEST_P(Signature, BearsOneName) {
+  file[blob(3) + 88] ^= 1;
+  EXPECT_EQ(judged(file), Lines{"the two code directories bear different names"});
+}
+
+// The blob is taken out whole, so that all that is left is in order.
+TEST_P(Signature, NeedsItsEntitlementsBlob) {
+  const size_t begin = blob(2), size = blob(3) - begin;
+  const uint32_t last = get32(file, start() + 16 + 24, true);
+  put32(file, start() + 8, 3, true);
+  for (size_t entry = 0; entry < 3; ++entry)
+    put32(file, start() + 16 + 8 * entry, get32(file, start() + 16 + 8 * entry, true) - 8, true);
+  put32(file, start() + 12 + 16, 0x1000, true);
+  put32(file, start() + 16 + 16, static_cast<uint32_t>(last - size - 8), true);
+  put32(file, start() + 4, static_cast<uint32_t>(get32(file, start() + 4, true) - size - 8), true);
+  file.erase(file.begin() + static_cast<long>(begin), file.begin() + static_cast<long>(begin + size));
+  file.erase(file.begin() + static_cast<long>(start()) + 36, file.begin() + static_cast<long>(start()) + 44);
+  file.resize(file.size() + size + 8);
+  expectFound("no entitlements blob");
+}
+
+TEST_P(Signature, StartsAtAMultipleOfSixteen) {
+  const size_t at = slice().commandsEnd - 8;
+  put32(file, at, get32(file, at) + 8);
+  put32(file, at + 4, get32(file, at + 4) - 8);
+  expectFound("no multiple of 16");
+}
+
+TEST_P(Signature, IsAskedForOnce) {
+  // Another command of its kind, in the room that is left; the segment of the header has more of it.
+  const size_t end = slice().commandsEnd;
+  std::copy_n(file.begin() + static_cast<long>(end) - 16, 16, file.begin() + static_cast<long>(end));
+  put32(file, 16, get32(file, 16) + 1);
+  put32(file, 20, get32(file, 20) + 16);
+  expectFound("more than one signature");
+}
+
+TEST_P(Signature, NeedsRoomInTheHeader) {
+  Bytes image = thin(GetParam());
+  put32(image, sectionOffset(), static_cast<uint32_t>(readImage(image).front().commandsEnd) + 8);
+  EXPECT_EQ(refusal(image),
+            "the header has 8 bytes to spare before section __text, and the signature needs 16");
+}
+
+TEST_P(Signature, FindsAHeaderThatIsTooShort) {
+  put32(file, sectionOffset(), static_cast<uint32_t>(slice().commandsEnd) - 16);
+  expectFound("the header is 16 bytes too short for its load commands: section __text begins in them");
+}
+
+TEST_P(Signature, IsNotWrittenTwice) { EXPECT_EQ(refusal(file), "signed already"); }
+
+TEST(Signature, IsOfASlice) { EXPECT_EQ(refusal(shipped()), "a universal file; sign its slices"); }
+
+TEST_P(Signature, IsNotWrittenBehindALooseEnd) {
+  Bytes image = thin(GetParam());
+  image.push_back(0);
+  EXPECT_EQ(refusal(image), "does not end with its segment __LINKEDIT");
+}
+
+TEST(Signature, OfALaterSystemHasOneDirectory) {
+  const Bytes file =
+      signature::withSignature(contents(fmt::format("{}/later_system-arm64.dylib", IMAGES)), "test");
+  EXPECT_EQ(judged(file), Lines{});
+  const size_t start = readImage(file).front().signatures.front().offset;
+  EXPECT_EQ(get32(file, start + 8, true), 3u);
+  EXPECT_EQ(file[start + get32(file, start + 16, true) + 37], 2) << "SHA-256";
+}
+
+TEST(SignatureTools, SignAndVerifyFiles) {
+  const std::string file = testing::TempDir() + "signature_test.dylib";
+  const std::string image = fmt::format("{}/good-arm64.dylib", IMAGES);
+  EXPECT_EQ(test::run(fmt::format("'{}' some.name '{}' '{}'", SIGN, image, file)).status, 0);
+  const test::Outcome good = test::run(fmt::format("'{}' '{}'", VERIFY, file));
+  EXPECT_EQ(good.status, 0);
+  EXPECT_EQ(good.lines, Lines{});
+  const test::Outcome bad = test::run(fmt::format("'{}' '{}' '{}'", VERIFY, file, image));
+  EXPECT_EQ(bad.status, 1);
+  EXPECT_EQ(bad.lines, Lines{image + ": no signature"});
+}
+
+TEST(SignatureTools, NameTheFileThatIsNone) {
+  for (const std::string& tool : {fmt::format("'{}' name", SIGN), fmt::format("'{}'", VERIFY)}) {
+    const test::Outcome missing =
+        test::run(tool + " /nowhere " + (tool.find("name") != tool.npos ? "/tmp/out" : ""));
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_EQ(missing.lines, Lines{"/nowhere: cannot be read"});
+  }
+  EXPECT_EQ(test::run(fmt::format("'{}' /etc/passwd", VERIFY)).status, 2);
+}
+
+// What knows nothing of our own reading of the format.
+TEST(Signature, ReadsTheSameByOtherMeans) {
+  const std::string reader = fmt::format("python3 '{}'", READER);
+  const test::Outcome good = test::run(fmt::format("{} '{}'", reader, LIBRARY));
+  EXPECT_EQ(good.status, 0) << testing::PrintToString(good.lines);
+  ASSERT_EQ(good.lines.size(), 2u);
+  for (const std::string& line : good.lines) EXPECT_TRUE(line.ends_with(" pages, com.wexor.tilo")) << line;
+  Bytes file = shipped();
+  file[readImage(file)[0].start + 0x5000] ^= 1;
+  const std::string changed = testing::TempDir() + "signature_changed.dylib";
+  std::ofstream(changed, std::ios::binary)
+      .write(reinterpret_cast<const char*>(file.data()), static_cast<long>(file.size()));
+  EXPECT_EQ(test::run(fmt::format("{} '{}'", reader, changed)).status, 1);
+}
+
+}  // namespace
