@@ -14,7 +14,7 @@ elseif(TILO_SLICE STREQUAL armv7)
   set(CMAKE_SYSTEM_PROCESSOR arm)
   set(triple arm-linux-gnueabi)
   # Lengths are floats there, and the simulator computes some of them as doubles.
-  set(CMAKE_CXX_FLAGS_INIT "-march=armv7-a -mfloat-abi=soft -Wno-c++11-narrowing")
+  set(CMAKE_CXX_FLAGS_INIT "-march=armv7-a -mfloat-abi=softfp -mfpu=neon -Wno-c++11-narrowing")
   set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -cpu cortex-a9 -L ${CMAKE_SYSROOT})
 endif()
 set(CMAKE_CXX_COMPILER_TARGET ${triple})

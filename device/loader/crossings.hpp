@@ -1,4 +1,5 @@
-// Where a call from the slice into the process needs more than a jump: one implementation for each processor.
+// Where a call between the slice and the process needs more than a jump: one implementation for each
+// processor.
 #pragma once
 
 #include <map>
@@ -8,5 +9,14 @@ namespace device::loader {
 
 // Entry points by the linker names of the imports that they stand for.
 std::map<std::string, void*> crossings();
+
+// A function of the process, none of whose arguments takes 64 bits, as the slice calls it. Data as it stands.
+void* asImport(void* found);
+
+// A function of the slice, whose arguments are pointers or integers, as the process calls it.
+void* asFunction(void* code);
+
+// The slice's function that the process calls by that address; itself when it is none.
+void* ofSlice(void* function);
 
 }  // namespace device::loader

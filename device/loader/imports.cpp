@@ -43,7 +43,7 @@ constinit uintptr_t stackGuard = 0x5ca1ab1e;
 
 void* importNamed(const std::string& symbol) {
   static const std::map<std::string, void*> own = [] {
-    auto pointer = [](auto function) { return reinterpret_cast<void*>(function); };
+    auto pointer = [](auto function) { return asImport(reinterpret_cast<void*>(function)); };
     std::map<std::string, void*> table{
         {"___CFConstantStringClassReference", constantStringClass()},
         {"___stack_chk_guard", &stackGuard},
@@ -57,11 +57,13 @@ void* importNamed(const std::string& symbol) {
         {"_object_getClass", pointer(bridge::classOf)},
         {"dyld_stub_binder", pointer(bindLater)},
     };
-    table.merge(crossings());
-    return table;
+    // Those of the processor come before those of any.
+    auto first = crossings();
+    first.merge(table);
+    return first;
   }();
   if (auto found = own.find(symbol); found != own.end()) return found->second;
-  return symbol.starts_with('_') ? dlsym(RTLD_DEFAULT, symbol.c_str() + 1) : nullptr;
+  return symbol.starts_with('_') ? asImport(dlsym(RTLD_DEFAULT, symbol.c_str() + 1)) : nullptr;
 }
 
 }  // namespace device::loader

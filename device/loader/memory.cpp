@@ -55,10 +55,10 @@ uint8_t* intoMemory(const Layout& layout, const Resolver& resolve) {
   return base;
 }
 
-void initialise(const Layout& layout, uint8_t* base) {
+void initialise(const Layout& layout, uint8_t* base, void* (*callable)(void* code)) {
   using Initialiser = void (*)(int, const char**, const char**, const char**, const void*);
   for (uint64_t address : layout.initialisers)
-    reinterpret_cast<Initialiser>(base + address)(0, nullptr, nullptr, nullptr, nullptr);
+    reinterpret_cast<Initialiser>(callable(base + address))(0, nullptr, nullptr, nullptr, nullptr);
 }
 
 }  // namespace device::loader

@@ -17,7 +17,7 @@ using Resolver = std::function<void*(const std::string& symbol)>;
 // starts.
 uint8_t* intoMemory(const Layout& layout, const Resolver& resolve);
 
-// Every initialiser, in order.
-void initialise(const Layout& layout, uint8_t* base);
+// Every initialiser, in order, each by way of what `callable` makes of it.
+void initialise(const Layout& layout, uint8_t* base, void* (*callable)(void* code));
 
 }  // namespace device::loader

@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "device/loader/crash.hpp"
+#include "device/loader/crossings.hpp"
 #include "device/loader/imports.hpp"
 #include "device/loader/memory.hpp"
 #include "simulator/device/image.hpp"
@@ -46,7 +48,8 @@ void* open(const char* path, std::string& error) try {
   slice->base = intoMemory(slice->layout, importNamed);
   void* image = slice->base;
   const Slice& kept = *(loaded[image] = std::move(slice));
-  initialise(kept.layout, kept.base);
+  nameCrashes(kept.base, kept.layout.size, TILO_SYMBOLS, architecture);
+  initialise(kept.layout, kept.base, asFunction);
   return image;
 } catch (const std::runtime_error& reason) {
   error = std::string(architecture) + ": " + reason.what();

@@ -7,7 +7,7 @@
 namespace sim {
 
 void addRoundedRect(cairo_t* context, const CGRect& rect, double radius) {
-  const double r = std::min({radius, rect.size.width / 2, rect.size.height / 2});
+  const double r = std::min<double>({radius, rect.size.width / 2, rect.size.height / 2});
   if (!(r > 0)) {
     cairo_rectangle(context, rect.origin.x, rect.origin.y, rect.size.width, rect.size.height);
     return;

@@ -21,7 +21,7 @@ struct ChevronState {
 
 void drawChevron(cairo_t* context, CGSize size, const Color& color) {
   const double middleX = size.width / 2, middleY = size.height / 2;
-  const double halfWidth = std::min(chevronSize.width, size.width - strokeWidth) / 2;
+  const double halfWidth = std::min<double>(chevronSize.width, size.width - strokeWidth) / 2;
   cairo_move_to(context, middleX - halfWidth, middleY - chevronSize.height / 2);
   cairo_line_to(context, middleX, middleY + chevronSize.height / 2);
   cairo_line_to(context, middleX + halfWidth, middleY - chevronSize.height / 2);

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# check_checks.sh <scratch folder>: what compares the two sides of a scenario notices what it is there to notice.
+# check_checks.sh <scratch folder> <compare_reports>: what compares the two sides of a scenario notices what it is there to notice.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
+compare=$2
 rm -rf "$1"
 mkdir -p "$1"
 cd "$1"
@@ -39,3 +40,25 @@ program native '' 0
 program slice '' 0
 sed -i '/end.json/d' native slice
 refused 'no report' 'no report'
+
+# told REPORT REPORT: what is said of the two where lengths are floats.
+told() {
+  echo "$1" >one
+  echo "$2" >other
+  "$compare" 1e-4 one other
+}
+told '{"a": [1.5, "b"], "c": 60}' '{"a": [1.50001, "b"], "c": 60.0}' || { echo 'refused what is alike'; exit 1; }
+differs() { # REPORT REPORT WORDS
+  if told "$1" "$2" >found; then echo "not noticed: $1 and $2"; exit 1; fi
+  grep -qF "$3" found || { echo "not named: $(cat found)"; exit 1; }
+}
+differs '{"a": [1.5]}' '{"a": [1.5002]}' '.a[0]: 1.5 and 1.5002'
+differs '{"a": 150.0}' '{"a": 150.02}' '.a: 150.0 and 150.02'
+differs '{"a": 100000}' '{"a": 100001}' '.a: 100000 and 100001'
+differs '{"a": "1"}' '{"a": 1}' '.a: "1" and 1'
+differs '{"a": null}' '{}' '.a: null and "nothing"'
+differs '{}' '{"a": null}' '.a: "nothing" and null'
+differs '{"a": [1]}' '{"a": [1, 1]}' '.a: [1] and [1,1]'
+status=0
+told '{' '{}' 2>found || status=$?
+[ "$status" -eq 2 ] && grep -q 'one is no report' found || { echo 'took half a report'; exit 1; }

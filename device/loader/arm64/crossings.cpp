@@ -9,14 +9,10 @@
 #include <cstring>
 
 #include "bridge/runtime.hpp"
+#include "device/loader/widened.hpp"
 #include "simulator/runtime/console.hpp"
 
-struct CGFont;
-
 extern "C" {
-bool CTFontManagerRegisterGraphicsFont(CGFont* font, id* error);
-unsigned char CFPreferencesSynchronize(id application, id user, id host);
-
 void sliceMessageSend();
 void sliceLog();
 void sliceFormat();
@@ -96,18 +92,6 @@ struct Arguments {
   }
 };
 
-template <auto Function>
-struct Widened;
-template <class R, class... A, R (*Function)(A...)>
-struct Widened<Function> {
-  static uint32_t call(A... arguments) { return static_cast<uint32_t>(Function(arguments...)); }
-};
-
-template <auto Function>
-void* widened() {
-  return reinterpret_cast<void*>(&Widened<Function>::call);
-}
-
 }  // namespace
 
 extern "C" __attribute__((used)) void sliceLogFrom(int, id format, void* stack) {
@@ -121,18 +105,17 @@ extern "C" __attribute__((used)) int sliceFormatFrom(char* text, size_t size, co
 
 namespace device::loader {
 
+// Both sides agree.
+void* asImport(void* found) { return found; }
+void* asFunction(void* code) { return code; }
+void* ofSlice(void* function) { return function; }
+
 std::map<std::string, void*> crossings() {
-  auto pointer = [](void (*function)()) { return reinterpret_cast<void*>(function); };
-  return {
-      {"_CFLog", pointer(sliceLog)},
-      {"_CFPreferencesSynchronize", widened<CFPreferencesSynchronize>()},
-      {"_CTFontManagerRegisterGraphicsFont", widened<CTFontManagerRegisterGraphicsFont>()},
-      {"_class_addIvar", widened<class_addIvar>()},
-      {"_class_addMethod", widened<class_addMethod>()},
-      {"_objc_msgSend", pointer(sliceMessageSend)},
-      {"_sel_isEqual", widened<sel_isEqual>()},
-      {"_snprintf", pointer(sliceFormat)},
-  };
+  std::map<std::string, void*> table = widenedFunctions();
+  table.emplace("_CFLog", reinterpret_cast<void*>(sliceLog));
+  table.emplace("_objc_msgSend", reinterpret_cast<void*>(sliceMessageSend));
+  table.emplace("_snprintf", reinterpret_cast<void*>(sliceFormat));
+  return table;
 }
 
 }  // namespace device::loader

@@ -51,7 +51,9 @@ CGRect trackRect(UISlider, CGRect bounds) {
 }
 
 // The way of the thumb's left edge.
-CGFloat travelOf(CGRect track) { return std::max(track.size.width + 2 * trackMargin - thumbSize, 0.0); }
+CGFloat travelOf(CGRect track) {
+  return std::max<CGFloat>(track.size.width + 2 * trackMargin - thumbSize, 0.0);
+}
 
 CGRect thumbRect(UISlider self, CGRect, CGRect track, float value) {
   const double along = fractionOf(stateOf(self), value);
@@ -70,8 +72,10 @@ void placeParts(UISlider self) {
   const CGFloat middle = thumb.origin.x + thumb.size.width / 2;
   const CGFloat end = track.origin.x + track.size.width;
   state.thumb->setFrame(thumb);
-  state.minimumTrack->setFrame({track.origin, {std::max(middle - track.origin.x, 0.0), track.size.height}});
-  state.maximumTrack->setFrame({{middle, track.origin.y}, {std::max(end - middle, 0.0), track.size.height}});
+  state.minimumTrack->setFrame(
+      {track.origin, {std::max<CGFloat>(middle - track.origin.x, 0.0), track.size.height}});
+  state.maximumTrack->setFrame(
+      {{middle, track.origin.y}, {std::max<CGFloat>(end - middle, 0.0), track.size.height}});
 }
 
 void layoutSubviews(UISlider self) {
@@ -154,7 +158,7 @@ float valueAt(UISlider self, CGFloat left) {
   const CGRect track = self.trackRectForBounds(self.bounds());
   const CGFloat travel = travelOf(track);
   if (travel <= 0) return state.minimum;
-  const double along = std::clamp((left - track.origin.x + trackMargin) / travel, 0.0, 1.0);
+  const double along = std::clamp<double>((left - track.origin.x + trackMargin) / travel, 0.0, 1.0);
   return static_cast<float>(state.minimum + along * (static_cast<double>(state.maximum) - state.minimum));
 }
 

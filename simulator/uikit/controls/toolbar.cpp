@@ -99,8 +99,8 @@ void layoutSubviews(UIToolbar self) {
     if (!place.view) ++spaces;
   }
   // Where the items need it, the margins give way.
-  const CGFloat margin = std::clamp((bar.width - used) / 2, 0.0, usualMargin);
-  const CGFloat space = spaces > 0 ? std::max(bar.width - 2 * margin - used, 0.0) / spaces : 0;
+  const CGFloat margin = std::clamp<CGFloat>((bar.width - used) / 2, 0.0, usualMargin);
+  const CGFloat space = spaces > 0 ? std::max<CGFloat>(bar.width - 2 * margin - used, 0.0) / spaces : 0;
   CGFloat x = margin;
   for (const Place& place : state.places) {
     const CGSize size = sizeOf(place, bar.height);

@@ -32,7 +32,7 @@ CGPoint previousLocationInView(UITouch self, UIView view) {
 }
 
 CGFloat maximumPossibleForce(UITouch) { return configuration().forceTouch ? maximumForce : 0; }
-CGFloat force(UITouch self) { return std::min(stateOf(self).force, self.maximumPossibleForce()); }
+CGFloat force(UITouch self) { return std::min<CGFloat>(stateOf(self).force, self.maximumPossibleForce()); }
 
 bool hasForce() { return std::atoi(configuration().systemVersion.c_str()) >= firstVersionWithForce; }
 

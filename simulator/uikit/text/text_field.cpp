@@ -49,7 +49,7 @@ CGRect textRect(UITextField self) {
   const CGSize size = self.bounds().size;
   const CGFloat margin = hasBorder(self) ? roundedMargin : 0;
   const CGFloat right = showsClearButton(self) ? clearButtonWidth : margin;
-  return {{margin, 0}, {std::max(size.width - margin - right, 0.0), size.height}};
+  return {{margin, 0}, {std::max<CGFloat>(size.width - margin - right, 0.0), size.height}};
 }
 
 Text makeText(UITextField self, NSString words, const Color& color) {

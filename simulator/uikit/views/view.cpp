@@ -60,7 +60,9 @@ UIResponder nextResponder(UIView self) {
 }
 
 CGFloat alpha(UIView self) { return layerOf(self).opacity; }
-void setAlpha(UIView self, CGFloat alpha) { setOpacity(layerObjectOf(self), std::clamp(alpha, 0.0, 1.0)); }
+void setAlpha(UIView self, CGFloat alpha) {
+  setOpacity(layerObjectOf(self), std::clamp<CGFloat>(alpha, 0.0, 1.0));
+}
 BOOL isHidden(UIView self) { return layerOf(self).hidden; }
 void setHidden(UIView self, BOOL hidden) { layerOf(self).hidden = hidden; }
 BOOL clipsToBounds(UIView self) { return layerOf(self).masksToBounds; }
