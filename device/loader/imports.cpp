@@ -11,6 +11,7 @@
 #include "bridge/runtime.hpp"
 #include "device/loader/constant_string.hpp"
 #include "device/loader/crossings.hpp"
+#include "device/loader/process.hpp"
 
 namespace device::loader {
 namespace {
@@ -25,7 +26,7 @@ void* openLibrary(const char* path, int mode) {
 }
 
 void* findSymbol(void* image, const char* name) {
-  return dlsym(image == everywhere ? RTLD_DEFAULT : image, name);
+  return image == everywhere ? asItStands(std::string("_") + name) : dlsym(image, name);
 }
 
 void* pushPool() { return new bridge::Pool; }
@@ -63,7 +64,7 @@ void* importNamed(const std::string& symbol) {
     return first;
   }();
   if (auto found = own.find(symbol); found != own.end()) return found->second;
-  return symbol.starts_with('_') ? asImport(dlsym(RTLD_DEFAULT, symbol.c_str() + 1)) : nullptr;
+  return asImport(asItStands(symbol));
 }
 
 }  // namespace device::loader

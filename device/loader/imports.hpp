@@ -6,7 +6,8 @@
 namespace device::loader {
 
 // By linker name. What is crossed into as it stands is found in the process by its C name; what Linux does
-// otherwise, or does not have, is a function of the loader's. Null when there is neither.
+// otherwise, or does not have, is a function of the loader's. Null when there is neither. Throws Refusal for
+// what needs a function of the loader's that is not there.
 void* importNamed(const std::string& symbol);
 
 }  // namespace device::loader

@@ -13,6 +13,7 @@
 #include "bridge/block.hpp"
 #include "device/loader/armv7/relay.hpp"
 #include "device/loader/crossings.hpp"
+#include "device/loader/process.hpp"
 
 extern "C" {
 IMP objc_msg_lookup(id receiver, SEL selector);
@@ -152,7 +153,8 @@ void* copyBlock(bridge::BlockHeader* block) {
 
 void* findSymbol(void* image, const char* name) {
   if (std::strcmp(name, "MSHookMessageEx") == 0) return asImport(reinterpret_cast<void*>(hook));
-  return asImport(dlsym(image == reinterpret_cast<void*>(-2) ? RTLD_DEFAULT : image, name));
+  return asImport(image == reinterpret_cast<void*>(-2) ? asItStands(std::string("_") + name)
+                                                       : dlsym(image, name));
 }
 
 }  // namespace
