@@ -83,6 +83,7 @@ void tell(int signal, siginfo_t*, void* given) {
     const NamedFunction function = names.at(address - image.base);
     const std::string method = methods.answeredBy(function);
     std::string line = "  in " + function.name + (method.empty() ? "" : ", for " + method) + '\n';
+    if (!method.empty() && function.name.starts_with("bridge::Thunk<")) line = "  in " + method + '\n';
     if (line != last) fmt::print(stderr, "{}", line);
     last = line;
   }
