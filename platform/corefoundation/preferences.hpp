@@ -11,5 +11,8 @@ extern const id kCFPreferencesAnyHost;
 id CFPreferencesCopyKeyList(id domain, id user, id host);
 id CFPreferencesCopyMultiple(id keys, id domain, id user, id host);
 void CFPreferencesSetValue(id key, id value, id domain, id user, id host);
+// Sets the values of the first and removes the keys of the second, all in one.
+void CFPreferencesSetMultiple(id values, id removedKeys, id domain, id user, id host);
+// False when what was set could not be kept.
 unsigned char CFPreferencesSynchronize(id domain, id user, id host);
 }

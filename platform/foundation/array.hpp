@@ -7,6 +7,7 @@ struct NSArray : bridge::Face<"NSArray", NSObject> {
   static constexpr bridge::ClassMethod<"NSArray", "array", NSArray()> array{};
   MESSAGE Method<"count", NSUInteger()> count;
   MESSAGE Method<"objectAtIndex:", bridge::Object(NSUInteger)> objectAtIndex;
+  MESSAGE Method<"sortedArrayUsingSelector:", NSArray(SEL)> sortedArrayUsingSelector;
 };
 
 struct NSMutableArray : bridge::Face<"NSMutableArray", NSArray> {

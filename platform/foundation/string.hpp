@@ -4,10 +4,14 @@
 #include "bridge/string.hpp"
 #include "platform/foundation/object.hpp"
 
+struct NSArray;
+
 // NSComparisonResult
 enum : NSInteger { NSOrderedAscending = -1, NSOrderedSame = 0, NSOrderedDescending = 1 };
 // NSStringCompareOptions
 enum : NSUInteger { NSNumericSearch = 64 };
+// NSStringEncoding
+enum : NSUInteger { NSUTF8StringEncoding = 4 };
 
 struct NSString : bridge::Face<"NSString", NSObject> {
   static constexpr bridge::ClassMethod<"NSString", "stringWithUTF8String:", NSString(const char*)>
@@ -16,6 +20,9 @@ struct NSString : bridge::Face<"NSString", NSObject> {
   static constexpr bridge::ClassMethod<"NSString", "stringWithCharacters:length:",
                                        NSString(const unsigned short*, NSUInteger)>
       stringWithCharacters_length{};
+  // Nil where the bytes are no text in that encoding.
+  MESSAGE Method<"initWithBytes:length:encoding:", NSString(const void*, NSUInteger, NSUInteger)>
+      initWithBytes_length_encoding;
   MESSAGE Method<"UTF8String", const char*()> UTF8String;
   MESSAGE Method<"length", NSUInteger()> length;
   MESSAGE Method<"characterAtIndex:", unsigned short(NSUInteger)> characterAtIndex;
@@ -24,6 +31,9 @@ struct NSString : bridge::Face<"NSString", NSObject> {
   MESSAGE Method<"compare:options:", NSInteger(NSString, NSUInteger)> compare_options;
   MESSAGE Method<"stringByAppendingString:", NSString(NSString)> stringByAppendingString;
   MESSAGE Method<"stringByAppendingPathComponent:", NSString(NSString)> stringByAppendingPathComponent;
+  MESSAGE Method<"hasPrefix:", BOOL(NSString)> hasPrefix;
+  MESSAGE Method<"hasSuffix:", BOOL(NSString)> hasSuffix;
+  MESSAGE Method<"componentsSeparatedByString:", NSArray(NSString)> componentsSeparatedByString;
 };
 
 template <bridge::Name Text>

@@ -59,6 +59,14 @@ bridge::Strong<NSMutableDictionary> withUnsaved(NSDictionary file, NSString doma
   return values;
 }
 
+// Writes the file with all changes that are not in it yet.
+bool save(NSDictionary file, NSString domain) {
+  const bool readable = file || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
+  if (!readable || !withUnsaved(file, domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
+  unsaved(domain).clear();
+  return true;
+}
+
 // Foundation writes seven digits of a float, which takes nine.
 bridge::Object withAllDigits(bridge::Object value) {
   if (!bridge::isKindOf<NSNumber>(value)) return value;
@@ -90,12 +98,24 @@ bool setPreference(NSString domain, NSString key, bridge::Object value) {
   const bridge::Object written = withAllDigits(value);
   // What is set already is not written again.
   if (unsaved(domain).empty() && isWrittenAs(file.objectForKey(key), written)) return true;
-  const bool readable = file || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
   unsaved(domain)[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(written));
-  if (!readable || !withUnsaved(file, domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
-  unsaved(domain).clear();
-  return true;
+  return save(file, domain);
 }
+
+void setPreferences(NSString domain, NSDictionary values, NSArray removedKeys) {
+  WriteLock lock;
+  const NSArray keys = values.allKeys();
+  for (NSUInteger i = 0; i < keys.count(); ++i) {
+    const auto key = bridge::as<NSString>(keys.objectAtIndex(i));
+    unsaved(domain)[key.UTF8String()] =
+        bridge::retained(bridge::as<NSObject>(withAllDigits(values.objectForKey(key))));
+  }
+  for (NSUInteger i = 0; i < removedKeys.count(); ++i)
+    unsaved(domain)[bridge::as<NSString>(removedKeys.objectAtIndex(i)).UTF8String()] = nullptr;
+  save(storedPreferences(domain), domain);
+}
+
+bool preferencesAreSaved(NSString domain) { return unsaved(domain).empty(); }
 
 void removeUnfinishedPreferences(const std::filesystem::path& root) {
   WriteLock lock;
@@ -131,5 +151,13 @@ SIMULATOR_EXPORT void CFPreferencesSetValue(id key, id value, id domain, id, id)
   sim::setPreference(bridge::as<NSString>(domain), bridge::as<NSString>(key), bridge::as<NSObject>(value));
 }
 
-// Nothing is held back, so there is nothing to bring up to date.
-SIMULATOR_EXPORT unsigned char CFPreferencesSynchronize(id, id, id) { return 1; }
+SIMULATOR_EXPORT void CFPreferencesSetMultiple(id values, id removedKeys, id domain, id, id) {
+  bridge::Pool pool;
+  sim::setPreferences(bridge::as<NSString>(domain), bridge::as<NSDictionary>(values),
+                      bridge::as<NSArray>(removedKeys));
+}
+
+// Nothing is held back but what the disk refused.
+SIMULATOR_EXPORT unsigned char CFPreferencesSynchronize(id domain, id, id) {
+  return sim::preferencesAreSaved(bridge::as<NSString>(domain));
+}

@@ -19,6 +19,12 @@ NSDictionary storedPreferences(NSString domain);
 // process's memory only, since the file cannot be parsed or the disk refuses it.
 bool setPreference(NSString domain, NSString key, bridge::Object value);
 
+// Sets the values and removes the keys in one go, as CFPreferencesSetMultiple does.
+void setPreferences(NSString domain, NSDictionary values, NSArray removedKeys);
+
+// Whether nothing of the domain is kept in this process's memory only.
+bool preferencesAreSaved(NSString domain);
+
 // Removes what processes that were killed while they wrote have left beside the domains' files of the device
 // with that root.
 void removeUnfinishedPreferences(const std::filesystem::path& root);

@@ -3,7 +3,6 @@
 #include <fstream>
 
 #include "platform/foundation/number.hpp"
-#include "simulator/product/settings_tool/settings.hpp"
 #include "tests/simulator/appsupport/fixture.hpp"
 
 namespace {
@@ -36,23 +35,66 @@ class SettingsTool : public ServedCentre {
 };
 
 TEST_F(SettingsTool, WritesValuesOfTheirKinds) {
-  for (const auto& [key, value] : {std::pair{"enabled", "YES"},
-                                   {"labels", "NO"},
-                                   {"rows", "6"},
-                                   {"columns", "4.5"},
-                                   {"preset", "-4.0"},
-                                   {"vertIconPadding", "-13"}}) {
-    EXPECT_EQ(run({"set", key, value}).status, 0);
-    EXPECT_EQ(valueOf(key), std::string(value) + "\n");
+  for (const auto& [key, given, written] : {std::tuple{"enabled", "YES", "YES"},
+                                            {"square", "NO", "NO"},
+                                            {"rows", "6", "6.0"},
+                                            {"sideIconInset", "41.5", "41.5"},
+                                            {"vertIconPadding", "-13", "-13.0"},
+                                            {"qsBackgroundColor", "8", "8"},
+                                            {"custom_preset", "-1", "-1"}}) {
+    EXPECT_EQ(run({"set", key, given}).status, 0);
+    EXPECT_EQ(valueOf(key), std::string(written) + "\n");
   }
-  EXPECT_EQ(run({"set", "rows", "a few"}).status, 0);
-  EXPECT_EQ(valueOf("rows"), "a few\n");
+}
+
+TEST_F(SettingsTool, KnowsSettingsByTheirTitles) {
+  EXPECT_EQ(run({"set", "Dock Icons", "6"}).status, 0);
+  EXPECT_EQ(valueOf("Dock Icons"), "6.0\n");
+  EXPECT_EQ(valueOf("dockIcons"), "6.0\n");
+}
+
+TEST_F(SettingsTool, KnowsChoicesByTheirTitles) {
+  EXPECT_EQ(run({"set", "Quick Settings Background Color", "Peach"}).status, 0);
+  EXPECT_EQ(valueOf("qsBackgroundColor"), "2\n");
+  EXPECT_EQ(run({"set", "Layout", "Custom"}).status, 0);
+  EXPECT_EQ(valueOf("custom_preset"), "-1\n");
+}
+
+TEST_F(SettingsTool, RefusesWhatASettingCannotBe) {
+  for (const auto& [name, value, fault] : {std::tuple{"enabled", "maybe", "YES or NO"},
+                                           {"enabled", "1", "YES or NO"},
+                                           {"rows", "abc", "a number, 1 to 15"},
+                                           {"rows", "YES", "a number, 1 to 15"},
+                                           {"rows", "0", "from 1 to 15"},
+                                           {"rows", "16", "from 1 to 15"},
+                                           {"rows", "4.5", "a whole number, 1 to 15"},
+                                           {"Side Inset", "-0.5", "from 0 to 500"},
+                                           {"qsBackgroundColor", "99", "one of White, Blue"},
+                                           {"qsBackgroundColor", "2.5", "one of White, Blue"},
+                                           {"Layout", "0", "one of Custom"},
+                                           {"Layout", "Wide", "one of Custom"}}) {
+    expectError({"set", name, value},
+                std::string("'") + value + "' for '" + name + "': it has to be " + fault);
+    expectError({"get", name}, "is not set");
+  }
+}
+
+TEST_F(SettingsTool, TakesTheEndsOfARange) {
+  for (const auto& [name, value] : {std::pair{"Rows", "1.0"},
+                                    {"Rows", "15.0"},
+                                    {"Top Inset", "0.0"},
+                                    {"Top Inset", "600.0"},
+                                    {"Vertical Padding", "-20.0"},
+                                    {"Vertical Padding", "100.0"}}) {
+    EXPECT_EQ(run({"set", name, value}).status, 0);
+    EXPECT_EQ(valueOf(name), std::string(value) + "\n");
+  }
 }
 
 TEST_F(SettingsTool, KeepsTheOtherValues) {
   run({"set", "rows", "6"});
   run({"set", "columns", "5"});
-  EXPECT_EQ(valueOf("rows"), "6\n");
+  EXPECT_EQ(valueOf("rows"), "6.0\n");
 }
 
 TEST_F(SettingsTool, WritesWithoutAHomeScreenAndSaysSo) {
@@ -60,33 +102,33 @@ TEST_F(SettingsTool, WritesWithoutAHomeScreenAndSaysSo) {
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.output, "");
   EXPECT_EQ(ended.errors, "tilo-settings: written; no home screen runs that could be told\n");
-  EXPECT_EQ(valueOf("rows"), "6\n");
+  EXPECT_EQ(valueOf("rows"), "6.0\n");
 }
 
 TEST_F(SettingsTool, AnnouncesTheThreeSwitchesByTheirTitles) {
   serve();
   EXPECT_EQ(run({"set", "twoFinger", "YES"}).errors, "");
   EXPECT_EQ(run({"set", "quick", "NO"}).status, 0);
-  EXPECT_EQ(run({"set", "isDarkMode", "1"}).status, 0);
+  EXPECT_EQ(run({"set", "isDarkMode", "YES"}).status, 0);
   const std::string name = "PreferencesDidChangeNotification";
   EXPECT_EQ(heard, (std::vector<Heard>{
                        {name, {{"name", "Use Two Finger Tap Instead"}, {"value", true}}},
                        {name, {{"name", "Enable Quick Settings"}, {"value", false}}},
-                       {name, {{"name", "Quick Settings Dark Mode"}, {"value", 1}}},
+                       {name, {{"name", "Quick Settings Dark Mode"}, {"value", true}}},
                    }));
 }
 
 TEST_F(SettingsTool, AnnouncesAllOtherSettingsByTheirKeys) {
   serve();
-  std::vector<Heard> expected;
-  for (const sim::product::SettingRow& row : sim::product::settingRows()) {
-    if (row.announcement == sim::product::Announcement::byTitle) continue;
-    EXPECT_EQ(run({"set", std::string(row.key), "3"}).status, 0);
-    expected.push_back(
-        {"ListPreferencesDidChangeNotification", {{"index", 3}, {"name", std::string(row.key)}}});
-  }
-  EXPECT_EQ(expected.size(), 17u);
-  EXPECT_EQ(heard, expected);
+  const std::string name = "ListPreferencesDidChangeNotification";
+  EXPECT_EQ(run({"set", "Rows", "3"}).status, 0);
+  EXPECT_EQ(run({"set", "square", "YES"}).status, 0);
+  EXPECT_EQ(run({"set", "Layout", "Custom"}).status, 0);
+  EXPECT_EQ(heard, (std::vector<Heard>{
+                       {name, {{"index", 3.0}, {"name", "rows"}}},
+                       {name, {{"index", true}, {"name", "square"}}},
+                       {name, {{"index", -1}, {"name", "custom_preset"}}},
+                   }));
 }
 
 TEST_F(SettingsTool, HasWrittenWhenTheHomeScreenHears) {
@@ -100,12 +142,28 @@ TEST_F(SettingsTool, HasWrittenWhenTheHomeScreenHears) {
   EXPECT_NE(then.find("<key>rows</key>"), std::string::npos) << then;
 }
 
-TEST_F(SettingsTool, ListsTwentySettingsWithTitlesAndValues) {
+TEST_F(SettingsTool, ListsSettingsWithTitlesKindsValuesAndRanges) {
   run({"set", "quick", "YES"});
   const std::string text = run({"list"}).output;
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 20);
-  EXPECT_NE(text.find("Enable Quick Settings            YES\n"), std::string::npos) << text;
-  EXPECT_NE(text.find("Use Two Finger Tap Instead       -\n"), std::string::npos) << text;
+  for (const char* line :
+       {"Enable Quick Settings            quick              boolean  YES     YES or NO\n",
+        "Rows                             rows               float    -       1 to 15, whole\n",
+        "Layout                           custom_preset      integer  -       Custom\n"})
+    EXPECT_NE(text.find(line), std::string::npos) << text;
+}
+
+TEST_F(SettingsTool, ResetsToWhatTheFirstStartWrites) {
+  serve();
+  run({"set", "square", "YES"});
+  run({"set", "rows", "9"});
+  EXPECT_EQ(run({"reset"}).status, 0);
+  EXPECT_EQ(valueOf("rows"), "5.0\n");
+  EXPECT_EQ(valueOf("topIconInset"), "65.0\n");
+  EXPECT_EQ(valueOf("quick"), "YES\n");
+  expectError({"get", "square"}, "is not set");
+  const Heard rows{"ListPreferencesDidChangeNotification", {{"index", 5.0}, {"name", "rows"}}};
+  EXPECT_NE(std::find(heard.begin(), heard.end(), rows), heard.end());
 }
 
 TEST_F(SettingsTool, SendsAnyMessage) {
@@ -117,8 +175,8 @@ TEST_F(SettingsTool, SendsAnyMessage) {
 
 TEST_F(SettingsTool, NamesWhatIsWrong) {
   expectError({"send", "hello"}, "no home screen");
-  expectError({"set", "square", "YES"}, "'square'");
-  expectError({"get", "square"}, "'square'");
+  expectError({"set", "numOfPages", "3"}, "'numOfPages'");
+  expectError({"get", "round"}, "'round'");
   expectError({"get", "rows"}, "'rows' is not set");
   expectError({"send", "hello", "value"}, "'value'");
   expectError({"frob"}, "frob");
