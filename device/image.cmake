@@ -19,6 +19,8 @@ find_path(device_c_headers _newlib_version.h PATHS /usr/include/newlib NO_DEFAUL
 set(device_compile_flags
     -std=c++23 -Os -fno-exceptions -fno-rtti -fvisibility=hidden -fvisibility-inlines-hidden -fno-threadsafe-statics
     -ffp-contract=off
+    # The same wherever the tree lies.
+    -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=
     -Wall -Wextra -Wshadow -Werror
     -nostdinc++ -nostdlibinc -isystem ${device_folder}/include -isystem ${device_cxx_headers}
     -isystem ${device_c_headers}
@@ -38,7 +40,8 @@ set(device_header_space 0x40)
 
 set(device_link_arm64 ${device_linker_arm64} -arch arm64 -platform_version ios ${device_system} ${device_sdk}
     -no_encryption -fatal_warnings -headerpad ${device_header_space})
-set(device_link_armv7 ${device_linker_armv7} -arch armv7 -ios_version_min ${device_system} -sdk_version ${device_sdk})
+# This linker leaves in gaps between data what its memory held; with this setting of the C library that is zeros.
+set(device_link_armv7 ${CMAKE_COMMAND} -E env MALLOC_PERTURB_=255 ${device_linker_armv7} -arch armv7 -ios_version_min ${device_system} -sdk_version ${device_sdk})
 
 # Makes in `folder` the stubs of the libraries whose imports the lists in `lists` allow, and gives their paths to the
 # variables <out>_arm64 and <out>_armv7.

@@ -64,7 +64,7 @@ void* symbol(void* image, const char* name) {
   return nullptr;
 }
 
-[[maybe_unused]] const bool inUse = (host = sim::image::use({open, symbol}), true);
+[[maybe_unused]] const bool inUse = (host = sim::image::use({open, symbol, true}), true);
 
 }  // namespace
 }  // namespace device::loader

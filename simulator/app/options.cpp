@@ -121,6 +121,10 @@ constexpr OptionRow rows[] = {
      "`substrate`", takeChoice<&Options::loader>},
     {"--library", "FILE", "the library to load", "the program's own, where it has one",
      takeFile<&Options::library, readableFile>},
+    {"--installed", "",
+     "load what the root holds, and put nothing of the build there; a file for devices is stood in for "
+     "(below)",
+     "", takeFlag<&Options::installed>},
     {"--script", "FILE", "steps, one a line; `-` reads standard input", "",
      takeFile<&Options::script, readableFile, true>},
     {"--snapshot", "FILE", "PNG of the screen at the end", "", takeFile<&Options::snapshot, writableFile>},

@@ -29,6 +29,7 @@ struct Options {
   std::optional<int> icons;                   // in all; none: as many as fill the pages
   std::optional<std::filesystem::path> root;  // none: a temporary one
   bool stock = false;
+  bool installed = false;  // what the root holds is loaded, and nothing put there
   bool iconSupport = false;
   springboard::Methods springboard = springboard::Methods::real;
   InjectionLoader loader = InjectionLoader::substrate;

@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iostream>
 #include <string_view>
 
 #include "bridge/runtime.hpp"
+#include "simulator/app/injection.hpp"
 #include "simulator/device/image.hpp"
 #include "simulator/device/unfinished_files.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -98,20 +100,24 @@ fs::path Simulation::libraryFile() const {
   return tables.library.empty() ? fs::path() : beside(tables.library);
 }
 
+std::string Simulation::installedName() const {
+  return tables.installedAs.empty() ? libraryFile().stem().string() + ".dylib" : tables.installedAs;
+}
+
 fs::path Simulation::installedLibrary() const {
-  const std::string own = libraryFile().stem().string() + ".dylib";
-  return fs::path(libraryFolder(options.loader)) / (tables.installedAs.empty() ? own : tables.installedAs);
+  return fs::path(libraryFolder(options.loader)) / installedName();
 }
 
 void Simulation::installLibraries() {
-  if (const fs::path library = libraryFile(); !library.empty()) {
+  const fs::path library = libraryFile();
+  if (!library.empty() && !options.installed) {
     const fs::path place = files.hostPath(installedLibrary().string());
     installLibrary(library, place);
     if (!tables.bundle.empty()) installBundle(beside(tables.bundle), place.parent_path() / tables.bundle);
   }
   if (options.iconSupport)
     installLibrary(beside("libIconSupport.so"), files.hostPath(iconSupportPath));
-  else
+  else if (!options.installed)
     fs::remove(files.hostPath(iconSupportPath));
 }
 
@@ -122,8 +128,30 @@ void Simulation::loadLibrary() {
   if (!image) throw UsageError("the library '" + libraryFile().string() + "' cannot be loaded: " + reason);
 }
 
+// Each library that the loader would hand to SpringBoard, found where it would find it. Of a library for
+// devices, where those cannot be loaded, this machine's own build takes the place; of others' there is none.
+void Simulation::loadWhatIsInstalled() {
+  for (const fs::path& file :
+       injection::librariesForSpringBoard(files.hostPath(libraryFolder(options.loader)))) {
+    const bool own = file.filename() == installedName();
+    const bool foreign = !image::takesDeviceFiles() && injection::isDeviceLibrary(file);
+    const fs::path place = fs::path(libraryFolder(options.loader)) / file.filename();
+    if (foreign && (!own || libraryFile().empty())) {
+      std::cerr << tables.name << ": " << place.string() << " is for devices, and left out\n";
+      continue;
+    }
+    std::string reason;
+    void* const loaded = image::open(foreign ? libraryFile() : place, reason);
+    if (!loaded) throw UsageError("the library '" + place.string() + "' cannot be loaded: " + reason);
+    if (own) image = loaded;
+  }
+}
+
 void Simulation::start() {
-  if (!libraryFile().empty()) loadLibrary();
+  if (options.installed && !options.stock)
+    loadWhatIsInstalled();
+  else if (!libraryFile().empty())
+    loadLibrary();
   springboard::start({.pages = options.pages, .icons = options.icons.value_or(-1)});
   settle();
 }

@@ -42,9 +42,11 @@ class Simulation {
 
  private:
   std::filesystem::path libraryFile() const;
-  std::filesystem::path installedLibrary() const;  // a path of the device
+  std::filesystem::path installedLibrary() const;  // a path of the device, as that of the build would be
+  std::string installedName() const;
   void installLibraries();
   void loadLibrary();
+  void loadWhatIsInstalled();
 
   const Options options;
   const Program& tables;

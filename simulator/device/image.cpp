@@ -22,6 +22,8 @@ constinit Loader current{openHere, symbolHere};
 
 Loader use(const Loader& loader) { return std::exchange(current, loader); }
 
+bool takesDeviceFiles() { return current.deviceFiles; }
+
 void* open(const std::string& path, std::string& error) { return current.open(path.c_str(), error); }
 
 void* symbol(void* image, const char* name) { return current.symbol(image, name); }

@@ -17,7 +17,11 @@ void* symbol(void* image, const char* name);
 struct Loader {
   void* (*open)(const char* path, std::string& error);
   void* (*symbol)(void* image, const char* name);
+  bool deviceFiles = false;  // that devices load, too
 };
+
+// Whether images can be the very files that devices load.
+bool takesDeviceFiles();
 
 // From now on every image goes through `loader`. Answers what they went through before.
 Loader use(const Loader& loader);

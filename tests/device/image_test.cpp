@@ -40,6 +40,14 @@ TEST(image, without_fault_passes) {
   EXPECT_EQ(outcome.lines, Lines{});
 }
 
+TEST(image, is_linked_the_same_every_time) {
+  for (const std::string slice : {"arm64", "armv7"})
+    EXPECT_EQ(
+        device::test::run(fmt::format("cmp '{0}/{1}/Tilo.dylib' '{0}/again/{1}/Tilo.dylib'", LINKED, slice))
+            .lines,
+        Lines{});
+}
+
 TEST(image, extra_export_is_found_in_both_slices) {
   expectFindings("extra_export", {"armv7: exports _extra", "arm64: exports _extra"});
 }

@@ -4,33 +4,29 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
-#include <fstream>
-#include <functional>
 #include <iterator>
 
 #include "command.hpp"
 #include "device/signature/sign.hpp"
 #include "device/signature/verify.hpp"
-#include "device/tools/byte_reader.hpp"
+#include "spoiled.hpp"
 
 namespace {
 
 using namespace device;
-using Bytes = std::vector<uint8_t>;
+using test::Bytes;
+using test::get32;
+using test::put32;
 using Lines = std::vector<std::string>;
 
-Bytes contents(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 const Bytes& shipped() {
-  static const Bytes file = contents(LIBRARY);
+  static const Bytes file = test::contentsOf(LIBRARY);
   return file;
 }
 
-Bytes thin(const std::string& slice) { return contents(fmt::format("{}/good-{}.dylib", IMAGES, slice)); }
+Bytes thin(const std::string& slice) {
+  return test::contentsOf(fmt::format("{}/good-{}.dylib", IMAGES, slice));
+}
 
 // What is found, or why the file cannot be read.
 Lines judged(const Bytes& file) {
@@ -39,16 +35,6 @@ Lines judged(const Bytes& file) {
   } catch (const std::runtime_error& error) {
     return {error.what()};
   }
-}
-
-void put32(Bytes& file, size_t at, uint32_t value, bool bigEndian = false) {
-  if (bigEndian) value = __builtin_bswap32(value);
-  std::memcpy(file.data() + at, &value, sizeof value);
-}
-
-uint32_t get32(const Bytes& file, size_t at, bool bigEndian = false) {
-  const auto value = ByteReader(file, at).take<uint32_t>();
-  return bigEndian ? __builtin_bswap32(value) : value;
 }
 
 std::string refusal(const Bytes& file) {
@@ -67,11 +53,6 @@ class Signature : public testing::TestWithParam<const char*> {
   size_t start() const { return slice().signatures.front().offset; }
   // Where a blob begins, by its place in the order.
   size_t blob(size_t number) const { return start() + get32(file, start() + 16 + 8 * number, true); }
-  // Where the first section's offset into the file is written.
-  size_t sectionOffset() const {
-    const bool wide = slice().is64;
-    return (wide ? 32 + 72 + 48 : 28 + 56 + 40);
-  }
   void expectFound(const std::string& words) const {
     const Lines lines = judged(file);
     EXPECT_TRUE(std::ranges::any_of(lines, [&](const auto& line) { return line.find(words) != line.npos; }))
@@ -166,19 +147,8 @@ TEST_P(Signature, BearsOneName) {
   EXPECT_EQ(judged(file), Lines{"the two code directories bear different names"});
 }
 
-// The blob is taken out whole, so that all that is left is in order.
 TEST_P(Signature, NeedsItsEntitlementsBlob) {
-  const size_t begin = blob(2), size = blob(3) - begin;
-  const uint32_t last = get32(file, start() + 16 + 24, true);
-  put32(file, start() + 8, 3, true);
-  for (size_t entry = 0; entry < 3; ++entry)
-    put32(file, start() + 16 + 8 * entry, get32(file, start() + 16 + 8 * entry, true) - 8, true);
-  put32(file, start() + 12 + 16, 0x1000, true);
-  put32(file, start() + 16 + 16, static_cast<uint32_t>(last - size - 8), true);
-  put32(file, start() + 4, static_cast<uint32_t>(get32(file, start() + 4, true) - size - 8), true);
-  file.erase(file.begin() + static_cast<long>(begin), file.begin() + static_cast<long>(begin + size));
-  file.erase(file.begin() + static_cast<long>(start()) + 36, file.begin() + static_cast<long>(start()) + 44);
-  file.resize(file.size() + size + 8);
+  test::takeOutEntitlements(file, slice());
   expectFound("no entitlements blob");
 }
 
@@ -200,13 +170,14 @@ TEST_P(Signature, IsAskedForOnce) {
 
 TEST_P(Signature, NeedsRoomInTheHeader) {
   Bytes image = thin(GetParam());
-  put32(image, sectionOffset(), static_cast<uint32_t>(readImage(image).front().commandsEnd) + 8);
+  put32(image, test::firstSectionOffset(readImage(image).front()),
+        static_cast<uint32_t>(readImage(image).front().commandsEnd) + 8);
   EXPECT_EQ(refusal(image),
             "the header has 8 bytes to spare before section __text, and the signature needs 16");
 }
 
 TEST_P(Signature, FindsAHeaderThatIsTooShort) {
-  put32(file, sectionOffset(), static_cast<uint32_t>(slice().commandsEnd) - 16);
+  put32(file, test::firstSectionOffset(slice()), static_cast<uint32_t>(slice().commandsEnd) - 16);
   expectFound("the header is 16 bytes too short for its load commands: section __text begins in them");
 }
 
@@ -222,7 +193,7 @@ TEST_P(Signature, IsNotWrittenBehindALooseEnd) {
 
 TEST(Signature, OfALaterSystemHasOneDirectory) {
   const Bytes file =
-      signature::withSignature(contents(fmt::format("{}/later_system-arm64.dylib", IMAGES)), "test");
+      signature::withSignature(test::contentsOf(fmt::format("{}/later_system-arm64.dylib", IMAGES)), "test");
   EXPECT_EQ(judged(file), Lines{});
   const size_t start = readImage(file).front().signatures.front().offset;
   EXPECT_EQ(get32(file, start + 8, true), 3u);
@@ -261,8 +232,7 @@ TEST(Signature, ReadsTheSameByOtherMeans) {
   Bytes file = shipped();
   file[readImage(file)[0].start + 0x5000] ^= 1;
   const std::string changed = testing::TempDir() + "signature_changed.dylib";
-  std::ofstream(changed, std::ios::binary)
-      .write(reinterpret_cast<const char*>(file.data()), static_cast<long>(file.size()));
+  test::writeContents(changed, file);
   EXPECT_EQ(test::run(fmt::format("{} '{}'", reader, changed)).status, 1);
 }
 
