@@ -4,6 +4,7 @@
 //   struct UIView : bridge::Face<"UIView", UIResponder> {
 //     MESSAGE Method<"setFrame:", void(CGRect)> setFrame;                     view.setFrame(rect)
 //     static constexpr bridge::ClassMethod<"UIView", "areAnimationsEnabled", BOOL()> areAnimationsEnabled{};
+//     MESSAGE OptionalMethod<"setSpacing:", void(double)> setSpacing;          view.setSpacing.ifAnswered(10)
 //   };
 //
 // The C++ name is the selector with "_" between its parts. Selectors of the alloc, new, copy and mutableCopy
@@ -94,6 +95,26 @@ struct alignas(id) Method<Selector, R(A...)> : Message<Selector, R(A...)> {
   auto operator()(A... arguments) const {
     static_assert(Base::family != Family::initialiser, "initialisers are sent by make");
     return Base::send(receiverOf(this), arguments...);
+  }
+};
+
+// A member of a face that the class has on some systems only: it is sent to whom answers it, and to nobody
+// else.
+template <Name Selector, class Signature>
+struct OptionalMethod;
+
+template <Name Selector, class R, class... A>
+struct alignas(id) OptionalMethod<Selector, R(A...)> : Message<Selector, R(A...)> {
+  using Base = Message<Selector, R(A...)>;
+
+  // Nil answers nothing.
+  bool isAnswered() const {
+    return Message<"respondsToSelector:", BOOL(SEL)>::send(receiverOf(this), Base::selector());
+  }
+
+  // Nil, zero or an empty structure where it is not answered.
+  auto ifAnswered(A... arguments) const {
+    return Base::send(isAnswered() ? receiverOf(this) : nullptr, arguments...);
   }
 };
 

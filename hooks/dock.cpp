@@ -39,8 +39,7 @@ void dockLayoutSubviews(SBDockIconListView self) {
   original<dockLayoutSubviews>(self);
   if (dockIsHidden()) self.setAlpha(0);
   int count = SBDockIconListView::isDockIconsEnabled() ? SBDockIconListView::numberOfDockIcons() : usualCount;
-  if (count < usualCount && self.respondsToSelector(bridge::selector<"setSpacing:">()))
-    self.setSpacing(dockSpacing);
+  if (count < usualCount) self.setSpacing.ifAnswered(dockSpacing);
 }
 
 // SpringBoard's own answer is never asked for.

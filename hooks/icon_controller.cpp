@@ -25,17 +25,12 @@ void scaleForLandscape(NSInteger preset) {
 
 void scaleForPortrait() { useFactors(grid::portraitFactors(screenWidth, screenHeight)); }
 
-template <class T>
-bool tellsWhetherLocked(T object) {
-  return object.respondsToSelector(bridge::selector<"isLockScreenVisible">());
-}
-
 // Systems differ in who tells.
 bool lockScreenIsVisible() {
   SBLockScreenManager manager = SBLockScreenManager::sharedInstance();
   SBLockScreenViewController controller = manager.lockScreenViewController();
-  if (tellsWhetherLocked(controller)) return controller.isLockScreenVisible();
-  return tellsWhetherLocked(manager) && manager.isLockScreenVisible();
+  return controller.isLockScreenVisible.isAnswered() ? controller.isLockScreenVisible.ifAnswered()
+                                                     : manager.isLockScreenVisible.ifAnswered();
 }
 
 // A tablet's grid is rescaled, unless it turns behind the lock screen.

@@ -14,11 +14,12 @@ struct SBDockIconListView : bridge::Face<"SBDockIconListView", SBRootIconListVie
       isDockIconsEnabled{};
   static constexpr bridge::ClassMethod<"SBDockIconListView", "numberOfDockIcons", int()> numberOfDockIcons{};
   MESSAGE Method<"iconsInRowForSpacingCalculation", NSUInteger()> iconsInRowForSpacingCalculation;
-  MESSAGE Method<"spacing", CGFloat()> spacing;  // from 11 on, as the next
-  MESSAGE Method<"setSpacing:", void(CGFloat)> setSpacing;
-  MESSAGE Method<"effectiveSpacing", CGFloat()> effectiveSpacing;
+  MESSAGE OptionalMethod<"spacing", CGFloat()> spacing;  // from 11 on, as the next
+  MESSAGE OptionalMethod<"setSpacing:", void(CGFloat)> setSpacing;
+  MESSAGE OptionalMethod<"effectiveSpacing", CGFloat()> effectiveSpacing;
   // The index and the proposed order are results; either may be null.
-  MESSAGE Method<"iconAtPoint:index:proposedOrder:grabbedIcon:", SBIcon(CGPoint, NSUInteger*, int*, SBIcon)>
+  MESSAGE OptionalMethod<"iconAtPoint:index:proposedOrder:grabbedIcon:",
+                         SBIcon(CGPoint, NSUInteger*, int*, SBIcon)>
       iconAtPoint_index_proposedOrder_grabbedIcon;
 };
 

@@ -5,7 +5,7 @@
 #include "platform/uikit/view.hpp"
 
 struct SBIcon : bridge::Face<"SBIcon", NSObject> {
-  MESSAGE Method<"displayName", NSString()> displayName;
+  MESSAGE OptionalMethod<"displayName", NSString()> displayName;
 };
 
 struct SBIconImageView : bridge::Face<"SBIconImageView", UIView> {

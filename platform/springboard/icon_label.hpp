@@ -9,7 +9,7 @@
 struct SBIconLabelImageParameters : bridge::Face<"SBIconLabelImageParameters", NSObject> {
   MESSAGE Method<"text", NSString()> text;
   MESSAGE Method<"textColor", UIColor()> textColor;
-  MESSAGE Method<"shadowColor", UIColor()> shadowColor;
+  MESSAGE OptionalMethod<"shadowColor", UIColor()> shadowColor;
 };
 
 struct SBIconLabelImage : bridge::Face<"SBIconLabelImage", UIImage> {

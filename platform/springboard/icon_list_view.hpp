@@ -22,9 +22,9 @@ struct SBIconListView : bridge::Face<"SBIconListView", UIView> {
   MESSAGE Method<"viewForIcon:", SBIconView(SBIcon)> viewForIcon;
   MESSAGE Method<"setIconsNeedLayout", void()> setIconsNeedLayout;
   // Before system version 11.0. Duration in seconds.
-  MESSAGE Method<"layoutIconsIfNeeded:domino:", void(double, BOOL)> layoutIconsIfNeeded_domino;
+  MESSAGE OptionalMethod<"layoutIconsIfNeeded:domino:", void(double, BOOL)> layoutIconsIfNeeded_domino;
   // From system version 11.0 on.
-  MESSAGE Method<"layoutIconsIfNeeded:animationType:", void(double, NSInteger)>
+  MESSAGE OptionalMethod<"layoutIconsIfNeeded:animationType:", void(double, NSInteger)>
       layoutIconsIfNeeded_animationType;
 };
 

@@ -7,5 +7,6 @@ struct SBIconListPageControl : bridge::Face<"SBIconListPageControl", UIPageContr
   // Which of the two shows a dot depends on the system version.
   MESSAGE Method<"_setIndicatorImage:toEnabled:index:", void(UIImageView, BOOL, NSInteger)>
       _setIndicatorImage_toEnabled_index;
-  MESSAGE Method<"_setIndicatorImage:toEnabled:", void(UIImageView, BOOL)> _setIndicatorImage_toEnabled;
+  MESSAGE OptionalMethod<"_setIndicatorImage:toEnabled:", void(UIImageView, BOOL)>
+      _setIndicatorImage_toEnabled;
 };

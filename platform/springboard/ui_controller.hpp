@@ -10,11 +10,11 @@ struct SBApplication : bridge::Face<"SBApplication", NSObject> {
 struct SBUIController : bridge::Face<"SBUIController", NSObject> {
   static constexpr bridge::ClassMethod<"SBUIController", "sharedInstance", SBUIController()> sharedInstance{};
   // None of these systems has the first; the next two are those of 9 and 10, the last that of 11 and 12.
-  MESSAGE Method<"activateApplicationAnimated:", void(SBApplication)> activateApplicationAnimated;
-  MESSAGE Method<"activateApplication:", void(SBApplication)> activateApplication;
-  MESSAGE Method<"activateApplication:fromIcon:location:", void(SBApplication, SBIcon, NSInteger)>
+  MESSAGE OptionalMethod<"activateApplicationAnimated:", void(SBApplication)> activateApplicationAnimated;
+  MESSAGE OptionalMethod<"activateApplication:", void(SBApplication)> activateApplication;
+  MESSAGE OptionalMethod<"activateApplication:fromIcon:location:", void(SBApplication, SBIcon, NSInteger)>
       activateApplication_fromIcon_location;
-  MESSAGE Method<"activateApplication:fromIcon:location:activationSettings:actions:",
-                 void(SBApplication, SBIcon, NSInteger, bridge::Object, bridge::Object)>
+  MESSAGE OptionalMethod<"activateApplication:fromIcon:location:activationSettings:actions:",
+                         void(SBApplication, SBIcon, NSInteger, bridge::Object, bridge::Object)>
       activateApplication_fromIcon_location_activationSettings_actions;
 };

@@ -54,7 +54,7 @@ Json page(SBRootIconListView list, size_t index) {
 // Null where the version has no such message.
 template <auto Member>
 Json answered(SBDockIconListView list) {
-  return answers<Member>(list) ? number((list.*Member)()) : Json();
+  return (list.*Member).isAnswered() ? number((list.*Member).ifAnswered()) : Json();
 }
 
 }  // namespace

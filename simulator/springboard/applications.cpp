@@ -103,16 +103,15 @@ void useLaunchMessage(LaunchMessage used) { launchMessage = used; }
 void launch(SBIcon icon) {
   const auto controller = SBUIController::sharedInstance();
   SBApplication application = applicationOf(icon).autoreleased();
-  if (answers<&SBUIController::activateApplicationAnimated>(controller))
-    controller.activateApplicationAnimated(application);
-  else if (answers<&SBUIController::activateApplication_fromIcon_location_activationSettings_actions>(
-               controller))
-    controller.activateApplication_fromIcon_location_activationSettings_actions(application, icon,
-                                                                                onHomeScreen, {}, {});
+  if (controller.activateApplicationAnimated.isAnswered())
+    controller.activateApplicationAnimated.ifAnswered(application);
+  else if (controller.activateApplication_fromIcon_location_activationSettings_actions.isAnswered())
+    controller.activateApplication_fromIcon_location_activationSettings_actions.ifAnswered(
+        application, icon, onHomeScreen, {}, {});
   else if (launchMessage == LaunchMessage::plain)
-    controller.activateApplication(application);
+    controller.activateApplication.ifAnswered(application);
   else
-    controller.activateApplication_fromIcon_location(application, icon, onHomeScreen);
+    controller.activateApplication_fromIcon_location.ifAnswered(application, icon, onHomeScreen);
 }
 
 SBApplication shownApplication() { return shown().application.get(); }

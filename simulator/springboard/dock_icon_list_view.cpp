@@ -62,8 +62,7 @@ void setSpacing(SBDockIconListView self, CGFloat points) {
 CGFloat effectiveSpacing(SBDockIconListView self) { return spacing(self); }
 
 CGFloat keptFree(SBDockIconListView self) {
-  return answers<&SBDockIconListView::effectiveSpacing>(self) ? self.effectiveSpacing()
-                                                              : effectiveSpacing(self);
+  return self.effectiveSpacing.isAnswered() ? self.effectiveSpacing.ifAnswered() : effectiveSpacing(self);
 }
 
 // Where the row starts, and how far its icons are apart. A spacing of the list's own keeps the icons together

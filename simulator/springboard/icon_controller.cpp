@@ -155,8 +155,8 @@ void didRotate(SBIconController self, NSInteger from) { self.didRotateFromInterf
 
 // With every method there is, a control that has the older message shows its dots by it.
 void setIndicator(SBIconListPageControl self, UIImageView indicator, BOOL enabled, NSInteger page) {
-  if (answers<&SBIconListPageControl::_setIndicatorImage_toEnabled>(self))
-    self._setIndicatorImage_toEnabled(indicator, enabled);
+  if (self._setIndicatorImage_toEnabled.isAnswered())
+    self._setIndicatorImage_toEnabled.ifAnswered(indicator, enabled);
   else
     PageDots::super<&SBIconListPageControl::_setIndicatorImage_toEnabled_index>(self, indicator, enabled,
                                                                                 page);

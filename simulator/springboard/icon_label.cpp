@@ -34,8 +34,7 @@ UIColor textColor(SBIconLabelImageParameters) { return UIColor::whiteColor(); }
 UIColor shadowColor(SBIconLabelImageParameters) { return UIColor::colorWithWhite_alpha(0, 0.35); }
 
 UIColor shadowOf(SBIconLabelImageParameters parameters) {
-  return answers<&SBIconLabelImageParameters::shadowColor>(parameters) ? parameters.shadowColor()
-                                                                       : shadowColor(parameters);
+  return parameters.shadowColor.isAnswered() ? parameters.shadowColor.ifAnswered() : shadowColor(parameters);
 }
 
 Text styled(SBIconLabelImageParameters parameters) {

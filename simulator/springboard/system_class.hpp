@@ -36,11 +36,4 @@ void defineSystemClass(auto... methods) {
   defineUnderParent(Implementation(), methods...);
 }
 
-// Whether `object` answers to `Member`. What the system itself does not always have is asked for before it is
-// sent.
-template <auto Member>
-bool answers(bridge::Object object) {
-  return class_getInstanceMethod(bridge::classOf(object.raw), bridge::Descriptor<Member>::selector());
-}
-
 }  // namespace sim::springboard

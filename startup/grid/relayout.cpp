@@ -26,9 +26,9 @@ void layOutPage(SBIconController controller, NSInteger page) {
       &list.raw, nullptr, nullptr, NSIndexPath::indexPathWithIndex(static_cast<NSUInteger>(page)), YES);
   list.setIconsNeedLayout();
   if (hasDominoLayout())
-    list.layoutIconsIfNeeded_domino(duration, YES);
+    list.layoutIconsIfNeeded_domino.ifAnswered(duration, YES);
   else
-    list.layoutIconsIfNeeded_animationType(duration, animationType);
+    list.layoutIconsIfNeeded_animationType.ifAnswered(duration, animationType);
 }
 
 void layOut(bool onlyCurrentPage) {

@@ -104,7 +104,7 @@ TEST(Labels, HaveTheColoursThatSpringBoardGivesThem) {
       });
   auto parameters = sim::springboard::makeLabelParameters("Name"_ns);
   EXPECT_EQ(sim::uikit::colorOf(parameters->textColor()), (sim::Color{1, 0, 0, 1}));
-  EXPECT_EQ(sim::uikit::colorOf(parameters->shadowColor()), (sim::Color{0, 1, 0, 1}));
+  EXPECT_EQ(sim::uikit::colorOf(parameters->shadowColor.ifAnswered()), (sim::Color{0, 1, 0, 1}));
 }
 
 std::vector<std::pair<NSInteger, BOOL>> dots;

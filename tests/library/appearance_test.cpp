@@ -34,7 +34,7 @@ TEST(Labels, AreHiddenWhileTheLibraryIsOn) {
   EXPECT_EQ(firstIcon(home)["label"]["visible"], false);
   auto parameters = sim::springboard::makeLabelParameters("Name"_ns);
   EXPECT_EQ(sim::uikit::colorOf(parameters->textColor()).alpha, 0);
-  EXPECT_EQ(sim::uikit::colorOf(parameters->shadowColor()).alpha, 0);
+  EXPECT_EQ(sim::uikit::colorOf(parameters->shadowColor.ifAnswered()).alpha, 0);
   CGRect rect = SBIconLabelImage::_rectWithDrawing_inRect_fromParameters(NO, {{1, 2}, {80, 14}}, parameters);
   EXPECT_EQ(rect, (CGRect{{0, 0}, {0, 0}}));
 }

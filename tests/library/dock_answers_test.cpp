@@ -68,7 +68,8 @@ TEST(DockIconAtAPoint, IsAskedOfSpringBoardWithAllThatWasGiven) {
   NSUInteger index = 0;
   int order = 0;
   auto grabbed = bridge::as<SBIcon>(home.dock().icons().objectAtIndex(1));
-  SBIcon found = home.dock().iconAtPoint_index_proposedOrder_grabbedIcon({3, 4}, &index, &order, grabbed);
+  SBIcon found =
+      home.dock().iconAtPoint_index_proposedOrder_grabbedIcon.ifAnswered({3, 4}, &index, &order, grabbed);
   EXPECT_EQ(asked.point, (CGPoint{3, 4}));
   EXPECT_EQ(asked.index, &index);
   EXPECT_EQ(asked.order, &order);
@@ -80,17 +81,17 @@ TEST(DockIconAtAPoint, IsAskedOfSpringBoardWithAllThatWasGiven) {
 
 TEST(DockSpacing, IsTheSystemsForFourIconsOfNoStoredNumber) {
   Home home(test::homeOptions("iPhone 7", {"dockIconsEnabled=YES"}, {"--ios", "12.1"}));
-  EXPECT_NEAR(home.dock().spacing(), (375 - 4 * 60) / 5., 1e-9);
+  EXPECT_NEAR(home.dock().spacing.ifAnswered(), (375 - 4 * 60) / 5., 1e-9);
 }
 
 TEST(DockLayout, DoesTheSameEveryTime) {
   Home home(
       test::homeOptions("iPhone 7", {"dockIconsEnabled=YES", "dockIcons=3", "dock=YES"}, {"--ios", "12.1"}));
-  home.dock().setSpacing(25);
+  home.dock().setSpacing.ifAnswered(25);
   home.dock().setAlpha(1);
   home.dock().setNeedsLayout();
   home.dock().layoutIfNeeded();
-  EXPECT_EQ(home.dock().spacing(), 10);
+  EXPECT_EQ(home.dock().spacing.ifAnswered(), 10);
   EXPECT_EQ(home.dock().alpha(), 0);
 }
 

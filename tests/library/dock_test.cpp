@@ -37,7 +37,7 @@ TEST(Dock, IsSpringBoardsOwnWithoutTheSwitch) {
 TEST(Dock, IsSpringBoardsOwnWithTheSwitchOff) {
   Home home({"--set", "dockIconsEnabled=NO", "--set", "dockIcons=3", "--ios", "12.1"});
   EXPECT_EQ(counts(home), (std::vector<long>{4, 4, 1, 1}));
-  EXPECT_NE(home.dock().spacing(), 10);
+  EXPECT_NE(home.dock().spacing.ifAnswered(), 10);
 }
 
 TEST(Dock, HoldsFourWithoutANumber) {
@@ -49,7 +49,7 @@ TEST(Dock, HoldsFourWithoutANumber) {
 TEST(Dock, OfThreeAnswersThreeAndIsSpacedByTen) {
   Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=3", "--ios", "12.1"});
   EXPECT_EQ(counts(home), (std::vector<long>{3, 3, 3, 3}));
-  EXPECT_EQ(home.dock().spacing(), 10);
+  EXPECT_EQ(home.dock().spacing.ifAnswered(), 10);
   sim::Json icons = home.report()["dock"]["icons"];
   ASSERT_EQ(icons.size(), 3);
   EXPECT_EQ(icons[1]["frame"][0].get<double>() - icons[0]["frame"][0].get<double>(), 60 + 10);
@@ -75,7 +75,7 @@ TEST(Dock, OfThreeIsNotSpacedWhereSpringBoardHasNoSpacingToSet) {
 TEST(Dock, OfSixAnswersSixAndKeepsTheSystemsSpacing) {
   Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=6", "--ios", "12.1"});
   EXPECT_EQ(counts(home), (std::vector<long>{6, 6, 6, 6}));
-  EXPECT_NEAR(home.dock().spacing(), (375 - 6 * 60) / 7.0, 1e-9);
+  EXPECT_NEAR(home.dock().spacing.ifAnswered(), (375 - 6 * 60) / 7.0, 1e-9);
   EXPECT_EQ(home.report()["dock"]["icons"].size(), 6);
 }
 
@@ -91,7 +91,7 @@ TEST(Dock, TakesAStringThatIsNoNumberForNone) {
 
 TEST(Dock, SpacesByTenWhateverTheCount) {
   Home home({"--ios", "12.1"});
-  EXPECT_EQ(home.dock().effectiveSpacing(), 10);
+  EXPECT_EQ(home.dock().effectiveSpacing.ifAnswered(), 10);
   EXPECT_EQ(home.report()["dock"]["icons"][0]["frame"][0], 10);
 }
 
@@ -126,8 +126,9 @@ TEST(Dock, FindsTheIconAtAPointAsSpringBoardDoes) {
   NSUInteger index = 99;
   int order = 99;
   CGPoint inside{second["frame"][0].get<double>() + 5, second["frame"][1].get<double>() + 5};
-  SBIcon found = home.dock().iconAtPoint_index_proposedOrder_grabbedIcon(inside, &index, &order, {});
-  EXPECT_EQ(second["name"], found.displayName().UTF8String());
+  SBIcon found =
+      home.dock().iconAtPoint_index_proposedOrder_grabbedIcon.ifAnswered(inside, &index, &order, {});
+  EXPECT_EQ(second["name"], found.displayName.ifAnswered().UTF8String());
   EXPECT_EQ(index, 1);
 }
 

@@ -2,6 +2,7 @@
 // alone.
 #include <gtest/gtest.h>
 
+#include "controls/progress_hud.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/product/rows.hpp"
 #include "tests/library/panel_home.hpp"
@@ -80,6 +81,17 @@ TEST(Export, SaysSoForSevenTenthsOfASecond) {
   EXPECT_EQ(home.report()["hud"]["alpha"], 1);
   home.wait(0.06);
   EXPECT_LT(home.report()["hud"]["alpha"].get<double>(), 1);
+}
+
+TEST(Export, SaysSoInTheMiddleOfThePanel) {
+  PanelHome home;
+  home.open();
+  home.step("call exportSettings");
+  const NSArray parts = home.panel().subviews();
+  const auto notice = bridge::as<UIView>(parts.objectAtIndex(parts.count() - 1));
+  ASSERT_TRUE(bridge::isKindOf<tilo::RQProgressHUD>(notice));
+  EXPECT_EQ(notice.frame(), home.panel().bounds());
+  EXPECT_TRUE(notice.superview() == home.panel());
 }
 
 }  // namespace

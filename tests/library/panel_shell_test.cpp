@@ -225,14 +225,19 @@ id noteChevronColor(id self, SEL, id color) {
   return bridge::make<UIView, &UIView::initWithFrame>(CGRect{}).leak() ?: self;
 }
 
-TEST(PanelChevrons, AreMadeInTheControlsColour) {
-  PanelHome home({"isDarkMode=YES"});
+class PanelChevrons : public testing::TestWithParam<bool> {};
+
+TEST_P(PanelChevrons, AreMadeInTheControlsColour) {
+  PanelHome home({GetParam() ? "isDarkMode=YES" : "isDarkMode=NO"});
   bridge::Slot slot;
   bridge::replaceMethod(objc_getClass("SBUIChevronView"), bridge::selector<"initWithColor:">(),
                         reinterpret_cast<IMP>(&noteChevronColor), slot);
   home.open();
-  EXPECT_EQ(chevronColors, (std::vector<std::vector<double>>(2, {255, 255, 255, 1})));
+  const double component = GetParam() ? 255 : 0;
+  EXPECT_EQ(chevronColors, (std::vector<std::vector<double>>(2, {component, component, component, 1})));
 }
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, PanelChevrons, testing::Bool());
 
 // Steps of the construction, as they are sent.
 std::vector<std::string> sent;
@@ -385,6 +390,7 @@ TEST(PanelStyle, IsThatOfTheMomentItWasBuilt) {
 TEST(PanelStyle, AppliedAgainLeavesTheHeaderAlone) {
   PanelHome home({"qsBackgroundColor=3"});
   home.open();
+  EXPECT_EQ(components(home.panel().pickerLabel().textColor()), (std::vector<double>{0, 0, 0, 1}));
   home.save("isDarkMode"_ns, NSNumber::numberWithBool(YES));
   home.panel().styleView();
   Json shown = home.shown();
@@ -392,6 +398,7 @@ TEST(PanelStyle, AppliedAgainLeavesTheHeaderAlone) {
   const Json& parts = shown["views"]["children"][0]["children"];
   EXPECT_EQ(parts[3]["children"][0]["textColor"], Json({0, 0, 0, 1}));
   EXPECT_EQ(parts[4]["background"], Json({0, 0, 0, 1}));
+  EXPECT_EQ(components(home.panel().pickerLabel().textColor()), (std::vector<double>{255, 255, 255, 1}));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "settings/gesture_controller.hpp"
 #include "settings/store/configuration_manager.hpp"
 #include "tests/library/device_files.hpp"
+#include "tests/library/killed.hpp"
 
 namespace {
 
@@ -131,6 +132,24 @@ struct AroundLoading {
     };
   }
 };
+
+TEST(FirstStart, KilledAtAnySystemCallLeavesNoFileOrAllOfIt) {
+  Home home;
+  const std::string whole = home.contents(test::preferencesPath);
+  const auto seed = reinterpret_cast<void (*)()>(test::librarySymbol("tilo::seedPreferences()"));
+  int without = 0, with = 0;
+  for (int stop = 1;; ++stop) {
+    std::filesystem::remove_all(home.file(test::preferencesPath).parent_path());
+    std::filesystem::create_directories(home.file(test::preferencesPath).parent_path());
+    const bool killed = test::killAtStop(stop, seed);
+    const bool isThere = std::filesystem::exists(home.file(test::preferencesPath));
+    ++(isThere ? with : without);
+    if (isThere) EXPECT_EQ(home.contents(test::preferencesPath), whole) << stop;
+    if (!killed) break;
+  }
+  EXPECT_GT(without, 5);
+  EXPECT_GT(with, 1);
+}
 
 TEST(SecondStart, KeepsTheFileOfTheFirst) {
   sim::TemporaryRoot root;

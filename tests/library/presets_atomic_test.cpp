@@ -1,14 +1,9 @@
 // Saving and deleting are atomic: the process is killed at each of its system calls in turn, and the file is
 // the old or the new one. What was not written to its end goes at the next start.
 #include <gtest/gtest.h>
-#include <sys/ptrace.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
-#include <functional>
 
 #include "simulator/device/unfinished_files.hpp"
+#include "tests/library/killed.hpp"
 #include "tests/library/presets_home.hpp"
 
 namespace {
@@ -16,31 +11,6 @@ namespace {
 using sim::Json;
 using test::layouts;
 using test::PresetsHome;
-
-// Runs `work` in a copy of the process and kills it at that stop, before or after a system call. Answers
-// whether it came so far; otherwise it has done the work.
-bool killAtStop(int stop, const std::function<void()>& work) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-    ::raise(SIGSTOP);
-    work();
-    ::_exit(0);
-  }
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  for (int stops = 0; WIFSTOPPED(status); ++stops) {
-    if (stops == stop) {
-      ::kill(child, SIGKILL);
-      ::waitpid(child, &status, 0);
-      return true;
-    }
-    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-    ::waitpid(child, &status, 0);
-  }
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the work did not come to its end";
-  return false;
-}
 
 struct Outcomes {
   int before = 0, after = 0, broken = 0;
@@ -58,7 +28,7 @@ Outcomes killEverywhere(PresetsHome& home, const Json& changed, const std::funct
   for (int stop = 1;; ++stop) {
     std::filesystem::remove_all(home.file(test::presetsFolder));
     home.write(test::presetsPath, old);
-    const bool killed = killAtStop(stop, work);
+    const bool killed = test::killAtStop(stop, work);
     const std::string found = home.contents(test::presetsPath);
     const auto parsed = Json::read(found);
     if (found == old)

@@ -86,6 +86,31 @@ TEST_F(ProgressHUDLayout, HasItsPartsOneBelowTheOtherFourPointsApart) {
   EXPECT_TRUE(near(box(), centred({text.width + 40, 37 + 4 + text.height + 4 + details.height + 40})));
 }
 
+// Of the pixels in a part of the screen that are not the box's: the middle between the first and the last
+// column.
+CGFloat inkMiddle(const CGRect& points) {
+  const sim::Surface screen = sim::uikit::renderScreen(sim::clock::now());
+  const auto pixels = [](CGFloat length) { return static_cast<int>(length * 2); };
+  int first = pixels(points.origin.x + points.size.width), last = pixels(points.origin.x);
+  for (int y = pixels(points.origin.y); y < pixels(points.origin.y + points.size.height); ++y)
+    for (int x = pixels(points.origin.x); x < pixels(points.origin.x + points.size.width); ++x)
+      if (sim::test::pixelAt(screen.get(), x, y).red > 100)
+        first = std::min(first, x), last = std::max(last, x);
+  return (first + last + 1) / 4.0;
+}
+
+TEST_F(ProgressHUDLayout, HasTheLinesOfItsTextsInTheMiddle) {
+  hud->mode.set(5);
+  hud->labelText.set("Exported"_ns);
+  hud->detailsLabelText.set("ii\nmmmmmmmmmmmm"_ns);
+  layOut();
+  EXPECT_EQ(label(0).textAlignment(), NSTextAlignmentCenter);
+  CGRect firstLine = label(1).frame();
+  firstLine.size.height /= 2;
+  EXPECT_GT(firstLine.size.width, 60);
+  EXPECT_NEAR(inkMiddle(firstLine), 375 / 2.0, 1);
+}
+
 TEST_F(ProgressHUDLayout, GivesAnEmptyTextNoRoom) {
   hud->labelText.set(""_ns);
   hud->detailsLabelText.set({});

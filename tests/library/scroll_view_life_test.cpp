@@ -146,7 +146,7 @@ TEST(SystemAnswers, OfDockSpacingAndFolderRowsAreNeverAskedFor) {
         install(replace<SBFolderIconListView, &SBIconListView::iconRowsForInterfaceOrientation,
                         rowsOfTheSystem>());
       });
-  EXPECT_EQ(home.dock().effectiveSpacing(), 10);
+  EXPECT_EQ(home.dock().effectiveSpacing.ifAnswered(), 10);
   EXPECT_EQ(home.report()["folder"]["classRows"], 3);
   EXPECT_EQ(heardOffsets, 0);
   EXPECT_EQ(heardMoves, 0);

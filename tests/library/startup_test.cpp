@@ -157,6 +157,7 @@ TEST(Console, HasOneLineOfEachLoadRoutineInTheirOrder) {
   EXPECT_NE(values.find("quick"), std::string::npos);
   expectLine(lines[0], "Tweak", "got preferences " + values);
   expectLine(lines[1], "RQGestureController", "got preferences from gesture " + values);
+  EXPECT_EQ(sim::consoleLevels(), (std::vector<int>{5, 5})) << "notices";
 }
 
 TEST(Console, IsNotWrittenByWhatComesAfterLoading) {

@@ -4,6 +4,9 @@
 //
 //   PROGRAM [--jobs N] [--counts FILE] [--gtest_filter=…]   all of them, or some
 //   PROGRAM --times FILE                    writes how many milliseconds each of them took as well
+//   PROGRAM --names FILE                    those that FILE names, a line each, in its order
+//   PROGRAM --limit SECONDS                 for one test, in place of 300
+//   PROGRAM --gtest_fail_fast               ends with the first that fails
 //   PROGRAM --gtest_filter=ONE              one alone runs in this process, as a debugger wants it
 //   PROGRAM --list                          their names, a line each
 //
@@ -23,21 +26,31 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace {
 
-constexpr unsigned timeLimit = 300;  // seconds for one test
-
 struct Arguments {
-  size_t jobs = 0;  // as many as are named; 0 where none are
+  size_t jobs = 0;     // as many as are named; 0 where none are
+  size_t limit = 300;  // seconds for one test
   bool list = false;
+  const char* names = nullptr;
   const char* counts = nullptr;
   const char* times = nullptr;
 };
+
+size_t wholeNumber(char** arguments, int index) {
+  std::string_view text = arguments[index];
+  size_t number = 0;
+  auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error == std::errc() && end == text.data() + text.size() && number > 0) return number;
+  std::fprintf(stderr, "%s: %s takes a whole number above 0, not %s\n", arguments[0], arguments[index - 1],
+               arguments[index]);
+  std::exit(2);
+}
 
 Arguments takeArguments(int count, char** arguments) {
   Arguments taken;
@@ -45,16 +58,16 @@ Arguments takeArguments(int count, char** arguments) {
     std::string_view argument = arguments[i];
     if (argument == "--list") {
       taken.list = true;
+    } else if (argument == "--names" && i + 1 < count) {
+      taken.names = arguments[++i];
     } else if (argument == "--counts" && i + 1 < count) {
       taken.counts = arguments[++i];
     } else if (argument == "--times" && i + 1 < count) {
       taken.times = arguments[++i];
     } else if (argument == "--jobs" && i + 1 < count) {
-      std::string_view number = arguments[++i];
-      auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), taken.jobs);
-      if (error == std::errc() && end == number.data() + number.size() && taken.jobs > 0) continue;
-      std::fprintf(stderr, "%s: --jobs takes a whole number above 0, not %s\n", arguments[0], arguments[i]);
-      std::exit(2);
+      taken.jobs = wholeNumber(arguments, ++i);
+    } else if (argument == "--limit" && i + 1 < count) {
+      taken.limit = wholeNumber(arguments, ++i);
     } else {
       std::fprintf(stderr, "%s: what is %s?\n", arguments[0], arguments[i]);
       std::exit(2);
@@ -98,6 +111,16 @@ std::vector<std::string> chosenTests() {
   return names;
 }
 
+// Those of the file that there are, and that the filter lets through.
+std::vector<std::string> namedTests(const char* file, const std::vector<std::string>& chosen) {
+  const std::set<std::string> known(chosen.begin(), chosen.end());
+  std::vector<std::string> names;
+  std::ifstream lines(file);
+  for (std::string line; std::getline(lines, line);)
+    if (known.contains(line)) names.push_back(line);
+  return names;
+}
+
 int runHere(const std::string& name) {
   testing::GTEST_FLAG(filter) = name;
   return RUN_ALL_TESTS();
@@ -118,16 +141,19 @@ std::string contents(int file) {
   return text;
 }
 
-std::string howItEnded(int status) {
+std::string howItEnded(int status, size_t limit) {
   if (WIFEXITED(status)) return "exit status " + std::to_string(WEXITSTATUS(status));
-  if (WTERMSIG(status) == SIGALRM) return "took more than " + std::to_string(timeLimit) + " seconds";
+  if (WTERMSIG(status) == SIGALRM) return "took more than " + std::to_string(limit) + " seconds";
   return std::string("ended by signal ") + strsignal(WTERMSIG(status));
 }
 
 class Runner {
  public:
   Runner(std::vector<std::string> tests, const Arguments& arguments)
-      : names(std::move(tests)), jobs(std::max<size_t>(arguments.jobs, 1)), counts(arguments.counts) {
+      : names(std::move(tests)),
+        jobs(std::max<size_t>(arguments.jobs, 1)),
+        limit(arguments.limit),
+        counts(arguments.counts) {
     if (arguments.times) times.open(arguments.times);
   }
 
@@ -135,12 +161,13 @@ class Runner {
   int run() {
     for (const std::string& name : names) {
       if (running.size() == jobs) awaitOne();
+      if (!failed.empty() && testing::GTEST_FLAG(fail_fast)) break;
       start(name);
     }
     while (!running.empty()) awaitOne();
     showProgress("");
     for (const std::string& name : failed) std::printf("failed: %s\n", name.c_str());
-    const size_t passed = names.size() - failed.size();
+    const size_t passed = done - failed.size();
     std::printf("%zu passed, %zu failed\n", passed, failed.size());
     if (counts && !(std::ofstream(counts) << passed << " " << failed.size() << "\n")) return 2;
     return failed.empty() ? 0 : 1;
@@ -164,7 +191,7 @@ class Runner {
       close(nothing);
       close(output);
       for (auto& [process, other] : running) close(other.output);
-      alarm(timeLimit);
+      alarm(static_cast<unsigned>(limit));
       const int status = runHere(name);
       std::fflush(nullptr);
       // Without the destructors of what is static: they would have the process touch, and so copy, all the
@@ -189,7 +216,7 @@ class Runner {
     if (status != 0) {
       failed.push_back(ended.name);
       showProgress("");
-      std::printf("---- %s: %s\n%s\n", ended.name.c_str(), howItEnded(status).c_str(),
+      std::printf("---- %s: %s\n%s\n", ended.name.c_str(), howItEnded(status, limit).c_str(),
                   contents(ended.output).c_str());
     }
     close(ended.output);
@@ -206,6 +233,7 @@ class Runner {
 
   const std::vector<std::string> names;
   const size_t jobs;
+  const size_t limit;
   const char* const counts;
   std::ofstream times;
   std::map<pid_t, Running> running;
@@ -219,6 +247,7 @@ int main(int count, char** arguments) {
   testing::InitGoogleTest(&count, arguments);
   const Arguments taken = takeArguments(count, arguments);
   std::vector<std::string> names = chosenTests();
+  if (taken.names) names = namedTests(taken.names, names);
   if (taken.list) {
     for (const std::string& name : names) std::puts(name.c_str());
     return 0;

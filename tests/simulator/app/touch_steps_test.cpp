@@ -200,7 +200,7 @@ TEST(TouchSteps, RecognisersOfTheScrollViewHearOfFingersOnIcons) {
   const UIView scrollView = sim::springboard::homeScreen().scrollView.get();
   scrollView.addGestureRecognizer(swipe);
   const CGPoint icon = sim::input::findNamed(
-      bridge::as<SBIcon>(home.page(0).icons().objectAtIndex(12)).displayName().UTF8String());
+      bridge::as<SBIcon>(home.page(0).icons().objectAtIndex(12)).displayName.ifAnswered().UTF8String());
   sim::input::swipe(sim::input::Direction::up, icon);
   EXPECT_EQ(fired, 1);
   home.step("swipe up");
@@ -259,7 +259,7 @@ class Named : public testing::Test {
  protected:
   Home home{{"--stock"}};
   std::string nameOnPage(size_t page) {
-    return bridge::as<SBIcon>(home.page(page).icons().objectAtIndex(0)).displayName().UTF8String();
+    return bridge::as<SBIcon>(home.page(page).icons().objectAtIndex(0)).displayName.ifAnswered().UTF8String();
   }
   std::string errorOfTap(const std::string& name) { return errorOf(home, "tap \"" + name + "\""); }
 };
@@ -268,7 +268,8 @@ TEST_F(Named, IconIsFoundByItsLabel) {
   const CGPoint at = sim::input::findNamed(nameOnPage(0));
   const UIView hit = sim::uikit::viewAt(at);
   ASSERT_TRUE(bridge::isKindOf<SBIconView>(hit));
-  EXPECT_EQ(sim::springboard::iconOf(bridge::as<SBIconView>(hit)).displayName().UTF8String(), nameOnPage(0));
+  EXPECT_EQ(sim::springboard::iconOf(bridge::as<SBIconView>(hit)).displayName.ifAnswered().UTF8String(),
+            nameOnPage(0));
   EXPECT_EQ(errorOfTap(nameOnPage(0)), "no error");
 }
 

@@ -42,11 +42,12 @@ TEST_F(SystemLog, KeepsAPercentSignWithinAnArgument) {
   EXPECT_EQ(sim::console(), Lines{"%d%@"});
 }
 
-TEST_F(SystemLog, KeepsTheOrderWhateverTheLevel) {
+TEST_F(SystemLog, KeepsTheOrderWhateverTheLevelAndTheLevels) {
   CFLog(7, "one"_ns.raw);
   CFLog(0, "two"_ns.raw);
   CFLog(3, "three"_ns.raw);
   EXPECT_EQ(sim::console(), (Lines{"one", "two", "three"}));
+  EXPECT_EQ(sim::consoleLevels(), (std::vector<int>{7, 0, 3}));
 }
 
 }  // namespace

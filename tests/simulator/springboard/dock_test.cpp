@@ -19,7 +19,7 @@ NSUInteger answerClassRows(Class, NSInteger) { return rows; }
 
 void layOut(SBDockIconListView dock) {
   dock.setIconsNeedLayout();
-  dock.layoutIconsIfNeeded_domino(0, NO);
+  dock.layoutIconsIfNeeded_domino.ifAnswered(0, NO);
 }
 
 std::vector<double> along(const Json& report, size_t axis) {

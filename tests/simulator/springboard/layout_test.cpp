@@ -56,7 +56,7 @@ class StockLayout : public testing::Test {
 
   void layOut(SBIconListView list) {
     list.setIconsNeedLayout();
-    list.layoutIconsIfNeeded_domino(0, NO);
+    list.layoutIconsIfNeeded_domino.ifAnswered(0, NO);
   }
 
   // Where the icons of the first page are after it was laid out again; of everything else nothing has moved.
@@ -184,18 +184,18 @@ TEST_F(StockLayout, OfAFolderFollowsItsOwnMessages) {
 
 TEST_F(StockLayout, IsLaidOutOnlyWhenItIsMarked) {
   raiseLength<SBRootIconListView, &SBIconListView::sideIconInset>(5);
-  home.page(0).layoutIconsIfNeeded_domino(0, NO);
+  home.page(0).layoutIconsIfNeeded_domino.ifAnswered(0, NO);
   EXPECT_EQ(frames(home.report(), 0), frames(before, 0));
   home.page(0).setIconsNeedLayout();
   EXPECT_EQ(frames(home.report(), 0), frames(before, 0));
-  home.page(0).layoutIconsIfNeeded_domino(0, NO);
+  home.page(0).layoutIconsIfNeeded_domino.ifAnswered(0, NO);
   EXPECT_EQ(frames(home.report(), 0), expected(5, 0, 0, 0));
 }
 
 TEST_F(StockLayout, GlidesForTheDurationItIsGiven) {
   raiseLength<SBRootIconListView, &SBIconListView::sideIconInset>(40);
   home.page(0).setIconsNeedLayout();
-  home.page(0).layoutIconsIfNeeded_domino(0.2, YES);
+  home.page(0).layoutIconsIfNeeded_domino.ifAnswered(0.2, YES);
   double start = frames(before, 0)[0][0];
   auto x = [&] { return frames(home.report(), 0)[0][0].get<double>(); };
   EXPECT_EQ(x(), start);

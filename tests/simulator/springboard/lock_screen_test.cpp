@@ -14,7 +14,7 @@ class LockScreen : public testing::Test {
  protected:
   test::Home home{{"--stock", "--device", "iPad Air 2"}};
 
-  static bool visible() { return SBLockScreenManager::sharedInstance().isLockScreenVisible(); }
+  static bool visible() { return SBLockScreenManager::sharedInstance().isLockScreenVisible.ifAnswered(); }
 
   std::string picture() {
     std::string file = test::temporaryFile("screen.png", "");

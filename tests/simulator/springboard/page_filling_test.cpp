@@ -96,7 +96,7 @@ TEST(PageFilling, MovesNoIconBetweenPagesOnALiveChange) {
     home.save("columns"_ns, columns);
     for (size_t page = 0; page < 3; ++page) {
       home.page(page).setIconsNeedLayout();
-      home.page(page).layoutIconsIfNeeded_domino(0, NO);
+      home.page(page).layoutIconsIfNeeded_domino.ifAnswered(0, NO);
     }
     home.step("wait 1");
     EXPECT_EQ(home.report()["pages"][0]["columns"], columns);

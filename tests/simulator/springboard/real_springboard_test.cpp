@@ -171,7 +171,7 @@ TEST_P(OnEachSystem, TheLockIsToldByWhoeverKnows) {
   EXPECT_EQ(bool(manager.respondsToSelector(visible)), !nine);
   EXPECT_EQ(bool(controller.respondsToSelector(visible)), nine);
   const auto isVisible = [&] {
-    return nine ? controller.isLockScreenVisible() : manager.isLockScreenVisible();
+    return nine ? controller.isLockScreenVisible.ifAnswered() : manager.isLockScreenVisible.ifAnswered();
   };
   EXPECT_FALSE(isVisible() || manager.isUILocked());
   home.step("lock");

@@ -32,9 +32,9 @@ INSTANTIATE_TEST_SUITE_P(Versions, RelayoutEntryPoints,
 TEST(RelayoutCalls, AreWrittenDownWithPageDurationAndTime) {
   test::Home home({"--stock"});
   home.step("wait 0.5");
-  home.page(2).layoutIconsIfNeeded_domino(0.25, YES);
+  home.page(2).layoutIconsIfNeeded_domino.ifAnswered(0.25, YES);
   home.step("wait 0.5");
-  home.page(0).layoutIconsIfNeeded_domino(0.75, NO);
+  home.page(0).layoutIconsIfNeeded_domino.ifAnswered(0.75, NO);
   EXPECT_EQ(home.report()["relayouts"],
             Json::array({{{"page", 2}, {"duration", 0.25}, {"call", "domino"}, {"at", 0.5}},
                          {{"page", 0}, {"duration", 0.75}, {"call", "domino"}, {"at", 1}}}));
