@@ -24,13 +24,12 @@ const std::vector<std::string>& console() { return lines(); }
 const std::vector<int>& consoleLevels() { return levels(); }
 
 // Not sent as a message, since an argument list travels in another way on every processor.
-void logFormatted(int level, id format, va_list arguments) {
+void logFormatted(id format, va_list arguments) {
   const bridge::Pool pool;
   const auto line = bridge::allocate<NSString>().leak();
   const SEL selector = bridge::selector<"initWithFormat:arguments:">();
   const auto init = reinterpret_cast<id (*)(id, SEL, id, va_list)>(bridge::messenger(line, selector, false));
   const auto made = bridge::adopt<NSString>(init(line, selector, format, arguments));
-  levels().push_back(level);
   lines().emplace_back(made->UTF8String());
 }
 
@@ -39,6 +38,7 @@ void logFormatted(int level, id format, va_list arguments) {
 SIMULATOR_EXPORT void CFLog(int level, id format, ...) {
   va_list arguments;
   va_start(arguments, format);
-  sim::logFormatted(level, format, arguments);
+  sim::levels().push_back(level);
+  sim::logFormatted(format, arguments);
   va_end(arguments);
 }

@@ -94,8 +94,8 @@ struct Arguments {
 
 }  // namespace
 
-extern "C" __attribute__((used)) void sliceLogFrom(int level, id format, void* stack) {
-  sim::logFormatted(level, format, Arguments(stack).list);
+extern "C" __attribute__((used)) void sliceLogFrom(int, id format, void* stack) {
+  sim::logFormatted(format, Arguments(stack).list);
 }
 
 extern "C" __attribute__((used)) int sliceFormatFrom(char* text, size_t size, const char* format,
