@@ -74,19 +74,20 @@ std::vector<uintptr_t> trail(const mcontext_t& context) {
 
 void tell(int signal, siginfo_t*, void* given) {
   for (int each : signals) std::signal(each, SIG_DFL);
-  fmt::print(stderr, "tilo-sim: {}, with the {} slice running:\n", sigdescr_np(signal), image.architecture);
   const Names names(image.symbols, image.architecture);
   const Methods methods(image.base, image.size, names);
-  std::string last;
+  std::vector<std::string> lines;
   for (uintptr_t address : trail(static_cast<const ucontext_t*>(given)->uc_mcontext)) {
     if (!image.holds(address)) continue;
     const NamedFunction function = names.at(address - image.base);
     const std::string method = methods.answeredBy(function);
     std::string line = "  in " + function.name + (method.empty() ? "" : ", for " + method) + '\n';
     if (!method.empty() && function.name.starts_with("bridge::Thunk<")) line = "  in " + method + '\n';
-    if (line != last) fmt::print(stderr, "{}", line);
-    last = line;
+    if (lines.empty() || line != lines.back()) lines.push_back(line);
   }
+  fmt::print(stderr, "tilo-sim: {}, {} the {} slice{}\n{}", sigdescr_np(signal),
+             lines.empty() ? "outside" : "with", image.architecture,
+             lines.empty() ? "" : " running:", fmt::join(lines, ""));
   std::fflush(stderr);
   std::raise(signal);
 }
