@@ -56,6 +56,7 @@ void* open(const char* path, std::string& error) try {
   return nullptr;
 }
 
+// For data: a function would have to be made callable first.
 void* symbol(void* image, const char* name) {
   auto slice = loaded.find(image);
   if (slice == loaded.end()) return host.symbol(image, name);
