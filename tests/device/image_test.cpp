@@ -40,6 +40,20 @@ TEST(image, without_fault_passes) {
   EXPECT_EQ(outcome.lines, Lines{});
 }
 
+TEST(image, largest_functions_are_told) {
+  const Outcome outcome = check("good", "--largest 3");
+  EXPECT_EQ(outcome.status, 0);
+  ASSERT_EQ(outcome.lines.size(), 6u);
+  int before = 0;
+  for (const std::string& line : outcome.lines) {
+    const int size = std::stoi(line.substr(line.find(' ')));
+    EXPECT_GT(size, 0) << line;
+    if (&line != &outcome.lines[0] && &line != &outcome.lines[3]) EXPECT_LE(size, before) << line;
+    before = size;
+  }
+  EXPECT_TRUE(contains(outcome.lines, "armv7 ")) << testing::PrintToString(outcome.lines);
+}
+
 TEST(image, is_linked_the_same_every_time) {
   for (const std::string slice : {"arm64", "armv7"})
     EXPECT_EQ(

@@ -1,0 +1,53 @@
+// Every story that touches the panel, acted out in a root into which the package was installed: told as the
+// library by itself tells it, whichever loader finds it.
+#include "phone.hpp"
+
+namespace {
+
+using namespace package::test;
+
+// The files of stories that have a step of the panel's.
+Lines storiesOfThePanel() {
+  return must(
+      fmt::format("grep -lE '^(swipe up|two-finger-tap|press|increment|decrement|slide|type|pick|apply)' "
+                  "'{}'/tests/scenarios/*.txt",
+                  SOURCE));
+}
+
+std::string optionsOf(const std::string& story) {
+  return must(fmt::format("sed -n 's/^# options: //p' '{}'", story)).front();
+}
+
+// Acts it out in the folder, which gets what was said, the pictures and the reports.
+void act(const std::string& folder, const std::string& story, const std::string& options) {
+  must(fmt::format(
+      "mkdir -p '{0}' && cd '{0}' && '{1}/tilo-sim' {2} {3} --script '{4}' --report end.json >said 2>&1",
+      folder, BUILD, optionsOf(story), options, story));
+}
+
+void tellAll(const std::string& loader) {
+  Folder made, told;
+  Phone phone;
+  fs::create_directories(phone.path(injectorPath));
+  phone.install(madePackage(made));
+  const Lines stories = storiesOfThePanel();
+  EXPECT_GE(stories.size(), 15u);
+  for (const std::string& story : stories) {
+    const bool choosesLoader = optionsOf(story).find("--loader") != std::string::npos;
+    const std::string with = choosesLoader ? "" : "--loader " + loader, name = fs::path(story).stem();
+    const std::string installed = told / (name + "/installed"), alone = told / (name + "/alone");
+    must(fmt::format(
+        "mkdir '{0}' && cp -a '{1}' '{0}/root' && mkdir '{0}/other' && cp -a '{1}/var' '{0}/other'",
+        told / name, phone.root));
+    act(installed, story, fmt::format("{} --root ../root --installed", with));
+    act(alone, story, fmt::format("{} --root ../other", with));
+    EXPECT_EQ(run(fmt::format("diff -rq '{}' '{}'", installed, alone)).lines, Lines{});
+    EXPECT_EQ(must(fmt::format("jq .loaded '{}/end.json'", installed)), Lines{"true"}) << name;
+  }
+}
+
+TEST(InstalledStories, AreToldWithSubstrate) { tellAll("substrate"); }
+
+TEST(InstalledStories, AreToldWithAnInjector) { tellAll("sbinject"); }
+
+}  // namespace
