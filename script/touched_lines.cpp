@@ -1,12 +1,27 @@
 // Linked into a library whose code calls it: notes where that code was, for script/mutate to learn which test
-// comes by which line. Addresses within the library, eight bytes each, are added to the file that
-// TILO_TOUCHED names; a place is noted once a process.
+// comes by which line. Addresses within the library, eight bytes each, are added to the file that is named
+// after the test, in the folder that TILO_TOUCHED names; a place is noted once a process.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <string>
+
+namespace {
+
+int opened() {
+  const char* const folder = std::getenv("TILO_TOUCHED");
+  const char* const test = std::getenv("TEST_NAME");
+  if (!folder || !test) return -1;
+  std::string name = test;
+  std::replace(name.begin(), name.end(), '/', '@');
+  return open((std::string(folder) + "/" + name).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+}
+
+}  // namespace
 
 extern "C" void __sanitizer_cov_trace_pc_guard_init(uint32_t* start, uint32_t* stop) {
   while (start != stop) *start++ = 1;
@@ -15,8 +30,7 @@ extern "C" void __sanitizer_cov_trace_pc_guard_init(uint32_t* start, uint32_t* s
 extern "C" void __sanitizer_cov_trace_pc_guard(uint32_t* guard) {
   if (!*guard) return;
   *guard = 0;
-  static const char* const name = std::getenv("TILO_TOUCHED");
-  static const int file = name ? open(name, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666) : -1;
+  static const int file = opened();
   Dl_info own{};
   if (file < 0 || !dladdr(guard, &own)) return;
   const auto* place = static_cast<const char*>(__builtin_return_address(0));

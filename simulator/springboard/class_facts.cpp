@@ -105,6 +105,7 @@ constexpr Own methods[] = {
     {"SBIconController", "-isEditing", all},
     {"SBIconController", "-loadView", all},
     {"SBIconController", "-setIsEditing:", all},
+    {"SBIconController", "-viewWillTransitionToSize:withTransitionCoordinator:", all},
     {"SBIconImageView", "+cornerRadius", all},
     {"SBIconImageView", "-layoutSubviews", all},
     {"SBIconImageView", "-setShowsSquareCorners:", all},

@@ -13,6 +13,7 @@
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/stock.hpp"
 #include "simulator/springboard/system_class.hpp"
+#include "simulator/uikit/views/view_controller.hpp"
 
 namespace sim::springboard {
 
@@ -139,6 +140,11 @@ void scrollTo(SBIconScrollView self, CGPoint offset) {
   ScrollView::super<&UIScrollView::setContentOffset>(self, offset);
 }
 
+void willTransition(SBIconController self, CGSize size, bridge::Object coordinator) {
+  Controller::super<&uikit::SizeTransitions::viewWillTransitionToSize_withTransitionCoordinator>(self, size,
+                                                                                                 coordinator);
+}
+
 void willRotate(SBIconController self, NSInteger to, double duration) {
   self.willRotateToInterfaceOrientation_duration(to, duration);
 }
@@ -211,7 +217,11 @@ bridge::Strong<SBIconScrollView> makeScrollView() {
   return bridge::make<SBIconScrollView, &NSObject::init>();
 }
 
+// Its view is the screen's size, whose sides change places.
 void tellWillRotate(NSInteger to, double duration) {
+  const CGSize size = iconController().view().bounds().size;
+  bridge::as<uikit::SizeTransitions>(iconController())
+      .viewWillTransitionToSize_withTransitionCoordinator({size.height, size.width}, {});
   bridge::as<Turning>(iconController()).willRotate(to, duration);
 }
 
@@ -251,8 +261,9 @@ void defineIconController() {
   defineSystemClass<Controller>(
       own<&Face::sharedInstance, sharedInstance>(), own<&NSObject::init, init>(),
       own<&UIViewController::initWithNibName_bundle, initWithNibName>(),
-      own<&UIViewController::loadView, loadView>(), own<&Turning::willRotate, willRotate>(),
-      own<&Turning::willAnimateRotation, willAnimateRotation>(),
+      own<&UIViewController::loadView, loadView>(),
+      own<&uikit::SizeTransitions::viewWillTransitionToSize_withTransitionCoordinator, willTransition>(),
+      own<&Turning::willRotate, willRotate>(), own<&Turning::willAnimateRotation, willAnimateRotation>(),
       own<&Face::_didRotateFromInterfaceOrientation, didRotate>(),
       own<&UIViewController::didRotateFromInterfaceOrientation, rotated>(),
       own<&IconTaps::iconTapped, iconTapped>(), own<&Face::currentIconListIndex, currentIconListIndex>(),

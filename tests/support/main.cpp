@@ -10,8 +10,8 @@
 //   PROGRAM --gtest_filter=ONE              one alone runs in this process, as a debugger wants it
 //   PROGRAM --list                          their names, a line each
 //
-// Each failing test's output is shown whole; the last line counts, and FILE gets both numbers. Exit status 1
-// when one failed, 2 when there was none to run.
+// A test finds its own name in TEST_NAME. Each failing test's output is shown whole; the last line counts,
+// and FILE gets both numbers. Exit status 1 when one failed, 2 when there was none to run.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -191,6 +191,7 @@ class Runner {
       close(nothing);
       close(output);
       for (auto& [process, other] : running) close(other.output);
+      setenv("TEST_NAME", name.c_str(), 1);
       alarm(static_cast<unsigned>(limit));
       const int status = runHere(name);
       std::fflush(nullptr);

@@ -71,6 +71,7 @@ void viewDidLoad(UIViewController) {}
 void appearance(UIViewController, BOOL) {}
 void rotation(UIViewController, NSInteger, double) {}
 void rotated(UIViewController, NSInteger) {}
+void sizeTransition(UIViewController, CGSize, bridge::Object) {}
 
 }  // namespace
 
@@ -96,6 +97,7 @@ void defineViewController() {
       method<&UIViewController::willRotateToInterfaceOrientation_duration, rotation>(),
       method<&UIViewController::willAnimateRotationToInterfaceOrientation_duration, rotation>(),
       method<&UIViewController::didRotateFromInterfaceOrientation, rotated>(),
+      method<&SizeTransitions::viewWillTransitionToSize_withTransitionCoordinator, sizeTransition>(),
       method<&UIViewController::presentViewController_animated_completion, present>(),
       method<&UIViewController::dismissViewControllerAnimated_completion, dismiss>(),
       method<&UIViewController::presentedViewController, presentedViewController>(),

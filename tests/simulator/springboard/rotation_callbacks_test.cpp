@@ -7,6 +7,7 @@
 #include "platform/uikit/screen.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/springboard/springboard.hpp"
+#include "simulator/uikit/views/view_controller.hpp"
 #include "tests/support/home.hpp"
 
 namespace {
@@ -60,6 +61,26 @@ TEST(Rotation, TellsTheControllerBeforeWhileAndAfterItTurns) {
   calls.clear();
   home.step("rotate portrait");
   EXPECT_EQ(calls, (Calls{"will 1 at 1.4 on 1024", "animates 1 at 1.4 on 768", "did from 3 at 1.8 on 768"}));
+}
+
+std::vector<CGSize> sizes;
+void willTransition(SBIconController self, CGSize size, bridge::Object coordinator) {
+  EXPECT_EQ(calls, Calls{}) << "first of all";
+  sizes.push_back(size);
+  original<willTransition>(self, size, coordinator);
+}
+
+TEST(Rotation, TellsTheControllerTheSizeToCome) {
+  test::Home home({"--stock", "--device", "iPad Air 2"});
+  Watch::install();
+  bridge::install(
+      bridge::replace<SBIconController,
+                      &sim::uikit::SizeTransitions::viewWillTransitionToSize_withTransitionCoordinator,
+                      willTransition>());
+  home.step("rotate landscape");
+  calls.clear();
+  home.step("rotate portrait");
+  EXPECT_EQ(sizes, (std::vector<CGSize>{{1024, 768}, {768, 1024}}));
 }
 
 TEST(Rotation, TellsNobodyWhereTheHomeScreenDoesNotTurn) {
