@@ -136,6 +136,12 @@ TEST_F(PackageCheck, RefusesWhatIsIncomplete) {
                 fmt::format("{}/Tilo_Main.bundle/FontAwesome.ttf: is missing", libraries));
 }
 
+TEST_F(PackageCheck, RefusesHalfAPageInSettings) {
+  const std::string bundle = "Library/PreferenceBundles/Tilo.bundle";
+  expectRefused(fmt::format("mkdir -p {0} && rm -f {0}/icon@2x.png", bundle),
+                fmt::format("{}/icon@2x.png: is missing", bundle));
+}
+
 TEST_F(PackageCheck, RefusesALibraryWithoutEntitlementsBlob) {
   Bytes bytes = device::test::contentsOf(library);
   device::test::takeOutEntitlements(bytes, device::readImage(bytes).front());
