@@ -68,45 +68,30 @@ struct Row {
   Slot* slot;
 };
 
+template <auto Member, auto Function>
+consteval Row rowOf(Wish wish, const char* className, const char* types, Slot* slot) {
+  return {wish, className, signedName<Descriptor<Member>>.text, types, implementationOf<Member, Function>, slot};
+}
+
 template <class T, auto Member, auto Function>
 consteval Row replace() {
-  return {Wish::replaced,
-          T::className.text,
-          signedName<Descriptor<Member>>.text,
-          nullptr,
-          implementationOf<Member, Function>,
-          &slot<Function>};
+  return rowOf<Member, Function>(Wish::replaced, T::className.text, nullptr, &slot<Function>);
 }
 
 // `types` goes out as given on every platform.
 template <class T, auto Member, auto Function>
 consteval Row add(const char* types) {
-  return {Wish::added,
-          T::className.text,
-          signedName<Descriptor<Member>>.text,
-          types,
-          implementationOf<Member, Function>,
-          nullptr};
+  return rowOf<Member, Function>(Wish::added, T::className.text, types, nullptr);
 }
 
 template <auto Member, auto Function>
 consteval Row instead() {
-  return {Wish::instead,
-          nullptr,
-          signedName<Descriptor<Member>>.text,
-          nullptr,
-          implementationOf<Member, Function>,
-          &slot<Function>};
+  return rowOf<Member, Function>(Wish::instead, nullptr, nullptr, &slot<Function>);
 }
 
 template <auto Member, auto Function>
 consteval Row along() {
-  return {Wish::along,
-          nullptr,
-          signedName<Descriptor<Member>>.text,
-          nullptr,
-          implementationOf<Member, Function>,
-          &slot<Function>};
+  return rowOf<Member, Function>(Wish::along, nullptr, nullptr, &slot<Function>);
 }
 
 namespace outcome {

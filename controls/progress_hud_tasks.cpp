@@ -7,6 +7,7 @@ namespace {
 
 using bridge::Block;
 
+// On the default queue, without one.
 void run(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block, dispatch_queue_s* queue) {
   self.taskInProgress.set(YES);
   dispatch::onQueue(queue ? queue : dispatch::defaultQueue(),
@@ -49,13 +50,13 @@ void cleanUp(RQProgressHUD self) {
 }
 
 void showWithBlock(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block) {
-  run(self, animated, block, dispatch::defaultQueue());
+  run(self, animated, block, nullptr);
 }
 
 void showWithBlockThen(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block,
                        bridge::BlockRef<void()> completion) {
   self.completionBlock.set(completion);
-  run(self, animated, block, dispatch::defaultQueue());
+  run(self, animated, block, nullptr);
 }
 
 void showWithBlockOnQueue(RQProgressHUD self, BOOL animated, bridge::BlockRef<void()> block,

@@ -1,7 +1,10 @@
 // The tables of a home screen by itself.
 #include "simulator/app/program.hpp"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <stdexcept>
 
 #include "simulator/app/report.hpp"
 #include "simulator/app/steps.hpp"
@@ -9,7 +12,9 @@
 namespace sim {
 
 void addAfter(std::string_view key, std::vector<ReportRow>& table, std::span<const ReportRow> rows) {
-  table.insert(std::ranges::find(table, key, &ReportRow::key) + 1, rows.begin(), rows.end());
+  const auto before = std::ranges::find(table, key, &ReportRow::key);
+  if (before == table.end()) throw std::logic_error(fmt::format("the report has no '{}'", key));
+  table.insert(before + 1, rows.begin(), rows.end());
 }
 
 Program homeScreenProgram() {

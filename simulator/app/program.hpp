@@ -48,7 +48,7 @@ template <class Row>
 void add(std::vector<Row>& table, std::span<const std::type_identity_t<Row>> rows) {
   table.insert(table.end(), rows.begin(), rows.end());
 }
-/** The key is there. */
+/** Behind the row of that key; throws std::logic_error when there is none. */
 void addAfter(std::string_view key, std::vector<ReportRow>& table, std::span<const ReportRow> rows);
 
 }  // namespace sim
