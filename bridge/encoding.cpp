@@ -15,9 +15,9 @@ void skipNoise(const char*& at) {
 // Past a class name in quotes behind an object, and past the "?" that makes it a block.
 void skipObjectTail(const char*& at) {
   if (*at == '?') ++at;
-  if (*at == '"')
-    for (++at; *at && *at++ != '"';) {
-    }
+  if (*at != '"') return;
+  const char* end = std::strchr(at + 1, '"');
+  at = end ? end + 1 : at + std::strlen(at);
 }
 
 // Integers as wide as a register count as one, of either sign.

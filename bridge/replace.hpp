@@ -70,7 +70,8 @@ struct Row {
 
 template <auto Member, auto Function>
 consteval Row rowOf(Wish wish, const char* className, const char* types, Slot* slot) {
-  return {wish, className, signedName<Descriptor<Member>>.text, types, implementationOf<Member, Function>, slot};
+  return {wish, className, signedName<Descriptor<Member>>.text, types, implementationOf<Member, Function>,
+          slot};
 }
 
 template <class T, auto Member, auto Function>

@@ -54,6 +54,8 @@ void updateIndicator(RQProgressHUD self) {
       return;
     case RQProgressHUDModeText:
       return replaceIndicator(self, {});
+    default:  // a mode that there is not: what shows stays
+      return;
   }
 }
 

@@ -8,7 +8,6 @@ namespace tilo::panel {
 namespace {
 
 using bridge::Block;
-using bridge::Strong;
 
 constexpr double arrival = 0.4, departure = 0.7, toggling = 0.4;  // seconds
 constexpr CGFloat damping = 0.7;
@@ -24,7 +23,7 @@ CGFloat centerBelow(UIWindow window) {
   return bounds.origin.y + bounds.size.height + belowWindow;
 }
 
-void spring(double duration, Block<void()> animations, Block<void(BOOL)> completion) {
+void spring(double duration, const Block<void()>& animations, const Block<void(BOOL)>& completion) {
   UIView::
       animateWithDuration_delay_usingSpringWithDamping_initialSpringVelocity_options_animations_completion(
           duration, 0, damping, 0, 0, animations, completion);
@@ -44,11 +43,11 @@ void show(RQPopupView self, bridge::Object) {
   spring(arrival, [self = bridge::retained(self)] { self->setCenter(keyWindow().center()); }, [](BOOL) {});
 }
 
-void slideOut(RQPopupView self, Block<void(BOOL)> gone) {
+void slideOut(RQPopupView self, const Block<void(BOOL)>& gone) {
   spring(
       departure,
       [self = bridge::retained(self)] { self->setCenter({self->center().x, centerBelow(keyWindow())}); },
-      std::move(gone));
+      gone);
 }
 
 void hide(RQPopupView self) {

@@ -55,7 +55,7 @@ UIView hitTest(RQPopupView self, CGPoint point, UIEvent event);
 // Animates the panel's opacity.
 void fadeTo(RQPopupView self, CGFloat alpha, double seconds);
 // Slides the panel straight down below the window, then does `gone`.
-void slideOut(RQPopupView self, bridge::Block<void(BOOL)> gone);
+void slideOut(RQPopupView self, const bridge::Block<void(BOOL)>& gone);
 
 // adjustment_page.cpp
 void setupControlsForScrollView(RQPopupView self);

@@ -47,13 +47,14 @@ UIColor rgbColor(CGFloat red, CGFloat green, CGFloat blue) {
   return UIColor::colorWithRed_green_blue_alpha(red / 255, green / 255, blue / 255, 1);
 }
 
-void animate(double duration, bridge::Block<void()> animations, bridge::Block<void(BOOL)> completion) {
+void animate(double duration, const bridge::Block<void()>& animations,
+             const bridge::Block<void(BOOL)>& completion) {
   UIView::animateWithDuration_delay_options_animations_completion(
       duration, 0, UIViewAnimationOptionOverrideInheritedDuration, animations, completion);
 }
 
-void fade(UIView view, CGFloat alpha, double duration, bridge::Block<void(BOOL)> completion = {}) {
-  animate(duration, [view = retained(view), alpha] { view->setAlpha(alpha); }, std::move(completion));
+void fade(UIView view, CGFloat alpha, double duration, const bridge::Block<void(BOOL)>& completion = {}) {
+  animate(duration, [view = retained(view), alpha] { view->setAlpha(alpha); }, completion);
 }
 
 void postPressed(ColorSlider self) {
