@@ -18,6 +18,8 @@ const OptionRow& rowOf(std::string_view word, Table table) {
   return *row;
 }
 
+bool mayStandAlone(const OptionRow& row) { return row.value.starts_with('['); }
+
 }  // namespace
 
 std::string usage(const OptionRow& row) {
@@ -39,6 +41,8 @@ Options parseOptions(int count, const char* const* arguments, Table table) {
       values = {""};
     else if (equals != std::string_view::npos)
       values.emplace_back(word.substr(equals + 1));
+    else if (mayStandAlone(row) && (i + 1 == count || std::string_view(arguments[i + 1]).starts_with("--")))
+      values.emplace_back();
     else if (++i < count && std::ranges::find(table, arguments[i], &OptionRow::name) == table.end())
       values.emplace_back(arguments[i]);
     else

@@ -40,9 +40,10 @@ struct Options {
 };
 
 struct OptionRow {
-  std::string_view name;      // with its dashes
-  std::string_view value;     // what usage lines call it; nothing for an option that takes none
-  std::string_view help;      // what it means
+  std::string_view name;   // with its dashes
+  std::string_view value;  // what usage lines call it, in brackets where it may be left out; nothing for an
+                           // option that takes none
+  std::string_view help;   // what it means
   std::string_view standard;  // what holds without it, where that is not plain
   /** Throws UsageError, with the row's name where the text does not tell enough. Rows take in their table's
    * order. */

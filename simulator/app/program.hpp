@@ -3,6 +3,7 @@
 // alone.
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -35,6 +36,11 @@ struct Program {
   std::string installedAs;  // the library's name in the loader's folder; its own when empty
   /** Puts what else the options ask for into the device's files, before anything is loaded. */
   void (*prepare)(Simulation&) = nullptr;
+  /** Runs in place of a script and what follows it, where the options ask for that: answers whether they do.
+   */
+  bool (*instead)(const Options&, const Program&) = nullptr;
+  /** Goes along with the run from the start of the home screen on; destroyed at the end of it. */
+  std::shared_ptr<void> (*companion)(Simulation&) = nullptr;
 };
 
 /** A home screen with any library or none. */

@@ -89,6 +89,7 @@ void act(const Options& options, const Program& program) {
     std::cerr << program.name << ": --orientation landscape: the home screen of the " << options.device->name
               << " does not turn\n";
   simulation.start();
+  const std::shared_ptr<void> companion = program.companion ? program.companion(simulation) : nullptr;
   if (script)
     while (auto step = script->next()) {
       perform(simulation, *step);
@@ -105,7 +106,7 @@ int run(int count, const char* const* arguments, const Program& program) {
     const Options options = parseOptions(count, arguments, program.options);
     if (options.listing)
       print(*options.listing, options, program);
-    else
+    else if (!program.instead || !program.instead(options, program))
       act(options, program);
   } catch (const std::exception& error) {
     std::cerr << program.name << ": " << messageLine(error.what()) << "\n";

@@ -43,6 +43,11 @@ void awaitTasks() {
   }
 }
 
+TimeKeeper& keeper() {
+  static TimeKeeper chosen;
+  return chosen;
+}
+
 // Does what is due now, and what that brings about for now; tells when there is more to do.
 double runTurn() {
   double nextTimer = never;
@@ -61,12 +66,23 @@ double runTurn() {
 
 void settle() { runTurn(); }
 
-void letPass(double seconds) {
-  double end = clock::now() + seconds;
-  for (double next = runTurn(); next < end; next = runTurn())
+double turn() { return runTurn(); }
+
+void stepTo(double moment) {
+  for (double next = runTurn(); next < moment; next = runTurn())
     clock::advanceTo(std::max(next, clock::now() + smallestStep));
-  clock::advanceTo(end);
+  clock::advanceTo(moment);
   runTurn();
 }
+
+void letPass(double seconds) {
+  const double end = clock::now() + seconds;
+  if (keeper())
+    keeper()(end);
+  else
+    stepTo(end);
+}
+
+void keepTimeBy(TimeKeeper chosen) { keeper() = std::move(chosen); }
 
 }  // namespace sim

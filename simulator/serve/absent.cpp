@@ -1,0 +1,8 @@
+// In place of everything else here on processors for which the web server's libraries are not at hand.
+#include "simulator/serve/serving.hpp"
+
+namespace sim::serve {
+
+void addServing(Program&) {}
+
+}  // namespace sim::serve

@@ -1,0 +1,55 @@
+// Pictures of the screen on their way to a page: what has changed, in rectangles of whole tiles, compressed.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/coregraphics/geometry.hpp"
+#include "simulator/quartz/surface.hpp"
+
+namespace sim::serve {
+
+/** Pixels. */
+inline constexpr int tileSide = 64;
+
+struct PixelRect {
+  int x, y, width, height;
+};
+
+/** Which tiles of a picture something is true of; row by row. */
+class Tiles {
+ public:
+  Tiles() = default;
+  /** None of a picture of that size in pixels. */
+  Tiles(int width, int height);
+  /** Those in which two pictures differ: all of them where the sizes do, or where there is no earlier one. */
+  static Tiles changed(cairo_surface_t* before, cairo_surface_t* now);
+
+  bool any() const;
+  /** How many pixels they cover. */
+  long area() const;
+  void add(const Tiles& others);
+  void remove(const Tiles& others);
+  /** Neighbours joined; each tile is in one of them. */
+  std::vector<PixelRect> rectangles() const;
+
+ private:
+  PixelRect tileAt(int column, int row) const;
+
+  int width = 0, height = 0, columns = 0, rows = 0;
+  std::vector<bool> marked;
+};
+
+/** Quick and nearly the same, for what moves; or to the last bit. */
+enum class Codec : std::uint8_t { jpeg, webp };
+
+/**
+ * A message to a page: the frame's number, the picture's size in pixels and in points, and the rectangles,
+ * each with its codec and its bytes. Numbers are little-endian. Throws std::runtime_error when there is no
+ * memory.
+ */
+std::string encodeFrame(std::uint32_t number, cairo_surface_t* picture, CGSize points,
+                        const std::vector<PixelRect>& rectangles, Codec codec);
+
+}  // namespace sim::serve

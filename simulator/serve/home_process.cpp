@@ -1,0 +1,111 @@
+// Forking, and what a process that has ended leaves behind: its status and its last words.
+#include "simulator/serve/home_process.hpp"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <signal.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+#include <system_error>
+
+#include "simulator/app/simulation.hpp"
+#include "simulator/device/text.hpp"
+#include "simulator/serve/live_home.hpp"
+
+namespace sim::serve {
+namespace {
+
+constexpr std::size_t mostWords = 4000;
+constexpr int ownEnd = 3;  // the descriptor under which the new process has its end of the channel
+
+[[noreturn]] void live(const Options& options, const Program& program, int socket, int errors) {
+  ::dup2(errors, STDERR_FILENO);
+  ::dup2(socket, ownEnd);
+  ::close_range(ownEnd + 1, ~0u, 0);
+  int status = 0;
+  try {
+    Simulation simulation(options, program);
+    simulation.start();
+    LiveHome(simulation, ownEnd).run();
+  } catch (const std::exception& error) {
+    std::cerr << messageLine(error.what()) << std::endl;
+    status = 2;
+  }
+  ::_exit(status);
+}
+
+std::string lastLine(std::string text) {
+  while (text.ends_with('\n')) text.pop_back();
+  return text.substr(text.rfind('\n') + 1);
+}
+
+}  // namespace
+
+HomeProcess::HomeProcess(const Options& options, const Program& program) {
+  int sockets[2], pipes[2];
+  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets) != 0)
+    throw std::system_error(errno, std::generic_category(), "no channel to a home screen");
+  channel = Descriptor(sockets[0]);
+  const Descriptor other(sockets[1]);
+  if (::pipe2(pipes, O_CLOEXEC) != 0)
+    throw std::system_error(errno, std::generic_category(), "no channel to a home screen");
+  complaints = Descriptor(pipes[0]);
+  const Descriptor writing(pipes[1]);
+  ::fcntl(pipes[0], F_SETFL, O_NONBLOCK);
+  std::cout.flush();
+  process = ::fork();
+  if (process < 0) throw std::system_error(errno, std::generic_category(), "no process for a home screen");
+  if (process == 0) live(options, program, other.get(), writing.get());
+}
+
+HomeProcess::~HomeProcess() {
+  if (process <= 0) return;
+  ::kill(process, SIGKILL);
+  ::waitpid(process, nullptr, 0);
+}
+
+void HomeProcess::send(const Envelope& envelope) {
+  unwritten += sealed(envelope);
+  write();
+}
+
+void HomeProcess::write() {
+  while (!unwritten.empty()) {
+    const ssize_t count =
+        ::send(channel.get(), unwritten.data(), unwritten.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+    if (count > 0)
+      unwritten.erase(0, static_cast<std::size_t>(count));
+    else if (errno != EINTR)
+      return;  // later; one that has gone is noticed by reading
+  }
+}
+
+bool HomeProcess::readErrors() {
+  char text[4096];
+  for (;;) {
+    const ssize_t count = ::read(complaints.get(), text, sizeof text);
+    if (count == 0) return false;
+    if (count < 0) return errno == EAGAIN || errno == EINTR;
+    std::cerr.write(text, count).flush();
+    lastWords.append(text, static_cast<std::size_t>(count));
+    if (lastWords.size() > mostWords) lastWords.erase(0, lastWords.size() - mostWords);
+  }
+}
+
+std::string HomeProcess::end() {
+  int status = 0;
+  ::waitpid(std::exchange(process, -1), &status, 0);
+  readErrors();
+  const std::string words = messageLine(lastLine(lastWords));
+  if (WIFSIGNALED(status))
+    return fmt::format("ended by a signal: {}{}{}", strsignal(WTERMSIG(status)), words.empty() ? "" : ": ",
+                       words);
+  return words.empty() ? fmt::format("ended with status {}", WEXITSTATUS(status)) : words;
+}
+
+}  // namespace sim::serve

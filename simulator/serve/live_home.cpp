@@ -1,0 +1,282 @@
+// Time, messages and frames of a living home screen, in one loop that sleeps while nothing is due.
+#include "simulator/serve/live_home.hpp"
+
+#include <fmt/format.h>
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <limits>
+
+#include "bridge/runtime.hpp"
+#include "simulator/app/report.hpp"
+#include "simulator/app/simulation.hpp"
+#include "simulator/app/steps.hpp"
+#include "simulator/appsupport/messaging_center.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/device/text.hpp"
+#include "simulator/device/usage_error.hpp"
+#include "simulator/input/fingers.hpp"
+#include "simulator/time/run_loop.hpp"
+#include "simulator/uikit/animation/animation.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/text/text_field.hpp"
+#include "simulator/uikit/views/first_responder.hpp"
+
+namespace sim::serve {
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+
+constexpr double never = std::numeric_limits<double>::infinity();
+constexpr double frameInterval = 1.0 / 60;  // seconds
+// A machine that was asleep, or under a debugger, does not make the device live through the time at once.
+constexpr double longestLag = 0.5;
+// What has been still for so long is shown to the last bit.
+constexpr double stillness = 0.15;
+// Less than this many pixels are sent exactly at once: a blinking caret, a number that steps.
+constexpr long fewPixels = 40'000;
+constexpr int fingersPerPage = 10;
+constexpr int deepest = 20;  // levels of a message
+
+bool isMoving() { return uikit::nextAnimationEvent().has_value(); }
+
+Seconds sinceThen(std::chrono::steady_clock::time_point then) {
+  return std::chrono::steady_clock::now() - then;
+}
+
+bool namesFile(const Step& step) {
+  const auto isFile = [](const Kind& kind) { return kind.read == kinds::readFile; };
+  return std::ranges::any_of(step.row->arguments.kinds, isFile) ||
+         (step.row->orElse && std::ranges::any_of(step.row->orElse->kinds, isFile));
+}
+
+}  // namespace
+
+LiveHome::LiveHome(Simulation& device, int channel)
+    : simulation(device),
+      socket(channel),
+      start(std::chrono::steady_clock::now() -
+            std::chrono::duration_cast<std::chrono::steady_clock::duration>(Seconds(clock::now()))) {
+  keepTimeBy([this](double end) { pump(end); });
+}
+
+LiveHome::~LiveHome() { keepTimeBy({}); }
+
+void LiveHome::run() {
+  while (!isOver) {
+    pump(wallClock());
+    while (!waiting.empty() && !isOver) {
+      const Envelope next = std::move(waiting.front());
+      waiting.pop_front();
+      take(next);
+      isDirty = true;
+    }
+    if (!isOver) wait(turn());
+  }
+}
+
+double LiveHome::wallClock() {
+  const double wall = sinceThen(start).count();
+  if (wall - clock::now() <= longestLag) return wall;
+  start += std::chrono::duration_cast<std::chrono::steady_clock::duration>(
+      Seconds(wall - clock::now() - frameInterval));
+  return clock::now() + frameInterval;
+}
+
+// Up to a moment, and no further: a step goes on from there.
+void LiveHome::pump(double end) {
+  for (;;) {
+    const bridge::Pool pool;
+    const double before = clock::now();
+    const double due = turn();
+    stepTo(std::min(wallClock(), std::max(end, before)));
+    if (due <= clock::now()) isDirty = true;
+    if (appsupport::serveMessages()) {
+      settle();
+      isDirty = true;
+    }
+    drawIfDue();
+    if (clock::now() >= end || isOver) return;
+    wait(std::min(end, turn()));
+  }
+}
+
+// Until something is due, a message has come, or a frame is to be drawn.
+void LiveHome::wait(double until) {
+  if (!waiting.empty() && until == never) return;
+  if (wantsFrame()) until = std::min(until, lastFrame + frameInterval);
+  for (const auto& [page, viewer] : viewers)
+    if (viewer.inexact.any() && viewer.isReady())
+      until = std::min(until, std::max(lastChange + stillness, clock::now()));
+  std::vector<pollfd> all = appsupport::messageDescriptors();
+  all.push_back({socket, POLLIN, 0});
+  const double seconds = until - sinceThen(start).count();
+  const int timeout =
+      until == never ? -1 : std::clamp(static_cast<int>(std::ceil(seconds * 1000)), 0, 60'000);
+  if (::poll(all.data(), all.size(), timeout) <= 0 || all.back().revents == 0) return;
+  isOver = !reader.fill(socket);
+  while (auto envelope = reader.next())
+    if (!isDrawn(*envelope)) waiting.push_back(std::move(*envelope));
+}
+
+// What a page has drawn is heard at once, so that frames go on while a step takes its time.
+bool LiveHome::isDrawn(const Envelope& envelope) {
+  const std::optional<Json> message = Json::read(envelope.contents, deepest);
+  if (!message || !message->isObject() || message->value("type") != Json("drawn")) return false;
+  const auto viewer = viewers.find(envelope.page);
+  const Json frame = message->value("frame");
+  if (viewer == viewers.end() || !frame.isNumber()) return true;
+  const auto number = static_cast<std::uint32_t>(std::clamp(frame.get<double>(), 0.0, 4e9));
+  viewer->second.drawn = std::clamp(number, viewer->second.drawn, viewer->second.sent);
+  return true;
+}
+
+void LiveHome::send(const Envelope& envelope) {
+  const std::string bytes = sealed(envelope);
+  for (std::size_t done = 0; done < bytes.size() && !isOver;) {
+    const ssize_t count = ::send(socket, bytes.data() + done, bytes.size() - done, MSG_NOSIGNAL);
+    if (count > 0)
+      done += static_cast<std::size_t>(count);
+    else if (errno != EINTR)
+      isOver = true;
+  }
+}
+
+void LiveHome::answer(std::uint32_t page, const Json& message) { send({page, true, message.dump()}); }
+
+void LiveHome::take(const Envelope& envelope) {
+  const bridge::Pool pool;
+  const std::optional<Json> message = Json::read(envelope.contents, deepest);
+  try {
+    if (!message || !message->isObject()) throw UsageError("a message is no JSON object");
+    handle(envelope.page, *message);
+  } catch (const UsageError& error) {
+    answer(envelope.page, {{"type", "refused"}, {"reason", messageLine(error.what())}});
+  } catch (const JsonError& error) {
+    answer(envelope.page, {{"type", "refused"}, {"reason", messageLine(error.what())}});
+  }
+}
+
+void LiveHome::handle(std::uint32_t page, const Json& message) {
+  const auto type = message.value("type").get<std::string>();
+  if (type == "join")
+    viewers[page];
+  else if (type == "leave")
+    leave(page);
+  else if (type == "finger")
+    finger(page, message);
+  else if (type == "key")
+    key(message);
+  else if (type == "step")
+    step(page, message);
+  else if (type == "report")
+    answer(page, {{"type", "report"}, {"id", message.value("id")}, {"report", makeReport(simulation)}});
+  else
+    throw UsageError(fmt::format("no message is called '{}'", type));
+}
+
+void LiveHome::finger(std::uint32_t page, const Json& message) {
+  Viewer& viewer = viewers[page];
+  const int own = message.value("id").get<int>();
+  if (own < 0 || own >= fingersPerPage) throw UsageError(fmt::format("no finger has the number {}", own));
+  const int number = static_cast<int>(page % 1000) * fingersPerPage + own;
+  const auto phase = message.value("phase").get<std::string>();
+  const CGSize screen = uikit::screenSize();
+  const CGPoint place{std::clamp<CGFloat>(message.value("x").get<double>(), 0, screen.width - 1),
+                      std::clamp<CGFloat>(message.value("y").get<double>(), 0, screen.height - 1)};
+  const Json force = message.value("force");
+  const double pressed = force.isNull() ? input::usualForce : force.get<double>();
+  if (phase == "down") {
+    input::fingerDown(number, place, pressed);
+    viewer.fingers[own] = place;
+  } else if (phase == "move") {
+    input::fingerMove(number, place, pressed);
+    viewer.fingers[own] = place;
+  } else {
+    viewer.fingers.erase(own);
+    input::fingerUp(number, place);
+  }
+}
+
+// As from a keyboard that is plugged in.
+void LiveHome::key(const Json& message) {
+  const UIResponder responder = uikit::firstResponder();
+  if (!bridge::isKindOf<UITextField>(responder)) return;
+  const UITextField field = bridge::as<UITextField>(responder);
+  const auto name = message.value("key").get<std::string>();
+  if (name == "Backspace")
+    uikit::typeDelete(field);
+  else if (name == "Enter")
+    uikit::typeReturn(field);
+  else if (!name.empty() && isText(name))
+    uikit::typeText(field, NSString::stringWithUTF8String(name.c_str()));
+  settle();
+}
+
+void LiveHome::step(std::uint32_t page, const Json& message) {
+  Json done{{"type", "done"}, {"id", message.value("id")}};
+  try {
+    const auto line = message.value("step").get<std::string>();
+    if (const auto parsed = parseStep(line, "step", "/", simulation.program().steps)) {
+      if (namesFile(*parsed))
+        throw UsageError(fmt::format("step: a page cannot write files by '{}'", parsed->name()));
+      perform(simulation, *parsed);
+    }
+  } catch (const UsageError& error) {
+    done["error"] = messageLine(error.what());
+  }
+  answer(page, done);
+}
+
+// Its fingers leave the glass where they were.
+void LiveHome::leave(std::uint32_t page) {
+  const auto viewer = viewers.find(page);
+  if (viewer == viewers.end()) return;
+  for (const auto& [own, place] : viewer->second.fingers)
+    input::fingerUp(static_cast<int>(page % 1000) * fingersPerPage + own, place);
+  viewers.erase(viewer);
+}
+
+bool LiveHome::wantsFrame() const {
+  return (isDirty || isMoving()) &&
+         std::ranges::any_of(viewers, [](const auto& each) { return each.second.isReady(); });
+}
+
+void LiveHome::drawIfDue() {
+  const double now = clock::now();
+  const bool due = wantsFrame() && now >= lastFrame + frameInterval;
+  const bool isStill = !isMoving() && now >= lastChange + stillness;
+  const bool refine = isStill && std::ranges::any_of(viewers, [](const auto& each) {
+                        return each.second.inexact.any() && each.second.isReady();
+                      });
+  if (!due && !refine) return;
+  const Surface screen = uikit::renderScreen(now);
+  lastFrame = now;
+  // A page that is not ready yet sees what it missed when it is.
+  isDirty = std::ranges::any_of(viewers, [](const auto& each) { return !each.second.isReady(); });
+  for (auto& [page, viewer] : viewers)
+    if (viewer.isReady()) show(page, viewer, screen, !isStill);
+}
+
+void LiveHome::show(std::uint32_t page, Viewer& viewer, const Surface& screen, bool moving) {
+  Tiles wanted = Tiles::changed(viewer.shown.get(), screen.get());
+  const bool changed = wanted.any();
+  if (changed) lastChange = clock::now();
+  const Codec codec = moving && viewer.shown && wanted.area() > fewPixels ? Codec::jpeg : Codec::webp;
+  if (codec == Codec::jpeg)
+    viewer.inexact.add(wanted);
+  else {
+    if (!moving) wanted.add(viewer.inexact);
+    viewer.inexact.remove(wanted);
+  }
+  if (!wanted.any()) return;
+  viewer.shown = screen;
+  send({page, false,
+        encodeFrame(++viewer.sent, screen.get(), uikit::screenSize(), wanted.rectangles(), codec)});
+}
+
+}  // namespace sim::serve

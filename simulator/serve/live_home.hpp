@@ -1,0 +1,72 @@
+// A home screen that follows the wall clock, is shown on pages and does what they say.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+
+#include "simulator/json/json.hpp"
+#include "simulator/quartz/surface.hpp"
+#include "simulator/serve/envelope.hpp"
+#include "simulator/serve/frame.hpp"
+
+namespace sim {
+class Simulation;
+}
+
+namespace sim::serve {
+
+class LiveHome {
+ public:
+  /** Talks to the server over `socket`; both outlive this. */
+  LiveHome(Simulation& simulation, int socket);
+  ~LiveHome();
+  LiveHome(const LiveHome&) = delete;
+  LiveHome& operator=(const LiveHome&) = delete;
+
+  /** Until the server has gone. */
+  void run();
+
+ private:
+  // A page that looks at the screen. It is never sent more than it has drawn, but for a frame or two on the
+  // way.
+  struct Viewer {
+    Surface shown;  // what it was sent last; none at first
+    Tiles inexact;  // of which it has only a likeness
+    std::uint32_t sent = 0, drawn = 0;
+    std::map<int, CGPoint> fingers;  // on the glass, by the page's numbers
+    bool isReady() const { return sent - drawn < 2; }
+  };
+
+  void pump(double end);
+  double wallClock();
+  void wait(double until);
+  bool isDrawn(const Envelope& envelope);
+  void take(const Envelope& envelope);
+  void answer(std::uint32_t page, const Json& message);
+  void send(const Envelope& envelope);
+
+  void handle(std::uint32_t page, const Json& message);
+  void finger(std::uint32_t page, const Json& message);
+  void key(const Json& message);
+  void step(std::uint32_t page, const Json& message);
+  void leave(std::uint32_t page);
+
+  bool wantsFrame() const;
+  void drawIfDue();
+  void show(std::uint32_t page, Viewer& viewer, const Surface& screen, bool moving);
+
+  Simulation& simulation;
+  const int socket;
+  EnvelopeReader reader;
+  std::deque<Envelope> waiting;  // until the step under way is done
+  std::map<std::uint32_t, Viewer> viewers;
+  std::chrono::steady_clock::time_point start;  // when the device's clock stood at zero
+  double lastFrame = 0, lastChange = 0;         // seconds of the device's clock
+  bool isDirty = true, isOver = false;
+};
+
+}  // namespace sim::serve
