@@ -25,6 +25,13 @@ struct ReportRow {
   std::string_view help;
 };
 
+/** Sees the home screen through its steps. */
+struct Companion {
+  virtual ~Companion() = default;
+  /** The last step has been done. */
+  virtual void finish() = 0;
+};
+
 struct Program {
   std::string name;  // its messages begin with it
   std::vector<OptionRow> options;
@@ -39,8 +46,8 @@ struct Program {
   /** Runs in place of a script and what follows it, where the options ask for that: answers whether they do.
    */
   bool (*instead)(const Options&, const Program&) = nullptr;
-  /** Goes along with the run from the start of the home screen on; destroyed at the end of it. */
-  std::shared_ptr<void> (*companion)(Simulation&) = nullptr;
+  /** Goes along from the start of the home screen on; null where the options ask for none. */
+  std::unique_ptr<Companion> (*companion)(Simulation&) = nullptr;
 };
 
 /** A home screen with any library or none. */

@@ -89,12 +89,13 @@ void act(const Options& options, const Program& program) {
     std::cerr << program.name << ": --orientation landscape: the home screen of the " << options.device->name
               << " does not turn\n";
   simulation.start();
-  const std::shared_ptr<void> companion = program.companion ? program.companion(simulation) : nullptr;
+  const auto companion = program.companion ? program.companion(simulation) : nullptr;
   if (script)
     while (auto step = script->next()) {
       perform(simulation, *step);
       serve();
     }
+  if (companion) companion->finish();
   if (options.snapshot) simulation.snapshot(options.snapshot->string());
   if (options.report) simulation.report(options.report->string());
 }

@@ -117,12 +117,12 @@ bool Tiles::any() const { return std::ranges::find(marked, true) != marked.end()
 long Tiles::area() const { return std::ranges::count(marked, true) * tileSide * tileSide; }
 
 void Tiles::add(const Tiles& others) {
-  if (marked.size() != others.marked.size()) *this = Tiles(others.width, others.height);
+  if (!isShapedAs(others)) return;
   for (std::size_t i = 0; i < marked.size(); ++i) marked[i] = marked[i] || others.marked[i];
 }
 
 void Tiles::remove(const Tiles& others) {
-  if (marked.size() != others.marked.size()) *this = Tiles(others.width, others.height);
+  if (!isShapedAs(others)) return;
   for (std::size_t i = 0; i < marked.size(); ++i) marked[i] = marked[i] && !others.marked[i];
 }
 

@@ -29,8 +29,12 @@ class Tiles {
   bool any() const;
   /** How many pixels they cover. */
   long area() const;
+  bool isShapedAs(const Tiles& others) const { return width == others.width && height == others.height; }
+  /** Those of a picture of another size say nothing. */
   void add(const Tiles& others);
   void remove(const Tiles& others);
+  /** None of the same picture. */
+  Tiles none() const { return {width, height}; }
   /** Neighbours joined; each tile is in one of them. */
   std::vector<PixelRect> rectangles() const;
 

@@ -103,7 +103,7 @@ std::string HomeProcess::end() {
   readErrors();
   const std::string words = messageLine(lastLine(lastWords));
   if (WIFSIGNALED(status))
-    return fmt::format("ended by a signal: {}{}{}", strsignal(WTERMSIG(status)), words.empty() ? "" : ": ",
+    return fmt::format("stopped by a signal, {}{}{}", strsignal(WTERMSIG(status)), words.empty() ? "" : ": ",
                        words);
   return words.empty() ? fmt::format("ended with status {}", WEXITSTATUS(status)) : words;
 }

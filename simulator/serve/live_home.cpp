@@ -33,6 +33,7 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr double never = std::numeric_limits<double>::infinity();
 constexpr double frameInterval = 1.0 / 60;  // seconds
+constexpr double clockStep = 1e-6;          // seconds: the device's clock has nothing finer
 // A machine that was asleep, or under a debugger, does not make the device live through the time at once.
 constexpr double longestLag = 0.5;
 // What has been still for so long is shown to the last bit.
@@ -80,11 +81,11 @@ void LiveHome::run() {
 }
 
 double LiveHome::wallClock() {
-  const double wall = sinceThen(start).count();
-  if (wall - clock::now() <= longestLag) return wall;
-  start += std::chrono::duration_cast<std::chrono::steady_clock::duration>(
-      Seconds(wall - clock::now() - frameInterval));
-  return clock::now() + frameInterval;
+  const double wall = sinceThen(start).count(), meant = std::max(clock::now(), nextWaking);
+  if (wall - meant <= longestLag) return wall;
+  start +=
+      std::chrono::duration_cast<std::chrono::steady_clock::duration>(Seconds(wall - meant - frameInterval));
+  return meant + frameInterval;
 }
 
 // Up to a moment, and no further: a step goes on from there.
@@ -100,7 +101,7 @@ void LiveHome::pump(double end) {
       isDirty = true;
     }
     drawIfDue();
-    if (clock::now() >= end || isOver) return;
+    if (clock::now() + clockStep >= end || isOver) return;
     wait(std::min(end, turn()));
   }
 }
@@ -110,10 +111,11 @@ void LiveHome::wait(double until) {
   if (!waiting.empty() && until == never) return;
   if (wantsFrame()) until = std::min(until, lastFrame + frameInterval);
   for (const auto& [page, viewer] : viewers)
-    if (viewer.inexact.any() && viewer.isReady())
+    if (!isMoving() && viewer.inexact.any() && viewer.isReady())
       until = std::min(until, std::max(lastChange + stillness, clock::now()));
   std::vector<pollfd> all = appsupport::messageDescriptors();
   all.push_back({socket, POLLIN, 0});
+  nextWaking = until;
   const double seconds = until - sinceThen(start).count();
   const int timeout =
       until == never ? -1 : std::clamp(static_cast<int>(std::ceil(seconds * 1000)), 0, 60'000);
@@ -204,10 +206,10 @@ void LiveHome::finger(std::uint32_t page, const Json& message) {
 
 // As from a keyboard that is plugged in.
 void LiveHome::key(const Json& message) {
+  const auto name = message.value("key").get<std::string>();
   const UIResponder responder = uikit::firstResponder();
   if (!bridge::isKindOf<UITextField>(responder)) return;
   const UITextField field = bridge::as<UITextField>(responder);
-  const auto name = message.value("key").get<std::string>();
   if (name == "Backspace")
     uikit::typeDelete(field);
   else if (name == "Enter")
@@ -264,8 +266,8 @@ void LiveHome::drawIfDue() {
 
 void LiveHome::show(std::uint32_t page, Viewer& viewer, const Surface& screen, bool moving) {
   Tiles wanted = Tiles::changed(viewer.shown.get(), screen.get());
-  const bool changed = wanted.any();
-  if (changed) lastChange = clock::now();
+  if (wanted.any()) lastChange = clock::now();
+  if (!viewer.inexact.isShapedAs(wanted)) viewer.inexact = wanted.none();
   const Codec codec = moving && viewer.shown && wanted.area() > fewPixels ? Codec::jpeg : Codec::webp;
   if (codec == Codec::jpeg)
     viewer.inexact.add(wanted);

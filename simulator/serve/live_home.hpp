@@ -64,8 +64,8 @@ class LiveHome {
   EnvelopeReader reader;
   std::deque<Envelope> waiting;  // until the step under way is done
   std::map<std::uint32_t, Viewer> viewers;
-  std::chrono::steady_clock::time_point start;  // when the device's clock stood at zero
-  double lastFrame = 0, lastChange = 0;         // seconds of the device's clock
+  std::chrono::steady_clock::time_point start;           // when the device's clock stood at zero
+  double lastFrame = 0, lastChange = 0, nextWaking = 0;  // seconds of the device's clock
   bool isDirty = true, isOver = false;
 };
 

@@ -1,0 +1,266 @@
+#!/usr/bin/env python3
+"""A home screen in a real browser, touched and looked at as people do.
+
+    page_test.py PROGRAM LIBRARY_THAT_ENDS_IT [FOLDER_FOR_PICTURES]
+"""
+import base64
+import os
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+from support import PATIENCE, Browser, Served, eventually
+
+PROGRAM, ENDING_LIBRARY = sys.argv[1:3]
+PICTURES = sys.argv[3] if len(sys.argv) > 3 else None
+SWITCHED_ON = ("--set", "enabled=YES", "--set", "quick=YES")
+
+# How many pixels of the canvas differ from those of a PNG, or how the sizes do.
+DIFFERENCE = """
+    const bytes = Uint8Array.from(atob(args[0]), (c) => c.charCodeAt(0));
+    const image = await createImageBitmap(new Blob([bytes], {type: 'image/png'}),
+                                          {colorSpaceConversion: 'none', premultiplyAlpha: 'none'});
+    const canvas = document.getElementById('screen');
+    if (image.width !== canvas.width || image.height !== canvas.height)
+      return `${image.width} x ${image.height} and ${canvas.width} x ${canvas.height}`;
+    const other = new OffscreenCanvas(image.width, image.height).getContext('2d');
+    other.drawImage(image, 0, 0);
+    const pixels = (context) => new Uint32Array(context.getImageData(0, 0, image.width, image.height).data.buffer);
+    const [a, b] = [pixels(canvas.getContext('2d')), pixels(other)];
+    let count = 0;
+    for (let i = 0; i < a.length; ++i) count += a[i] !== b[i];
+    return count;"""
+
+
+def picture_of(script, *options):
+    """The screen after a script without a page, as a PNG in base 64."""
+    with tempfile.TemporaryDirectory() as folder:
+        steps, file = os.path.join(folder, "steps"), os.path.join(folder, "screen.png")
+        with open(steps, "w", encoding="utf-8") as out:
+            out.write(script)
+        subprocess.run([PROGRAM, *options, "--script", steps, "--snapshot", file], check=True, timeout=PATIENCE)
+        with open(file, "rb") as png:
+            return base64.b64encode(png.read()).decode()
+
+
+class Page(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.browser = cls.enterClassContext(Browser())
+
+    def serve(self, *options):
+        served = self.enterContext(Served(PROGRAM, *options))
+        self.await_screen(served)
+        return served
+
+    def await_screen(self, served):
+        self.browser.open(served.address)
+        self.await_text("state", "Running")
+        eventually(lambda: self.browser.run("return document.getElementById('screen').width > 1"), "a frame")
+
+    def await_text(self, name, text):
+        eventually(lambda: self.text(name) == text, f"'{text}' of {name}")
+
+    def text(self, name):
+        return self.browser.run("return document.getElementById(args[0]).textContent", name)
+
+    def report(self):
+        return self.browser.run("return await tilo.report()")
+
+    def step(self, line):
+        return self.browser.run("return await tilo.step(args[0])", line)
+
+    def press(self, name):
+        self.browser.run("document.getElementById(args[0]).click()", name)
+
+    def on_page(self, x, y):
+        """A point of the screen in the browser's window."""
+        left, top = self.browser.run("""
+            const box = document.getElementById('screen').getBoundingClientRect();
+            return [box.left, box.top];""")
+        return round(left + x), round(top + y)
+
+    def click(self, x, y):
+        x, y = self.on_page(x, y)
+        self.browser.act({"type": "pointerMove", "x": x, "y": y}, {"type": "pointerDown", "button": 0},
+                         {"type": "pause", "duration": 60}, {"type": "pointerUp", "button": 0})
+
+    def drag(self, start, end, duration):
+        start, end = self.on_page(*start), self.on_page(*end)
+        self.browser.act({"type": "pointerMove", "x": start[0], "y": start[1]}, {"type": "pointerDown", "button": 0},
+                         {"type": "pointerMove", "x": end[0], "y": end[1], "duration": duration},
+                         {"type": "pointerUp", "button": 0})
+
+    def await_picture(self, expected):
+        def is_equal():
+            self.difference = self.browser.run(DIFFERENCE, expected)
+            return self.difference == 0
+        try:
+            eventually(is_equal, "the picture")
+        except AssertionError:
+            self.fail(f"pixels that differ: {self.difference}")
+
+    def photograph(self, name):
+        if PICTURES:
+            self.browser.screenshot(os.path.join(PICTURES, name))
+
+    def open_panel(self):
+        self.drag((187, 400), (187, 150), 120)
+        eventually(lambda: self.report()["panel"], "the panel")
+        self.step("wait 0.6")
+
+    def test_names_are_those_that_scripts_rest_on(self):
+        self.serve()
+        self.assertEqual(self.browser.run("return document.title"), "Tilo: iPhone 7, 10.3.3")
+        names = self.browser.run("""return [...document.querySelectorAll('button')].map((each) => each.textContent)""")
+        for name in ("Home", "Lock", "Rotate", "Respring", "Safe mode"):
+            self.assertIn(name, names)
+        self.assertEqual(self.browser.run("return document.querySelectorAll('canvas').length"), 1)
+        self.assertEqual(self.browser.run("return document.querySelector('canvas').getAttribute('aria-label')"),
+                         "Home screen")
+        labels = self.browser.run("return [...document.querySelectorAll('select')].map((e) => e.labels[0].firstChild.data.trim())")
+        self.assertEqual(labels, ["Device", "System"])
+        self.assertEqual(self.browser.run("return document.getElementById('screen').style.width"), "375px")
+
+    def test_the_screen_is_the_one_that_a_picture_shows(self):
+        self.serve(*SWITCHED_ON)
+        self.await_picture(picture_of("wait 1\n", *SWITCHED_ON))
+
+    def test_plus_on_the_panel_moves_the_icons_as_in_a_picture(self):
+        self.serve(*SWITCHED_ON)
+        self.open_panel()
+        slider = self.report()["panel"]
+        self.assertEqual(slider["rows"]["Horizontal Padding"]["value"], 0)
+        self.photograph("page-panel.png")
+        left, top = slider["frame"][:2]
+        for _ in range(3):
+            self.click(left + 260, top + 113)
+            self.step("wait 0.3")
+        self.assertEqual(self.report()["panel"]["rows"]["Horizontal Padding"]["value"], 3)
+        self.step("wait 4")
+        self.step('tap "close"')
+        self.step("wait 1")
+        self.await_picture(picture_of('swipe up\nwait 1\nincrement "Horizontal Padding" 3\nwait 4\ntap "close"\nwait 1\n',
+                                      *SWITCHED_ON))
+
+    def test_a_layout_is_named_by_typing(self):
+        self.serve(*SWITCHED_ON)
+        self.open_panel()
+        self.step('tap "Add"')
+        self.step("wait 0.6")
+        keys = [{"type": kind, "value": key} for key in "Airy" for kind in ("keyDown", "keyUp")]
+        self.browser.run("document.getElementById('screen').focus()")
+        self.browser.act(*keys, kind="key")
+        eventually(lambda: self.report()["alert"]["text"] == "Airy", "the name")
+        self.step('choose "Add"')
+        self.step("wait 1")
+        self.assertEqual(self.report()["panel"]["presets"], ["Airy"])
+
+    def test_what_is_done_is_written_down_and_can_be_done_again(self):
+        self.serve()
+        self.click(60, 60)
+        self.step("wait 0.6")
+        opened = self.report()["application"]
+        self.assertTrue(opened)
+        self.press("home")
+        self.step("wait 0.6")
+        steps = self.browser.run("return document.getElementById('script').value")
+        self.assertRegex(steps, r"^tap [\d.]+ [\d.]+\nhome\n$")
+        self.browser.run("document.getElementById('script').value = args[0]", steps.split("\n", 1)[0] + "\nwait 0.6\n")
+        self.press("run")
+        self.await_text("outcome", "Done")
+        self.assertEqual(self.report()["application"], opened)
+
+    def test_a_wrong_step_is_named(self):
+        self.serve()
+        self.browser.run("document.getElementById('script').value = 'wait 0\\nfly\\n'")
+        self.press("run")
+        eventually(lambda: self.text("outcome").startswith("Step 2: fly: "), "the culprit")
+
+    def test_rotate_turns_the_screen(self):
+        self.serve("--device", "iPhone 6 Plus")
+        self.press("rotate")
+        eventually(lambda: self.browser.run("return document.getElementById('screen').width") == 1920, "the turn")
+        self.press("rotate")
+        eventually(lambda: self.browser.run("return document.getElementById('screen').height") == 1920, "the turn back")
+
+    def test_another_device_and_system_come_with_the_same_files(self):
+        self.serve()
+        self.step("write rows=4")
+        self.browser.run("""const choice = document.getElementById('device');
+            choice.value = 'iPad Air 2'; choice.dispatchEvent(new Event('change'));""")
+        eventually(lambda: self.browser.run("return document.title").startswith("Tilo: iPad Air 2"), "the device")
+        eventually(lambda: self.browser.run("return document.getElementById('screen').width") == 1536, "its screen")
+        self.assertEqual(self.report()["preferences"]["rows"], 4)
+        self.browser.run("""const choice = document.getElementById('system');
+            choice.value = '9.0'; choice.dispatchEvent(new Event('change'));""")
+        eventually(lambda: self.browser.run("return document.title") == "Tilo: iPad Air 2, 9.0", "the system")
+        self.assertEqual(self.report()["ios"], "9.0")
+
+    def test_a_library_that_ends_springboard_leads_to_safe_mode(self):
+        served = self.enterContext(Served(PROGRAM, "--library", ENDING_LIBRARY))
+        self.browser.open(served.address)
+        self.await_text("state", "Safe mode")
+        self.assertFalse(self.report()["loaded"])
+
+    def test_springboard_that_ends_says_why_and_comes_back(self):
+        served = self.serve(*SWITCHED_ON)
+        os.kill(served.home_processes()[0], 6)
+        self.await_text("state", "Safe mode")
+        self.assertIn("Aborted", self.text("trouble"))
+        self.step("wait 0.5")
+        self.photograph("page-safe-mode.png")
+        self.press("respring")
+        self.await_text("state", "Running")
+        self.assertTrue(self.report()["loaded"])
+
+    def test_a_page_that_is_loaded_again_goes_on(self):
+        served = self.serve(*SWITCHED_ON)
+        self.open_panel()
+        self.await_screen(served)
+        self.assertTrue(self.report()["panel"])
+
+    def test_two_tabs_show_one_home(self):
+        served = self.serve(*SWITCHED_ON)
+        first = self.browser.this_tab()
+        self.browser.new_tab()
+        self.await_screen(served)
+        self.open_panel()
+        self.browser.close_tab()
+        self.browser.show_tab(first)
+        self.assertTrue(self.report()["panel"])
+
+    def test_shift_is_a_second_finger(self):
+        self.serve(*SWITCHED_ON, "--set", "twoFinger=YES")
+        x, y = self.on_page(300, 200)  # and the other finger at 75, 467: no icon is at either
+        self.browser.run("""
+            const canvas = document.getElementById('screen');
+            const fire = (type) => canvas.dispatchEvent(new PointerEvent(type, {clientX: args[0], clientY: args[1],
+                shiftKey: true, pointerId: 1, button: 0, bubbles: true}));
+            canvas.setPointerCapture = () => {};
+            fire('pointerdown');
+            await new Promise((resolve) => setTimeout(resolve, 50));
+            fire('pointerup');""", x, y)
+        eventually(lambda: self.report()["panel"], "the panel")
+
+    def test_closing_every_page_leaves_the_process_idle(self):
+        served = self.serve(*SWITCHED_ON)
+        self.open_panel()
+        self.browser.open("about:blank")
+        (home,) = served.home_processes()
+        time.sleep(1)
+        before = self.ticks(home)
+        time.sleep(2)
+        self.assertLessEqual(self.ticks(home) - before, 2)
+
+    @staticmethod
+    def ticks(process):
+        with open(f"/proc/{process}/stat", encoding="ascii") as stat:
+            fields = stat.read().rsplit(")", 1)[1].split()
+        return int(fields[11]) + int(fields[12])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:])
