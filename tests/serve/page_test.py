@@ -207,9 +207,9 @@ class Page(unittest.TestCase):
 
     def test_springboard_that_ends_says_why_and_comes_back(self):
         served = self.serve(*SWITCHED_ON)
-        os.kill(served.home_processes()[0], 6)
+        os.kill(served.home_processes()[0], 9)
         self.await_text("state", "Safe mode")
-        self.assertIn("Aborted", self.text("trouble"))
+        self.assertIn("Killed", self.text("trouble"))
         self.step("wait 0.5")
         self.photograph("page-safe-mode.png")
         self.press("respring")

@@ -32,7 +32,8 @@ class Served:
         self.process = subprocess.Popen([program, "--serve", *options], stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.address = self.process.stdout.readline().decode().strip()
         if not self.address:
-            raise AssertionError(self.process.stderr.read().decode())
+            complaint = self.process.communicate()[1].decode()
+            raise AssertionError(complaint)
         parts = urlsplit(self.address)
         self.host, self.port, self.path = parts.hostname, parts.port, parts.path
 
