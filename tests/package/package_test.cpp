@@ -12,10 +12,10 @@ TEST(Package, IsTheSameInTwoFoldersAtTwoTimes) {
   // What was built, copied, so that its files have other dates and come in another order; another user's
   // settings.
   const std::string copied = other / "a longer name/build";
-  must(
-      fmt::format("mkdir -p '{0}' && cd '{1}' && cp -r Tilo_Main.bundle '{0}' && cp Tilo.dylib '{0}' && "
-                  "{{ [ ! -e TiloPane-universal ] || cp TiloPane-universal '{0}'; }}",
-                  copied, BUILD));
+  must(fmt::format(
+      "mkdir -p '{0}' && cd '{1}' && cp -r Tilo_Main.bundle TiloPane-icons '{0}' && cp Tilo.dylib '{0}' && "
+      "{{ [ ! -e TiloPane-universal ] || cp TiloPane-universal '{0}'; }}",
+      copied, BUILD));
   must(fmt::format(
       "cd '{}' && umask 077 && TZ=Asia/Tokyo LC_ALL=C.UTF-8 SOURCE_DATE_EPOCH=1 '{}/stage' '{}' tree",
       other.text(), PACKAGE, copied));
@@ -124,6 +124,24 @@ TEST_F(MadePackage, IsInstalledByAptFromARepository) {
   EXPECT_EQ(
       must(fmt::format("dpkg-query --admindir='{}/var/lib/dpkg' -W -f '${{Status}}' com.wexor.tilo", root)),
       Lines{"install ok installed"});
+}
+
+TEST(PageIcon, IsDrawnForEveryScale) {
+  for (const auto& [name, pixels] : {std::pair("icon.png", 29), {"icon@2x.png", 58}, {"icon@3x.png", 87}})
+    EXPECT_EQ(
+        must(fmt::format("python3 -c 'import struct, sys; print(*struct.unpack(\">2I\", open(sys.argv[1], "
+                         "\"rb\").read()[16:24]))' '{}/TiloPane-icons/{}'",
+                         BUILD, name)),
+        Lines{fmt::format("{0} {0}", pixels)})
+        << name;
+}
+
+TEST(PageIcon, IsOfAKnownScale) {
+  Folder folder;
+  EXPECT_EQ(run(fmt::format("'{}/icon' 4 '{}'", BUILD, folder / "icon.png")).status, 2);
+  const Outcome unwritable = run(fmt::format("'{}/icon' 1 /nowhere/icon.png", BUILD));
+  EXPECT_EQ(unwritable.status, 2);
+  EXPECT_EQ(unwritable.lines.size(), 1u);
 }
 
 TEST(ScriptPackage, NamesWhatItDoesNotTake) {
