@@ -17,9 +17,9 @@ namespace {
 
 std::vector<std::string> readNames(const std::string& file) {
   std::ifstream in(file);
+  if (!in) throw std::runtime_error(file + ": cannot be read");
   std::vector<std::string> names;
   for (std::string name; in >> name;) names.push_back(name);
-  if (names.empty()) throw std::runtime_error(file + ": names no symbol");
   return names;
 }
 
@@ -28,18 +28,22 @@ std::vector<std::string> readNames(const std::string& file) {
 int main(int count, char** arguments) {
   CLI::App app("Checks a universal dynamic library before it ships.");
   std::string image, imports, exports;
+  device::Policy policy;
   bool sizes = false, unused = false;
   size_t largest = 0;
   app.add_option("image", image, "the library")->required();
   app.add_option("--imports", imports, "folder of the lists of allowed imports")->required();
   app.add_option("--exports", exports, "file naming the exported symbols")->required();
+  app.add_option("--install-name", policy.installName, "where the library lies on the device");
+  app.add_option("--initialisers", policy.initialisers, "how many load-time routines it has");
   app.add_flag("--sizes", sizes, "print the size of each slice, in bytes");
   app.add_option("--largest", largest,
                  "print so many of each slice's functions, the largest, with their bytes");
   app.add_flag("--unused", unused, "a listed symbol that nothing imports is a finding too");
   CLI11_PARSE(app, count, arguments);
   try {
-    device::Policy policy{device::readImportLists(imports), readNames(exports)};
+    policy.imports = device::readImportLists(imports);
+    policy.exports = readNames(exports);
     auto slices = device::readImage(image);
     auto lines = device::findings(slices, policy);
     if (unused)

@@ -14,9 +14,6 @@ bool contains(const std::vector<std::string>& names, const std::string& name) {
 }
 
 constexpr uint32_t oldestSystem = 9 << 16 | 2 << 8;
-constexpr std::string_view shippedName = "/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib";
-// The constructor and the static initialiser that takes the gesture controller.
-constexpr size_t loadRoutines = 2;
 // Bound by the loader's own stub code, never by name from a source.
 constexpr std::string_view binder = "dyld_stub_binder";
 
@@ -46,7 +43,7 @@ class Examination {
 
   void checkKind() {
     if (slice.fileType != dynamicLibrary) find("not a dynamic library");
-    if (slice.installName != shippedName) find("install name is {}", slice.installName);
+    if (slice.installName != policy.installName) find("install name is {}", slice.installName);
     if (!slice.forIOS) find("not built for iOS");
     if (slice.minimumSystem != oldestSystem)
       find("minimum system is {}, not {}", versionText(slice.minimumSystem), versionText(oldestSystem));
@@ -118,8 +115,8 @@ class Examination {
   }
 
   void checkInitialisers() {
-    if (slice.initialisers.size() != loadRoutines)
-      find("{} load-time initialisers, not {}", slice.initialisers.size(), loadRoutines);
+    if (slice.initialisers.size() != policy.initialisers)
+      find("{} load-time initialisers, not {}", slice.initialisers.size(), policy.initialisers);
     for (uint64_t address : slice.initialisers) {
       if (!inText(address & ~uint64_t{1})) find("initialiser {:#x} lies outside __text", address);
       if (slice.architecture == "armv7" && address % 2) find("initialiser {:#x} is Thumb code", address);

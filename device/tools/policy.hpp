@@ -13,6 +13,9 @@ namespace device {
 struct Policy {
   std::vector<ImportList> imports;   // what may be imported, from where
   std::vector<std::string> exports;  // what must be exported, nothing else, under linker names
+  std::string installName = "/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib";
+  // The constructor and the static initialiser that takes the gesture controller.
+  std::size_t initialisers = 2;
 };
 
 // One line for each rule broken, starting with the slice and naming the culprit; none for an image fit to

@@ -12,6 +12,7 @@
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/console.hpp"
 #include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/relaunch.hpp"
 #include "simulator/springboard/relayouts.hpp"
 #include "simulator/uikit/base/application.hpp"
 #include "simulator/uikit/views/view.hpp"
@@ -85,7 +86,9 @@ constexpr ReportRow rows[] = {
      "lines sent to the system log, colour codes included"},
     {"application", application, "the name of the one on screen"},
     {"openedURLs", [](Simulation&) -> Json { return uikit::openedURLs(); },
-     "the addresses that were opened, in order; nothing opens them here"},
+     "the addresses that were opened, in order; those of Settings' pages lead there, all others nowhere"},
+    {"respringsAsked", [](Simulation&) -> Json { return springboard::relaunchesAskedFor(); },
+     "how often SpringBoard was asked to start anew; the next run on the same root is that start"},
     {"relayouts", relayouts,
      "every call of SpringBoard's relayout entry points (SpringBoard itself makes none): `page`, `duration` "
      "in seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},

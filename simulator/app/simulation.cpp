@@ -11,6 +11,7 @@
 #include "simulator/device/image.hpp"
 #include "simulator/device/unfinished_files.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/preferences/settings.hpp"
 #include "simulator/runtime/foundation.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/threads.hpp"
@@ -91,6 +92,7 @@ Simulation::Simulation(const Options& given, const Program& made)
   uikit::configure(configurationOf(options));
   uikit::registerClasses();
   springboard::defineClasses();
+  preferences::defineSettings();
 }
 
 // None with `--stock`, and where there is none to load.

@@ -16,6 +16,7 @@ std::span<const OptionRow> startFileOptions();
 StepTable panelSteps();
 StepTable rowSteps();
 StepTable settingsSteps();
+StepTable paneSteps();
 
 std::span<const ReportRow> hooksKeys();
 std::span<const ReportRow> framingKeys();

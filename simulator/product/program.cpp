@@ -11,6 +11,7 @@ constexpr const char* circledChevronUp = "\uF139";  // of Font Awesome
 void prepare(Simulation& simulation) {
   putPreferences(simulation);
   putPresets(simulation);
+  putPane(simulation);
   input::callGlyph(circledChevronUp, "collapse");
 }
 
@@ -21,7 +22,8 @@ Program made() {
   program.bundle = "Tilo_Main.bundle";
   program.installedAs = "Tilo.dylib";
   program.prepare = prepare;
-  for (const StepTable rows : {rowSteps(), panelSteps(), settingsSteps()}) add(program.steps, rows);
+  for (const StepTable rows : {rowSteps(), panelSteps(), settingsSteps(), paneSteps()})
+    add(program.steps, rows);
   add(program.options, startFileOptions());
   addAfter("classColumns", program.report, hooksKeys());
   addAfter("pageDots", program.report, framingKeys());

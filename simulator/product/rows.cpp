@@ -8,6 +8,7 @@
 #include "bridge/runtime.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
+#include "simulator/preferences/shown_rows.hpp"
 #include "simulator/uikit/controls/slider.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "simulator/uikit/gestures/touch_dispatch.hpp"
@@ -68,6 +69,10 @@ std::optional<Row> rowOf(UIView view, std::string_view caption) {
 Row rowNamed(std::string_view caption) {
   uikit::layoutPass();
   std::optional<Row> found;
+  // A slider of Settings' page in front stands alone in its row.
+  if (const PSTableCell cell = preferences::shownCell(std::string(caption)))
+    if (const UIView control = preferences::controlOf(cell); bridge::isKindOf<UISlider>(control))
+      return {std::string(caption), bridge::as<UISlider>(control), {}, {}, {}};
   for (const UIWindow window : uikit::windows())
     uikit::forEachInTree(window, [&](UIView view) {
       if (std::optional<Row> row = rowOf(view, caption)) found = std::move(row);

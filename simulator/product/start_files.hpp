@@ -26,6 +26,9 @@ void writePreferenceFile(const std::string& file, const std::string& base,
 
 // To their places on the device, where the options name any. Throw UsageError for a file that is none.
 void putPreferences(Simulation& simulation);
+/** The page in Settings, as the package installs it; not with a device as it was bought. */
+void putPane(Simulation& simulation);
+
 void putPresets(Simulation& simulation);
 
 }  // namespace sim::product

@@ -3,6 +3,7 @@
 #include "simulator/springboard/applications.hpp"
 
 #include <algorithm>
+#include <map>
 #include <string>
 
 #include "platform/uikit/color.hpp"
@@ -11,6 +12,9 @@
 #include "simulator/artwork/app_icon.hpp"
 #include "simulator/springboard/drawn_image.hpp"
 #include "simulator/springboard/icon.hpp"
+#include "simulator/springboard/icon_controller.hpp"
+#include "simulator/springboard/icon_list_view.hpp"
+#include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/system_class.hpp"
 #include "simulator/uikit/views/first_responder.hpp"
 
@@ -46,7 +50,19 @@ SBUIController sharedInstance(Class) {
   return bridge::as<SBUIController>(shared);
 }
 
+// Applications that show more than their artwork.
+std::map<std::string, WindowMaker>& makers() {
+  static auto& all = *new std::map<std::string, WindowMaker>();
+  return all;
+}
+
 bridge::Strong<UIWindow> makeWindow(const std::string& name) {
+  if (const auto maker = makers().find(name); maker != makers().end()) {
+    auto window = maker->second();
+    window->makeKeyWindow();
+    window->setWindowLevel(windowLevel);
+    return window;
+  }
   CGRect screen = UIScreen::mainScreen().bounds();
   auto window = bridge::make<UIWindow, &UIView::initWithFrame>(screen);
   window->setWindowLevel(windowLevel);
@@ -64,6 +80,13 @@ bridge::Strong<UIWindow> makeWindow(const std::string& name) {
 }
 
 LaunchMessage launchMessage = LaunchMessage::fromIcon;
+
+// What an application has changed meanwhile is seen when the icons come back.
+void layOutHomeScreen() {
+  for (const auto& page : homeScreen().pages) layOutIcons(page);
+  layOutIcons(homeScreen().dock);
+  homeScreen().scrollView->superview().setNeedsLayout();
+}
 
 constexpr NSInteger onHomeScreen = 1;  // an icon's location; nothing here depends on it
 
@@ -90,19 +113,15 @@ void activateWithSettings(SBUIController, SBApplication application, SBIcon, NSI
   show(application);
 }
 
-bridge::Strong<SBApplication> applicationOf(SBIcon icon) {
+bridge::Strong<SBApplication> applicationNamed(NSString name) {
   auto application = bridge::make<SBApplication, &NSObject::init>();
-  Application::state(application.get()).name = bridge::retained(nameOf(icon));
+  Application::state(application.get()).name = bridge::retained(name);
   return application;
 }
 
-}  // namespace
-
-void useLaunchMessage(LaunchMessage used) { launchMessage = used; }
-
-void launch(SBIcon icon) {
+// By the message that the version in use has for it; without an icon when something else asks for it.
+void open(SBApplication application, SBIcon icon) {
   const auto controller = SBUIController::sharedInstance();
-  SBApplication application = applicationOf(icon).autoreleased();
   if (controller.activateApplicationAnimated.isAnswered())
     controller.activateApplicationAnimated.ifAnswered(application);
   else if (controller.activateApplication_fromIcon_location_activationSettings_actions.isAnswered())
@@ -114,12 +133,27 @@ void launch(SBIcon icon) {
     controller.activateApplication_fromIcon_location.ifAnswered(application, icon, onHomeScreen);
 }
 
+}  // namespace
+
+void useLaunchMessage(LaunchMessage used) { launchMessage = used; }
+
+void launch(SBIcon icon) { open(applicationNamed(nameOf(icon)).autoreleased(), icon); }
+
+void openApplication(const std::string& name) {
+  open(applicationNamed(NSString::stringWithUTF8String(name.c_str())).autoreleased(), {});
+}
+
+void showsWindow(const std::string& name, WindowMaker maker) { makers()[name] = std::move(maker); }
+
 SBApplication shownApplication() { return shown().application.get(); }
 
 void leaveApplication() {
   bridge::Strong<UIWindow> window = shown().window;
   shown() = {};
   if (!window) return;
+  showStatusBar();
+  homeScreen().scrollView->window().makeKeyWindow();
+  layOutHomeScreen();
   UIView::animateWithDuration_animations_completion(
       launchDuration, bridge::Block<void()>([window] {
         window->setTransform({startScale, 0, 0, startScale, 0, 0});

@@ -119,6 +119,8 @@ void setIcons(SBIconListView list, std::vector<bridge::Strong<SBIcon>> icons) {
   list.setNeedsLayout();
 }
 
+void layOutIcons(SBIconListView list) { placeIcons(list); }
+
 const std::vector<bridge::Strong<SBIconView>>& iconViews(SBIconListView list) {
   return List::state(list).views;
 }

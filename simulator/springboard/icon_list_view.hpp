@@ -8,6 +8,9 @@
 namespace sim::springboard {
 
 // Shows `icons` in that list, in order.
+// Where its answers put them now.
+void layOutIcons(SBIconListView list);
+
 void setIcons(SBIconListView list, std::vector<bridge::Strong<SBIcon>> icons);
 const std::vector<bridge::Strong<SBIconView>>& iconViews(SBIconListView list);
 

@@ -18,6 +18,7 @@
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/panel_parts.hpp"
+#include "simulator/springboard/relaunch.hpp"
 #include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/stock.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
@@ -97,6 +98,7 @@ void defineClasses() {
   defineApplications();
   defineChevron();
   defineCloseBox();
+  defineRelaunch();
 }
 
 void start(const Contents& contents) {

@@ -27,13 +27,14 @@ StatusBar make() {
 
 }  // namespace
 
-void showStatusBar() {
+void showStatusBar(const Color& color) {
   static auto& bar = *new StatusBar(make());
   CGRect frame{{0, 0}, {UIScreen::mainScreen().bounds().size.width, device().statusBarHeight()}};
   bar.window->setFrame(frame);
   bar.picture->setFrame(frame);
-  bar.picture->setImage(
-      drawnImage(frame.size, [](cairo_t* context, CGSize size) { drawStatusBar(context, size); }));
+  bar.picture->setImage(drawnImage(frame.size, [color](cairo_t* context, CGSize size) {
+    drawStatusBar(context, size, {.color = color});
+  }));
   bar.window->setHidden(NO);
 }
 

@@ -30,10 +30,22 @@ std::vector<std::string>& opened() {
   return list;
 }
 
-// Whatever the address, there is nobody here who could take it.
+struct Taker {
+  std::string beginning;
+  std::function<void(const std::string&)> take;
+};
+
+std::vector<Taker>& takers() {
+  static auto& list = *new std::vector<Taker>();
+  return list;
+}
+
 BOOL openURL(UIApplication, NSURL url) {
   if (!url) return NO;
-  opened().emplace_back(url.absoluteString().UTF8String());
+  const std::string address = url.absoluteString().UTF8String();
+  opened().push_back(address);
+  for (const Taker& each : takers())
+    if (address.starts_with(each.beginning)) each.take(address);
   return YES;
 }
 
@@ -59,6 +71,10 @@ BOOL sendActionTo(UIApplication, SEL action, bridge::Object target, bridge::Obje
 }  // namespace
 
 const std::vector<std::string>& openedURLs() { return opened(); }
+
+void takeURLs(std::string beginning, std::function<void(const std::string&)> taker) {
+  takers().push_back({std::move(beginning), std::move(taker)});
+}
 
 void defineApplication() {
   using bridge::method;

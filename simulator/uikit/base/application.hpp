@@ -1,6 +1,7 @@
 // UIApplication.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -8,5 +9,8 @@ namespace sim::uikit {
 
 /** The addresses that were opened, in order. */
 const std::vector<std::string>& openedURLs();
+
+/** From now on addresses that begin so are handed over; all others lead nowhere. */
+void takeURLs(std::string beginning, std::function<void(const std::string&)> taker);
 
 }  // namespace sim::uikit

@@ -10,8 +10,8 @@ void defineBezierPath(), defineColor(), defineDevice(), defineFont(), defineStri
     defineEvent(), defineGestureRecognizer(), defineTapGestureRecognizer(), defineSwipeGestureRecognizer(),
     definePanGestureRecognizer(), defineLongPressGestureRecognizer(), defineControl(), definePageControl(),
     defineActivityIndicator(), defineImageView(), defineLabel(), defineButton(), defineSlider(),
-    definePasteboard(), defineTextField(), defineBarButtonItem(), defineToolbarButton(), defineToolbar(),
-    defineScrollView(), definePickerView(), defineWindow(), defineKeyboard(), defineScreen(),
+    defineSwitch(), definePasteboard(), defineTextField(), defineBarButtonItem(), defineToolbarButton(),
+    defineToolbar(), defineScrollView(), definePickerView(), defineWindow(), defineKeyboard(), defineScreen(),
     defineViewController(), defineStageView(), defineAlertAction(), defineAlertButton(), defineAlertView(),
     defineAlertController();
 
@@ -23,10 +23,11 @@ void registerClasses() {
           defineLayer, defineResponder, defineApplication, defineView, defineAppearance, defineTouch,
           defineEvent, defineGestureRecognizer, defineTapGestureRecognizer, defineSwipeGestureRecognizer,
           definePanGestureRecognizer, defineLongPressGestureRecognizer, defineControl, definePageControl,
-          defineActivityIndicator, defineImageView, defineLabel, defineButton, defineSlider, definePasteboard,
-          defineTextField, defineBarButtonItem, defineToolbarButton, defineToolbar, defineScrollView,
-          definePickerView, defineWindow, defineKeyboard, defineScreen, defineViewController, defineStageView,
-          defineAlertAction, defineAlertButton, defineAlertView, defineAlertController);
+          defineActivityIndicator, defineImageView, defineLabel, defineButton, defineSlider, defineSwitch,
+          definePasteboard, defineTextField, defineBarButtonItem, defineToolbarButton, defineToolbar,
+          defineScrollView, definePickerView, defineWindow, defineKeyboard, defineScreen,
+          defineViewController, defineStageView, defineAlertAction, defineAlertButton, defineAlertView,
+          defineAlertController);
 }
 
 }  // namespace sim::uikit

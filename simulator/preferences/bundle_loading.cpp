@@ -1,0 +1,72 @@
+// Entries and bundles of the preference loader.
+#include "simulator/preferences/bundle_loading.hpp"
+
+#include <algorithm>
+#include <set>
+
+#include "platform/foundation/file_manager.hpp"
+#include "simulator/device/image.hpp"
+#include "simulator/device/usage_error.hpp"
+#include "simulator/preferences/specifier.hpp"
+
+namespace sim::preferences {
+namespace {
+
+constexpr const char* bundleFolders[] = {"/Library/PreferenceBundles/", "/System/Library/PreferenceBundles/"};
+
+NSString string(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
+
+std::string textAt(NSDictionary entry, NSString key) {
+  const bridge::Object found = entry.objectForKey(key);
+  return bridge::isKindOf<NSString>(found) ? bridge::as<NSString>(found).UTF8String() : "";
+}
+
+// Empty when there is none.
+std::string pathOfBundle(const std::string& name) {
+  for (const char* folder : bundleFolders)
+    if (const std::string path = folder + name + ".bundle";
+        NSFileManager::defaultManager().fileExistsAtPath(string(path)))
+      return path;
+  return "";
+}
+
+bridge::Strong<PSSpecifier> entryIn(NSString file) {
+  const NSDictionary list = NSDictionary::dictionaryWithContentsOfFile(file);
+  const bridge::Object found = list.objectForKey("entry"_ns);
+  if (!bridge::isKindOf<NSDictionary>(found)) return nullptr;
+  const auto entry = bridge::as<NSDictionary>(found);
+  const std::string bundle = pathOfBundle(textAt(entry, "bundle"_ns));
+  if (bundle.empty()) return nullptr;
+  auto made = makeSpecifier(bridge::as<NSString>(entry.objectForKey("label"_ns)), {},
+                            {.cell = Cell::link, .detail = textAt(entry, "detail"_ns)});
+  made->setProperty_forKey(string(bundle), "bundlePath"_ns);
+  return made;
+}
+
+}  // namespace
+
+NSArray loaderEntries() {
+  const NSString folder = "/Library/PreferenceLoader/Preferences"_ns;
+  const NSArray files = NSFileManager::defaultManager().contentsOfDirectoryAtPath_error(folder, nullptr);
+  const NSArray sorted = files.sortedArrayUsingSelector(bridge::selector<"compare:">());
+  auto entries = bridge::make<NSMutableArray, &NSObject::init>();
+  for (NSUInteger i = 0; i < sorted.count(); ++i) {
+    const auto name = bridge::as<NSString>(sorted.objectAtIndex(i));
+    if (!name.hasSuffix(".plist"_ns)) continue;
+    if (const auto entry = entryIn(folder.stringByAppendingPathComponent(name)))
+      entries->addObject(entry.get());
+  }
+  return std::move(entries).autoreleased();
+}
+
+void loadBundle(const std::string& path) {
+  static auto& loaded = *new std::set<std::string>();
+  if (loaded.contains(path)) return;
+  const NSDictionary info = NSDictionary::dictionaryWithContentsOfFile(string(path + "/Info.plist"));
+  std::string reason;
+  if (!image::open(path + "/" + textAt(info, "CFBundleExecutable"_ns), reason))
+    throw UsageError("the page '" + path + "' cannot be loaded: " + reason);
+  loaded.insert(path);
+}
+
+}  // namespace sim::preferences

@@ -1,0 +1,214 @@
+// PSTableCell. A tap on it is its controller's; a switch or slider tells the specifier itself.
+#include "simulator/preferences/table_cell.hpp"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "bridge/define.hpp"
+#include "platform/foundation/number.hpp"
+#include "platform/uikit/gesture_recognizer.hpp"
+#include "platform/uikit/image_view.hpp"
+#include "platform/uikit/slider.hpp"
+#include "platform/uikit/switch.hpp"
+#include "simulator/preferences/list_controller.hpp"
+#include "simulator/preferences/look.hpp"
+#include "simulator/preferences/specifier.hpp"
+#include "simulator/quartz/surface.hpp"
+#include "simulator/springboard/drawn_image.hpp"
+
+namespace sim::preferences {
+namespace {
+
+using bridge::Strong;
+
+struct CellFace : bridge::Face<"PSTableCell", PSTableCell> {
+  MESSAGE Method<"sim_tapped:", void(UIGestureRecognizer)> tapped;
+  MESSAGE Method<"sim_changed:", void(UIControl)> changed;
+};
+
+struct CellState {
+  Strong<PSSpecifier> specifier;
+  PSListController controller;  // which its page's cells do not outlive
+  Strong<UIView> content, control, mark;
+  Strong<UILabel> text, detail;
+};
+
+using CellClass = bridge::Implementation<PSTableCell, CellState>;
+
+constexpr CGFloat chevronWidth = 8, chevronHeight = 13, checkSize = 14, gap = 6, valueWidth = 52;
+
+UIView contentView(PSTableCell self) { return CellClass::state(self).content.get(); }
+PSSpecifier specifier(PSTableCell self) { return CellClass::state(self).specifier.get(); }
+
+Strong<UIView> makeMark(CGSize size, const Color& color, std::vector<CGPoint> line, double width) {
+  auto view = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{{}, size});
+  view->setImage(springboard::drawnImage(size, [color, line, width](cairo_t* context, CGSize) {
+    setSource(context, color);
+    cairo_set_line_width(context, width);
+    for (const CGPoint& point : line) cairo_line_to(context, point.x, point.y);
+    cairo_stroke(context);
+  }));
+  return view;
+}
+
+Strong<UIView> makeChevron() {
+  return makeMark({chevronWidth, chevronHeight}, chevronColor, {{1, 1}, {6.5, 6.5}, {1, 12}}, 2);
+}
+Strong<UIView> makeCheck() {
+  return makeMark({checkSize, checkSize}, blue, {{1, 7.5}, {5, 12}, {13, 2}}, 1.8);
+}
+
+void put(PSTableCell self, UIView view, CGRect frame) {
+  view.setFrame(frame);
+  contentView(self).addSubview(view);
+}
+
+CGRect inMiddle(CGFloat x, CGSize size) { return {{x, (rowHeight - size.height) / 2}, size}; }
+
+std::string shown(double value) {
+  return value == std::floor(value) ? fmt::format("{:.0f}", value) : fmt::format("{:.1f}", value);
+}
+
+void showNumber(PSTableCell self, float value) {
+  const CellState& state = CellClass::state(self);
+  if (state.detail) state.detail->setText(NSString::stringWithUTF8String(shown(value).c_str()));
+}
+
+void tell(UIControl control, PSTableCell self) {
+  control.addTarget_action_forControlEvents(self, bridge::Descriptor<&CellFace::changed>::selector(),
+                                            UIControlEventValueChanged);
+}
+
+void addSwitch(PSTableCell self, CGFloat width) {
+  const auto made = bridge::make<UISwitch, &UIView::initWithFrame>(CGRect{});
+  put(self, made, inMiddle(width - margin() - 51, {51, 31}));
+  CellClass::state(self).control = made;
+  tell(made, self);
+}
+
+void addSlider(PSTableCell self, CGFloat width) {
+  CellState& state = CellClass::state(self);
+  const auto made = bridge::make<UISlider, &UIView::initWithFrame>(CGRect{});
+  const bool showsValue = numberOf(state.specifier, "showValue"_ns, 0) != 0;
+  made->setMinimumValue(static_cast<float>(numberOf(state.specifier, "min"_ns, 0)));
+  made->setMaximumValue(static_cast<float>(numberOf(state.specifier, "max"_ns, 1)));
+  made->setContinuous(numberOf(state.specifier, "isContinuous"_ns, 0) != 0);
+  const CGFloat room = width - 2 * margin() - (showsValue ? valueWidth : 0);
+  put(self, made, inMiddle(margin(), {room, 31}));
+  state.control = made;
+  tell(made, self);
+  if (!showsValue) return;
+  state.detail = makeLabel(""_ns, UIFont::systemFontOfSize(textSize), grey);
+  state.detail->setTextAlignment(NSTextAlignmentRight);
+  put(self, state.detail, inMiddle(width - margin() - valueWidth + gap, {valueWidth - gap, 22}));
+}
+
+void addText(PSTableCell self, const Color& color) {
+  CellState& state = CellClass::state(self);
+  state.text = makeLabel(state.specifier->name(), UIFont::systemFontOfSize(textSize), color);
+  const CGSize size = state.text->sizeThatFits({1000, rowHeight});
+  put(self, state.text, inMiddle(margin(), size));
+}
+
+void addChevron(PSTableCell self, CGFloat width) {
+  CellState& state = CellClass::state(self);
+  state.mark = makeChevron();
+  put(self, state.mark, inMiddle(width - margin() - chevronWidth, {chevronWidth, chevronHeight}));
+}
+
+// What is chosen, in what room the title leaves.
+void addChosen(PSTableCell self, CGFloat width) {
+  CellState& state = CellClass::state(self);
+  state.detail = makeLabel(""_ns, UIFont::systemFontOfSize(textSize), grey);
+  state.detail->setTextAlignment(NSTextAlignmentRight);
+  const CGRect title = state.text->frame();
+  const CGFloat left = title.origin.x + title.size.width + gap;
+  put(self, state.detail, inMiddle(left, {width - margin() - chevronWidth - gap - left, 22}));
+}
+
+// What is done may take the row off the page.
+void tapped(CellFace self, UIGestureRecognizer) {
+  const auto kept = bridge::retained(self);
+  const Strong<PSSpecifier> row = CellClass::state(self).specifier;
+  select(CellClass::state(self).controller, row);
+}
+
+NSNumber valueIn(UIControl control) {
+  if (bridge::isKindOf<UISwitch>(control))
+    return NSNumber::numberWithBool(bridge::as<UISwitch>(control).isOn());
+  return NSNumber::numberWithFloat(bridge::as<UISlider>(control).value());
+}
+
+void changed(CellFace self, UIControl control) {
+  const PSSpecifier row = specifier(self);
+  setValue(row, valueIn(control));
+  if (bridge::isKindOf<UISlider>(control)) showNumber(self, bridge::as<UISlider>(control).value());
+}
+
+void listen(PSTableCell self) {
+  auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
+      self, bridge::Descriptor<&CellFace::tapped>::selector());
+  self.addGestureRecognizer(tap);
+}
+
+}  // namespace
+
+Strong<PSTableCell> makeCell(PSSpecifier specifier, PSListController controller, CGFloat width) {
+  auto made = bridge::make<PSTableCell, &UIView::initWithFrame>(CGRect{{}, {width, rowHeight}});
+  const PSTableCell self = made.get();
+  CellState& state = CellClass::state(self);
+  state.specifier = bridge::retained(specifier);
+  state.controller = controller;
+  const auto white = uikit::makeColor(cellColor);
+  self.setBackgroundColor(white);
+  state.content = makeBox({{}, {width, rowHeight}}, cellColor);
+  self.addSubview(state.content);
+  const Cell kind = rowOf(specifier).cell;
+  if (kind != Cell::slider) addText(self, kind == Cell::button ? blue : textColor);
+  if (kind == Cell::onOff) addSwitch(self, width);
+  if (kind == Cell::slider) addSlider(self, width);
+  if (kind == Cell::link || kind == Cell::linkList) addChevron(self, width);
+  if (kind == Cell::linkList) addChosen(self, width);
+  if (kind != Cell::onOff && kind != Cell::slider) listen(self);
+  refresh(self);
+  return made;
+}
+
+void refresh(PSTableCell cell) {
+  const CellState& state = CellClass::state(cell);
+  const Cell kind = rowOf(state.specifier).cell;
+  if (kind != Cell::onOff && kind != Cell::slider && kind != Cell::linkList) return;
+  const bridge::Object value = valueOf(state.specifier);
+  const auto number = bridge::as<NSNumber>(bridge::isKindOf<NSNumber>(value) ? value : bridge::Object{});
+  if (kind == Cell::onOff) bridge::as<UISwitch>(state.control.get()).setOn(number.boolValue());
+  if (kind == Cell::slider) {
+    const auto slider = bridge::as<UISlider>(state.control.get());
+    slider.setValue(number.floatValue());
+    showNumber(cell, slider.value());
+  }
+  if (kind == Cell::linkList)
+    state.detail->setText(value ? bridge::as<NSString>(state.specifier->titleDictionary().objectForKey(value))
+                                : ""_ns);
+}
+
+UIView controlOf(PSTableCell cell) { return CellClass::state(cell).control.get(); }
+
+void setChecked(PSTableCell cell, bool checked) {
+  CellState& state = CellClass::state(cell);
+  if (state.mark) state.mark->removeFromSuperview();
+  state.mark.clear();
+  if (!checked) return;
+  state.mark = makeCheck();
+  const CGFloat width = cell.bounds().size.width;
+  put(cell, state.mark, inMiddle(width - margin() - checkSize, {checkSize, checkSize}));
+}
+
+void defineTableCell() {
+  using bridge::method;
+  CellClass::define<UIView>(method<&PSTableCell::contentView, contentView>(),
+                            method<&PSTableCell::specifier, specifier>(), method<&CellFace::tapped, tapped>(),
+                            method<&CellFace::changed, changed>());
+}
+
+}  // namespace sim::preferences

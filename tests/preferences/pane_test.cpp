@@ -1,0 +1,94 @@
+// The page in Settings as a whole: how one gets there and away, and what it makes of values that cannot be.
+#include "platform/uikit/slider.hpp"
+#include "platform/uikit/switch.hpp"
+#include "tests/preferences/pane_home.hpp"
+
+namespace {
+
+using sim::Json;
+using test::PaneHome;
+
+UIView control(const char* title) { return sim::preferences::controlOf(sim::preferences::shownCell(title)); }
+BOOL isOn(const char* title) { return bridge::as<UISwitch>(control(title)).isOn(); }
+float value(const char* title) { return bridge::as<UISlider>(control(title)).value(); }
+
+TEST(Pane, IsOpenedByTheStepAndLeftByTheHomeButton) {
+  PaneHome home;
+  EXPECT_EQ(home.report()["application"], Json("Settings"));
+  home.leave();
+  EXPECT_EQ(home.report()["application"], Json());
+}
+
+TEST(Pane, IsWhereThePanelsAddressLeads) {
+  test::Home home;
+  home.step("swipe up");
+  home.step("wait 1");
+  home.step("call openSettings");
+  home.step("wait 1");
+  EXPECT_EQ(home.report()["application"], Json("Settings"));
+  EXPECT_TRUE(sim::preferences::shownCell("Rows"));
+}
+
+TEST(Pane, IsAPageOfSettings) {
+  test::Home home;
+  home.step("launch \"Settings\"");
+  home.step("wait 0.5");
+  home.step("tap \"Tilo\"");
+  home.step("wait 0.5");
+  EXPECT_TRUE(sim::preferences::shownCell("Rows"));
+  home.step("tap \"Settings\"");
+  home.step("wait 0.5");
+  EXPECT_FALSE(sim::preferences::shownCell("Rows"));
+}
+
+TEST(Pane, IsNotThereWithoutTheLibrary) {
+  test::Home home({"--stock"});
+  EXPECT_THROW(home.step("settings"), std::exception);
+}
+
+TEST(Pane, StandsBesideTheListOnATablet) {
+  PaneHome home({"--device", "iPad Air 2"});
+  EXPECT_TRUE(sim::preferences::shownCell("Rows"));
+  home.toggle("Square Icons");
+  EXPECT_EQ(home.stored("square"), Json(true));
+}
+
+TEST(Pane, ShowsTheNearestAllowedValueAndWritesNothingUntilTouched) {
+  PaneHome home({"--set", "rows=99", "--set", "columns=many", "--set", "dock=YES please", "--set",
+                 "enabled=1", "--set", "qsBackgroundColor=12", "--set", "sideIconInset=-5", "--set",
+                 "labels=YES", "--set", "topIconInset=3e9"});
+  const std::string before = home.contents(test::preferencesPath);
+  EXPECT_EQ(value("Rows"), 15);
+  EXPECT_EQ(value("Columns"), 1);
+  EXPECT_EQ(value("Side Inset"), 0);
+  EXPECT_EQ(value("Top Inset"), 600);
+  EXPECT_TRUE(isOn("Enabled"));
+  EXPECT_TRUE(isOn("Show Icon Labels"));
+  EXPECT_FALSE(isOn("Square Icons"));
+  EXPECT_EQ(home.contents(test::preferencesPath), before);
+  home.slide("Rows", "14");
+  EXPECT_EQ(home.stored("rows"), 14.0);
+  EXPECT_EQ(home.stored("columns"), Json("many"));
+}
+
+TEST(Pane, TakesWholeNumbersWhereOnlyTheseWillDo) {
+  PaneHome home;
+  home.slide("Rows", "6.4");
+  EXPECT_EQ(home.stored("rows").dump(), "6.0");
+  home.slide("Top Inset", "40.5");
+  EXPECT_NEAR(home.stored("topIconInset").get<double>(), 40.5, 1);
+}
+
+TEST(Pane, ShowsWhatThePanelHasChanged) {
+  PaneHome home({"--set", "enabled=YES", "--set", "quick=YES", "--set", "horiIconPadding=5"});
+  home.leave();
+  home.step("swipe up");
+  home.step("wait 1");
+  home.step("increment \"Horizontal Padding\" 3");
+  home.step("tap \"close\"");
+  home.step("wait 1");
+  home.step("settings");
+  EXPECT_EQ(value("Horizontal Padding"), 8);
+}
+
+}  // namespace
