@@ -31,7 +31,7 @@ bool isNumber(bridge::Object given) {
 double rounded(double value) {
   constexpr double beyondCounts = 1e9;
   value = std::clamp(value, -beyondCounts, beyondCounts);
-  return static_cast<double>(static_cast<long long>(value < 0 ? value - 0.5 : value + 0.5));
+  return static_cast<double>(static_cast<int>(value < 0 ? value - 0.5 : value + 0.5));
 }
 
 NSNumber numberOf(NSArray values, NSUInteger place) {
