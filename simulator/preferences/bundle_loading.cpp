@@ -2,8 +2,11 @@
 #include "simulator/preferences/bundle_loading.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
+#include <string_view>
 
+#include "platform/foundation/data.hpp"
 #include "platform/foundation/file_manager.hpp"
 #include "simulator/device/image.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -43,6 +46,22 @@ bridge::Strong<PSSpecifier> entryIn(NSString file) {
   return made;
 }
 
+// A universal file for devices begins so; the host's own of that name lies beside the program then.
+bool isForDevices(NSString file) {
+  const NSData bytes = NSData::dataWithContentsOfFile(file);
+  constexpr std::string_view universal = "\xCA\xFE\xBA\xBE";
+  return bytes.length() >= universal.size() &&
+         std::string_view(static_cast<const char*>(bytes.bytes()), universal.size()) == universal;
+}
+
+std::string executableOf(const std::string& bundle) {
+  const NSDictionary info = NSDictionary::dictionaryWithContentsOfFile(string(bundle + "/Info.plist"));
+  const std::string name = textAt(info, "CFBundleExecutable"_ns), file = bundle + "/" + name;
+  if (!isForDevices(string(file))) return file;
+  const auto built = std::filesystem::canonical("/proc/self/exe").parent_path();
+  return built / std::filesystem::path(bundle).filename() / name;
+}
+
 }  // namespace
 
 NSArray loaderEntries() {
@@ -62,9 +81,8 @@ NSArray loaderEntries() {
 void loadBundle(const std::string& path) {
   static auto& loaded = *new std::set<std::string>();
   if (loaded.contains(path)) return;
-  const NSDictionary info = NSDictionary::dictionaryWithContentsOfFile(string(path + "/Info.plist"));
   std::string reason;
-  if (!image::open(path + "/" + textAt(info, "CFBundleExecutable"_ns), reason))
+  if (!image::open(executableOf(path), reason))
     throw UsageError("the page '" + path + "' cannot be loaded: " + reason);
   loaded.insert(path);
 }

@@ -1,6 +1,10 @@
 // The page in Settings as a whole: how one gets there and away, and what it makes of values that cannot be.
+#include <filesystem>
+#include <fstream>
+
 #include "platform/uikit/slider.hpp"
 #include "platform/uikit/switch.hpp"
+#include "simulator/device/usage_error.hpp"
 #include "tests/preferences/pane_home.hpp"
 
 namespace {
@@ -43,7 +47,25 @@ TEST(Pane, IsAPageOfSettings) {
 
 TEST(Pane, IsNotThereWithoutTheLibrary) {
   test::Home home({"--stock"});
-  EXPECT_THROW(home.step("settings"), std::exception);
+  EXPECT_THROW(home.step("settings"), sim::UsageError);
+}
+
+TEST(Pane, IsTheHostsOwnWhereAPackageHasBroughtTheDevices) {
+  test::Home home({}, [](sim::Simulation& device) {
+    const std::filesystem::path file =
+        device.fileSystem().hostPath("/Library/PreferenceBundles/Tilo.bundle/Tilo");
+    std::filesystem::remove(file);
+    std::ofstream(file) << "\xCA\xFE\xBA\xBE";
+  });
+  home.step("settings");
+  EXPECT_TRUE(sim::preferences::shownCell("Rows"));
+}
+
+TEST(Pane, SaysSoWhenItCannotBeLoaded) {
+  test::Home home({}, [](sim::Simulation& device) {
+    std::filesystem::remove(device.fileSystem().hostPath("/Library/PreferenceBundles/Tilo.bundle/Tilo"));
+  });
+  EXPECT_THROW(home.step("settings"), sim::UsageError);
 }
 
 TEST(Pane, StandsBesideTheListOnATablet) {
