@@ -142,6 +142,12 @@ TEST_F(PackageCheck, RefusesHalfAPageInSettings) {
                 fmt::format("{}/icon@2x.png: is missing", bundle));
 }
 
+TEST_F(PackageCheck, RefusesAPageWhoseExecutableIsAnotherFile) {
+  expectRefused(fmt::format("cp {}/Tilo.dylib Library/PreferenceBundles/Tilo.bundle/Tilo", libraries),
+                "Library/PreferenceBundles/Tilo.bundle/Tilo: arm64: install name is "
+                "/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib");
+}
+
 TEST_F(PackageCheck, RefusesALibraryWithoutEntitlementsBlob) {
   Bytes bytes = device::test::contentsOf(library);
   device::test::takeOutEntitlements(bytes, device::readImage(bytes).front());
