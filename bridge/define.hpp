@@ -72,10 +72,7 @@ class Implementation {
 
   static State& state(T self) {
     Slot& slot = slotOf(self.raw);
-    if (!slot.built) {
-      new (slot.bytes) State();
-      slot.built = true;
-    }
+    if (!slot.built) build(slot);
     return *std::launder(reinterpret_cast<State*>(slot.bytes));
   }
 
@@ -145,6 +142,12 @@ class Implementation {
   static inline constinit ptrdiff_t offset = 0;
 
   static Slot& slotOf(id self) { return *reinterpret_cast<Slot*>(reinterpret_cast<char*>(self) + offset); }
+
+  // Out of line: it happens once and is asked for everywhere.
+  [[gnu::noinline]] static void build(Slot& slot) {
+    new (slot.bytes) State();
+    slot.built = true;
+  }
 
   static void dealloc(T self) {
     Slot& slot = slotOf(self.raw);

@@ -17,12 +17,14 @@
 
 namespace bridge {
 
+// Registers a name and keeps what it has become. Out of line: it happens once and is asked for everywhere.
+SEL registered(SEL& place, const char* name);
+
 template <Name Selector>
 SEL selector() {
   static constinit SEL cached = nullptr;
   SEL found = loadShared(cached);
-  if (!found) storeShared(cached, found = sel_registerName(Selector.text));
-  return found;
+  return found ? found : registered(cached, Selector.text);
 }
 
 // A selector's family decides who owns the object it answers. Faces mention types that are not complete yet,
@@ -61,18 +63,20 @@ struct Message<Selector, R(A...)> {
   static auto send(id receiver, A... arguments) {
     if (!receiver) return Result<>();
     constexpr bool inMemory = std::is_class_v<Wire<R>>;
-    return call(messenger(receiver, selector(), inMemory), receiver, arguments...);
+    const SEL sent = selector();
+    return call(messenger(receiver, sent, inMemory), receiver, sent, arguments...);
   }
 
   // The implementation that `cls` has, whatever the receiver's own class overrides.
   static auto sendAs(Class cls, id receiver, A... arguments) {
     if (!receiver) return Result<>();
-    return call(class_getMethodImplementation(cls, selector()), receiver, arguments...);
+    const SEL sent = selector();
+    return call(class_getMethodImplementation(cls, sent), receiver, sent, arguments...);
   }
 
-  static auto call(IMP implementation, id receiver, A... arguments) {
+  static auto call(IMP implementation, id receiver, SEL sent, A... arguments) {
     using Function = Wire<Result<>> (*)(id, SEL, Wire<A>...);
-    return callWired<Result<>, A...>(reinterpret_cast<Function>(implementation), receiver, selector(),
+    return callWired<Result<>, A...>(reinterpret_cast<Function>(implementation), receiver, sent,
                                      arguments...);
   }
 };

@@ -67,14 +67,16 @@ T as(Object object) {
 template <Name ClassName>
 inline constinit Class classOfName = nullptr;
 
+// Looks a class up and keeps it where there is one. Out of line: it happens once and is asked for everywhere.
+Class lookedUp(Class& place, const char* name);
+
 // The class a face names; nil where the platform has none of that name. Looked up until it is there, then
 // kept.
 template <class T>
 Class classNamed() {
   Class& cached = classOfName<T::className>;
-  Class found = loadShared(cached);
-  if (!found) storeShared(cached, found = objc_getClass(T::className.text));
-  return found;
+  const Class found = loadShared(cached);
+  return found ? found : lookedUp(cached, T::className.text);
 }
 
 // -[NSObject isKindOfClass:] for any object, by walking the superclasses; false for nil on either side.

@@ -12,9 +12,14 @@ constexpr uint64_t largestPage = 0x4000;
 
 uint64_t wholePages(uint64_t size) { return (size + largestPage - 1) / largestPage * largestPage; }
 
+// In every process the same, so that a trace of what is executed can be read; another when something is
+// there.
+constexpr uintptr_t usualPlace = sizeof(void*) == 8 ? 0x200000000 : 0x90000000;
+
 // Pages at a boundary of the largest ones; what is over is given back by nobody, being address space alone.
 uint8_t* reserve(uint64_t size) {
-  void* pages = mmap(nullptr, size + largestPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  auto* wish = reinterpret_cast<void*>(usualPlace);
+  void* pages = mmap(wish, size + largestPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (pages == MAP_FAILED) throw Refusal("no room in memory");
   return reinterpret_cast<uint8_t*>(wholePages(reinterpret_cast<uintptr_t>(pages)));
 }

@@ -21,7 +21,7 @@ Program homeScreenProgram() {
   Program program;
   program.name = "home-sim";
   add(program.options, homeScreenOptions());
-  for (const StepTable rows : {deviceSteps(), touchSteps(), homeSteps(), alertSteps()})
+  for (const StepTable rows : {deviceSteps(), touchSteps(), homeSteps(), alertSteps(), objectSteps()})
     add(program.steps, rows);
   add(program.report, homeScreenReport());
   return program;

@@ -9,6 +9,7 @@
 #include "platform/uikit/orientation.hpp"
 #include "simulator/app/report_parts.hpp"
 #include "simulator/app/simulation.hpp"
+#include "simulator/app/steps.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/console.hpp"
 #include "simulator/springboard/applications.hpp"
@@ -92,6 +93,8 @@ constexpr ReportRow rows[] = {
     {"relayouts", relayouts,
      "every call of SpringBoard's relayout entry points (SpringBoard itself makes none): `page`, `duration` "
      "in seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},
+    {"answers", [](Simulation&) { return answers(); },
+     "what the step `send` was answered, in order: `message` and `value`"},
     {"time", [](Simulation&) { return number(clock::now()); }, "seconds since the start"},
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/input/script.hpp"
+#include "simulator/json/json.hpp"
 
 namespace sim {
 
@@ -9,6 +10,9 @@ StepTable deviceSteps();
 StepTable touchSteps();
 StepTable homeSteps();
 StepTable alertSteps();
+StepTable objectSteps();
+/** What the messages of scripts answered. */
+Json answers();
 
 // Time passes as long as the step takes. Throws UsageError, beginning with the step's place, when the step
 // cannot be done.

@@ -2,6 +2,8 @@
 #include "simulator/artwork/wallpaper.hpp"
 
 #include <cmath>
+#include <map>
+#include <tuple>
 
 #include "simulator/quartz/color.hpp"
 #include "simulator/quartz/surface.hpp"
@@ -76,6 +78,20 @@ void drawWallpaper(cairo_t* context, CGSize size) {
       {0.955, 0.018, 0.95, 0.22, rgb(0x37307a, 0.6), rgb(0x1a1d4d, 1)},
   };
   for (const Ridge& ridge : ridges) paintRidge(context, size, ridge);
+}
+
+Surface wallpaper(CGSize size, double scale) {
+  static auto& all = *new std::map<std::tuple<double, double, double>, Surface>();
+  Surface& picture = all[{size.width, size.height, scale}];
+  if (!picture) {
+    picture = makeImage(static_cast<int>(std::ceil(size.width * scale)),
+                        static_cast<int>(std::ceil(size.height * scale)));
+    Context context(picture.get());
+    cairo_scale(context, scale, scale);
+    drawWallpaper(context, size);
+    cairo_surface_flush(picture.get());
+  }
+  return picture;
 }
 
 }  // namespace sim

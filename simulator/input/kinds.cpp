@@ -41,6 +41,8 @@ Read readName(const Kind&, const Token& token, const fs::path&) {
   return textIf(token.quoted && !token.text.empty(), token);
 }
 
+Read readAny(const Kind&, const Token& token, const fs::path&) { return textIf(true, token); }
+
 Read readText(const Kind&, const Token& token, const fs::path&) { return textIf(token.quoted, token); }
 
 Read readSetting(const Kind&, const Token& token, const fs::path&) {

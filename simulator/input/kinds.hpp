@@ -37,6 +37,7 @@ std::optional<StepArgument> readWhole(const Kind&, const Token&, const std::file
 std::optional<StepArgument> readChoice(const Kind&, const Token&, const std::filesystem::path&);
 std::optional<StepArgument> readWord(const Kind&, const Token&, const std::filesystem::path&);
 std::optional<StepArgument> readName(const Kind&, const Token&, const std::filesystem::path&);
+std::optional<StepArgument> readAny(const Kind&, const Token&, const std::filesystem::path&);
 std::optional<StepArgument> readText(const Kind&, const Token&, const std::filesystem::path&);
 std::optional<StepArgument> readSetting(const Kind&, const Token&, const std::filesystem::path&);
 std::optional<StepArgument> readFile(const Kind&, const Token&, const std::filesystem::path&);

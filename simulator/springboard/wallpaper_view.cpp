@@ -3,6 +3,7 @@
 
 #include "simulator/artwork/wallpaper.hpp"
 #include "simulator/springboard/drawn_image.hpp"
+#include "simulator/uikit/base/configuration.hpp"
 
 namespace sim::springboard {
 
@@ -11,7 +12,12 @@ bridge::Strong<UIImageView> makeWallpaperView(CGSize size) {
   view->setContentMode(UIViewContentModeScaleAspectFill);
   view->setClipsToBounds(YES);
   view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-  view->setImage(drawnImage(size, [](cairo_t* context, CGSize area) { drawWallpaper(context, area); }));
+  view->setImage(drawnImage(size, [](cairo_t* context, CGSize area) {
+    const Surface picture = wallpaper(area, uikit::configuration().scale);
+    cairo_identity_matrix(context);
+    cairo_set_source_surface(context, picture.get(), 0, 0);
+    cairo_paint(context);
+  }));
   return view;
 }
 

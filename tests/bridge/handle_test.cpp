@@ -214,7 +214,7 @@ TEST(Descriptor, CallsAGivenImplementation) {
   Strong<Greeter> greeter = newGreeter();
   using Age = bridge::Descriptor<&Greeter::age>;
   IMP implementation = class_getMethodImplementation(GreeterClass::cls, Age::selector());
-  EXPECT_EQ(Age::call(implementation, greeter.get().raw), 7);
+  EXPECT_EQ(Age::call(implementation, greeter.get().raw, Age::selector()), 7);
 }
 
 TEST(MissingClass, IsNil) {

@@ -6,40 +6,50 @@ compare=$2
 rm -rf "$1"
 mkdir -p "$1"
 cd "$1"
-printf '# A story.\n# options: --set name="two words"\n' >story.txt
-
-# program NAME REPORT STATUS: stands for a simulator.
-program() {
-  printf '#!/bin/sh\n[ "$2" = "name=two words" ] || exit 9\necho said\necho %s >end.json\nexit %s\n' "'$2'" "$3" >"$1"
-  chmod +x "$1"
+# left FOLDER REPORT STATUS PICTURE: what a scenario leaves.
+left() {
+  mkdir -p "$1/story"
+  printf '%s' "$2" >"$1/story/end.json"
+  echo "ends with $3" >"$1/story/said"
+  echo "$4" >"$1/story/picture"
 }
-program native '{"a": 1.5}' 0
-acted() { "$here/run_scenario.sh" "$PWD/scratch" "$PWD/story.txt" "$PWD/native" -- "$PWD/slice" -- "$PWD/twin"; }
-
-program slice '{"a": 1.5}' 0
-acted || { echo 'refused two that are the same'; exit 1; }
-refused() {
-  if acted >found; then echo "not noticed: $1"; exit 1; fi
+compared() { "$here/compare.sh" story here slice twin; }
+alike() {
+  left here '{"a": 1.5}' 0 x86
+  left slice '{"a": 1.5}' 0 arm
+  left twin '{"a": 1.5}' 0 arm
+  compared || { echo 'refused two that are the same'; exit 1; }
+}
+refused() { # WHAT WORDS
+  if compared >found; then echo "not noticed: $1"; exit 1; fi
   grep -q "$2" found || { echo "not named: $1: $(cat found)"; exit 1; }
 }
-program slice '{"a": 1.5000000000000002}' 0
+alike
+left slice '{"a": 1.5000000000000002}' 0 arm
 refused 'another number' 'story: end.json differs'
-program slice '{"a": 1.5}' 3
+alike
+left slice '{"a": 1.5}' 3 arm
 refused 'another status' 'story: said differs'
-program native '{"a": 1.5}' 3
+left here '{"a": 1.5}' 3 x86
 refused 'both fail' 'ends with 3'
-program native '{"a": 1.5}' 0
-program slice '{"a": 1.5}' 0
-program twin '{"a": 1.5}' 0
-echo 'snapshot a.png' >>story.txt
-for side in native slice twin; do sed -i "2i echo $side >a.png" "$side"; done
-refused 'another picture' 'story: a.png differs, < twin'
-sed -i 's/echo slice/echo twin/' slice
-acted || { echo 'refused two pictures that are the same'; exit 1; }
-program native '' 0
-program slice '' 0
-sed -i '/end.json/d' native slice
+alike
+left slice '{"a": 1.5}' 0 other
+refused 'another picture' 'story: picture differs, < twin'
+alike
+left slice '' 0 arm
+left here '' 0 x86
 refused 'no report' 'no report'
+alike
+echo '{}' >here/story/middle.json
+refused 'a report that only one has' 'story: other reports'
+rm here/story/middle.json
+alike
+echo one >slice/story/a.png
+echo other >twin/story/a.png
+refused 'another picture in the middle' 'story: a.png differs'
+"$here/compare.sh" story here slice - || { echo 'compared pictures that are not taken'; exit 1; }
+rm slice/story/*.png slice/story/picture
+refused 'no picture' 'no picture'
 
 # told REPORT REPORT: what is said of the two where lengths are floats.
 told() {

@@ -19,7 +19,7 @@ printf "$undefined" | dd of="$scratch/slice" bs=1 seek=$((16#$address)) conv=not
 "$tools/llvm-lipo" -create "$scratch/signed" -output "$scratch/Tilo.dylib"
 
 status=0
-"$tree/device/linux/run" "$slice" "$build" "$scratch/Tilo.dylib" --set enabled=YES --set icons=YES >"$scratch/said" 2>&1 || status=$?
+"$tree/device/linux/run" "$slice" "$build/$slice/tilo-sim" --library "$scratch/Tilo.dylib" --set enabled=YES --set icons=YES >"$scratch/said" 2>&1 || status=$?
 cat "$scratch/said"
 [ "$status" -gt 128 ]
 grep -qx "tilo-sim: Illegal instruction, with the $slice slice running:" "$scratch/said"
