@@ -50,4 +50,20 @@ TEST(InstalledStories, AreToldWithSubstrate) { tellAll("substrate"); }
 
 TEST(InstalledStories, AreToldWithAnInjector) { tellAll("sbinject"); }
 
+TEST(InstalledPage, IsFoundWhereSettingsLooks) {
+  Folder made;
+  Phone phone;
+  phone.install(madePackage(made));
+  const std::string steps = made / "steps.txt";
+  write(steps, "settings\nwait 0.5\n");
+  EXPECT_EQ(
+      must(fmt::format("'{}/tilo-sim' --root '{}' --installed --script '{}' --report - | jq -r .application",
+                       BUILD, phone.root, steps)),
+      Lines{"Settings"});
+  fs::remove(phone.path("/Library/PreferenceLoader/Preferences/Tilo.plist"));
+  EXPECT_EQ(run(fmt::format("'{}/tilo-sim' --root '{}' --installed --script '{}'", BUILD, phone.root, steps))
+                .status,
+            2);
+}
+
 }  // namespace
