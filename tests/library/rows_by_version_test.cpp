@@ -10,6 +10,7 @@
 
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/icon_controller.hpp"
+#include "tests/library/grid_home.hpp"
 #include "tests/support/files.hpp"
 #include "tests/support/home.hpp"
 
@@ -137,6 +138,17 @@ TEST_P(RowsOn, RescaleATabletThatTurnsOnceEachTime) {
   home.step("wait 1");
   EXPECT_EQ(test::libraryVariable<double>("tilo::iPadAdjustFactorW"), 1536.0 / 320.0);
   EXPECT_EQ(home.report()["relayouts"].size(), 4);
+}
+
+// What SpringBoard's own method does with it, no class dump tells.
+void keptToItself(SBIconController, NSInteger) {}
+
+TEST_P(RowsOn, RescaleATabletWhoseSpringBoardHandsTheTurnOnToNobody) {
+  Home home(options(GetParam(), "iPad Air 2", {"preset=0"}), [](sim::Simulation&) {
+    test::standIn<SBIconController, &SBIconController::_didRotateFromInterfaceOrientation, keptToItself>();
+  });
+  home.step("rotate landscape");
+  EXPECT_EQ(test::libraryVariable<double>("tilo::iPadAdjustFactorW"), 2048.0 / 320.0);
 }
 
 TEST_P(RowsOn, LeaveATabletThatTurnsBehindTheLockScreenAsItIs) {
