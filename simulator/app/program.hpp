@@ -25,6 +25,13 @@ struct ReportRow {
   std::string_view help;
 };
 
+/** What a page may ask of a home screen beside steps and the report. */
+struct PageMessage {
+  std::string_view type;
+  /** Throws UsageError or JsonError for what is wrong with the message. */
+  Json (*answer)(Simulation&, const Json& message);
+};
+
 /** Sees the home screen through its steps. */
 struct Companion {
   virtual ~Companion() = default;
@@ -37,6 +44,7 @@ struct Program {
   std::vector<OptionRow> options;
   std::vector<StepRow> steps;
   std::vector<ReportRow> report;  // in the order of the keys
+  std::vector<PageMessage> pageMessages;
   // Files beside the program: what is loaded unless the options say otherwise, none when empty, and its
   // resources.
   std::string library, bundle;

@@ -18,6 +18,8 @@ StepTable rowSteps();
 StepTable settingsSteps();
 StepTable paneSteps();
 
+std::span<const PageMessage> settingsMessages();
+
 std::span<const ReportRow> hooksKeys();
 std::span<const ReportRow> framingKeys();
 std::span<const ReportRow> panelKeys();

@@ -25,6 +25,7 @@ Program made() {
   for (const StepTable rows : {rowSteps(), panelSteps(), settingsSteps(), paneSteps()})
     add(program.steps, rows);
   add(program.options, startFileOptions());
+  add(program.pageMessages, settingsMessages());
   addAfter("classColumns", program.report, hooksKeys());
   addAfter("pageDots", program.report, framingKeys());
   addAfter("framing", program.report, panelKeys());

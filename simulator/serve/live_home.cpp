@@ -178,7 +178,7 @@ void LiveHome::handle(std::uint32_t page, const Json& message) {
   else if (type == "report")
     answer(page, {{"type", "report"}, {"id", message.value("id")}, {"report", makeReport(simulation)}});
   else
-    throw UsageError(fmt::format("no message is called '{}'", type));
+    answerFor(page, type, message);
 }
 
 void LiveHome::finger(std::uint32_t page, const Json& message) {
@@ -202,6 +202,20 @@ void LiveHome::finger(std::uint32_t page, const Json& message) {
     viewer.fingers.erase(own);
     input::fingerUp(number, place);
   }
+}
+
+// What the program knows beside: an answer, or what is wrong.
+void LiveHome::answerFor(std::uint32_t page, const std::string& type, const Json& message) {
+  const auto& known = simulation.program().pageMessages;
+  const auto row = std::ranges::find(known, type, &PageMessage::type);
+  if (row == known.end()) throw UsageError(fmt::format("no message is called '{}'", type));
+  Json reply{{"type", "answer"}, {"id", message.value("id")}};
+  try {
+    reply["answer"] = row->answer(simulation, message);
+  } catch (const UsageError& error) {
+    reply["error"] = messageLine(error.what());
+  }
+  answer(page, reply);
 }
 
 // As from a keyboard that is plugged in.

@@ -50,6 +50,7 @@ class LiveHome {
   void send(const Envelope& envelope);
 
   void handle(std::uint32_t page, const Json& message);
+  void answerFor(std::uint32_t page, const std::string& type, const Json& message);
   void finger(std::uint32_t page, const Json& message);
   void key(const Json& message);
   void step(std::uint32_t page, const Json& message);

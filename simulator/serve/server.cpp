@@ -203,7 +203,7 @@ class Server {
             {"program", program.name},
             {"device", std::string(options.device->name)},
             {"ios", options.ios.text()},
-            {"turns", options.device->homeScreenTurns},
+            {"rounded", options.device->hasSafeAreas()},
             {"safe", isSafe},
             {"devices", Json(std::move(devices))}};
   }

@@ -173,6 +173,38 @@ class Page(unittest.TestCase):
         self.await_text("outcome", "Done")
         self.assertEqual(self.report()["application"], opened)
 
+    def setting(self, title, script):
+        """Runs a script on a setting's control."""
+        return self.browser.run("""
+            const label = [...document.querySelectorAll('#rows label')].find((each) =>
+                each.firstChild.textContent === args[0]);
+            const control = label.querySelector('input, select');""" + script, title)
+
+    def test_settings_beside_the_phone_move_the_icons(self):
+        self.serve()
+        eventually(lambda: self.browser.run("return document.querySelectorAll('#rows label').length") > 15, "the settings")
+        self.assertEqual(self.report()["pages"][0]["columns"], 4)
+        before = self.report()["pages"][0]["icons"][4]["frame"]
+        self.setting("Custom Rows and Columns", "control.click();")
+        self.setting("Columns", "control.value = 5; control.dispatchEvent(new Event('change'));")
+        eventually(lambda: self.report()["preferences"]["columns"] == 5, "the setting")
+        self.assertEqual(self.report()["pages"][0]["columns"], 5)
+        eventually(lambda: self.report()["pages"][0]["icons"][4]["frame"] != before, "the icons' moving")
+
+    def test_a_setting_beyond_its_range_is_refused_by_name(self):
+        self.serve()
+        eventually(lambda: self.browser.run("return document.querySelectorAll('#rows label').length") > 15, "the settings")
+        self.setting("Columns", "control.value = 99; control.dispatchEvent(new Event('change'));")
+        eventually(lambda: "'columns'" in self.text("fault"), "the fault")
+        eventually(lambda: self.setting("Columns", "return control.value;") == "4", "the value as it was")
+
+    def test_settings_follow_what_the_panel_does(self):
+        self.serve(*SWITCHED_ON)
+        self.open_panel()
+        eventually(lambda: self.browser.run("return document.querySelectorAll('#rows label').length") > 15, "the settings")
+        self.step('increment "Side Inset" 3')
+        eventually(lambda: self.setting("Side Inset", "return control.value;") == "3", "the setting")
+
     def test_a_wrong_step_is_named(self):
         self.serve()
         self.browser.run("document.getElementById('script').value = 'wait 0\\nfly\\n'")

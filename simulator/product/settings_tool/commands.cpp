@@ -81,15 +81,6 @@ void get(const fs::path&, const Words& words) {
   fmt::print("{}\n", text(value));
 }
 
-appsupport::Message announcement(NSDictionary item, NSObject value) {
-  const bool byTitle = textAt(item, "announced"_ns) == "title";
-  auto info = bridge::make<NSMutableDictionary, &NSObject::init>();
-  info->setObject_forKey(item.objectForKey(byTitle ? "label"_ns : "key"_ns), "name"_ns);
-  info->setObject_forKey(value, byTitle ? "value"_ns : "index"_ns);
-  return {byTitle ? "PreferencesDidChangeNotification"_ns : "ListPreferencesDidChangeNotification"_ns,
-          std::move(info).autoreleased()};
-}
-
 // False when nobody is there who could be told.
 bool announce(const fs::path& root, NSDictionary item, NSObject value) {
   const Outcome outcome = appsupport::send(root, settingsCentre, announcement(item, value));

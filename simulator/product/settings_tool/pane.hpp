@@ -4,6 +4,7 @@
 
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/number.hpp"
+#include "simulator/appsupport/message.hpp"
 
 namespace sim::product {
 
@@ -37,5 +38,9 @@ struct TiloSettings : bridge::Face<"TiloSettings", NSObject> {
 
 /** Loads the bundle; throws UsageError when it cannot be. */
 void loadPane();
+/** The specifier file beside the program. Borrowed. */
+NSString specifierFile();
+/** What Settings tells the home screen of a setting's new value. Borrowed. */
+appsupport::Message announcement(NSDictionary item, NSObject value);
 
 }  // namespace sim::product

@@ -50,11 +50,12 @@ function hear(message) {
       begin(message);
       break;
     case 'done':
+    case 'answer':
     case 'report': {
       const answer = answers.get(message.id);
       answers.delete(message.id);
       if (message.error) answer?.reject(new Error(message.error));
-      else answer?.resolve(message.report);
+      else answer?.resolve(message.report ?? message.answer);
       break;
     }
     case 'ended':
@@ -75,6 +76,8 @@ function begin(message) {
   started = message;
   landscape = locked = false;
   frames.reset();
+  canvas.classList.toggle('rounded', message.rounded);
+  refreshSettings();
   document.title = `Tilo: ${message.device}, ${message.ios}`;
   say(message.safe ? 'Safe mode' : 'Running');
   const device = element('device');
@@ -151,6 +154,9 @@ function draw(frame) {
   for (const {image, x, y} of frame.tiles) context.drawImage(image, x, y);
   canvas.dataset.frame = frame.number;
   send({type: 'drawn', frame: frame.number});
+  // What moved may have been a setting's doing.
+  clearTimeout(refreshing);
+  refreshing = setTimeout(refreshSettings, 300);
 }
 
 // As large as the device, or as the window allows.
@@ -160,6 +166,7 @@ function fit() {
   const zoom = Math.min(narrow ? 4 : 1, room.width / points.width, room.height / points.height);
   canvas.style.width = `${points.width * zoom}px`;
   canvas.style.height = `${points.height * zoom}px`;
+  element('zoom').textContent = zoom === 1 ? '' : `${Math.round(zoom * 100)} %`;
 }
 window.addEventListener('resize', fit);
 
@@ -255,6 +262,102 @@ canvas.addEventListener('keydown', (event) => {
 window.addEventListener('keyup', (event) => {
   if (event.key === 'f') firm = false;
 });
+
+// Settings, from the rows that the device's own page has.
+
+let refreshing;
+const controls = new Map();
+
+async function refreshSettings() {
+  clearTimeout(refreshing);
+  let rows;
+  try {
+    rows = await ask({type: 'settings'});
+  } catch {
+    return;  // the home screen is on its way, or knows no settings
+  }
+  const shape = JSON.stringify(rows.map(({value, ...rest}) => rest));
+  if (shape !== refreshSettings.shape) {
+    refreshSettings.shape = shape;
+    buildSettings(rows);
+  }
+  for (const {key, value} of rows) if (key) controls.get(key).show(value);
+}
+
+function buildSettings(rows) {
+  controls.clear();
+  const groups = [];
+  for (const row of rows) {
+    if (row.cell === 'PSGroupCell' || groups.length === 0) groups.push(groupOf(row));
+    if (row.key) groups.at(-1).insertBefore(labelOf(row), groups.at(-1).querySelector('p'));
+  }
+  element('rows').replaceChildren(...groups.filter((group) => group.querySelector('label')));
+  element('settings').hidden = controls.size === 0;
+}
+
+function groupOf({label, footerText}) {
+  const group = document.createElement('fieldset');
+  const legend = document.createElement('legend'), footer = document.createElement('p');
+  legend.textContent = label ?? '';
+  footer.textContent = footerText ?? '';
+  group.append(legend, footer);
+  return group;
+}
+
+function labelOf(row) {
+  const label = document.createElement('label');
+  const title = document.createElement('span');
+  title.textContent = row.label;
+  const inputs = row.kind === 'boolean' ? [switchOf(row)] : row.validValues ? [choiceOf(row)] : sliderOf(row);
+  label.append(title, ...inputs);
+  return label;
+}
+
+async function change(key, value) {
+  try {
+    await ask({type: 'set', key, value});
+    element('fault').textContent = '';
+  } catch (error) {
+    element('fault').textContent = error.message;
+  }
+  refreshSettings();
+}
+
+function switchOf({key}) {
+  const input = document.createElement('input');
+  input.type = 'checkbox';
+  input.onchange = () => change(key, input.checked);
+  controls.set(key, {show: (value) => (input.checked = Boolean(value))});
+  return input;
+}
+
+function choiceOf({key, validValues, validTitles, validColors}) {
+  const input = document.createElement('select');
+  input.append(...validValues.map((value, i) => new Option(validTitles[i], value)));
+  input.onchange = () => change(key, Number(input.value));
+  controls.set(key, {show: (value) => (input.value = value)});
+  return input;
+}
+
+// A number to be typed, and a slider over its range; they follow each other.
+function sliderOf({key, label, min, max, whole}) {
+  const [typed, slid] = ['number', 'range'].map((type) => {
+    const input = Object.assign(document.createElement('input'), {type, min, max, step: whole ? 1 : 0.1});
+    input.onchange = () => change(key, Number(input.value));
+    return input;
+  });
+  slid.oninput = () => {
+    typed.value = slid.value;
+    change(key, Number(slid.value));
+  };
+  slid.setAttribute('aria-label', `${label}, slider`);
+  const show = (value) => {
+    if (document.activeElement !== typed) typed.value = value;
+    if (document.activeElement !== slid) slid.value = value;
+  };
+  controls.set(key, {show});
+  return [typed, slid];
+}
 
 // Buttons and choices.
 

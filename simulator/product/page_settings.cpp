@@ -1,0 +1,86 @@
+// The settings beside a home screen on a page: the rows of the specifier file with their values, and setting
+// one as Settings does.
+#include <fmt/format.h>
+
+#include "bridge/runtime.hpp"
+#include "simulator/app/report_values.hpp"
+#include "simulator/app/simulation.hpp"
+#include "simulator/appsupport/client.hpp"
+#include "simulator/appsupport/messaging_center.hpp"
+#include "simulator/device/usage_error.hpp"
+#include "simulator/product/names.hpp"
+#include "simulator/product/product.hpp"
+#include "simulator/product/settings_tool/pane.hpp"
+#include "simulator/runtime/preferences.hpp"
+#include "simulator/runtime/property_list.hpp"
+#include "simulator/time/run_loop.hpp"
+
+namespace sim::product {
+namespace {
+
+NSString string(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
+
+bridge::Object stored(NSDictionary item) {
+  const NSDictionary all = storedPreferences(string(domain));
+  return all ? all.objectForKey(item.objectForKey("key"_ns)) : bridge::Object();
+}
+
+Json shown(NSDictionary item) {
+  Json row = plain(item);
+  row["value"] = plain(TiloSettings::nearestTo_stored(item, bridge::as<NSObject>(stored(item))));
+  return row;
+}
+
+NSDictionary itemNamed(NSString key) {
+  loadPane();
+  return TiloSettings::itemNamed(key);
+}
+
+Json settings(Simulation&, const Json&) {
+  loadPane();
+  const NSDictionary file = propertyList(specifierFile());
+  const auto rows = bridge::as<NSArray>(file.objectForKey("items"_ns));
+  Json::Array all;
+  for (NSUInteger i = 0; i < rows.count(); ++i) {
+    const auto row = bridge::as<NSDictionary>(rows.objectAtIndex(i));
+    const auto key = bridge::as<NSString>(row.objectForKey("key"_ns));
+    // A list that is made anew each time has its choices as they are now.
+    const NSDictionary item = key ? TiloSettings::itemNamed(key) : NSDictionary();
+    if (item)
+      all.push_back(shown(item));
+    else if (bridge::as<NSString>(row.objectForKey("cell"_ns)).isEqualToString("PSGroupCell"_ns))
+      all.push_back(plain(row));
+  }
+  return Json(std::move(all));
+}
+
+NSObject objectOf(const Json& value) {
+  if (value.isBoolean()) return NSNumber::numberWithBool(value.get<bool>());
+  if (value.isNumber()) return NSNumber::numberWithDouble(value.get<double>());
+  return string(value.get<std::string>());
+}
+
+Json set(Simulation& simulation, const Json& message) {
+  const auto key = message.value("key").get<std::string>();
+  const NSDictionary item = itemNamed(string(key));
+  if (!item) throw UsageError(fmt::format("no setting is called '{}'", key));
+  const NSObject given = objectOf(message.value("value"));
+  if (const NSString fault = TiloSettings::faultOf_given(item, given))
+    throw UsageError(fmt::format("'{}' {}", key, fault.UTF8String()));
+  const NSNumber value = TiloSettings::valueOf_given(item, given);
+  if (!setPreference(string(domain), bridge::as<NSString>(item.objectForKey("key"_ns)), value))
+    throw UsageError("the preferences file cannot be read, or not be written; it is as it was");
+  if (appsupport::serves(settingsCentre))
+    appsupport::send(simulation.fileSystem().root(), settingsCentre, announcement(item, value),
+                     {.whileWaiting = [] { appsupport::serveMessages(); }});
+  settle();
+  return shown(item);
+}
+
+constexpr PageMessage messages[] = {{"settings", settings}, {"set", set}};
+
+}  // namespace
+
+std::span<const PageMessage> settingsMessages() { return messages; }
+
+}  // namespace sim::product
