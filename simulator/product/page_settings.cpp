@@ -13,6 +13,7 @@
 #include "simulator/product/settings_tool/pane.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/property_list.hpp"
+#include "simulator/springboard/applications.hpp"
 #include "simulator/time/run_loop.hpp"
 
 namespace sim::product {
@@ -73,6 +74,8 @@ Json set(Simulation& simulation, const Json& message) {
   if (appsupport::serves(settingsCentre))
     appsupport::send(simulation.fileSystem().root(), settingsCentre, announcement(item, value),
                      {.whileWaiting = [] { appsupport::serveMessages(); }});
+  // The page beside the phone is left as soon as it has done its work.
+  springboard::layOutHomeScreen();
   settle();
   return shown(item);
 }

@@ -97,10 +97,11 @@ bool HomeProcess::readErrors() {
   }
 }
 
-std::string HomeProcess::end() {
+std::optional<std::string> HomeProcess::end() {
   int status = 0;
   ::waitpid(std::exchange(process, -1), &status, 0);
   readErrors();
+  if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return std::nullopt;
   const std::string words = messageLine(lastLine(lastWords));
   if (WIFSIGNALED(status))
     return fmt::format("stopped by a signal, {}{}{}", strsignal(WTERMSIG(status)), words.empty() ? "" : ": ",

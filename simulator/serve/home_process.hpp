@@ -35,8 +35,8 @@ class HomeProcess {
   /** Passes on what the process complains of, and remembers the last of it. */
   bool readErrors();
 
-  /** Waits for its end and tells why it has ended, in a line. */
-  std::string end();
+  /** Waits for its end and tells why it has ended, in a line; nothing when it is to start anew. */
+  std::optional<std::string> end();
 
  private:
   pid_t process = -1;

@@ -19,6 +19,7 @@
 #include "simulator/device/text.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/fingers.hpp"
+#include "simulator/springboard/relaunch.hpp"
 #include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/animation/animation.hpp"
 #include "simulator/uikit/base/configuration.hpp"
@@ -101,6 +102,7 @@ void LiveHome::pump(double end) {
       isDirty = true;
     }
     drawIfDue();
+    if (springboard::relaunchesAskedFor() > 0) isOver = true;
     if (clock::now() + clockStep >= end || isOver) return;
     wait(std::min(end, turn()));
   }

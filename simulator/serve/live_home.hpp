@@ -27,7 +27,7 @@ class LiveHome {
   LiveHome(const LiveHome&) = delete;
   LiveHome& operator=(const LiveHome&) = delete;
 
-  /** Until the server has gone. */
+  /** Until the server has gone, or SpringBoard is asked to start anew. */
   void run();
 
  private:

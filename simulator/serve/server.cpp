@@ -138,9 +138,11 @@ class Server {
     startHome();
   }
 
-  // SpringBoard has ended by itself: it comes back without libraries, as on a phone.
+  // SpringBoard has ended by itself. Unless it was asked to, it comes back without libraries, as on a phone.
   void homeEnded() {
-    const std::string reason = home->end();
+    const std::optional<std::string> fault = home->end();
+    if (!fault) return restart(false);
+    const std::string& reason = *fault;
     const bool again = !isSafe || seconds() - started > soonest;
     tellAll({{"type", "ended"}, {"reason", reason}, {"safe", again}});
     std::cerr << program.name << ": SpringBoard has ended: " << reason

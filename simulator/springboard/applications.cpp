@@ -81,13 +81,6 @@ bridge::Strong<UIWindow> makeWindow(const std::string& name) {
 
 LaunchMessage launchMessage = LaunchMessage::fromIcon;
 
-// What an application has changed meanwhile is seen when the icons come back.
-void layOutHomeScreen() {
-  for (const auto& page : homeScreen().pages) layOutIcons(page);
-  layOutIcons(homeScreen().dock);
-  homeScreen().scrollView->superview().setNeedsLayout();
-}
-
 constexpr NSInteger onHomeScreen = 1;  // an icon's location; nothing here depends on it
 
 void show(SBApplication application) {
@@ -134,6 +127,12 @@ void open(SBApplication application, SBIcon icon) {
 }
 
 }  // namespace
+
+void layOutHomeScreen() {
+  for (const auto& page : homeScreen().pages) layOutIcons(page);
+  layOutIcons(homeScreen().dock);
+  homeScreen().scrollView->superview().setNeedsLayout();
+}
 
 void useLaunchMessage(LaunchMessage used) { launchMessage = used; }
 

@@ -30,6 +30,9 @@ SBApplication shownApplication();
 // The home button: the application leaves the screen.
 void leaveApplication();
 
+// What an application, or another process, has changed meanwhile is seen when the icons come back.
+void layOutHomeScreen();
+
 // How long an application takes to cover the screen, or to leave it.
 inline constexpr double launchDuration = 0.4;  // seconds
 

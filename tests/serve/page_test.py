@@ -120,7 +120,7 @@ class Page(unittest.TestCase):
         self.assertEqual(self.browser.run("return document.querySelectorAll('canvas').length"), 1)
         self.assertEqual(self.browser.run("return document.querySelector('canvas').getAttribute('aria-label')"),
                          "Home screen")
-        labels = self.browser.run("return [...document.querySelectorAll('select')].map((e) => e.labels[0].firstChild.data.trim())")
+        labels = self.browser.run("return [...document.querySelectorAll('header select')].map((e) => e.labels[0].firstChild.data.trim())")
         self.assertEqual(labels, ["Device", "System"])
         self.assertEqual(self.browser.run("return document.getElementById('screen').style.width"), "375px")
 
@@ -204,6 +204,16 @@ class Page(unittest.TestCase):
         eventually(lambda: self.browser.run("return document.querySelectorAll('#rows label').length") > 15, "the settings")
         self.step('increment "Side Inset" 3')
         eventually(lambda: self.setting("Side Inset", "return control.value;") == "3", "the setting")
+
+    def test_respring_on_the_page_in_settings_starts_anew(self):
+        served = self.serve(*SWITCHED_ON)
+        homes = served.home_processes()
+        for step in ("settings", "wait 0.6", 'scroll-to "Respring"', 'tap "Respring"', "wait 0.6"):
+            self.step(step)
+        self.browser.run("tilo.step(args[0]).catch(() => {})", 'choose "Respring"')
+        eventually(lambda: served.home_processes() not in (homes, []), "another process")
+        self.await_text("state", "Running")
+        self.assertIsNone(self.report()["application"])
 
     def test_a_wrong_step_is_named(self):
         self.serve()

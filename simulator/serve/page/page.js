@@ -79,6 +79,7 @@ function begin(message) {
   canvas.classList.toggle('rounded', message.rounded);
   refreshSettings();
   document.title = `Tilo: ${message.device}, ${message.ios}`;
+  if (!message.safe) element('trouble').hidden = true;
   say(message.safe ? 'Safe mode' : 'Running');
   const device = element('device');
   device.replaceChildren(...message.devices.map(({name}) => new Option(name, name, false, name === message.device)));
