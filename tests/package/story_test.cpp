@@ -6,11 +6,11 @@ namespace {
 
 using namespace package::test;
 
-// The files of stories that have a step of the panel's.
+// The files of stories that have a step of the panel's, and bring no files of their own.
 Lines storiesOfThePanel() {
   return must(
       fmt::format("grep -lE '^(swipe up|two-finger-tap|press|increment|decrement|slide|type|pick|apply)' "
-                  "'{}'/tests/scenarios/*.txt",
+                  "'{}'/tests/scenarios/*.txt | xargs grep -LE '^# options:.* files/'",
                   SOURCE));
 }
 
