@@ -25,9 +25,11 @@ UIAlertController neededAlert() {
 UIAlertController frontAlert() {
   UIAlertController front;
   for (const UIWindow window : uikit::windows())
-    for (UIViewController one = window.rootViewController(); one; one = one.presentedViewController())
-      if (bridge::isKindOf<UIAlertController>(one) && !uikit::stateOf(one).beingDismissed)
-        front = bridge::as<UIAlertController>(one);
+    // An application that is left takes its alerts along.
+    if (!window.isHidden() && window.alpha() > 0)
+      for (UIViewController one = window.rootViewController(); one; one = one.presentedViewController())
+        if (bridge::isKindOf<UIAlertController>(one) && !uikit::stateOf(one).beingDismissed)
+          front = bridge::as<UIAlertController>(one);
   return front;
 }
 

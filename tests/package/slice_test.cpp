@@ -10,7 +10,7 @@ using namespace package::test;
 class PackagedSlice : public testing::TestWithParam<const char*> {
  protected:
   std::string started(const std::string& root) {
-    return fmt::format("'{0}/device/linux/run' {1} '{2}' '{2}/libTilo.so' --root '{3}' --installed", SOURCE,
+    return fmt::format("'{0}/device/linux/run' {1} '{2}/{1}/tilo-sim' --root '{3}' --installed", SOURCE,
                        GetParam(), BUILD, root);
   }
 };

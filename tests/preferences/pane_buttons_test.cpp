@@ -98,6 +98,14 @@ TEST(PaneButton, ResetsAfterAQuestionAndKeepsLayouts) {
   EXPECT_EQ(home.report()["presets"]["configurations"].size(), 1u);
 }
 
+TEST(PaneButton, LeavesNoAlertBehindWhenSettingsIsLeft) {
+  PaneHome home;
+  press(home, "Paste Layout");
+  EXPECT_FALSE(home.report()["alert"].isNull());
+  home.step("home");
+  EXPECT_TRUE(home.report()["alert"].isNull());
+}
+
 TEST(PaneButton, RespringsAfterAQuestion) {
   PaneHome home;
   press(home, "Respring");
