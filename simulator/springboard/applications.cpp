@@ -83,17 +83,27 @@ LaunchMessage launchMessage = LaunchMessage::fromIcon;
 
 constexpr NSInteger onHomeScreen = 1;  // an icon's location; nothing here depends on it
 
+// With its transform its bounds would grow whenever the device turns, which sets frames.
+void putAway(const bridge::Strong<UIWindow>& window) {
+  if (!window) return;
+  window->setHidden(YES);
+  window->setTransform(identityTransform);
+}
+
 void show(SBApplication application) {
   uikit::resignForcibly(uikit::firstResponder());
   auto window = makeWindow(application.displayName().UTF8String());
   window->setTransform({startScale, 0, 0, startScale, 0, 0});
   window->setAlpha(0);
   window->setHidden(NO);
+  const auto covered = shown().window;
   shown() = {bridge::retained(application), window};
-  UIView::animateWithDuration_animations(launchDuration, bridge::Block<void()>([window] {
-                                           window->setTransform(identityTransform);
-                                           window->setAlpha(1);
-                                         }));
+  UIView::animateWithDuration_animations_completion(
+      launchDuration, bridge::Block<void()>([window] {
+        window->setTransform(identityTransform);
+        window->setAlpha(1);
+      }),
+      bridge::Block<void(BOOL)>([covered](BOOL) { putAway(covered); }));
 }
 
 void activateAnimated(SBUIController, SBApplication application) { show(application); }
@@ -158,7 +168,7 @@ void leaveApplication() {
         window->setTransform({startScale, 0, 0, startScale, 0, 0});
         window->setAlpha(0);
       }),
-      bridge::Block<void(BOOL)>([window](BOOL) { window->setHidden(YES); }));
+      bridge::Block<void(BOOL)>([window](BOOL) { putAway(window); }));
 }
 
 void defineApplications() {
