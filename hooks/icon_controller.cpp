@@ -35,14 +35,11 @@ bool lockScreenIsVisible() {
 
 // A tablet's grid is rescaled, unless it turns behind the lock screen.
 void rescale(NSInteger previous) {
-  if (getDeviceType() != UIUserInterfaceIdiomPad) return;
-  NSInteger preset = settings().count(keys::preset);
-  if (static_cast<int32_t>(previous) == portrait && !lockScreenIsVisible())
-    scaleForLandscape(preset);
-  else if (!lockScreenIsVisible())
-    scaleForPortrait();
+  if (getDeviceType() != UIUserInterfaceIdiomPad || lockScreenIsVisible()) return;
+  if (static_cast<int32_t>(previous) == portrait)
+    scaleForLandscape(settings().count(keys::preset));
   else
-    return;
+    scaleForPortrait();
   layoutIcons(false);
 }
 

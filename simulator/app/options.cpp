@@ -142,4 +142,8 @@ void keepReadableFile(Options& options, Row row, Text name) {
   keepText(options, row, readableFile(row, name));
 }
 
+void keepWritableFile(Options& options, Row row, Text name) {
+  keepText(options, row, writableFile(row, name));
+}
+
 }  // namespace sim

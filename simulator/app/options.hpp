@@ -60,9 +60,10 @@ std::span<const OptionRow> homeScreenOptions();
  */
 Options parseOptions(int count, const char* const* arguments, std::span<const OptionRow> table);
 
-/** For options of others: keeps the text, or the name of a file that can be read. */
+/** For options of others: keeps the text, or the name of a file that can be read, or be written. */
 void keepText(Options& options, const OptionRow& row, const std::string& text);
 void keepReadableFile(Options& options, const OptionRow& row, const std::string& name);
+void keepWritableFile(Options& options, const OptionRow& row, const std::string& name);
 
 /** An option with what it takes, as it is written. */
 std::string usage(const OptionRow& row);

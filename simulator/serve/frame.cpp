@@ -152,10 +152,10 @@ std::string encodeFrame(std::uint32_t number, cairo_surface_t* picture, CGSize p
                         const std::vector<PixelRect>& rectangles, Codec codec) {
   std::string message;
   append(message, number);
-  for (const double size :
-       {double{cairo_image_surface_get_width(picture) * 1.0},
-        double{cairo_image_surface_get_height(picture) * 1.0}, double{points.width}, double{points.height}})
-    append(message, static_cast<std::uint16_t>(std::lround(size)));
+  append(message, static_cast<std::uint16_t>(cairo_image_surface_get_width(picture)));
+  append(message, static_cast<std::uint16_t>(cairo_image_surface_get_height(picture)));
+  append(message, static_cast<std::uint16_t>(std::lround(points.width)));
+  append(message, static_cast<std::uint16_t>(std::lround(points.height)));
   append(message, static_cast<std::uint16_t>(rectangles.size()));
   for (const PixelRect& rect : rectangles) {
     for (const int length : {rect.x, rect.y, rect.width, rect.height})

@@ -21,6 +21,8 @@ namespace sim::serve {
 namespace {
 
 constexpr std::size_t mostWords = 4000;
+// Of a process that ends to start anew. A library that ends its process by itself has hardly this one.
+constexpr int relaunchStatus = 85;
 constexpr int ownEnd = 3;  // the descriptor under which the new process has its end of the channel
 
 [[noreturn]] void live(const Options& options, const Program& program, int socket, int errors) {
@@ -31,7 +33,7 @@ constexpr int ownEnd = 3;  // the descriptor under which the new process has its
   try {
     Simulation simulation(options, program);
     simulation.start();
-    LiveHome(simulation, ownEnd).run();
+    if (LiveHome(simulation, ownEnd).run()) status = relaunchStatus;
   } catch (const std::exception& error) {
     std::cerr << messageLine(error.what()) << std::endl;
     status = 2;
@@ -101,7 +103,7 @@ std::optional<std::string> HomeProcess::end() {
   int status = 0;
   ::waitpid(std::exchange(process, -1), &status, 0);
   readErrors();
-  if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return std::nullopt;
+  if (WIFEXITED(status) && WEXITSTATUS(status) == relaunchStatus) return std::nullopt;
   const std::string words = messageLine(lastLine(lastWords));
   if (WIFSIGNALED(status))
     return fmt::format("stopped by a signal, {}{}{}", strsignal(WTERMSIG(status)), words.empty() ? "" : ": ",

@@ -68,17 +68,18 @@ LiveHome::LiveHome(Simulation& device, int channel)
 
 LiveHome::~LiveHome() { keepTimeBy({}); }
 
-void LiveHome::run() {
+bool LiveHome::run() {
   while (!isOver) {
     pump(wallClock());
     while (!waiting.empty() && !isOver) {
-      const Envelope next = std::move(waiting.front());
+      const Said next = std::move(waiting.front());
       waiting.pop_front();
       take(next);
       isDirty = true;
     }
     if (!isOver) wait(turn());
   }
+  return isRelaunching;
 }
 
 double LiveHome::wallClock() {
@@ -102,7 +103,7 @@ void LiveHome::pump(double end) {
       isDirty = true;
     }
     drawIfDue();
-    if (springboard::relaunchesAskedFor() > 0) isOver = true;
+    if (springboard::relaunchesAskedFor() > 0) isOver = isRelaunching = true;
     if (clock::now() + clockStep >= end || isOver) return;
     wait(std::min(end, turn()));
   }
@@ -123,16 +124,17 @@ void LiveHome::wait(double until) {
       until == never ? -1 : std::clamp(static_cast<int>(std::ceil(seconds * 1000)), 0, 60'000);
   if (::poll(all.data(), all.size(), timeout) <= 0 || all.back().revents == 0) return;
   isOver = !reader.fill(socket);
-  while (auto envelope = reader.next())
-    if (!isDrawn(*envelope)) waiting.push_back(std::move(*envelope));
+  while (const auto envelope = reader.next()) {
+    Said said{envelope->page, Json::read(envelope->contents, deepest).value_or(Json())};
+    if (!isDrawn(said)) waiting.push_back(std::move(said));
+  }
 }
 
 // What a page has drawn is heard at once, so that frames go on while a step takes its time.
-bool LiveHome::isDrawn(const Envelope& envelope) {
-  const std::optional<Json> message = Json::read(envelope.contents, deepest);
-  if (!message || !message->isObject() || message->value("type") != Json("drawn")) return false;
-  const auto viewer = viewers.find(envelope.page);
-  const Json frame = message->value("frame");
+bool LiveHome::isDrawn(const Said& said) {
+  if (!said.message.isObject() || said.message.value("type") != Json("drawn")) return false;
+  const auto viewer = viewers.find(said.page);
+  const Json frame = said.message.value("frame");
   if (viewer == viewers.end() || !frame.isNumber()) return true;
   const auto number = static_cast<std::uint32_t>(std::clamp(frame.get<double>(), 0.0, 4e9));
   viewer->second.drawn = std::clamp(number, viewer->second.drawn, viewer->second.sent);
@@ -152,16 +154,18 @@ void LiveHome::send(const Envelope& envelope) {
 
 void LiveHome::answer(std::uint32_t page, const Json& message) { send({page, true, message.dump()}); }
 
-void LiveHome::take(const Envelope& envelope) {
+void LiveHome::take(const Said& said) {
   const bridge::Pool pool;
-  const std::optional<Json> message = Json::read(envelope.contents, deepest);
+  const auto refuse = [&](const std::exception& error) {
+    answer(said.page, {{"type", "refused"}, {"reason", messageLine(error.what())}});
+  };
   try {
-    if (!message || !message->isObject()) throw UsageError("a message is no JSON object");
-    handle(envelope.page, *message);
+    if (!said.message.isObject()) throw UsageError("a message is no JSON object");
+    handle(said.page, said.message);
   } catch (const UsageError& error) {
-    answer(envelope.page, {{"type", "refused"}, {"reason", messageLine(error.what())}});
+    refuse(error);
   } catch (const JsonError& error) {
-    answer(envelope.page, {{"type", "refused"}, {"reason", messageLine(error.what())}});
+    refuse(error);
   }
 }
 

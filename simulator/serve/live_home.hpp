@@ -27,8 +27,8 @@ class LiveHome {
   LiveHome(const LiveHome&) = delete;
   LiveHome& operator=(const LiveHome&) = delete;
 
-  /** Until the server has gone, or SpringBoard is asked to start anew. */
-  void run();
+  /** Until the server has gone, or SpringBoard is asked to start anew: answers whether that is why. */
+  bool run();
 
  private:
   // A page that looks at the screen. It is never sent more than it has drawn, but for a frame or two on the
@@ -41,11 +41,17 @@ class LiveHome {
     bool isReady() const { return sent - drawn < 2; }
   };
 
+  // What a page says; null for what is no JSON.
+  struct Said {
+    std::uint32_t page;
+    Json message;
+  };
+
   void pump(double end);
   double wallClock();
   void wait(double until);
-  bool isDrawn(const Envelope& envelope);
-  void take(const Envelope& envelope);
+  bool isDrawn(const Said& said);
+  void take(const Said& said);
   void answer(std::uint32_t page, const Json& message);
   void send(const Envelope& envelope);
 
@@ -63,11 +69,11 @@ class LiveHome {
   Simulation& simulation;
   const int socket;
   EnvelopeReader reader;
-  std::deque<Envelope> waiting;  // until the step under way is done
+  std::deque<Said> waiting;  // until the step under way is done
   std::map<std::uint32_t, Viewer> viewers;
   std::chrono::steady_clock::time_point start;           // when the device's clock stood at zero
   double lastFrame = 0, lastChange = 0, nextWaking = 0;  // seconds of the device's clock
-  bool isDirty = true, isOver = false;
+  bool isDirty = true, isOver = false, isRelaunching = false;
 };
 
 }  // namespace sim::serve

@@ -116,15 +116,6 @@ class Recording : public Companion {
   WebPAnimEncoder* encoder = nullptr;
 };
 
-void takeFile(Options& options, const OptionRow& row, const std::string& name) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  const fs::path path = fs::absolute(name, error);
-  if (name.empty() || fs::is_directory(path, error) || !fs::is_directory(path.parent_path(), error))
-    throw UsageError(fmt::format("{}: no file can be written at '{}'", row.name, name));
-  keepText(options, row, path);
-}
-
 int rateOf(const std::string& text) {
   int rate = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), rate);
@@ -135,7 +126,7 @@ int rateOf(const std::string& text) {
 
 constexpr OptionRow rows[] = {
     {"--record", "FILE", "the screen over time as a WebP animation, while time passes by the script's steps",
-     "", takeFile},
+     "", keepWritableFile},
     {"--fps", "N", "with `--record`: pictures a second, 1 to 60", "30",
      [](Options& options, const OptionRow& row, const std::string& text) {
        keepText(options, row, std::to_string(rateOf(text)));

@@ -75,10 +75,6 @@ class Server {
     std::deque<std::pair<bool, std::string>> queue;  // text or not, with room for the library in front
     std::size_t queued = 0;
   };
-  struct Response {
-    std::string body;  // with room for the library in front
-  };
-
   void open(const Listening& listening) {
     lws_set_log_level(0, nullptr);
     static const lws_protocols protocols[] = {{"http", callback, 0, 4096, 0, nullptr, 0},
@@ -332,7 +328,7 @@ class Server {
                                                 reinterpret_cast<const unsigned char*>(value),
                                                 static_cast<int>(std::string_view(value).size()), &at, end);
     if (failed || lws_finalize_write_http_header(connection, start, &at, end)) return 1;
-    responses[connection].body = std::string(LWS_PRE, '\0') + std::string(body);
+    responses[connection] = std::string(LWS_PRE, '\0') + std::string(body);
     lws_callback_on_writable(connection);
     return 0;
   }
@@ -340,7 +336,7 @@ class Server {
   int writeResponse(lws* connection) {
     const auto found = responses.find(connection);
     if (found == responses.end()) return 0;
-    std::string body = std::move(found->second.body);
+    std::string body = std::move(found->second);
     responses.erase(found);
     const std::size_t count = body.size() - LWS_PRE;
     const int written = lws_write(connection, reinterpret_cast<unsigned char*>(body.data()) + LWS_PRE, count,
@@ -411,7 +407,7 @@ class Server {
   double started = 0;
   bool isSafe = false, isOver = false;
   std::map<lws*, Page> pages;
-  std::map<lws*, Response> responses;
+  std::map<lws*, std::string> responses;  // bodies, with room for the library in front
   std::uint32_t lastPage = 0;
   Watch timer{{}, this};
   std::filesystem::file_time_type lastSeen, lastLoaded;

@@ -302,6 +302,17 @@ class Living(unittest.TestCase):
             self.assertTrue(eventually(lambda: page.until("started")["safe"], "safe mode"))
             self.assertFalse(page.report()["loaded"])
 
+    def test_a_library_that_ends_it_quietly_leads_to_safe_mode_too(self):
+        os.environ["ENDS_QUIETLY"] = "YES"
+        try:
+            with Served(PROGRAM, "--library", ENDING_LIBRARY) as served, served.socket() as page:
+                self.assertTrue(eventually(lambda: page.until("started")["safe"], "safe mode"))
+                (home,) = served.home_processes()
+                self.assertFalse(page.report()["loaded"])
+                self.assertEqual(served.home_processes(), [home])
+        finally:
+            del os.environ["ENDS_QUIETLY"]
+
     def test_what_ended_it_is_told(self):
         with Served(PROGRAM, *SWITCHED_ON) as served, served.socket() as page:
             page.report()
