@@ -35,11 +35,14 @@ bool lockScreenIsVisible() {
 
 // A tablet's grid is rescaled, unless it turns behind the lock screen.
 void rescale(NSInteger previous) {
-  if (getDeviceType() != UIUserInterfaceIdiomPad || lockScreenIsVisible()) return;
-  if (static_cast<int32_t>(previous) == portrait)
-    scaleForLandscape(settings().count(keys::preset));
-  else
+  if (getDeviceType() != UIUserInterfaceIdiomPad) return;
+  NSInteger preset = settings().count(keys::preset);
+  if (static_cast<int32_t>(previous) == portrait && !lockScreenIsVisible())
+    scaleForLandscape(preset);
+  else if (!lockScreenIsVisible())
     scaleForPortrait();
+  else
+    return;
   layoutIcons(false);
 }
 
