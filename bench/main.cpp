@@ -14,7 +14,7 @@ sim::Simulation& simulation() {
 }
 
 sim::Simulation& started() {
-  if (!simulation().library()) simulation().start();
+  if (simulation().libraries().empty()) simulation().start();
   return simulation();
 }
 

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstring>
@@ -88,6 +89,13 @@ void takeFile(Options& options, Row row, Text name) {
   options.*member = mayBeStream && name == "-" ? fs::path("-") : file(row, name);
 }
 
+void takeLibrary(Options& options, Row row, Text name) {
+  const fs::path file = readableFile(row, name);
+  if (std::ranges::find(options.libraries, file) != options.libraries.end())
+    throw UsageError(fmt::format("{}: '{}' is there twice", row.name, name));
+  options.libraries.push_back(file);
+}
+
 static_assert(static_cast<int>(Orientation::portrait) == 0 &&
               static_cast<int>(InjectionLoader::substrate) == 0);
 
@@ -119,8 +127,8 @@ constexpr OptionRow rows[] = {
      "`real`", takeChoice<&Options::springboard>},
     {"--loader", "substrate|sbinject", "the injection loader, which decides where the library lies",
      "`substrate`", takeChoice<&Options::loader>},
-    {"--library", "FILE", "the library to load", "the program's own, where it has one",
-     takeFile<&Options::library, readableFile>},
+    {"--library", "FILE", "a library to load; may repeat, loaded in order",
+     "the program's own, where it has one", takeLibrary, true},
     {"--installed", "",
      "load what the root holds, and put nothing of the build there; a file for devices is stood in for "
      "(below)",

@@ -33,7 +33,7 @@ struct Options {
   bool iconSupport = false;
   springboard::Methods springboard = springboard::Methods::real;
   InjectionLoader loader = InjectionLoader::substrate;
-  std::optional<std::filesystem::path> library;  // none: the program's own
+  std::vector<std::filesystem::path> libraries;  // in the order of loading; none: the program's own
   std::optional<std::filesystem::path> script, snapshot, report;
   std::map<std::string_view, std::vector<std::string>>
       more;  // of options that a program adds, by their names

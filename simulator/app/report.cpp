@@ -56,7 +56,7 @@ constexpr ReportRow rows[] = {
     {"ios", [](Simulation& simulation) -> Json { return simulation.startOptions().ios.text(); },
      "as started"},
     {"orientation", orientation, "`\"portrait\"` or `\"landscape\"`, as started"},
-    {"loaded", [](Simulation& simulation) -> Json { return simulation.library() != nullptr; },
+    {"loaded", [](Simulation& simulation) -> Json { return !simulation.libraries().empty(); },
      "whether the library is loaded"},
     {"pages", reportPages,
      "one for each page, asked of its `SBRootIconListView`: `index`, `rows`, `columns` (for the current "

@@ -8,6 +8,7 @@
 
 #include "bridge/runtime.hpp"
 #include "simulator/app/injection.hpp"
+#include "simulator/app/libraries.hpp"
 #include "simulator/device/image.hpp"
 #include "simulator/device/unfinished_files.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -54,14 +55,6 @@ uikit::Configuration configurationOf(const Options& options) {
   return configuration;
 }
 
-// In place of whatever an earlier run left in a kept root.
-void installLibrary(const fs::path& library, const fs::path& place) {
-  if (!fs::exists(library)) throw UsageError("no library '" + library.string() + "'");
-  fs::create_directories(place.parent_path());
-  fs::remove(place);
-  fs::create_symlink(library, place);
-}
-
 // A copy, so that what is done to the device's does not reach the one that was built.
 void installBundle(const fs::path& bundle, const fs::path& place) {
   if (!fs::exists(bundle)) throw UsageError("no resources '" + bundle.string() + "'");
@@ -95,65 +88,60 @@ Simulation::Simulation(const Options& given, const Program& made)
   preferences::defineSettings();
 }
 
-// None with `--stock`, and where there is none to load.
-fs::path Simulation::libraryFile() const {
-  if (options.stock) return {};
-  if (options.library) return *options.library;
-  return tables.library.empty() ? fs::path() : beside(tables.library);
-}
-
-std::string Simulation::installedName() const {
-  return tables.installedAs.empty() ? libraryFile().stem().string() + ".dylib" : tables.installedAs;
-}
-
-fs::path Simulation::installedLibrary() const {
-  return fs::path(libraryFolder(options.loader)) / installedName();
-}
-
 void Simulation::installLibraries() {
-  const fs::path library = libraryFile();
-  if (!library.empty() && !options.installed) {
-    const fs::path place = files.hostPath(installedLibrary().string());
-    installLibrary(library, place);
-    if (!tables.bundle.empty()) installBundle(beside(tables.bundle), place.parent_path() / tables.bundle);
-  }
+  const std::string folder = files.hostPath(libraryFolder(options.loader));
+  if (!options.stock && !options.installed)
+    for (const Library& library : librariesToLoad(options, tables)) {
+      linkLibrary(library.file, files.hostPath(library.place.string()));
+      if (!tables.bundle.empty()) installBundle(beside(tables.bundle), fs::path(folder) / tables.bundle);
+    }
   if (options.iconSupport)
-    installLibrary(beside("libIconSupport.so"), files.hostPath(iconSupportPath));
+    linkLibrary(beside("libIconSupport.so"), files.hostPath(iconSupportPath));
   else if (!options.installed)
     fs::remove(files.hostPath(iconSupportPath));
 }
 
-// As the injection loaders do it.
-void Simulation::loadLibrary() {
+// As the injection loaders do it. `name` is what whoever asked for it calls it.
+void Simulation::load(const fs::path& file, const std::string& name) {
   std::string reason;
-  image = image::open(installedLibrary(), reason);
-  if (!image) throw UsageError("the library '" + libraryFile().string() + "' cannot be loaded: " + reason);
+  void* const image = image::open(file, reason);
+  if (!image) throw UsageError("the library '" + name + "' cannot be loaded: " + reason);
+  images.push_back(image);
+  imageFiles.push_back(file);
 }
 
 // Each library that the loader would hand to SpringBoard, found where it would find it. Of a library for
-// devices, where those cannot be loaded, this machine's own build takes the place; of others' there is none.
+// devices, where those cannot be loaded, this machine's own build takes the place, where there is one.
 void Simulation::loadWhatIsInstalled() {
+  const std::vector<Library> builds = librariesToStandIn(options, tables);
   for (const fs::path& file :
        injection::librariesForSpringBoard(files.hostPath(libraryFolder(options.loader)))) {
-    const bool own = file.filename() == installedName();
-    const bool foreign = !image::takesDeviceFiles() && injection::isDeviceLibrary(file);
     const fs::path place = fs::path(libraryFolder(options.loader)) / file.filename();
-    if (foreign && (!own || libraryFile().empty())) {
-      std::cerr << tables.name << ": " << place.string() << " is for devices, and left out\n";
+    if (image::takesDeviceFiles() || !injection::isDeviceLibrary(file)) {
+      load(place, place.string());
       continue;
     }
-    std::string reason;
-    void* const loaded = image::open(foreign ? libraryFile() : place, reason);
-    if (!loaded) throw UsageError("the library '" + place.string() + "' cannot be loaded: " + reason);
-    if (own) image = loaded;
+    const auto build = std::ranges::find(builds, place, &Library::place);
+    if (build != builds.end())
+      load(build->file, place.string());
+    else
+      std::cerr << tables.name << ": " << place.string() << " is for devices, and left out\n";
   }
+}
+
+void* Simulation::exported(const char* name) const {
+  for (void* const image : images)
+    if (void* const found = image::symbol(image, name)) return found;
+  return nullptr;
 }
 
 void Simulation::start() {
   if (options.installed && !options.stock)
     loadWhatIsInstalled();
-  else if (!libraryFile().empty())
-    loadLibrary();
+  else if (!options.stock)
+    for (const Library& library : librariesToLoad(options, tables))
+      load(library.place, library.file.string());
+  for (const fs::path& file : imageFiles) image::publish(file);
   springboard::start({.pages = options.pages, .icons = options.icons.value_or(-1)});
   settle();
 }

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "simulator/app/options.hpp"
 #include "simulator/app/program.hpp"
@@ -30,8 +31,10 @@ class Simulation {
   const Options& startOptions() const { return options; }
   const Program& program() const { return tables; }
 
-  // What the loader got for the library; null without one.
-  void* library() const { return image; }
+  // What the loader got for the libraries, in their order.
+  const std::vector<void*>& libraries() const { return images; }
+  // A function or variable that one of them exports, of the first that does; null when none does.
+  void* exported(const char* name) const;
 
   void rotate(Orientation to);
   void lock();
@@ -41,11 +44,8 @@ class Simulation {
   void report(const std::string& file);
 
  private:
-  std::filesystem::path libraryFile() const;
-  std::filesystem::path installedLibrary() const;  // a path of the device, as that of the build would be
-  std::string installedName() const;
   void installLibraries();
-  void loadLibrary();
+  void load(const std::filesystem::path& file, const std::string& name);
   void loadWhatIsInstalled();
 
   const Options options;
@@ -54,7 +54,8 @@ class Simulation {
   std::optional<TemporaryRoot> temporary;
   FileSystem files;
   appsupport::Messages messages;
-  void* image = nullptr;
+  std::vector<void*> images;
+  std::vector<std::filesystem::path> imageFiles;
 };
 
 }  // namespace sim

@@ -9,7 +9,7 @@ namespace sim::image {
 namespace {
 
 void* openHere(const char* path, std::string& error) {
-  void* image = dlopen(path, RTLD_LAZY | RTLD_GLOBAL);
+  void* image = dlopen(path, RTLD_NOW | RTLD_LOCAL);
   if (!image) error = dlerror();
   return image;
 }
@@ -25,6 +25,8 @@ Loader use(const Loader& loader) { return std::exchange(current, loader); }
 bool takesDeviceFiles() { return current.deviceFiles; }
 
 void* open(const std::string& path, std::string& error) { return current.open(path.c_str(), error); }
+
+void publish(const std::string& path) { dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD | RTLD_GLOBAL); }
 
 void* symbol(void* image, const char* name) { return current.symbol(image, name); }
 

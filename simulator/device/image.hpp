@@ -10,6 +10,10 @@ namespace sim::image {
 // `error` gets.
 void* open(const std::string& path, std::string& error);
 
+// Lets whoever asks the whole process for a name find those that this image exports. Until then images are
+// linked without regard to each other, as those of a device are: two may have functions of one name.
+void publish(const std::string& path);
+
 // dlsym: an exported function or variable; null when there is none.
 void* symbol(void* image, const char* name);
 

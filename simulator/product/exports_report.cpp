@@ -4,7 +4,6 @@
 
 #include "simulator/app/report_values.hpp"
 #include "simulator/app/simulation.hpp"
-#include "simulator/device/image.hpp"
 #include "simulator/product/product.hpp"
 
 namespace sim::product {
@@ -26,9 +25,8 @@ Json row(const Outcome& told) {
 
 // A library that does not tell has null.
 Json hooks(Simulation& simulation) {
-  void* const library = simulation.library();
-  auto* told = library ? static_cast<const Outcome*>(image::symbol(library, "hookOutcomes")) : nullptr;
-  if (library && !told) return nullptr;
+  auto* told = static_cast<const Outcome*>(simulation.exported("hookOutcomes"));
+  if (!told && !simulation.libraries().empty()) return nullptr;
   int replaced = 0, added = 0;
   Json rows = Json::array();
   for (; told && told->className; ++told) {
@@ -42,9 +40,7 @@ Json hooks(Simulation& simulation) {
 
 // The library's exported array of four lengths.
 Json framing(Simulation& simulation) {
-  auto* values = simulation.library()
-                     ? static_cast<const CGFloat*>(image::symbol(simulation.library(), "framing"))
-                     : nullptr;
+  auto* values = static_cast<const CGFloat*>(simulation.exported("framing"));
   if (!values) return nullptr;
   return Json::array({number(values[0]), number(values[1]), number(values[2]), number(values[3])});
 }

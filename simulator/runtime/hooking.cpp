@@ -1,8 +1,12 @@
 // MSHookMessageEx, as strict as the strictest hooking library: a method that is not there ends the process.
 #include "simulator/runtime/hooking.hpp"
 
+#include <dlfcn.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 #include "bridge/replace.hpp"
 #include "simulator/runtime/export.hpp"
@@ -10,25 +14,59 @@
 namespace sim {
 namespace {
 
-int replaced = 0;
+std::vector<Replacement>& all() {
+  static auto& made = *new std::vector<Replacement>();
+  return made;
+}
+
+// Those of devices are in memory that the dynamic linker knows nothing of.
+std::string libraryOf(IMP implementation) {
+  Dl_info found{};
+  if (!dladdr(reinterpret_cast<void*>(implementation), &found) || !found.dli_fname) return "a library";
+  return std::filesystem::path(found.dli_fname).filename();
+}
+
+bool isOrInherits(Class cls, Class ancestor) {
+  while (cls && cls != ancestor) cls = class_getSuperclass(cls);
+  return cls != nullptr;
+}
 
 }  // namespace
 
-int replacedMethods() { return replaced; }
+const std::vector<Replacement>& replacements() { return all(); }
+
+std::vector<Replacement> replacementsOf(Class cls, SEL selector) {
+  std::vector<Replacement> found;
+  objc_method* method = cls ? class_getInstanceMethod(cls, selector) : nullptr;
+  IMP implementation = method ? method_getImplementation(method) : nullptr;
+  for (;;) {
+    const auto made = std::ranges::find_if(all(), [&](const Replacement& each) {
+      return each.implementation == implementation && sel_isEqual(each.selector, selector) &&
+             isOrInherits(cls, each.cls);
+    });
+    if (made == all().end() || found.size() == all().size()) break;
+    found.push_back(*made);
+    implementation = made->previous;
+  }
+  std::ranges::reverse(found);
+  return found;
+}
 
 }  // namespace sim
 
 SIMULATOR_EXPORT void MSHookMessageEx(Class cls, SEL selector, IMP implementation, IMP* previous) {
   if (!cls || !selector || !implementation) return;
   objc_method* known = class_getInstanceMethod(cls, selector);
+  const std::string library = sim::libraryOf(implementation);
   if (!known) {
-    std::fprintf(stderr, "MSHookMessageEx: %s has no method '%s'\n", class_getName(cls),
-                 sel_getName(selector));
+    std::fprintf(stderr, "MSHookMessageEx: %s has no method '%s', which %s wants to replace\n",
+                 class_getName(cls), sel_getName(selector), library.c_str());
     std::abort();
   }
   // The previous implementation is in place before the new one can run.
-  if (previous) *previous = method_getImplementation(known);
+  IMP before = method_getImplementation(known);
+  if (previous) *previous = before;
   bridge::Slot slot;
   bridge::replaceMethod(cls, selector, implementation, slot);
-  ++sim::replaced;
+  sim::all().push_back({cls, selector, implementation, before, library});
 }

@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 
+#include "simulator/app/libraries.hpp"
 #include "simulator/device/temporary_root.hpp"
 #include "simulator/device/text.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -174,18 +175,18 @@ class Server {
     lws_sul_schedule(context, 0, &timer, timer.cb, static_cast<lws_usec_t>(watchInterval * 1e6));
   }
 
-  // A file that has just been changed may still be written: it counts when it has been the same for an
-  // interval.
+  // A library's file that has just been changed may still be written: it counts when it has been the same for
+  // an interval.
   void lookAtLibrary() {
     namespace fs = std::filesystem;
-    std::error_code error;
-    const fs::path library = options.library
-                                 ? *options.library
-                                 : fs::canonical("/proc/self/exe", error).parent_path() / program.library;
-    const auto written = fs::last_write_time(library, error);
-    if (error) return;
+    std::vector<fs::file_time_type> written;
+    for (const Library& library : librariesToLoad(options, program)) {
+      std::error_code error;
+      written.push_back(fs::last_write_time(library.file, error));
+      if (error) return;
+    }
     const bool same = written == lastSeen;
-    if (same && lastLoaded != fs::file_time_type() && written != lastLoaded) restart(false);
+    if (same && !lastLoaded.empty() && written != lastLoaded) restart(false);
     if (same) lastLoaded = written;
     lastSeen = written;
   }
@@ -410,7 +411,7 @@ class Server {
   std::map<lws*, std::string> responses;  // bodies, with room for the library in front
   std::uint32_t lastPage = 0;
   Watch timer{{}, this};
-  std::filesystem::file_time_type lastSeen, lastLoaded;
+  std::vector<std::filesystem::file_time_type> lastSeen, lastLoaded;  // of the libraries' files
 };
 
 }  // namespace

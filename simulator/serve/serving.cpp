@@ -34,7 +34,7 @@ constexpr OptionRow rows[] = {
      "interrupt or the page's \"Quit\"",
      "a free port", takePort},
     {"--listen", "ADDRESS", "with `--serve`: the IPv4 address to listen at", "`127.0.0.1`", takeAddress},
-    {"--watch", "", "with `--serve`: SpringBoard starts anew when the library's file changes", "", keepText},
+    {"--watch", "", "with `--serve`: SpringBoard starts anew when a library's file changes", "", keepText},
 };
 
 // Of an option that may stand there once.

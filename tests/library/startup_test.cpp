@@ -31,7 +31,7 @@ const std::vector<std::string> everyMethod{"--springboard", "complete"};
 struct Progress {
   bool preferences, presets;
   size_t consoleLines;
-  int replaced;
+  size_t replaced;
   bool layoutAdded;
   bool operator==(const Progress&) const = default;
 };
@@ -47,7 +47,7 @@ Progress progress() {
   using Layout = bridge::Descriptor<&SBIconScrollView::layout>;
   Class scrollView = bridge::classNamed<SBIconScrollView>();
   return {test::stateOf(*device, test::preferencesPath).exists,
-          test::stateOf(*device, test::presetsPath).exists, sim::console().size(), sim::replacedMethods(),
+          test::stateOf(*device, test::presetsPath).exists, sim::console().size(), sim::replacements().size(),
           class_getInstanceMethod(scrollView, Layout::selector()) != nullptr};
 }
 
@@ -68,8 +68,8 @@ void watchDescriptions(sim::Simulation& simulation) {
 
 TEST(StartUp, SeedsThenLogsThenInstallsMethodsThenMakesTheGestureController) {
   Home home(everyMethod, watchDescriptions);
-  int replaced = sim::replacedMethods();
-  ASSERT_GT(replaced, 0);
+  size_t replaced = sim::replacements().size();
+  ASSERT_GT(replaced, 0u);
   ASSERT_EQ(descriptions.size(), 2u);
   EXPECT_EQ(
       descriptions[0],
@@ -226,7 +226,7 @@ TEST(Loading, TwiceRunsNothingASecondTime) {
   Home home;
   sim::Json before = home.report();
   void* again = dlopen("/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib", RTLD_LAZY | RTLD_GLOBAL);
-  EXPECT_EQ(again, home.simulation().library());
+  EXPECT_EQ(again, home.simulation().libraries().front());
   EXPECT_EQ(home.report(), before);
 }
 

@@ -4,6 +4,7 @@
     protocol_test.py PROGRAM LIBRARY_THAT_ENDS_IT
 """
 import os
+import shutil
 import socket
 import subprocess
 import sys
@@ -340,6 +341,33 @@ class Living(unittest.TestCase):
                 os.utime(library, (1, 1))
                 page.until("started")
                 self.assertNotEqual(served.home_processes(), homes)
+
+    def test_watch_looks_at_every_library(self):
+        with tempfile.TemporaryDirectory() as folder:
+            library = os.path.join(folder, "watched.so")
+            shutil.copy(ENDING_LIBRARY, library)
+            with Served(PROGRAM, "--watch", "--stock", "--library", ENDING_LIBRARY, "--library", library) as served, \
+                    served.socket() as page:
+                page.until("started")
+                page.report()
+                homes = served.home_processes()
+                time.sleep(1.5)
+                os.utime(library, (1, 1))
+                page.until("started")
+                self.assertNotEqual(served.home_processes(), homes)
+
+    def test_several_libraries_are_loaded(self):
+        ours = os.path.join(os.path.dirname(PROGRAM), "libTilo.so")
+        with Served(PROGRAM, "--library", ours, "--library", ENDING_LIBRARY) as served, served.socket() as page:
+            self.assertTrue(eventually(lambda: page.until("started")["safe"], "safe mode after the second"))
+        with tempfile.TemporaryDirectory() as folder:
+            twin = os.path.join(folder, "twin.so")
+            shutil.copy(ours, twin)
+            with Served(PROGRAM, "--root", folder, "--library", ours, "--library", twin) as served, \
+                    served.socket() as page:
+                self.assertTrue(page.report()["loaded"])
+                place = os.path.join(folder, "Library/MobileSubstrate/DynamicLibraries")
+                self.assertLessEqual({"Tilo.dylib", "twin.dylib"}, set(os.listdir(place)))
 
     def test_quit_ends_the_program(self):
         with Served(PROGRAM) as served, served.socket() as page:

@@ -48,7 +48,7 @@ TEST(Options, WithoutArgumentsAreTheDefaults) {
   EXPECT_EQ(options.orientation, Orientation::portrait);
   EXPECT_EQ(options.pages, 3);
   EXPECT_FALSE(options.icons);
-  EXPECT_FALSE(options.root || options.library);
+  EXPECT_FALSE(options.root || !options.libraries.empty());
   EXPECT_FALSE(options.script || options.snapshot || options.report);
   EXPECT_TRUE(options.more.empty());
   EXPECT_FALSE(options.stock || options.iconSupport || options.listing);
@@ -167,7 +167,7 @@ TEST_F(OptionFiles, BecomeAbsolute) {
   fs::current_path(before);
   EXPECT_EQ(options.more.at("--prefs"), std::vector{file});
   EXPECT_EQ(options.more.at("--presets"), std::vector{file});
-  EXPECT_EQ(options.library, file);
+  EXPECT_EQ(options.libraries, std::vector<fs::path>{file});
   EXPECT_EQ(options.script, file);
   EXPECT_EQ(options.snapshot, folder.path() / "new.png");
   EXPECT_EQ(options.report, folder.path() / "new.json");

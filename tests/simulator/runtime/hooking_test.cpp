@@ -113,7 +113,7 @@ TEST(Hooking, IsCountedWhereItReplacedSomething) {
   MSHookMessageEx(Eager::AnimalClass::cls, age(), implementation(oneMore), &previous);
   MSHookMessageEx(Eager::FishClass::cls, age(), implementation(tenfold), &laterPrevious);
   MSHookMessageEx(nullptr, age(), implementation(hundred), nullptr);
-  EXPECT_EQ(sim::replacedMethods(), 2);
+  EXPECT_EQ(sim::replacements().size(), 2u);
 }
 
 }  // namespace
