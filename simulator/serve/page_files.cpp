@@ -1,6 +1,8 @@
 // The page's files, taken in when this is compiled.
 #include "simulator/serve/page_files.hpp"
 
+#include <algorithm>
+
 namespace sim::serve {
 namespace {
 
@@ -9,26 +11,68 @@ namespace {
 constexpr char html[] = {
 #embed "page/index.html"
 };
-constexpr char css[] = {
+constexpr char style[] = {
 #embed "page/page.css"
 };
-constexpr char script[] = {
+constexpr char page[] = {
 #embed "page/page.js"
+};
+constexpr char devices[] = {
+#embed "page/devices.js"
+};
+constexpr char dom[] = {
+#embed "page/dom.js"
+};
+constexpr char hands[] = {
+#embed "page/hands.js"
+};
+constexpr char link[] = {
+#embed "page/link.js"
+};
+constexpr char screen[] = {
+#embed "page/screen.js"
+};
+constexpr char settings[] = {
+#embed "page/settings.js"
+};
+constexpr char steps[] = {
+#embed "page/steps.js"
 };
 #pragma clang diagnostic pop
 
 template <std::size_t count>
-std::string_view text(const char (&bytes)[count]) {
+constexpr std::string_view text(const char (&bytes)[count]) {
   return {bytes, count};
+}
+
+struct Row {
+  std::string_view name, contents;
+};
+
+constexpr Row rows[] = {
+    {"", text(html)},
+    {"page.css", text(style)},
+    {"page.js", text(page)},
+    {"devices.js", text(devices)},
+    {"dom.js", text(dom)},
+    {"hands.js", text(hands)},
+    {"link.js", text(link)},
+    {"screen.js", text(screen)},
+    {"settings.js", text(settings)},
+    {"steps.js", text(steps)},
+};
+
+std::string_view typeOf(std::string_view name) {
+  if (name.ends_with(".css")) return "text/css; charset=utf-8";
+  return name.ends_with(".js") ? "text/javascript; charset=utf-8" : "text/html; charset=utf-8";
 }
 
 }  // namespace
 
 std::optional<PageFile> pageFile(std::string_view name) {
-  if (name.empty()) return PageFile{"text/html; charset=utf-8", text(html)};
-  if (name == "page.css") return PageFile{"text/css; charset=utf-8", text(css)};
-  if (name == "page.js") return PageFile{"text/javascript; charset=utf-8", text(script)};
-  return std::nullopt;
+  const auto row = std::ranges::find(rows, name, &Row::name);
+  if (row == std::end(rows)) return std::nullopt;
+  return PageFile{typeOf(name), row->contents};
 }
 
 }  // namespace sim::serve

@@ -1,0 +1,68 @@
+// The connection between a page and a home screen: questions and their answers, news, frames.
+export class Link {
+  #socket;
+  #answers = new Map();
+  #next = 1;
+  #hearer;
+
+  // What comes is heard by functions of `hearer`, each of which may be missing: started, ended, refused (with the
+  // message), frame (with its bytes), closed (with the reason).
+  constructor(path, hearer) {
+    this.#hearer = hearer;
+    this.#socket = new WebSocket(new URL(path, location.href.replace(/^http/, 'ws')), 'tilo');
+    this.#socket.binaryType = 'arraybuffer';
+    this.#socket.onmessage = ({data}) =>
+        (typeof data === 'string' ? this.#hear(JSON.parse(data)) : hearer.frame?.(data));
+    this.#socket.onclose = ({reason}) => {
+      this.#giveUp('the connection has ended');
+      hearer.closed?.(reason);
+    };
+  }
+
+  send(message) {
+    if (this.#socket.readyState === WebSocket.OPEN) this.#socket.send(JSON.stringify(message));
+  }
+
+  ask(message) {
+    return new Promise((resolve, reject) => {
+      const id = this.#next++;
+      this.#answers.set(id, {resolve, reject});
+      this.send({...message, id});
+    });
+  }
+
+  step(line) {
+    return this.ask({type: 'step', step: line});
+  }
+
+  close() {
+    this.#socket.close();
+  }
+
+  #hear(message) {
+    switch (message.type) {
+      case 'done':
+      case 'answer':
+      case 'report': {
+        const answer = this.#answers.get(message.id);
+        this.#answers.delete(message.id);
+        if (message.error) answer?.reject(new Error(message.error));
+        else answer?.resolve(message.report ?? message.answer);
+        break;
+      }
+      case 'ended':
+        this.#giveUp(message.reason);
+        this.#hearer.ended?.(message);
+        break;
+      case 'started':
+      case 'refused':
+        this.#hearer[message.type]?.(message);
+        break;
+    }
+  }
+
+  #giveUp(reason) {
+    for (const {reject} of this.#answers.values()) reject(new Error(reason));
+    this.#answers.clear();
+  }
+}

@@ -1,0 +1,73 @@
+// Starting, ending, coming back in safe mode.
+#include "simulator/serve/served_home.hpp"
+
+#include <unistd.h>
+
+#include <utility>
+
+#include "simulator/serve/connection.hpp"
+
+namespace sim::serve {
+namespace {
+
+constexpr double soonest = 2;  // seconds; what ends sooner in safe mode does not start again
+
+// A copy of the descriptor, which the loop closes when it lets go of it.
+lws* adopt(lws_vhost* loop, int descriptor) {
+  lws_sock_file_fd_type own;
+  own.filefd = ::dup(descriptor);
+  return lws_adopt_descriptor_vhost(loop, LWS_ADOPT_RAW_FILE_DESC, own, "home", nullptr);
+}
+
+}  // namespace
+
+void ServedHome::start(lws_vhost* loop, bool safely) {
+  end();
+  isSafe = safely;
+  Options own = options;
+  own.stock = stock || isSafe;
+  process = std::make_unique<HomeProcess>(own, program);
+  started = seconds();
+  messages = adopt(loop, process->messages());
+  errors = adopt(loop, process->errors());
+}
+
+void ServedHome::end() {
+  for (lws** adopted : {&messages, &errors})
+    if (lws* one = std::exchange(*adopted, nullptr)) drop(one);
+  process.reset();
+}
+
+Json ServedHome::welcome() const {
+  Json::Array devices;
+  for (const Device& device : catalogue())
+    devices.push_back(
+        {{"name", std::string(device.name)}, {"first", device.first.text()}, {"last", device.last.text()}});
+  return {{"type", "started"},
+          {"program", program.name},
+          {"device", std::string(options.device->name)},
+          {"ios", options.ios.text()},
+          {"rounded", options.device->hasSafeAreas()},
+          {"safe", isSafe},
+          {"devices", Json(std::move(devices))}};
+}
+
+void ServedHome::send(const Envelope& envelope) {
+  if (!process) return;
+  process->send(envelope);
+  if (process->hasToWrite() && messages) lws_callback_on_writable(messages);
+}
+
+void ServedHome::write() {
+  process->write();
+  if (process->hasToWrite()) lws_callback_on_writable(messages);
+}
+
+void ServedHome::lostHold(const lws* adopted) {
+  if (adopted == messages) messages = nullptr;
+  if (adopted == errors) errors = nullptr;
+}
+
+bool ServedHome::mayComeBack() const { return !isSafe || seconds() - started > soonest; }
+
+}  // namespace sim::serve

@@ -1,0 +1,56 @@
+// A home screen that is served: its process, which is started anew when it is asked to or has ended by
+// itself, and the loop's hold on what it says.
+#pragma once
+
+#include <libwebsockets.h>
+
+#include <memory>
+
+#include "simulator/json/json.hpp"
+#include "simulator/serve/home_process.hpp"
+
+namespace sim::serve {
+
+class ServedHome {
+ public:
+  /** The program outlives it. */
+  ServedHome(const Options& start, const Program& tables)
+      : options(start), program(tables), stock(start.stock) {}
+
+  // What the next start goes by.
+  Options options;
+
+  /** Starts its process anew; `safely` is without libraries, as after a crash. */
+  void start(lws_vhost* loop, bool safely);
+  void end();
+  bool isRunning() const { return process != nullptr; }
+  /** What a page is told of it: what it is, and what else there is. */
+  Json welcome() const;
+
+  void send(const Envelope& envelope);
+  /** Reads what there is; false when the process has gone. */
+  bool read() { return process->read(); }
+  std::optional<Envelope> next() { return process->next(); }
+
+  /** The loop's news of one of its descriptors. */
+  bool hasMessagesAt(const lws* adopted) const { return adopted == messages; }
+  bool hasErrorsAt(const lws* adopted) const { return adopted == errors; }
+  void write();
+  bool readErrors() { return process->readErrors(); }
+  void lostHold(const lws* adopted);
+
+  /** Why the process has ended by itself, in a line; nothing when it is to start anew. */
+  std::optional<std::string> whyItEnded() { return process->end(); }
+  /** Whether it is worth starting again without libraries. */
+  bool mayComeBack() const;
+
+ private:
+  const Program& program;
+  const bool stock;  // as the options ask; safe mode is for a time
+  std::unique_ptr<HomeProcess> process;
+  lws *messages = nullptr, *errors = nullptr;
+  double started = 0;
+  bool isSafe = false;
+};
+
+}  // namespace sim::serve
