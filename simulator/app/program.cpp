@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "simulator/app/inspector.hpp"
 #include "simulator/app/report.hpp"
 #include "simulator/app/steps.hpp"
 
@@ -24,6 +25,7 @@ Program homeScreenProgram() {
   for (const StepTable rows : {deviceSteps(), touchSteps(), homeSteps(), alertSteps(), objectSteps()})
     add(program.steps, rows);
   add(program.report, homeScreenReport());
+  add(program.pageMessages, inspectorMessages());
   return program;
 }
 

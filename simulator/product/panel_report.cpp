@@ -1,5 +1,4 @@
 // The panel: its state, its rows, and the whole tree of its views.
-#include <cmath>
 #include <string>
 
 #include "bridge/runtime.hpp"
@@ -10,10 +9,10 @@
 #include "platform/uikit/slider.hpp"
 #include "platform/uikit/text_field.hpp"
 #include "simulator/app/report_values.hpp"
+#include "simulator/app/view_report.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/product/panel.hpp"
 #include "simulator/product/product.hpp"
-#include "simulator/uikit/drawing/color.hpp"
 #include "simulator/uikit/views/view.hpp"
 
 namespace sim::product {
@@ -23,55 +22,6 @@ constexpr double collapsedHeight = 40;    // points
 constexpr double leastErrorAlpha = 0.01;  // of a message that counts as shown
 
 LayerValues shown(UIView view) { return uikit::layerOf(view).presentation(clock::now()); }
-
-int component(double value) { return static_cast<int>(std::lround(value * 255)); }
-
-Json opaqueColor(const Color& color) {
-  return Json::array({component(color.red), component(color.green), component(color.blue)});
-}
-
-// Null for one that nobody sees.
-Json color(const Color& color) {
-  if (color.alpha <= 0) return nullptr;
-  Json all = opaqueColor(color);
-  all.push_back(number(color.alpha));
-  return all;
-}
-
-Json transform(const CGAffineTransform& t) {
-  return Json::array({number(t.a), number(t.b), number(t.c), number(t.d), number(t.tx), number(t.ty)});
-}
-
-// Labels and fields are the views that show a text of their own.
-Json textOf(UIView view) {
-  if (bridge::isKindOf<UILabel>(view)) return plain(bridge::as<UILabel>(view).text());
-  if (bridge::isKindOf<UITextField>(view)) return plain(bridge::as<UITextField>(view).text());
-  return nullptr;
-}
-
-Json textColorOf(UIView view) {
-  if (bridge::isKindOf<UILabel>(view)) return color(uikit::colorOf(bridge::as<UILabel>(view).textColor()));
-  if (bridge::isKindOf<UITextField>(view))
-    return color(uikit::colorOf(bridge::as<UITextField>(view).textColor()));
-  return nullptr;
-}
-
-Json tree(UIView view) {
-  const LayerValues values = shown(view);
-  Json children = Json::array();
-  const NSArray subviews = view.subviews();
-  for (NSUInteger i = 0; i < subviews.count(); ++i)
-    children.push_back(tree(bridge::as<UIView>(subviews.objectAtIndex(i))));
-  return {{"class", class_getName(bridge::classOf(view.raw))},
-          {"frame", frame(uikit::layerOf(view).frame(clock::now()))},
-          {"alpha", number(values.opacity)},
-          {"hidden", static_cast<bool>(view.isHidden())},
-          {"transform", transform(values.transform)},
-          {"background", color(values.backgroundColor)},
-          {"textColor", textColorOf(view)},
-          {"text", textOf(view)},
-          {"children", children}};
-}
 
 // The message beside a row's number, while it can be seen.
 Json errorOf(UIView slider) {
@@ -141,7 +91,7 @@ Json panel(Simulation&) {
           {"presets", presets(view)},
           {"selectedRow", selectedRow(view)},
           {"caption", plain(caption.text())},
-          {"views", tree(view)}};
+          {"views", viewTree(view)}};
 }
 
 constexpr ReportRow table[] = {

@@ -156,8 +156,9 @@ void LiveHome::answer(std::uint32_t page, const Json& message) { send({page, tru
 
 void LiveHome::take(const Said& said) {
   const bridge::Pool pool;
+  const Json id = said.message.isObject() ? said.message.value("id") : Json();
   const auto refuse = [&](const std::exception& error) {
-    answer(said.page, {{"type", "refused"}, {"reason", messageLine(error.what())}});
+    answer(said.page, {{"type", "refused"}, {"id", id}, {"reason", messageLine(error.what())}});
   };
   try {
     if (!said.message.isObject()) throw UsageError("a message is no JSON object");

@@ -38,6 +38,21 @@ constexpr char settings[] = {
 constexpr char steps[] = {
 #embed "page/steps.js"
 };
+constexpr char facts[] = {
+#embed "page/facts.js"
+};
+constexpr char inspector[] = {
+#embed "page/inspector.js"
+};
+constexpr char tabs[] = {
+#embed "page/tabs.js"
+};
+constexpr char tree[] = {
+#embed "page/tree.js"
+};
+constexpr char tools[] = {
+#embed "page/tools.css"
+};
 #pragma clang diagnostic pop
 
 template <std::size_t count>
@@ -60,6 +75,11 @@ constexpr Row rows[] = {
     {"screen.js", text(screen)},
     {"settings.js", text(settings)},
     {"steps.js", text(steps)},
+    {"facts.js", text(facts)},
+    {"inspector.js", text(inspector)},
+    {"tabs.js", text(tabs)},
+    {"tree.js", text(tree)},
+    {"tools.css", text(tools)},
 };
 
 std::string_view typeOf(std::string_view name) {

@@ -28,12 +28,12 @@ void ServedHome::start(lws_vhost* loop, bool safely) {
   own.stock = stock || isSafe;
   process = std::make_unique<HomeProcess>(own, program);
   started = seconds();
-  messages = adopt(loop, process->messages());
+  channel = adopt(loop, process->messages());
   errors = adopt(loop, process->errors());
 }
 
 void ServedHome::end() {
-  for (lws** adopted : {&messages, &errors})
+  for (lws** adopted : {&channel, &errors})
     if (lws* one = std::exchange(*adopted, nullptr)) drop(one);
   process.reset();
 }
@@ -43,28 +43,31 @@ Json ServedHome::welcome() const {
   for (const Device& device : catalogue())
     devices.push_back(
         {{"name", std::string(device.name)}, {"first", device.first.text()}, {"last", device.last.text()}});
+  Json::Array messages;
+  for (const PageMessage& each : program.pageMessages) messages.push_back(each.type);
   return {{"type", "started"},
           {"program", program.name},
           {"device", std::string(options.device->name)},
           {"ios", options.ios.text()},
           {"rounded", options.device->hasSafeAreas()},
           {"safe", isSafe},
+          {"messages", Json(std::move(messages))},
           {"devices", Json(std::move(devices))}};
 }
 
 void ServedHome::send(const Envelope& envelope) {
   if (!process) return;
   process->send(envelope);
-  if (process->hasToWrite() && messages) lws_callback_on_writable(messages);
+  if (process->hasToWrite() && channel) lws_callback_on_writable(channel);
 }
 
 void ServedHome::write() {
   process->write();
-  if (process->hasToWrite()) lws_callback_on_writable(messages);
+  if (process->hasToWrite()) lws_callback_on_writable(channel);
 }
 
 void ServedHome::lostHold(const lws* adopted) {
-  if (adopted == messages) messages = nullptr;
+  if (adopted == channel) channel = nullptr;
   if (adopted == errors) errors = nullptr;
 }
 

@@ -33,7 +33,7 @@ class ServedHome {
   std::optional<Envelope> next() { return process->next(); }
 
   /** The loop's news of one of its descriptors. */
-  bool hasMessagesAt(const lws* adopted) const { return adopted == messages; }
+  bool hasMessagesAt(const lws* adopted) const { return adopted == channel; }
   bool hasErrorsAt(const lws* adopted) const { return adopted == errors; }
   void write();
   bool readErrors() { return process->readErrors(); }
@@ -48,7 +48,7 @@ class ServedHome {
   const Program& program;
   const bool stock;  // as the options ask; safe mode is for a time
   std::unique_ptr<HomeProcess> process;
-  lws *messages = nullptr, *errors = nullptr;
+  lws *channel = nullptr, *errors = nullptr;
   double started = 0;
   bool isSafe = false;
 };

@@ -216,6 +216,73 @@ class Rudeness(unittest.TestCase):
             self.assertEqual(frames, 2)
 
 
+def tree_of(views):
+    """Every view in the trees, by its id."""
+    found = {}
+    for view in views:
+        found[view["id"]] = view
+        found.update(tree_of(view["children"]))
+    return found
+
+
+class Inspecting(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.served = cls.enterClassContext(Served(PROGRAM, *SWITCHED_ON, "--set", "icons=YES", "--set", "rows=5"))
+
+    def setUp(self):
+        self.page = self.enterContext(self.served.socket())
+
+    def seen_at(self, x, y):
+        views = tree_of(self.page.answer("views"))
+        return views[self.page.answer("view-at", x=x, y=y)]
+
+    def test_the_view_that_is_seen_at_a_point_is_the_one_in_front(self):
+        icon = self.page.report()["pages"][0]["icons"][0]["frame"]
+        x, y = icon[0] + 30, icon[1] + 30 + 18  # below the status bar
+        seen = self.seen_at(x, y)
+        self.assertEqual(seen["class"], "SBIconImageView")
+        left, top, width, height = seen["onScreen"]
+        self.assertTrue(left <= x < left + width and top <= y < top + height, seen)
+        self.page.step("swipe up")
+        self.page.step("wait 0.6")
+        panel = self.page.report()["panel"]["frame"]
+        self.assertEqual(self.seen_at(panel[0] + 5, panel[1] + panel[3] / 2)["onScreen"], panel)
+        self.page.step('tap "close"')
+        self.page.step("wait 0.6")
+
+    def test_a_point_beside_the_screen_has_no_view(self):
+        self.assertIsNone(self.page.answer("view-at", x=-3, y=10))
+        self.assertIsNone(self.page.answer("view-at", x=1e300, y=1e300))
+
+    def test_an_icon_tells_its_list_and_who_gave_each_answer(self):
+        icon = next(view for view in tree_of(self.page.answer("views")).values() if view["class"] == "SBIconView")
+        answer = self.page.answer("view", view=icon["id"])
+        self.assertEqual(answer["classes"][0], "SBIconView")
+        self.assertEqual(answer["classes"][-2:], ["UIResponder", "NSObject"])
+        self.assertEqual(answer["list"]["class"], "SBRootIconListView")
+        told = {each["message"]: each for each in answer["list"]["answers"]}
+        page = self.page.report()["pages"][0]
+        for message, key in (("-iconRowsForCurrentOrientation", "rows"), ("-iconColumnsForCurrentOrientation", "columns"),
+                             ("-verticalIconPadding", "verticalPadding"), ("-topIconInset", "topInset"),
+                             ("-horizontalIconPadding", "horizontalPadding"), ("-sideIconInset", "sideInset")):
+            self.assertAlmostEqual(told[message]["value"], page[key], msg=message)
+        by_class = told["+iconRowsForInterfaceOrientation:"]
+        self.assertEqual(by_class["given"], [{"by": "SpringBoard", "value": 6}, {"by": "Tilo.dylib", "value": 5}])
+        self.assertEqual(by_class["value"], 5)
+
+    def test_what_lies_in_no_list_has_no_answers(self):
+        (window, *_) = self.page.answer("views")
+        self.assertIsNone(self.page.answer("view", view=window["id"])["list"])
+
+    def test_wrong_questions_are_refused(self):
+        for kind, message, reason in (("view", {"view": "0x1"}, "no view has the id '0x1'"), ("view", {"view": 7}, ""),
+                                      ("view-at", {"x": "left", "y": 1}, ""), ("view-at", {}, "")):
+            with self.assertRaises(Refused) as refusal:
+                self.page.answer(kind, **message)
+            self.assertIn(reason, str(refusal.exception))
+
+
 class Living(unittest.TestCase):
     def test_time_is_the_wall_clock(self):
         with Served(PROGRAM) as served, served.socket() as page:

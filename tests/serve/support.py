@@ -150,11 +150,15 @@ class WebSocket:
                 raise Refused(contents[2:].decode() or "closed")
 
     def until(self, kind):
-        """The next message of that type."""
+        """The next message of that type; one that is refused meanwhile was waited for in vain."""
         while True:
             message = self.receive()
-            if isinstance(message, dict) and message["type"] == kind:
+            if not isinstance(message, dict):
+                continue
+            if message["type"] == kind:
                 return message
+            if message["type"] == "refused" and message.get("id"):
+                raise Refused(message["reason"])
 
     def frame(self):
         """The next frame."""
@@ -165,7 +169,14 @@ class WebSocket:
 
     def ask(self, kind, **message):
         self.send(type=kind, id=1, **message)
-        return self.until("report" if kind == "report" else "done")
+        return self.until({"report": "report", "step": "done"}.get(kind, "answer"))
+
+    def answer(self, kind, **message):
+        """What the home screen answers to a message of the program's."""
+        answer = self.ask(kind, **message)
+        if "error" in answer:
+            raise Refused(answer["error"])
+        return answer["answer"]
 
     def step(self, line):
         answer = self.ask("step", step=line)

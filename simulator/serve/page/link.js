@@ -55,9 +55,15 @@ export class Link {
         this.#hearer.ended?.(message);
         break;
       case 'started':
-      case 'refused':
-        this.#hearer[message.type]?.(message);
+        this.#hearer.started?.(message);
         break;
+      case 'refused': {
+        const answer = this.#answers.get(message.id);
+        this.#answers.delete(message.id);
+        if (answer) answer.reject(new Error(message.reason));
+        else this.#hearer.refused?.(message);
+        break;
+      }
     }
   }
 

@@ -2,10 +2,12 @@
 import {fillChoices} from './devices.js';
 import {element} from './dom.js';
 import {takeInHand} from './hands.js';
+import {Inspector} from './inspector.js';
 import {Link} from './link.js';
 import {Screen, fit} from './screen.js';
 import {Settings} from './settings.js';
 import {bindSteps, note, outcome} from './steps.js';
+import {bindTabs, offerPanel} from './tabs.js';
 
 const canvas = element('screen');
 const screen = new Screen(canvas);
@@ -17,6 +19,7 @@ const link = new Link('socket', {
   closed: (reason) => say(reason ? `Disconnected: ${reason}` : 'Disconnected'),
 });
 const settings = new Settings(link);
+const inspector = new Inspector(link, screen);
 let landscape = false, locked = false;
 
 function say(text) {
@@ -27,7 +30,9 @@ function begin(message) {
   landscape = locked = false;
   screen.reset();
   canvas.classList.toggle('rounded', message.rounded);
+  offerPanel('settings', message.messages.includes('settings'));
   settings.refresh();
+  inspector.look();
   document.title = `Tilo: ${message.device}, ${message.ios}`;
   if (!message.safe) element('trouble').hidden = true;
   say(message.safe ? 'Safe mode' : 'Running');
@@ -53,6 +58,7 @@ screen.addEventListener('drawn', ({detail}) => {
   // What moved may have been a setting's doing.
   clearTimeout(refreshing);
   refreshing = setTimeout(() => settings.refresh(), 300);
+  inspector.look();
 });
 screen.addEventListener('lost', ({detail}) => say(`A frame was lost: ${detail}`));
 
@@ -81,5 +87,6 @@ element('system').onchange = ({target}) =>
 
 takeInHand(screen, link, note);
 bindSteps(link);
+bindTabs();
 
 window.tilo = {report: () => link.ask({type: 'report'}), step: (line) => link.step(line)};

@@ -17,7 +17,7 @@ export class Settings extends EventTarget {
     try {
       rows = await this.#link.ask({type: 'settings'});
     } catch {
-      return;  // the home screen is on its way, or knows no settings
+      return;  // the home screen is on its way
     }
     const shape = JSON.stringify(rows.map(({value, ...rest}) => rest));
     if (shape !== this.#shape) {
@@ -36,7 +36,6 @@ export class Settings extends EventTarget {
       if (row.key) groups.at(-1).insertBefore(this.#labelOf(row), groups.at(-1).querySelector('p'));
     }
     element('rows').replaceChildren(...groups.filter((group) => group.querySelector('label')));
-    element('settings').hidden = this.#controls.size === 0;
   }
 
   #labelOf(row) {
