@@ -18,7 +18,6 @@
 #include "simulator/device/clock.hpp"
 #include "simulator/device/text.hpp"
 #include "simulator/device/usage_error.hpp"
-#include "simulator/input/fingers.hpp"
 #include "simulator/springboard/relaunch.hpp"
 #include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/animation/animation.hpp"
@@ -41,7 +40,6 @@ constexpr double longestLag = 0.5;
 constexpr double stillness = 0.15;
 // Less than this many pixels are sent exactly at once: a blinking caret, a number that steps.
 constexpr long fewPixels = 40'000;
-constexpr int fingersPerPage = 10;
 constexpr int deepest = 20;  // levels of a message
 
 bool isMoving() { return uikit::nextAnimationEvent().has_value(); }
@@ -177,7 +175,7 @@ void LiveHome::handle(std::uint32_t page, const Json& message) {
   else if (type == "leave")
     leave(page);
   else if (type == "finger")
-    finger(page, message);
+    fingers.obey(page, message);
   else if (type == "key")
     key(message);
   else if (type == "step")
@@ -186,29 +184,6 @@ void LiveHome::handle(std::uint32_t page, const Json& message) {
     answer(page, {{"type", "report"}, {"id", message.value("id")}, {"report", makeReport(simulation)}});
   else
     answerFor(page, type, message);
-}
-
-void LiveHome::finger(std::uint32_t page, const Json& message) {
-  Viewer& viewer = viewers[page];
-  const int own = message.value("id").get<int>();
-  if (own < 0 || own >= fingersPerPage) throw UsageError(fmt::format("no finger has the number {}", own));
-  const int number = static_cast<int>(page % 1000) * fingersPerPage + own;
-  const auto phase = message.value("phase").get<std::string>();
-  const CGSize screen = uikit::screenSize();
-  const CGPoint place{std::clamp<CGFloat>(message.value("x").get<double>(), 0, screen.width - 1),
-                      std::clamp<CGFloat>(message.value("y").get<double>(), 0, screen.height - 1)};
-  const Json force = message.value("force");
-  const double pressed = force.isNull() ? input::usualForce : force.get<double>();
-  if (phase == "down") {
-    input::fingerDown(number, place, pressed);
-    viewer.fingers[own] = place;
-  } else if (phase == "move") {
-    input::fingerMove(number, place, pressed);
-    viewer.fingers[own] = place;
-  } else {
-    viewer.fingers.erase(own);
-    input::fingerUp(number, place);
-  }
 }
 
 // What the program knows beside: an answer, or what is wrong.
@@ -255,13 +230,9 @@ void LiveHome::step(std::uint32_t page, const Json& message) {
   answer(page, done);
 }
 
-// Its fingers leave the glass where they were.
 void LiveHome::leave(std::uint32_t page) {
-  const auto viewer = viewers.find(page);
-  if (viewer == viewers.end()) return;
-  for (const auto& [own, place] : viewer->second.fingers)
-    input::fingerUp(static_cast<int>(page % 1000) * fingersPerPage + own, place);
-  viewers.erase(viewer);
+  fingers.lift(page);
+  viewers.erase(page);
 }
 
 bool LiveHome::wantsFrame() const {

@@ -12,6 +12,7 @@
 #include "simulator/quartz/surface.hpp"
 #include "simulator/serve/envelope.hpp"
 #include "simulator/serve/frame.hpp"
+#include "simulator/serve/page_fingers.hpp"
 
 namespace sim {
 class Simulation;
@@ -37,7 +38,6 @@ class LiveHome {
     Surface shown;  // what it was sent last; none at first
     Tiles inexact;  // of which it has only a likeness
     std::uint32_t sent = 0, drawn = 0;
-    std::map<int, CGPoint> fingers;  // on the glass, by the page's numbers
     bool isReady() const { return sent - drawn < 2; }
   };
 
@@ -57,7 +57,6 @@ class LiveHome {
 
   void handle(std::uint32_t page, const Json& message);
   void answerFor(std::uint32_t page, const std::string& type, const Json& message);
-  void finger(std::uint32_t page, const Json& message);
   void key(const Json& message);
   void step(std::uint32_t page, const Json& message);
   void leave(std::uint32_t page);
@@ -71,6 +70,7 @@ class LiveHome {
   EnvelopeReader reader;
   std::deque<Said> waiting;  // until the step under way is done
   std::map<std::uint32_t, Viewer> viewers;
+  PageFingers fingers;
   std::chrono::steady_clock::time_point start;           // when the device's clock stood at zero
   double lastFrame = 0, lastChange = 0, nextWaking = 0;  // seconds of the device's clock
   bool isDirty = true, isOver = false, isRelaunching = false;

@@ -18,6 +18,7 @@
 #include "simulator/serve/library_watch.hpp"
 #include "simulator/serve/page_files.hpp"
 #include "simulator/serve/pages.hpp"
+#include "simulator/serve/response.hpp"
 #include "simulator/serve/served_home.hpp"
 
 namespace sim::serve {
@@ -26,10 +27,6 @@ namespace {
 constexpr unsigned mostDescriptors = 128;
 constexpr unsigned patience = 10;      // seconds for half a request
 constexpr double watchInterval = 0.5;  // seconds
-
-constexpr const char* policy =
-    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' blob:; connect-src 'self'; "
-    "base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
 
 volatile sig_atomic_t interrupted = 0;
 
@@ -206,19 +203,7 @@ class Server {
     const unsigned status = !allowed ? HTTP_STATUS_FORBIDDEN : file ? HTTP_STATUS_OK : HTTP_STATUS_NOT_FOUND;
     const std::string_view body = file ? file->contents : !allowed ? "Forbidden\n" : "Not found\n";
     const std::string_view type = file ? file->type : "text/plain; charset=utf-8";
-    unsigned char buffer[LWS_PRE + 2048];
-    unsigned char *at = buffer + LWS_PRE, *start = at, *end = buffer + sizeof buffer - 1;
-    bool failed =
-        lws_add_http_common_headers(connection, status, std::string(type).c_str(), body.size(), &at, end);
-    for (const auto& [name, value] : {std::pair{"content-security-policy:", policy},
-                                      {"referrer-policy:", "no-referrer"},
-                                      {"x-content-type-options:", "nosniff"},
-                                      {"cache-control:", "no-store"}})
-      failed =
-          failed || lws_add_http_header_by_name(connection, reinterpret_cast<const unsigned char*>(name),
-                                                reinterpret_cast<const unsigned char*>(value),
-                                                static_cast<int>(std::string_view(value).size()), &at, end);
-    if (failed || lws_finalize_write_http_header(connection, start, &at, end)) return 1;
+    if (!sendHead(connection, status, type, body.size())) return 1;
     responses[connection] = std::string(LWS_PRE, '\0') + std::string(body);
     lws_callback_on_writable(connection);
     return 0;

@@ -1,0 +1,49 @@
+// From a page's numbers to fingers of the device.
+#include "simulator/serve/page_fingers.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "simulator/device/usage_error.hpp"
+#include "simulator/input/fingers.hpp"
+#include "simulator/uikit/base/configuration.hpp"
+
+namespace sim::serve {
+namespace {
+
+constexpr int fingersPerPage = 10;
+
+int numberOf(std::uint32_t page, int own) { return static_cast<int>(page % 1000) * fingersPerPage + own; }
+
+}  // namespace
+
+void PageFingers::obey(std::uint32_t page, const Json& message) {
+  const int own = message.value("id").get<int>();
+  if (own < 0 || own >= fingersPerPage) throw UsageError(fmt::format("no finger has the number {}", own));
+  const auto phase = message.value("phase").get<std::string>();
+  const CGSize screen = uikit::screenSize();
+  const CGPoint place{std::clamp<CGFloat>(message.value("x").get<double>(), 0, screen.width - 1),
+                      std::clamp<CGFloat>(message.value("y").get<double>(), 0, screen.height - 1)};
+  const Json force = message.value("force");
+  const double pressed = force.isNull() ? input::usualForce : force.get<double>();
+  if (phase == "down") {
+    input::fingerDown(numberOf(page, own), place, pressed);
+    down[page][own] = place;
+  } else if (phase == "move") {
+    input::fingerMove(numberOf(page, own), place, pressed);
+    down[page][own] = place;
+  } else {
+    down[page].erase(own);
+    input::fingerUp(numberOf(page, own), place);
+  }
+}
+
+void PageFingers::lift(std::uint32_t page) {
+  const auto found = down.find(page);
+  if (found == down.end()) return;
+  for (const auto& [own, place] : found->second) input::fingerUp(numberOf(page, own), place);
+  down.erase(found);
+}
+
+}  // namespace sim::serve
