@@ -29,8 +29,12 @@ class Served:
     """The program with a home screen that is served."""
 
     def __init__(self, program, *options):
-        self.process = subprocess.Popen([program, "--serve", *options], stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        self.address = self.process.stdout.readline().decode().strip()
+        self._start([program, "--serve", *options])
+
+    def _start(self, command, **where):
+        self.process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, **where)
+        # A script that builds before says so on lines of its own.
+        self.address = next((line.decode().strip() for line in self.process.stdout if line.startswith(b"http")), "")
         if not self.address:
             complaint = self.process.communicate()[1].decode()
             raise AssertionError(complaint)
