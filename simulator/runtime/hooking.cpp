@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 
 #include "bridge/replace.hpp"
 #include "simulator/runtime/export.hpp"
@@ -17,6 +18,17 @@ namespace {
 std::vector<Replacement>& all() {
   static auto& made = *new std::vector<Replacement>();
   return made;
+}
+
+// What is called by implementations that stand before others.
+std::map<IMP, IMP>& interposed() {
+  static auto& made = *new std::map<IMP, IMP>();
+  return made;
+}
+
+IMP behind(IMP implementation) {
+  const auto found = interposed().find(implementation);
+  return found == interposed().end() ? implementation : found->second;
 }
 
 // Those of devices are in memory that the dynamic linker knows nothing of.
@@ -38,7 +50,7 @@ const std::vector<Replacement>& replacements() { return all(); }
 std::vector<Replacement> replacementsOf(Class cls, SEL selector) {
   std::vector<Replacement> found;
   objc_method* method = cls ? class_getInstanceMethod(cls, selector) : nullptr;
-  IMP implementation = method ? method_getImplementation(method) : nullptr;
+  IMP implementation = method ? behind(method_getImplementation(method)) : nullptr;
   for (;;) {
     const auto made = std::ranges::find_if(all(), [&](const Replacement& each) {
       return each.implementation == implementation && sel_isEqual(each.selector, selector) &&
@@ -46,10 +58,29 @@ std::vector<Replacement> replacementsOf(Class cls, SEL selector) {
     });
     if (made == all().end() || found.size() == all().size()) break;
     found.push_back(*made);
-    implementation = made->previous;
+    implementation = behind(made->previous);
   }
   std::ranges::reverse(found);
   return found;
+}
+
+std::string methodName(Class cls, SEL selector) {
+  return (objc_getClass(class_getName(cls)) == cls ? "-" : "+") + std::string(sel_getName(selector));
+}
+
+IMP interpose(Class cls, SEL selector, IMP own) {
+  // A library that came while it stood there calls it.
+  if (std::ranges::find(all(), own, &Replacement::previous) != all().end()) return behind(own);
+  objc_method* method = class_getInstanceMethod(cls, selector);
+  const IMP before = method_getImplementation(method);
+  interposed()[own] = before;
+  bridge::setImplementation(cls, method, own);
+  return before;
+}
+
+void withdraw(Class cls, SEL selector, IMP own) {
+  objc_method* method = class_getInstanceMethod(cls, selector);
+  if (method_getImplementation(method) == own) bridge::setImplementation(cls, method, behind(own));
 }
 
 }  // namespace sim

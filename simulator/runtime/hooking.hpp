@@ -23,4 +23,13 @@ const std::vector<Replacement>& replacements();
  * the one before it, if it likes, and the first what was there before all of them. */
 std::vector<Replacement> replacementsOf(Class cls, SEL selector);
 
+/** Whether it is the class's own or its instances', as methods are written: "-name", "+name:". */
+std::string methodName(Class cls, SEL selector);
+
+/** Has `own` called for the message in place of what the class has for it, for whoever watches calls, and
+ * answers what that is; or gives it back. The replacements above look the same meanwhile. The class has the
+ * method itself. */
+IMP interpose(Class cls, SEL selector, IMP own);
+void withdraw(Class cls, SEL selector, IMP own);
+
 }  // namespace sim

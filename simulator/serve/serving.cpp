@@ -7,6 +7,7 @@
 #include <charconv>
 
 #include "simulator/device/usage_error.hpp"
+#include "simulator/serve/calls.hpp"
 #include "simulator/serve/server.hpp"
 
 namespace sim::serve {
@@ -62,6 +63,7 @@ bool serveInstead(const Options& options, const Program& program) {
 
 void addServing(Program& program) {
   add(program.options, std::span<const OptionRow>(rows));
+  add(program.pageMessages, callMessages());
   program.instead = serveInstead;
 }
 
