@@ -17,6 +17,11 @@ std::uint64_t nextContentsId() {
   return ++last;
 }
 
+std::uint64_t nextLayerId() {
+  static std::uint64_t last = 0;
+  return ++last;
+}
+
 template <class Predicate>
 std::vector<LayerAnimation> extract(std::vector<LayerAnimation>& animations, Predicate taken) {
   std::vector<LayerAnimation> result;
@@ -57,7 +62,7 @@ auto presentedAt(double now) {
 
 }  // namespace
 
-Layer::Layer() : contentsId(nextContentsId()) {}
+Layer::Layer() : id(nextLayerId()), contentsId(nextContentsId()) {}
 
 Layer::~Layer() {
   removeFromParent();

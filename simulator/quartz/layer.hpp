@@ -131,7 +131,7 @@ struct Layer : LayerValues {
   std::optional<double> animationsEnd() const;
 
  private:
-  friend class Renderer;
+  friend class Inside;
 
   CGRect frameOf(const LayerValues& values) const;
   void drawContent(double scale);
@@ -144,6 +144,7 @@ struct Layer : LayerValues {
   std::function<Surface()> image;  // asks for the image that has not been shown yet
   CGSize contentsSize{};           // points
   double drawnScale = 0;           // pixels per point of the drawing's picture; 0 when it has to be drawn
+  const std::uint64_t id;          // another one for every layer that ever was
   std::uint64_t contentsId;        // another one for every other content, over all layers
   std::unique_ptr<RenderCache> cache;
 };

@@ -1,6 +1,7 @@
 // Pixels that a cairo context touches.
 #include "simulator/quartz/pixels.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 #include "simulator/quartz/affine.hpp"
@@ -9,19 +10,20 @@
 namespace sim {
 namespace {
 
-CGAffineTransform currentTransform(cairo_t* context) {
-  cairo_matrix_t m;
-  cairo_get_matrix(context, &m);
-  return {m.xx, m.yx, m.xy, m.yy, m.x0, m.y0};
-}
-
-// The whole pixels that a rectangle of the current coordinates touches, with one to spare for soft edges.
-CGRect devicePixels(cairo_t* context, const CGRect& rect) {
-  const CGRect box = boundingBox(currentTransform(context), rect);
+// The whole pixels that a rectangle touches, with one to spare for soft edges.
+CGRect devicePixels(const cairo_matrix_t& m, const CGRect& rect) {
+  const CGRect box = boundingBox({m.xx, m.yx, m.xy, m.yy, m.x0, m.y0}, rect);
   const double left = std::floor(box.origin.x) - 1, top = std::floor(box.origin.y) - 1;
   return {{left, top},
           {std::ceil(box.origin.x + box.size.width) + 1 - left,
            std::ceil(box.origin.y + box.size.height) + 1 - top}};
+}
+
+// The same of the context's coordinates.
+CGRect devicePixels(cairo_t* context, const CGRect& rect) {
+  cairo_matrix_t current;
+  cairo_get_matrix(context, &current);
+  return devicePixels(current, rect);
 }
 
 }  // namespace
@@ -39,6 +41,16 @@ bool isOutsideClip(cairo_t* context, const CGRect& rect) {
   cairo_clip_extents(context, &left, &top, &right, &bottom);
   return box.origin.x >= right || box.origin.y >= bottom || box.origin.x + box.size.width <= left ||
          box.origin.y + box.size.height <= top;
+}
+
+PixelRect pixelsWithin(const PixelRect& clip, const cairo_matrix_t& matrix, const CGRect& rect) {
+  const CGRect box = devicePixels(matrix, rect);
+  const double left = std::max<double>(box.origin.x, clip.x), top = std::max<double>(box.origin.y, clip.y);
+  const double right = std::min<double>(box.origin.x + box.size.width, clip.x + clip.width);
+  const double bottom = std::min<double>(box.origin.y + box.size.height, clip.y + clip.height);
+  if (!(left < right && top < bottom)) return {};
+  return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
+          static_cast<int>(bottom - top)};
 }
 
 void clipToPixels(cairo_t* context, const CGRect& rect) {

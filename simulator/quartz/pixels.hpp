@@ -4,6 +4,7 @@
 #include <cairo.h>
 
 #include "platform/coregraphics/geometry.hpp"
+#include "simulator/quartz/region.hpp"
 
 namespace sim {
 
@@ -11,6 +12,8 @@ namespace sim {
 void applyTransform(cairo_t* context, const CGAffineTransform& t);
 /** Whether a rectangle of the current coordinates cannot touch a pixel that may be painted. */
 bool isOutsideClip(cairo_t* context, const CGRect& rect);
+/** The pixels of `clip` that a rectangle may touch that `matrix` takes to the screen. */
+PixelRect pixelsWithin(const PixelRect& clip, const cairo_matrix_t& matrix, const CGRect& rect);
 /** Lets only the whole pixels around the rectangle be painted: keeps a group's picture small. */
 void clipToPixels(cairo_t* context, const CGRect& rect);
 

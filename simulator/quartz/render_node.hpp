@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "simulator/quartz/layer.hpp"
+#include "simulator/quartz/region.hpp"
 
 namespace sim {
 
@@ -16,6 +17,18 @@ struct RenderNode {
   CGRect bodyExtents;  // all it and its children may paint, in its own coordinates, without its shadow
   CGRect extents;      // with it
   std::vector<RenderNode> children;
+
+  // What it keeps for the compositor, once that has been looked up.
+  RenderCache* cache = nullptr;
+  // Of a node of a display list: the pixels that it and its children may touch, and the entries that they
+  // have.
+  PixelRect reach{};
+  int first = 0,
+      end =
+          0;  // of all of them; the entry at `first` is its own, unless it paints nothing below its children
+  bool isWhole = false;    // one entry for all of it
+  bool hasGround = false;  // background and content
+  bool hasBorder = false;  // its last entry
 };
 
 /** How far, in points, anything is painted beyond a layer's bounds: further than the largest screen's 1366.

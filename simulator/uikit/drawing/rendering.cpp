@@ -3,8 +3,9 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <vector>
 
-#include "simulator/quartz/compositor.hpp"
+#include "simulator/quartz/screen.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/views/view.hpp"
 #include "simulator/uikit/views/window.hpp"
@@ -27,15 +28,11 @@ Surface renderScreen(double now) {
   layoutPass();
   const bridge::Pool pool;
   const CGSize pixels = screenPixels();
-  Surface screen = sim::makeImage(static_cast<int>(std::lround(pixels.width)),
-                                  static_cast<int>(std::lround(pixels.height)));
-  {
-    const Context context(screen.get());
-    setSource(context, blackColor);
-    cairo_paint(context);
-  }
-  for (const UIWindow window : windows()) composite(layerOf(window), now, screen.get(), nativeScale());
-  return screen;
+  std::vector<Layer*> roots;
+  for (const UIWindow window : windows()) roots.push_back(&layerOf(window));
+  static auto& screen = *new PaintedScreen;
+  return screen.draw(roots, now, static_cast<int>(std::lround(pixels.width)),
+                     static_cast<int>(std::lround(pixels.height)), nativeScale());
 }
 
 }  // namespace sim::uikit
