@@ -15,6 +15,12 @@ sim::Simulation& simulation();
 // The same with the library loaded and the home screen on display.
 sim::Simulation& started();
 
+// A line of a script.
+void step(const char* line);
+void openPanel();
+// If it is open.
+void closePanel();
+
 // A page's answer for its vertical padding.
 void verticalPaddingStock(benchmark::State& state);
 void verticalPaddingReplaced(benchmark::State& state);
@@ -23,7 +29,11 @@ void verticalPaddingReplaced(benchmark::State& state);
 void scrollStepStock(benchmark::State& state);
 void scrollStepReplaced(benchmark::State& state);
 
-// A frame of a screen of 750 x 1334 pixels while the panel springs in, drawn anew.
+// One copy of all of the screen's pixels, from memory to memory.
+void screenCopy(benchmark::State& state);
+// A frame of the screen while the panel springs in. Its counters tell the processor's time in such copies: on
+// average, the median, and of the first frame of each panel, whose views are drawn and whose shadow is
+// blurred.
 void panelFrame(benchmark::State& state);
 
 // A press on a plus button, from the finger's coming down to the stored value and the icons' new places.

@@ -4,6 +4,10 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace sim {
@@ -23,17 +27,60 @@ std::array<int, passes> boxWidths(double deviation) {
   return widths;
 }
 
-// One line of `count` values `step` apart, from `in` to `out`.
-void boxBlur(const float* in, float* out, int count, std::ptrdiff_t step, int width) {
-  const int half = width / 2;
-  const float share = 1.0f / static_cast<float>(width);
+// The values of a picture, row by row, and room for as many.
+struct Values {
+  Values(int across, int down)
+      : width(static_cast<std::size_t>(across)),
+        height(static_cast<std::size_t>(down)),
+        now(std::make_unique_for_overwrite<float[]>(width * height)),
+        next(std::make_unique_for_overwrite<float[]>(width * height)) {}
+
+  float* row(std::size_t y) { return &now[y * width]; }
+  float* nextRow(std::size_t y) { return &next[y * width]; }
+
+  const std::size_t width, height;
+  std::unique_ptr<float[]> now, next;
+};
+
+void blurRow(const float* in, float* out, std::size_t count, std::size_t half, float share) {
   double sum = 0;
-  for (int i = 0; i < half && i < count; ++i) sum += in[i * step];
-  for (int i = 0; i < count; ++i) {
-    if (i + half < count) sum += in[(i + half) * step];
-    if (i - half - 1 >= 0) sum -= in[(i - half - 1) * step];
-    out[i * step] = static_cast<float>(sum) * share;
+  for (std::size_t i = 0; i < half && i < count; ++i) sum += in[i];
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i + half < count) sum += in[i + half];
+    if (i > half) sum -= in[i - half - 1];
+    out[i] = static_cast<float>(sum) * share;
   }
+}
+
+// Most rows of a card are like the one above them.
+void blurAcross(Values& values, std::size_t half, float share) {
+  const std::size_t bytes = values.width * sizeof(float);
+  for (std::size_t y = 0; y < values.height; ++y) {
+    if (y > 0 && std::memcmp(values.row(y), values.row(y - 1), bytes) == 0)
+      std::memcpy(values.nextRow(y), values.nextRow(y - 1), bytes);
+    else
+      blurRow(values.row(y), values.nextRow(y), values.width, half, share);
+  }
+  std::swap(values.now, values.next);
+}
+
+// All columns side by side, which is what a processor's vector units are for.
+void blurDown(Values& values, std::size_t half, float share) {
+  const std::vector<float> none(values.width);
+  std::vector<double> sums(values.width);
+  const std::size_t width = values.width, height = values.height;
+  for (std::size_t y = 0; y < half && y < height; ++y)
+    for (std::size_t x = 0; x < width; ++x) sums[x] += values.row(y)[x];
+  for (std::size_t y = 0; y < height; ++y) {
+    const float* const comes = y + half < height ? values.row(y + half) : none.data();
+    const float* const goes = y > half ? values.row(y - half - 1) : none.data();
+    float* const out = values.nextRow(y);
+    for (std::size_t x = 0; x < width; ++x) {
+      sums[x] = sums[x] + comes[x] - goes[x];
+      out[x] = static_cast<float>(sums[x]) * share;
+    }
+  }
+  std::swap(values.now, values.next);
 }
 
 }  // namespace
@@ -45,30 +92,27 @@ Surface blurredAlpha(cairo_surface_t* image, double deviation) {
   const int width = cairo_image_surface_get_width(image), height = cairo_image_surface_get_height(image);
   const unsigned char* source = cairo_image_surface_get_data(image);
   const int sourceStride = cairo_image_surface_get_stride(image);
-  const std::size_t area = static_cast<std::size_t>(width) * height;
-  std::vector<float> values(area), other(area);
+  Values values(width, height);
   for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      const auto pixel = reinterpret_cast<const unsigned*>(source + std::ptrdiff_t{y} * sourceStride)[x];
-      values[static_cast<std::size_t>(y) * width + x] = static_cast<float>(pixel >> 24);
-    }
+    const auto* pixels = reinterpret_cast<const std::uint32_t*>(source + std::ptrdiff_t{y} * sourceStride);
+    float* const row = values.row(static_cast<std::size_t>(y));
+    for (int x = 0; x < width; ++x) row[x] = static_cast<float>(pixels[x] >> 24);
   }
   for (const int box : boxWidths(deviation)) {
     if (box <= 1) continue;
-    for (int y = 0; y < height; ++y) {
-      const std::size_t start = static_cast<std::size_t>(y) * width;
-      boxBlur(&values[start], &other[start], width, 1, box);
-    }
-    for (int x = 0; x < width; ++x) boxBlur(&other[x], &values[x], height, width, box);
+    const auto half = static_cast<std::size_t>(box / 2);
+    const float share = 1.0f / static_cast<float>(box);
+    blurAcross(values, half, share);
+    blurDown(values, half, share);
   }
   Surface result = adoptSurface(cairo_image_surface_create(CAIRO_FORMAT_A8, width, height));
   unsigned char* target = cairo_image_surface_get_data(result.get());
   const int stride = cairo_image_surface_get_stride(result.get());
   for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      target[std::ptrdiff_t{y} * stride + x] =
-          static_cast<unsigned char>(std::lround(values[static_cast<std::size_t>(y) * width + x]));
-    }
+    const float* const row = values.row(static_cast<std::size_t>(y));
+    unsigned char* const out = target + std::ptrdiff_t{y} * stride;
+    // Never below zero, so that this rounds to the nearest.
+    for (int x = 0; x < width; ++x) out[x] = static_cast<unsigned char>(static_cast<double>(row[x]) + 0.5);
   }
   cairo_surface_mark_dirty(result.get());
   return result;
