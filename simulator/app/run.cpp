@@ -12,6 +12,7 @@
 #include "simulator/app/simulation.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/appsupport/messaging_center.hpp"
+#include "simulator/crash/crash.hpp"
 #include "simulator/device/device_list.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/script.hpp"
@@ -84,6 +85,7 @@ void act(const Options& options, const Program& program) {
   // Files that the script names count from the folder of whoever wrote it, so it comes before the device's.
   std::optional<Script> script;
   if (options.script) script.emplace(options.script->string(), program.steps, serveUntilInput);
+  crash::tellOfFaults();
   Simulation simulation(options, program);
   if (options.orientation == Orientation::landscape && !options.device->homeScreenTurns)
     std::cerr << program.name << ": --orientation landscape: the home screen of the " << options.device->name

@@ -21,6 +21,8 @@ struct NSException : bridge::Face<"NSException", NSObject> {
 
 constexpr int exceptionStatus = 3;
 
+void (*tellMore)() = nullptr;
+
 // The exception that GNUstep is about to log and forget, by the formats of its messages.
 void endIfForgetting(const char* format, va_list arguments) {
   if (std::strstr(format, "ignoring exception '%@' (reason '%@')")) {
@@ -38,8 +40,11 @@ void endIfForgetting(const char* format, va_list arguments) {
 
 void endUncaught(NSString name, NSString reason) {
   std::fprintf(stderr, "%s: %s\n", name.UTF8String(), reason.UTF8String());
+  if (tellMore) tellMore();
   std::exit(exceptionStatus);
 }
+
+void whenUncaught(void (*tell)()) { tellMore = tell; }
 
 }  // namespace sim
 

@@ -8,4 +8,7 @@ namespace sim {
 // Says the exception's name and reason in a line on standard error and ends the process with status 3.
 [[noreturn]] void endUncaught(NSString name, NSString reason);
 
+// Has `tell` say more between the line and the end.
+void whenUncaught(void (*tell)());
+
 }  // namespace sim

@@ -14,13 +14,14 @@
 #include <system_error>
 
 #include "simulator/app/simulation.hpp"
+#include "simulator/crash/crash.hpp"
 #include "simulator/device/text.hpp"
 #include "simulator/serve/live_home.hpp"
 
 namespace sim::serve {
 namespace {
 
-constexpr std::size_t mostWords = 4000;
+constexpr std::size_t mostWords = 20'000;
 // Of a process that ends to start anew. A library that ends its process by itself has hardly this one.
 constexpr int relaunchStatus = 85;
 constexpr int ownEnd = 3;  // the descriptor under which the new process has its end of the channel
@@ -29,6 +30,7 @@ constexpr int ownEnd = 3;  // the descriptor under which the new process has its
   ::dup2(errors, STDERR_FILENO);
   ::dup2(socket, ownEnd);
   ::close_range(ownEnd + 1, ~0u, 0);
+  crash::tellOfFaults();
   int status = 0;
   try {
     Simulation simulation(options, program);
@@ -41,9 +43,16 @@ constexpr int ownEnd = 3;  // the descriptor under which the new process has its
   ::_exit(status);
 }
 
-std::string lastLine(std::string text) {
-  while (text.ends_with('\n')) text.pop_back();
-  return text.substr(text.rfind('\n') + 1);
+// The last line that is not indented, and those that are behind it.
+Fault lastSaid(std::string text) {
+  std::string trace;
+  for (;;) {
+    while (text.ends_with('\n')) text.pop_back();
+    std::string line = text.substr(text.rfind('\n') + 1);
+    if (!line.starts_with(' ')) return {messageLine(line), trace};
+    text.erase(text.size() - line.size());
+    trace.insert(0, line + '\n');
+  }
 }
 
 }  // namespace
@@ -99,16 +108,23 @@ bool HomeProcess::readErrors() {
   }
 }
 
-std::optional<std::string> HomeProcess::end() {
+std::optional<Fault> HomeProcess::end() {
   int status = 0;
   ::waitpid(std::exchange(process, -1), &status, 0);
   readErrors();
   if (WIFEXITED(status) && WEXITSTATUS(status) == relaunchStatus) return std::nullopt;
-  const std::string words = messageLine(lastLine(lastWords));
-  if (WIFSIGNALED(status))
-    return fmt::format("stopped by a signal, {}{}{}", strsignal(WTERMSIG(status)), words.empty() ? "" : ": ",
-                       words);
-  return words.empty() ? fmt::format("ended with status {}", WEXITSTATUS(status)) : words;
+  Fault fault = lastSaid(lastWords);
+  std::string& words = fault.reason;
+  if (WIFSIGNALED(status)) {
+    const std::string signal = strsignal(WTERMSIG(status));
+    const std::string more = words.starts_with(signal) ? words.substr(signal.size())
+                             : words.empty()           ? ""
+                                                       : ": " + words;
+    words = "stopped by a signal, " + signal + more;
+  } else if (words.empty()) {
+    words = fmt::format("ended with status {}", WEXITSTATUS(status));
+  }
+  return fault;
 }
 
 }  // namespace sim::serve

@@ -13,6 +13,11 @@
 
 namespace sim::serve {
 
+struct Fault {
+  std::string reason;  // a line
+  std::string trace;   // the lines of crash::tellOfFaults; none where it was killed, or said goodbye itself
+};
+
 class HomeProcess {
  public:
   /** Starts SpringBoard in a process of its own, which has nothing of this one's but the standard streams. */
@@ -35,8 +40,8 @@ class HomeProcess {
   /** Passes on what the process complains of, and remembers the last of it. */
   bool readErrors();
 
-  /** Waits for its end and tells why it has ended, in a line; nothing when it is to start anew. */
-  std::optional<std::string> end();
+  /** Waits for its end and tells why it has ended; nothing when it is to start anew. */
+  std::optional<Fault> end();
 
  private:
   pid_t process = -1;

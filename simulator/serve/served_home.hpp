@@ -39,8 +39,8 @@ class ServedHome {
   bool readErrors() { return process->readErrors(); }
   void lostHold(const lws* adopted);
 
-  /** Why the process has ended by itself, in a line; nothing when it is to start anew. */
-  std::optional<std::string> whyItEnded() { return process->end(); }
+  /** Why the process has ended by itself, and nothing when it is to start anew. */
+  std::optional<Fault> whyItEnded() { return process->end(); }
   /** Whether it is worth starting again without libraries. */
   bool mayComeBack() const;
 

@@ -96,11 +96,12 @@ class Server {
 
   // SpringBoard has ended by itself. Unless it was asked to, it comes back without libraries, as on a phone.
   void homeEnded() {
-    const std::optional<std::string> fault = home.whyItEnded();
+    const std::optional<Fault> fault = home.whyItEnded();
     if (!fault) return startHome(false);
     const bool again = home.mayComeBack();
-    pages.tellAll(Place::first, {{"type", "ended"}, {"reason", *fault}, {"safe", again}});
-    std::cerr << program.name << ": SpringBoard has ended: " << *fault
+    pages.tellAll(Place::first,
+                  {{"type", "ended"}, {"reason", fault->reason}, {"trace", fault->trace}, {"safe", again}});
+    std::cerr << program.name << ": SpringBoard has ended: " << fault->reason
               << (again ? "; it starts again without libraries" : "") << std::endl;
     home.end();
     if (again) startHome(true);

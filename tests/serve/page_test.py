@@ -148,6 +148,12 @@ class Page(PageTest):
         self.browser.open(served.address)
         self.await_text("state", "Safe mode")
         self.assertFalse(self.report()["loaded"])
+        # It is loaded again on demand, which this one does not survive either.
+        self.press("respring")
+        eventually(lambda: "ending_library.cpp:" in self.text("trouble"), "the place")
+        self.await_text("state", "Safe mode")
+        self.assertIn("Aborted", self.text("trouble"))
+        self.photograph("page-crash.png")
 
     def test_springboard_that_ends_says_why_and_comes_back(self):
         served = self.serve(*SWITCHED_ON)

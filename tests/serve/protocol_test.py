@@ -381,13 +381,21 @@ class Living(unittest.TestCase):
         finally:
             del os.environ["ENDS_QUIETLY"]
 
+    def test_a_library_that_ends_it_is_told_with_the_place(self):
+        with Served(PROGRAM, "--library", ENDING_LIBRARY) as served, served.socket() as page:
+            self.assertTrue(eventually(lambda: page.until("started")["safe"], "safe mode"))
+            page.send(type="respring")
+            ended = page.until("ended")
+            self.assertEqual(ended["reason"], "stopped by a signal, Aborted")
+            self.assertIn("    end at ending_library.cpp:", ended["trace"])
+
     def test_what_ended_it_is_told(self):
         with Served(PROGRAM, *SWITCHED_ON) as served, served.socket() as page:
             page.report()
             (home,) = served.home_processes()
             os.kill(home, 9)
             ended = page.until("ended")
-            self.assertEqual(ended["reason"], "stopped by a signal, Killed")
+            self.assertEqual((ended["reason"], ended["trace"]), ("stopped by a signal, Killed", ""))
             self.assertTrue(ended["safe"])
             self.assertTrue(page.until("started")["safe"])
             page.send(type="respring")

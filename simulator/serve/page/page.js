@@ -39,9 +39,10 @@ function begin(message) {
   fillChoices(element('device'), element('system'), message);
 }
 
-function tellOfTheEnd({reason, safe}) {
+function tellOfTheEnd({reason, trace, safe}) {
   element('trouble').hidden = false;
-  element('trouble').textContent = `SpringBoard has ended: ${reason}` +
+  element('trace').textContent = trace;
+  element('why').textContent = `SpringBoard has ended: ${reason}` +
       (safe ? '. It is back in safe mode, without libraries; "Respring" loads them again.' : '.');
 }
 

@@ -1,4 +1,4 @@
-// A library that raises an exception which nobody catches. RAISE_FROM names the place.
+// A library that raises an exception which nobody catches, or crashes. RAISE_FROM names the place.
 #include <cstdlib>
 #include <string_view>
 
@@ -41,6 +41,10 @@ CGFloat raiseForPadding(SBIconListView) {
   return 0;
 }
 
+CGFloat faultForPadding(SBIconListView) { return *reinterpret_cast<volatile CGFloat*>(4096); }
+
+CGFloat deeperForPadding(SBIconListView self) { return self.verticalIconPadding() + 1; }
+
 void raiseForAppearance(SBIconController, BOOL) { raise(); }
 
 SEL action() { return bridge::selector<"raise:">(); }
@@ -64,6 +68,11 @@ __attribute__((constructor)) void choosePlace() {
         [] { UIView::animateWithDuration_animations(0.5, bridge::Block<void()>([] { raise(); })); });
   if (place == "layout")
     bridge::install(bridge::replace<SBIconListView, &SBIconListView::verticalIconPadding, raiseForPadding>());
+  if (place == "fault")
+    bridge::install(bridge::replace<SBIconListView, &SBIconListView::verticalIconPadding, faultForPadding>());
+  if (place == "depth")
+    bridge::install(
+        bridge::replace<SBIconListView, &SBIconListView::verticalIconPadding, deeperForPadding>());
   if (place == "appearance")
     bridge::install(
         bridge::replace<SBIconController, &UIViewController::viewDidAppear, raiseForAppearance>());
