@@ -6,6 +6,7 @@
 #include "bridge/strong.hpp"
 #include "platform/foundation/string.hpp"
 #include "simulator/app/invocation.hpp"
+#include "simulator/app/replaced_answers.hpp"
 #include "simulator/app/simulation.hpp"
 #include "simulator/app/steps.hpp"
 #include "simulator/device/usage_error.hpp"
@@ -47,16 +48,27 @@ Object meaningOf(const std::string& word) {
   return settingObject(settingValue(word));
 }
 
+std::vector<std::string> wordsFrom(const Step& step, std::size_t first) {
+  std::vector<std::string> words;
+  for (std::size_t i = first; i < step.arguments.size(); ++i) words.push_back(step.text(i));
+  return words;
+}
+
 // What stands in the step from there on: a message and its arguments.
 Answer send(Object target, const Step& step, std::size_t first) {
-  std::vector<std::string> words;
-  for (std::size_t i = first + 1; i < step.arguments.size(); ++i) words.push_back(step.text(i));
-  return invoke(target, step.text(first), words, meaningOf);
+  return invoke(target, step.text(first), wordsFrom(step, first + 1), meaningOf);
 }
 
 void sendAndTell(Simulation&, const Step& step) {
   const Answer answer = send(targetNamed(step.text(0)), step, 1);
   if (answer.type[0] != 'v') told().push_back(Json{{"message", step.text(1)}, {"value", answer.value}});
+  settle();
+}
+
+void traceAndTell(Simulation&, const Step& step) {
+  Json given = replacedAnswers(targetNamed(step.text(0)), step.text(1), wordsFrom(step, 2), meaningOf);
+  const Json value = given.back().at("value");
+  told().push_back(Json{{"message", step.text(1)}, {"value", value}, {"given", std::move(given)}});
   settle();
 }
 
@@ -104,6 +116,11 @@ constexpr StepRow rows[] = {
      "a message to what has that name or to a class; the object that it answers gets the name", "none"},
     {"send", sendAndTell, withMany(value, kindOfThing, message),
      "a message; what it answers goes into the report's `answers`", "none"},
+    {"trace", traceAndTell, withMany(value, kindOfThing, message),
+     "the same, along with `given`: what SpringBoard answers by itself, and what each library that has "
+     "replaced the method "
+     "makes of it, in their order",
+     "none"},
     {"drop", drop, with(kinds::word), "what has that name is released, and the name free", "none"},
 };
 

@@ -94,7 +94,7 @@ constexpr ReportRow rows[] = {
      "every call of SpringBoard's relayout entry points (SpringBoard itself makes none): `page`, `duration` "
      "in seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},
     {"answers", [](Simulation&) { return answers(); },
-     "what the step `send` was answered, in order: `message` and `value`"},
+     "what the step `send` was answered, in order: `message` and `value`; of the step `trace` also `given`"},
     {"time", [](Simulation&) { return number(clock::now()); }, "seconds since the start"},
 };
 

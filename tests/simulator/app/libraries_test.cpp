@@ -81,4 +81,42 @@ TEST(Libraries, ThatReplaceWhatIsNotThereAreNamedWhenThatEndsTheProcess) {
   EXPECT_NE(run.errors.find(fs::path(REPLACING_NOTHING).stem()), std::string::npos) << run.errors;
 }
 
+Json traced(const Options& options, const std::string& script) {
+  return reportOf(options, script)["answers"][0];
+}
+
+TEST(Libraries, AreNamedWithWhatEachMakesOfAnAnswer) {
+  const double stock = padding({"--stock"});
+  const Json told = traced({"--library", ADDING_TEN, "--library", DOUBLING},
+                           "keep home SBIconController sharedInstance\nkeep list home currentRootIconList\n"
+                           "trace list verticalIconPadding\nsend list verticalIconPadding\n");
+  EXPECT_EQ(told["value"], (stock + 10) * 2);
+  EXPECT_EQ(told["given"],
+            (Json{{{"by", "SpringBoard"}, {"value", stock}},
+                  {{"by", fs::path(ADDING_TEN).stem().string() + ".dylib"}, {"value", stock + 10}},
+                  {{"by", fs::path(DOUBLING).stem().string() + ".dylib"}, {"value", (stock + 10) * 2}}}));
+}
+
+TEST(Libraries, AreNamedForMethodsOfClassesToo) {
+  const Json told = traced({"--set", "enabled=YES", "--set", "icons=YES", "--set", "rows=3"},
+                           "trace SBIconListView iconRowsForInterfaceOrientation: 1\n");
+  EXPECT_EQ(told["given"],
+            (Json{{{"by", "SpringBoard"}, {"value", 6}}, {{"by", "Tilo.dylib"}, {"value", told["value"]}}}));
+  EXPECT_NE(told["value"], 6);
+}
+
+TEST(Libraries, ThatReplaceNothingThereAreNotNamed) {
+  const Json told = traced({}, "trace UIScreen mainScreen\n");
+  EXPECT_EQ(told["given"], (Json{{{"by", "SpringBoard"}, {"value", "UIScreen"}}}));
+}
+
+TEST(Libraries, AnswerAsBeforeWhenTheyHaveBeenAskedOneByOne) {
+  const Json told = reportOf({"--library", ADDING_TEN, "--library", DOUBLING},
+                             "keep home SBIconController sharedInstance\nkeep list home currentRootIconList\n"
+                             "trace list verticalIconPadding\ntrace list verticalIconPadding\n"
+                             "send list verticalIconPadding\n")["answers"];
+  EXPECT_EQ(told[0], told[1]);
+  EXPECT_EQ(told[2]["value"], told[0]["value"]);
+}
+
 }  // namespace
