@@ -28,6 +28,7 @@ struct Options {
   int pages = 3;                              // at least, 1 to 15; icons alone take as few as they need
   std::optional<int> icons;                   // in all; none: as many as fill the pages
   std::optional<std::filesystem::path> root;  // none: a temporary one
+  bool again = false;  // with these options it has started before: files that they ask for are there
   bool stock = false;
   bool installed = false;  // what the root holds is loaded, and nothing put there
   bool iconSupport = false;

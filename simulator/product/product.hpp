@@ -19,6 +19,7 @@ StepTable settingsSteps();
 StepTable paneSteps();
 
 std::span<const PageMessage> settingsMessages();
+std::span<const PageMessage> fileMessages();
 
 std::span<const ReportRow> hooksKeys();
 std::span<const ReportRow> framingKeys();

@@ -26,6 +26,7 @@ Program made() {
     add(program.steps, rows);
   add(program.options, startFileOptions());
   add(program.pageMessages, settingsMessages());
+  add(program.pageMessages, fileMessages());
   addAfter("classColumns", program.report, hooksKeys());
   addAfter("pageDots", program.report, framingKeys());
   addAfter("framing", program.report, panelKeys());

@@ -90,6 +90,7 @@ void putPreferences(Simulation& simulation) {
   const std::string place = simulation.fileSystem().hostPath(preferencesPath);
   const std::string base = fileOf(simulation.startOptions(), "--prefs");
   const std::vector<Setting> settings = settingsOf(simulation.startOptions());
+  if (simulation.startOptions().again) return;
   if (!settings.empty()) return writePreferenceFile(place, base, settings);
   if (base.empty()) return;
   checkPreferenceFile(base);
@@ -100,7 +101,7 @@ void putPresets(Simulation& simulation) {
   const fs::path place = simulation.fileSystem().hostPath(presetsPath);
   removeUnfinishedFiles(place.parent_path());
   const std::string given = fileOf(simulation.startOptions(), "--presets");
-  if (given.empty()) return;
+  if (given.empty() || simulation.startOptions().again) return;
   fs::create_directories(place.parent_path());
   std::ofstream file(place, std::ios::binary);
   if (!(file << contents(given) << std::flush)) throw UsageError("cannot write '" + place.string() + "'");

@@ -53,6 +53,21 @@ constexpr char tree[] = {
 constexpr char tools[] = {
 #embed "page/tools.css"
 };
+constexpr char console[] = {
+#embed "page/console.js"
+};
+constexpr char layouts[] = {
+#embed "page/layouts.js"
+};
+constexpr char animation[] = {
+#embed "page/animation.js"
+};
+constexpr char compare[] = {
+#embed "page/compare.js"
+};
+constexpr char record[] = {
+#embed "page/record.js"
+};
 #pragma clang diagnostic pop
 
 template <std::size_t count>
@@ -76,6 +91,11 @@ constexpr Row rows[] = {
     {"settings.js", text(settings)},
     {"steps.js", text(steps)},
     {"facts.js", text(facts)},
+    {"animation.js", text(animation)},
+    {"compare.js", text(compare)},
+    {"record.js", text(record)},
+    {"console.js", text(console)},
+    {"layouts.js", text(layouts)},
     {"inspector.js", text(inspector)},
     {"tabs.js", text(tabs)},
     {"tree.js", text(tree)},

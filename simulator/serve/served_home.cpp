@@ -25,8 +25,9 @@ void ServedHome::start(lws_vhost* loop, bool safely) {
   end();
   isSafe = safely;
   Options own = options;
-  own.stock = stock || isSafe;
+  own.stock = own.stock || isSafe;  // safe mode is for a time
   process = std::make_unique<HomeProcess>(own, program);
+  options.again = true;
   started = seconds();
   channel = adopt(loop, process->messages());
   errors = adopt(loop, process->errors());
@@ -51,6 +52,8 @@ Json ServedHome::welcome() const {
           {"ios", options.ios.text()},
           {"rounded", options.device->hasSafeAreas()},
           {"safe", isSafe},
+          {"stock", options.stock},
+          {"running", isRunning()},
           {"messages", Json(std::move(messages))},
           {"devices", Json(std::move(devices))}};
 }
@@ -58,12 +61,17 @@ Json ServedHome::welcome() const {
 void ServedHome::send(const Envelope& envelope) {
   if (!process) return;
   process->send(envelope);
-  if (process->hasToWrite() && channel) lws_callback_on_writable(channel);
+  goOnWriting();
 }
 
 void ServedHome::write() {
   process->write();
-  if (process->hasToWrite()) lws_callback_on_writable(channel);
+  // The loop forgets what is asked of it while it tells of this very thing: it is asked on its next round.
+  if (process->hasToWrite()) lws_cancel_service(lws_get_context(channel));
+}
+
+void ServedHome::goOnWriting() {
+  if (process && process->hasToWrite() && channel) lws_callback_on_writable(channel);
 }
 
 void ServedHome::lostHold(const lws* adopted) {

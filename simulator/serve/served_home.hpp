@@ -14,8 +14,7 @@ namespace sim::serve {
 class ServedHome {
  public:
   /** The program outlives it. */
-  ServedHome(const Options& start, const Program& tables)
-      : options(start), program(tables), stock(start.stock) {}
+  ServedHome(const Options& start, const Program& tables) : options(start), program(tables) {}
 
   // What the next start goes by.
   Options options;
@@ -36,6 +35,8 @@ class ServedHome {
   bool hasMessagesAt(const lws* adopted) const { return adopted == channel; }
   bool hasErrorsAt(const lws* adopted) const { return adopted == errors; }
   void write();
+  /** Asks to be told when more can be written, where there is more. */
+  void goOnWriting();
   bool readErrors() { return process->readErrors(); }
   void lostHold(const lws* adopted);
 
@@ -46,7 +47,6 @@ class ServedHome {
 
  private:
   const Program& program;
-  const bool stock;  // as the options ask; safe mode is for a time
   std::unique_ptr<HomeProcess> process;
   lws *channel = nullptr, *errors = nullptr;
   double started = 0;

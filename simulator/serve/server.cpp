@@ -9,17 +9,16 @@
 #include <map>
 
 #include "simulator/app/libraries.hpp"
-#include "simulator/device/temporary_root.hpp"
 #include "simulator/device/text.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/json/json.hpp"
 #include "simulator/serve/connection.hpp"
 #include "simulator/serve/gate.hpp"
+#include "simulator/serve/homes.hpp"
 #include "simulator/serve/library_watch.hpp"
 #include "simulator/serve/page_files.hpp"
 #include "simulator/serve/pages.hpp"
 #include "simulator/serve/response.hpp"
-#include "simulator/serve/served_home.hpp"
 
 namespace sim::serve {
 namespace {
@@ -27,6 +26,8 @@ namespace {
 constexpr unsigned mostDescriptors = 128;
 constexpr unsigned patience = 10;      // seconds for half a request
 constexpr double watchInterval = 0.5;  // seconds
+
+constexpr const char* secondProtocol = "tilo-second";  // of pages that look at the second home screen
 
 volatile sig_atomic_t interrupted = 0;
 
@@ -39,15 +40,16 @@ std::vector<std::filesystem::path> librariesOf(const Options& options, const Pro
 class Server {
  public:
   Server(const Options& start, const Program& tables, const Listening& listening)
-      : program(tables), home(withRoot(start), tables), watching(listening.watch) {
+      : homes(start, tables, pages), watching(listening.watch), watch(librariesOf(start, tables)) {
     open(listening);
     ::signal(SIGINT, [](int) { interrupted = 1; });
     ::signal(SIGTERM, [](int) { interrupted = 1; });
-    startHome(false);
+    homes.use(vhost);
+    homes.start(Place::first, false);
     std::cout << gate->address() << std::endl;
   }
   ~Server() {
-    home.end();
+    homes.end();
     lws_context_destroy(context);
   }
 
@@ -58,16 +60,11 @@ class Server {
   }
 
  private:
-  // The root outlives the process that lives in it.
-  Options withRoot(Options options) {
-    if (!options.root) options.root = temporary.emplace().path();
-    return options;
-  }
-
   void open(const Listening& listening) {
     lws_set_log_level(0, nullptr);
     static const lws_protocols protocols[] = {{"http", callback, 0, 4096, 0, nullptr, 0},
                                               {"tilo", callback, 0, 65536, 0, nullptr, 0},
+                                              {secondProtocol, callback, 0, 65536, 0, nullptr, 0},
                                               {"home", callback, 0, 4096, 0, nullptr, 0},
                                               {nullptr, nullptr, 0, 0, 0, nullptr, 0}};
     lws_context_creation_info info{};
@@ -86,38 +83,10 @@ class Server {
     gate.emplace(listening.address, lws_get_vhost_listen_port(vhost));
   }
 
-  // The process with the home screen.
-
-  void startHome(bool safely) {
-    home.start(vhost, safely);
-    pages.tellAll(Place::first, home.welcome());
-    for (const std::uint32_t page : pages.at(Place::first)) home.send({page, true, R"({"type":"join"})"});
-  }
-
-  // SpringBoard has ended by itself. Unless it was asked to, it comes back without libraries, as on a phone.
-  void homeEnded() {
-    const std::optional<Fault> fault = home.whyItEnded();
-    if (!fault) return startHome(false);
-    const bool again = home.mayComeBack();
-    pages.tellAll(Place::first,
-                  {{"type", "ended"}, {"reason", fault->reason}, {"trace", fault->trace}, {"safe", again}});
-    std::cerr << program.name << ": SpringBoard has ended: " << fault->reason
-              << (again ? "; it starts again without libraries" : "") << std::endl;
-    home.end();
-    if (again) startHome(true);
-  }
-
-  bool readHome() {
-    const bool alive = home.read();
-    while (const auto envelope = home.next()) pages.pass(Place::first, *envelope);
-    if (!alive) homeEnded();
-    return alive;
-  }
-
   void watchLibraries() {
     timer.cb = [](lws_sorted_usec_list_t* list) {
       auto& server = *reinterpret_cast<Timer*>(list)->server;
-      if (server.watch.haveChanged()) server.startHome(false);
+      if (server.watch.haveChanged()) server.homes.startAnew();
       server.watchLibraries();
     };
     lws_sul_schedule(context, 0, &timer, timer.cb, static_cast<lws_usec_t>(watchInterval * 1e6));
@@ -126,18 +95,21 @@ class Server {
   // Pages.
 
   int join(lws* connection) {
-    const Page* page = pages.add(connection, Place::first);
+    const bool isSecond = lws_get_protocol(connection)->name == std::string_view(secondProtocol);
+    const Page* page = pages.add(connection, isSecond ? Place::second : Place::first);
     if (!page) return refuse(connection, "there are too many pages already");
-    pages.tell(connection, home.welcome());
-    home.send({page->number, true, R"({"type":"join"})"});
+    pages.tell(connection, homes.at(page->home).welcome());
+    homes.at(page->home).send({page->number, true, R"({"type":"join"})"});
     return 0;
   }
 
   void leave(lws* connection) {
     const Page* page = pages.of(connection);
     if (!page) return;
-    home.send({page->number, true, R"({"type":"leave"})"});
+    const Place place = page->home;
+    homes.at(place).send({page->number, true, R"({"type":"leave"})"});
     pages.remove(connection);
+    if (place == Place::second && pages.at(place).empty()) homes.at(place).end();
   }
 
   int receive(lws* connection, const char* bytes, std::size_t count) {
@@ -162,7 +134,8 @@ class Server {
     try {
       obey(page, *message, text);
     } catch (const UsageError& error) {
-      pages.tell(connection, {{"type", "refused"}, {"reason", messageLine(error.what())}});
+      pages.tell(connection,
+                 {{"type", "refused"}, {"id", message->value("id")}, {"reason", messageLine(error.what())}});
     } catch (const JsonError& error) {
       return refuse(connection, messageLine(error.what()));
     }
@@ -173,20 +146,16 @@ class Server {
     const auto type = message.value("type").get<std::string>();
     if (type == "quit") {
       isOver = true;
-    } else if (type == "respring") {
-      startHome(message.value("safe") == Json(true));
     } else if (type == "device") {
-      const Device& device = findDevice(message.value("device").get<std::string>());
-      const Json ios = message.value("ios");
-      const Version version =
-          ios.isNull() ? device.defaultVersion() : findVersion(device, ios.get<std::string>());
-      home.options.device = &device;
-      home.options.ios = version;
-      startHome(false);
+      homes.startAs(page.home, message);
+    } else if (!homes.at(page.home).isRunning()) {
+      throw UsageError("there is no SpringBoard");
+    } else if (type == "respring") {
+      homes.start(page.home, message.value("safe") == Json(true));
     } else if (type == "join" || type == "leave") {
       throw UsageError(fmt::format("'{}' is not for pages to say", type));
     } else {
-      home.send({page.number, true, text});
+      homes.at(page.home).send({page.number, true, text});
     }
   }
 
@@ -245,13 +214,15 @@ class Server {
         leave(connection);
         return 0;
       case LWS_CALLBACK_RAW_RX_FILE:
-        if (home.hasMessagesAt(connection)) return readHome() ? 0 : -1;
-        return home.hasErrorsAt(connection) && home.readErrors() ? 0 : -1;
+        return homes.read(connection) ? 0 : -1;
       case LWS_CALLBACK_RAW_WRITEABLE_FILE:
-        if (home.hasMessagesAt(connection)) home.write();
+        homes.write(connection);
+        return 0;
+      case LWS_CALLBACK_EVENT_WAIT_CANCELLED:
+        homes.goOn();
         return 0;
       case LWS_CALLBACK_RAW_CLOSE_FILE:
-        home.lostHold(connection);
+        homes.lostHold(connection);
         return 0;
       default:
         return 0;
@@ -267,16 +238,14 @@ class Server {
     Server* server;
   };
 
-  const Program& program;
-  std::optional<TemporaryRoot> temporary;
-  ServedHome home;
+  Pages pages;
+  Homes homes;
   const bool watching;
-  LibraryWatch watch{librariesOf(home.options, program)};
+  LibraryWatch watch;
   std::optional<Gate> gate;
   lws_context* context = nullptr;
   lws_vhost* vhost = nullptr;
   bool isOver = false;
-  Pages pages;
   std::map<lws*, std::string> responses;  // with room for the library in front
   Timer timer{{}, this};
 };

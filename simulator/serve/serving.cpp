@@ -8,6 +8,8 @@
 
 #include "simulator/device/usage_error.hpp"
 #include "simulator/serve/calls.hpp"
+#include "simulator/serve/console_lines.hpp"
+#include "simulator/serve/saved_steps.hpp"
 #include "simulator/serve/server.hpp"
 
 namespace sim::serve {
@@ -64,6 +66,8 @@ bool serveInstead(const Options& options, const Program& program) {
 void addServing(Program& program) {
   add(program.options, std::span<const OptionRow>(rows));
   add(program.pageMessages, callMessages());
+  add(program.pageMessages, consoleMessages());
+  add(program.pageMessages, savedStepMessages());
   program.instead = serveInstead;
 }
 

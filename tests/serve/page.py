@@ -17,7 +17,7 @@ DIFFERENCE = """
     const bytes = Uint8Array.from(atob(args[0]), (c) => c.charCodeAt(0));
     const image = await createImageBitmap(new Blob([bytes], {type: 'image/png'}),
                                           {colorSpaceConversion: 'none', premultiplyAlpha: 'none'});
-    const canvas = document.getElementById('screen');
+    const canvas = CANVAS;
     if (image.width !== canvas.width || image.height !== canvas.height)
       return `${image.width} x ${image.height} and ${canvas.width} x ${canvas.height}`;
     const other = new OffscreenCanvas(image.width, image.height).getContext('2d');
@@ -91,9 +91,9 @@ class PageTest(unittest.TestCase):
                          {"type": "pointerMove", "x": end[0], "y": end[1], "duration": duration},
                          {"type": "pointerUp", "button": 0})
 
-    def await_picture(self, expected):
+    def await_picture(self, expected, canvas="document.getElementById('screen')"):
         def is_equal():
-            self.difference = self.browser.run(DIFFERENCE, expected)
+            self.difference = self.browser.run(DIFFERENCE.replace("CANVAS", canvas), expected)
             return self.difference == 0
         try:
             eventually(is_equal, "the picture")

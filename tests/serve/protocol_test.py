@@ -5,6 +5,7 @@
 """
 import os
 import shutil
+import signal
 import socket
 import subprocess
 import sys
@@ -216,73 +217,6 @@ class Rudeness(unittest.TestCase):
             self.assertEqual(frames, 2)
 
 
-def tree_of(views):
-    """Every view in the trees, by its id."""
-    found = {}
-    for view in views:
-        found[view["id"]] = view
-        found.update(tree_of(view["children"]))
-    return found
-
-
-class Inspecting(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.served = cls.enterClassContext(Served(PROGRAM, *SWITCHED_ON, "--set", "icons=YES", "--set", "rows=5"))
-
-    def setUp(self):
-        self.page = self.enterContext(self.served.socket())
-
-    def seen_at(self, x, y):
-        views = tree_of(self.page.answer("views"))
-        return views[self.page.answer("view-at", x=x, y=y)]
-
-    def test_the_view_that_is_seen_at_a_point_is_the_one_in_front(self):
-        icon = self.page.report()["pages"][0]["icons"][0]["frame"]
-        x, y = icon[0] + 30, icon[1] + 30 + 18  # below the status bar
-        seen = self.seen_at(x, y)
-        self.assertEqual(seen["class"], "SBIconImageView")
-        left, top, width, height = seen["onScreen"]
-        self.assertTrue(left <= x < left + width and top <= y < top + height, seen)
-        self.page.step("swipe up")
-        self.page.step("wait 0.6")
-        panel = self.page.report()["panel"]["frame"]
-        self.assertEqual(self.seen_at(panel[0] + 5, panel[1] + panel[3] / 2)["onScreen"], panel)
-        self.page.step('tap "close"')
-        self.page.step("wait 0.6")
-
-    def test_a_point_beside_the_screen_has_no_view(self):
-        self.assertIsNone(self.page.answer("view-at", x=-3, y=10))
-        self.assertIsNone(self.page.answer("view-at", x=1e300, y=1e300))
-
-    def test_an_icon_tells_its_list_and_who_gave_each_answer(self):
-        icon = next(view for view in tree_of(self.page.answer("views")).values() if view["class"] == "SBIconView")
-        answer = self.page.answer("view", view=icon["id"])
-        self.assertEqual(answer["classes"][0], "SBIconView")
-        self.assertEqual(answer["classes"][-2:], ["UIResponder", "NSObject"])
-        self.assertEqual(answer["list"]["class"], "SBRootIconListView")
-        told = {each["message"]: each for each in answer["list"]["answers"]}
-        page = self.page.report()["pages"][0]
-        for message, key in (("-iconRowsForCurrentOrientation", "rows"), ("-iconColumnsForCurrentOrientation", "columns"),
-                             ("-verticalIconPadding", "verticalPadding"), ("-topIconInset", "topInset"),
-                             ("-horizontalIconPadding", "horizontalPadding"), ("-sideIconInset", "sideInset")):
-            self.assertAlmostEqual(told[message]["value"], page[key], msg=message)
-        by_class = told["+iconRowsForInterfaceOrientation:"]
-        self.assertEqual(by_class["given"], [{"by": "SpringBoard", "value": 6}, {"by": "Tilo.dylib", "value": 5}])
-        self.assertEqual(by_class["value"], 5)
-
-    def test_what_lies_in_no_list_has_no_answers(self):
-        (window, *_) = self.page.answer("views")
-        self.assertIsNone(self.page.answer("view", view=window["id"])["list"])
-
-    def test_wrong_questions_are_refused(self):
-        for kind, message, reason in (("view", {"view": "0x1"}, "no view has the id '0x1'"), ("view", {"view": 7}, ""),
-                                      ("view-at", {"x": "left", "y": 1}, ""), ("view-at", {}, "")):
-            with self.assertRaises(Refused) as refusal:
-                self.page.answer(kind, **message)
-            self.assertIn(reason, str(refusal.exception))
-
-
 class Living(unittest.TestCase):
     def test_time_is_the_wall_clock(self):
         with Served(PROGRAM) as served, served.socket() as page:
@@ -348,6 +282,16 @@ class Living(unittest.TestCase):
             fields = stat.read().rsplit(")", 1)[1].split()
         return int(fields[11]) + int(fields[12])
 
+    def test_a_long_message_comes_through_to_a_home_screen_that_was_busy(self):
+        with Served(PROGRAM) as served, served.socket() as page:
+            page.report()
+            (home,) = served.home_processes()
+            os.kill(home, signal.SIGSTOP)
+            page.send(type="step", id=1, step="x" * 1_000_000)
+            time.sleep(0.3)
+            os.kill(home, signal.SIGCONT)
+            self.assertIn("xxx", page.until("done")["error"])
+
     def test_respring_keeps_the_files(self):
         with Served(PROGRAM) as served, served.socket() as page:
             page.step("write rows=4")
@@ -356,6 +300,20 @@ class Living(unittest.TestCase):
             page.until("started")
             self.assertEqual(page.report()["preferences"]["rows"], 4)
             self.assertNotEqual(served.home_processes(), [first])
+
+    def test_files_that_options_put_there_are_put_there_once(self):
+        with tempfile.TemporaryDirectory() as folder:
+            presets = os.path.join(folder, "presets.json")
+            with open(presets, "w", encoding="utf-8") as out:
+                out.write('{"configurations": []}')
+            with Served(PROGRAM, "--set", "rows=4", "--presets", presets) as served, served.socket() as page:
+                page.step("write rows=5")
+                text = '{"configurations": [{"name": "One", "configuration": {}}]}'
+                page.answer("use-presets", text=text)
+                page.send(type="respring")
+                page.until("started")
+                self.assertEqual(page.report()["preferences"]["rows"], 5)
+                self.assertEqual(page.answer("presets"), text)
 
     def test_another_device_has_the_same_files(self):
         with Served(PROGRAM) as served, served.socket() as page:

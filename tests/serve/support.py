@@ -62,7 +62,12 @@ class Served:
                 return error.code, error.headers, error.read()
 
     def socket(self, **options):
-        return WebSocket(self, **options)
+        try:
+            return WebSocket(self, **options)
+        except ConnectionRefusedError:
+            # Whoever looks into a failed test wants to know what became of the program.
+            status = self.process.wait(PATIENCE)
+            raise AssertionError(f"ended with {status}: {self.process.stderr.read().decode()}") from None
 
     def home_processes(self):
         """The processes with home screens."""
@@ -77,13 +82,13 @@ class Refused(Exception):
 class WebSocket:
     """As much of RFC 6455 as a page uses, and as much of misusing it as tests do."""
 
-    def __init__(self, served, path=None, host=None, origin=None):
+    def __init__(self, served, path=None, host=None, origin=None, protocol="tilo"):
         self.socket = socket.create_connection((served.host, served.port), timeout=PATIENCE)
         self.rest = b""
         host = host or f"{served.host}:{served.port}"
         lines = [f"GET {served.path + 'socket' if path is None else path} HTTP/1.1", f"Host: {host}",
                  "Upgrade: websocket", "Connection: Upgrade", "Sec-WebSocket-Version: 13",
-                 "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==", "Sec-WebSocket-Protocol: tilo"]
+                 "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==", f"Sec-WebSocket-Protocol: {protocol}"]
         if origin:
             lines.append(f"Origin: {origin}")
         self.socket.sendall(("\r\n".join(lines) + "\r\n\r\n").encode())

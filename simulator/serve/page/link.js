@@ -7,9 +7,9 @@ export class Link {
 
   // What comes is heard by functions of `hearer`, each of which may be missing: started, ended, refused (with the
   // message), frame (with its bytes), closed (with the reason).
-  constructor(path, hearer) {
+  constructor(path, hearer, protocol = 'tilo') {
     this.#hearer = hearer;
-    this.#socket = new WebSocket(new URL(path, location.href.replace(/^http/, 'ws')), 'tilo');
+    this.#socket = new WebSocket(new URL(path, location.href.replace(/^http/, 'ws')), protocol);
     this.#socket.binaryType = 'arraybuffer';
     this.#socket.onmessage = ({data}) =>
         (typeof data === 'string' ? this.#hear(JSON.parse(data)) : hearer.frame?.(data));

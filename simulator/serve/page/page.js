@@ -1,12 +1,16 @@
 // The page: a phone with its buttons, and what stands beside it.
+import {Compare} from './compare.js';
+import {Console} from './console.js';
 import {fillChoices} from './devices.js';
 import {element} from './dom.js';
 import {takeInHand} from './hands.js';
 import {Inspector} from './inspector.js';
+import {bindLayouts} from './layouts.js';
 import {Link} from './link.js';
+import {bindRecord} from './record.js';
 import {Screen, fit} from './screen.js';
 import {Settings} from './settings.js';
-import {bindSteps, note, outcome} from './steps.js';
+import {Steps, attempt, note, outcome} from './steps.js';
 import {bindTabs, offerPanel} from './tabs.js';
 
 const canvas = element('screen');
@@ -19,7 +23,10 @@ const link = new Link('socket', {
   closed: (reason) => say(reason ? `Disconnected: ${reason}` : 'Disconnected'),
 });
 const settings = new Settings(link);
+const compare = new Compare(settings);
 const inspector = new Inspector(link, screen);
+const log = new Console(link);
+const steps = new Steps(link);
 let landscape = false, locked = false;
 
 function say(text) {
@@ -33,6 +40,9 @@ function begin(message) {
   offerPanel('settings', message.messages.includes('settings'));
   settings.refresh();
   inspector.look();
+  log.begin(message.messages);
+  steps.begin();
+  compare.firstStarted(message);
   document.title = `Tilo: ${message.device}, ${message.ios}`;
   if (!message.safe) element('trouble').hidden = true;
   say(message.safe ? 'Safe mode' : 'Running');
@@ -47,11 +57,12 @@ function tellOfTheEnd({reason, trace, safe}) {
 }
 
 function refit() {
-  const zoom = fit([screen]);
+  const zoom = fit([screen, ...compare.screens]);
   element('zoom').textContent = zoom === 1 ? '' : `${Math.round(zoom * 100)} %`;
 }
 window.addEventListener('resize', refit);
 screen.addEventListener('resize', refit);
+compare.addEventListener('resize', refit);
 
 let refreshing;
 screen.addEventListener('drawn', ({detail}) => {
@@ -63,14 +74,9 @@ screen.addEventListener('drawn', ({detail}) => {
 });
 screen.addEventListener('lost', ({detail}) => say(`A frame was lost: ${detail}`));
 
-async function press(line) {
+function press(line) {
   note(line);
-  try {
-    await link.step(line);
-    outcome('');
-  } catch (error) {
-    outcome(error.message, true);
-  }
+  return attempt(() => link.step(line));
 }
 
 element('home').onclick = () => press('home');
@@ -87,7 +93,8 @@ element('system').onchange = ({target}) =>
     link.send({type: 'device', device: element('device').value, ios: target.value});
 
 takeInHand(screen, link, note);
-bindSteps(link);
+bindLayouts(link);
+bindRecord(screen);
 bindTabs();
 
 window.tilo = {report: () => link.ask({type: 'report'}), step: (line) => link.step(line)};

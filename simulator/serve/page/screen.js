@@ -76,9 +76,12 @@ async function decode(data) {
 
 // As large as the devices, side by side, or as the window allows: with one zoom for all, which is answered.
 export function fit(screens) {
+  const {clientWidth, clientHeight} = document.documentElement;  // without scroll bars
   const narrow = window.innerWidth <= 500;
-  const gaps = narrow ? 0 : 50 + 54 * screens.length;
-  const room = {width: window.innerWidth - gaps, height: window.innerHeight - (narrow ? 0 : 190)};
+  // Beside it, where there is room for it: what page.css calls `aside`.
+  const beside = window.innerWidth > 1000 ? 486 : 0;
+  const gaps = narrow ? 0 : 40 + 54 * screens.length + beside;
+  const room = {width: clientWidth - gaps, height: clientHeight - (narrow ? 0 : 190)};
   const width = screens.reduce((sum, {points}) => sum + points.width, 0);
   const height = Math.max(...screens.map(({points}) => points.height));
   const zoom = Math.min(narrow ? 4 : 1, room.width / width, room.height / height);
