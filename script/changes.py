@@ -13,12 +13,13 @@ NEGATION = re.compile(r"!(?=[\w(])")
 CALL = re.compile(r"^[\w:<>.&*\[\]()\->, ]+\(.*\);$|^[\w:.\->*\[\]]+ [-+*/]?= .+;$|^(\+\+|--)[\w.]+;$")
 NO_CALL = re.compile(r"^(return|if|for|while|switch|case|break|continue|goto|else|const|constexpr|auto|static|using)\b")
 RETURN = re.compile(r"return (.+);$")
-ROW = re.compile(r"^\s*(/\*.*\*/\s*)?(\{.*\}|[\w:]+<.*>\(.*\)),$")
+ROW = re.compile(r"^\s*(\{.*\}|[\w:]+<.*>\(.*\)),$")
 
 
 def code_of(line):
     """The line without its comment and with its strings blanked, as long as it was."""
     blanked = re.sub(r'"(\\.|[^"\\])*"', lambda match: '"' + " " * (len(match.group()) - 2) + '"', line)
+    blanked = re.sub(r"/\*.*?\*/", lambda match: " " * len(match.group()), blanked)
     comment = blanked.find("//")
     return blanked if comment < 0 else blanked[:comment]
 

@@ -1,0 +1,149 @@
+"""Which test of the library comes by which line, and which to run for a change of a line."""
+import array
+import collections
+import difflib
+import hashlib
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+from library_copy import BUILD, COPY, KEPT, LIBRARY, Place, must
+
+TESTS = COPY / "tests" / "library"
+
+
+def digest(paths):
+    sum = hashlib.sha256()
+    for path in sorted(paths):
+        sum.update(path.read_bytes())
+    return sum.hexdigest()[:16]
+
+
+def plain(name):
+    """An instance of a parametrised test is named PREFIX/SUITE.NAME/NUMBER."""
+    return re.sub(r"/[^./]*$", "", re.sub(r"^[^./]*/", "", name))
+
+
+def texts_of_tests():
+    """{test: what its file holds, in short}, and {test: its file's name}; a test of an unknown file is in all of them."""
+    texts, files = collections.defaultdict(lambda: digest(TESTS.glob("*_test.cpp"))), {}
+    for file in TESTS.glob("*_test.cpp"):
+        text = digest([file])
+        for suite, name in re.findall(r"\bTEST(?:_F|_P)?\((\w+),\s*(\w+)\)", file.read_text()):
+            texts[f"{suite}.{name}"] = text
+            files[f"{suite}.{name}"] = file.stem
+    return texts, files
+
+
+def learn_lines(library):
+    """What each test comes by and how long it takes; learnt again for the tests whose file changed."""
+    texts, files = texts_of_tests()
+    names = must([BUILD / "library-tests", "--list"]).split("\n")[:-1]
+    current = {name: texts[plain(name)] for name in names}
+    kept = KEPT / "touched.json"
+    known = json.loads(kept.read_text()) if kept.exists() else {"texts": {}, "seconds": {}, "lines": {}, "sources": {}}
+    follow_edits(known)
+    new = [name for name in names if known["texts"].get(name) != current[name]]
+    if new:
+        run_noting(library, new, known)
+    known["texts"] = current
+    for told in (known["seconds"], known["lines"]):
+        for name in set(told) - set(names):
+            del told[name]
+    kept.write_text(json.dumps(known))
+    known["files"] = {name: files.get(plain(name)) for name in names}
+    return known
+
+
+def follow_edits(known):
+    """What a test came by when a source was another, it still comes by, wherever that stands now."""
+    sources = {str(path.relative_to(COPY)): path.read_text().splitlines() for folder in LIBRARY for path in (COPY / folder).rglob("*.[ch]pp")}
+    for path, now in sources.items():
+        before = known["sources"].get(path, now)
+        if before == now:
+            continue
+        place = {}
+        for what, begin, end, new, last in difflib.SequenceMatcher(None, before, now, autojunk=False).get_opcodes():
+            for line in range(begin, end):
+                place[line + 1] = (new + line - begin if what == "equal" else min(new, len(now) - 1)) + 1
+        for lines in known["lines"].values():
+            if path in lines:
+                lines[path] = sorted({place.get(line, line) for line in lines[path]})
+    known["sources"] = sources
+
+
+def run_noting(library, names, known):
+    place = Place("noting")
+    recorder = place.folder / "touched_lines.o"
+    must(["clang++-19", "-std=c++23", "-fPIC", "-O2", "-c", COPY / "script/touched_lines.cpp", "-o", recorder])
+    library.build(place, "-fsanitize-coverage=edge,trace-pc-guard", extra=[recorder])
+    folder, times, wanted = place.folder / "touched", place.folder / "times", place.folder / "names"
+    folder.mkdir()
+    wanted.write_text("\n".join(names) + "\n")
+    done = subprocess.run([place.tests, "--jobs", "2", "--times", times, "--names", wanted], cwd=COPY, capture_output=True, text=True,
+                          env={**os.environ, "TILO_TOUCHED": str(folder)})
+    failed = set(re.findall(r"^failed: (.+)$", done.stdout, re.MULTILINE))
+    for name in sorted(failed):
+        print(f"mutate: {name} fails as it stands, and is left out", file=sys.stderr)
+    for line in times.read_text().splitlines():
+        took, name = line.split(" ", 1)
+        known["seconds"][name] = float(took) / 1000
+    touched = {}
+    for file in folder.iterdir():
+        places = array.array("Q")
+        places.frombytes(file.read_bytes())
+        touched[file.name.replace("@", "/")] = set(places)
+    places = sorted(set().union(*touched.values()))
+    told = subprocess.run(["llvm-symbolizer-19", "--obj=" + str(place.library), "--output-style=JSON", "--no-inlines"],
+                          input="\n".join(hex(each - 1) for each in places), capture_output=True, text=True, cwd=COPY).stdout
+    where = {}
+    for each, line in zip(places, told.splitlines()):
+        for symbol in json.loads(line).get("Symbol", []):
+            path = pathlib.Path(os.path.normpath(BUILD / symbol["FileName"]))
+            if path.is_relative_to(COPY) and path.relative_to(COPY).parts[0] in LIBRARY:
+                where[each] = (str(path.relative_to(COPY)), {symbol.get("StartLine", 0), symbol["Line"]})
+    for name in names:
+        lines = collections.defaultdict(set)
+        for path, numbers in (where[each] for each in touched.get(name, ()) if each in where and name not in failed):
+            lines[path] |= numbers
+        known["lines"][name] = {path: sorted(numbers) for path, numbers in lines.items()}
+    shutil.rmtree(place.folder)
+
+
+class Choice:
+    """Which tests to run for a change of a source, the likeliest to notice it first."""
+
+    def __init__(self, known, path, outcomes):
+        self.seconds = known["seconds"]
+        self.texts = known["texts"]
+        self.by = collections.defaultdict(set)
+        for name, lines in known["lines"].items():
+            for line in lines.get(str(path), ()):
+                self.by[line].add(name)
+        self.kills = outcomes.kills(path)
+        # Files of tests that are named like it, then those that name it.
+        words = {word.rstrip("s") for word in path.stem.split("_") if len(word) > 3} | {path.stem}
+        text = {file.stem: file.read_text() for file in TESTS.glob("*_test.cpp")}
+        nearness = {stem: 0 if any(word in stem for word in words) else 1 if path.stem in text[stem] else 2 for stem in text}
+        self.far = {name: nearness.get(file, 2) for name, file in known["files"].items()}
+        # How much of what a test comes by is of this source.
+        self.share = {name: len(lines.get(str(path), ())) / (1 + sum(map(len, lines.values()))) for name, lines in known["lines"].items()}
+
+    def tests(self, first, last):
+        near = set()
+        before = [line for line in self.by if line <= first]
+        for line in range(max(before, default=first), last + 1):
+            near |= self.by.get(line, set())
+        others = set()
+        for line, tests in self.by.items():
+            if not near or first - 40 <= line <= last + 1:
+                others |= tests
+
+        def likelihood(name):
+            return -self.kills[name], name not in near, self.far[name], self.seconds.get(name, 0) > 1, -self.share[name]
+
+        return sorted(near | others, key=likelihood)
