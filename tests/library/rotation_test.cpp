@@ -4,7 +4,7 @@
 #include "bridge/replace.hpp"
 #include "platform/springboard/icon_controller.hpp"
 #include "platform/springboard/lock_screen.hpp"
-#include "tests/support/home.hpp"
+#include "tests/library/grid_home.hpp"
 
 namespace {
 
@@ -195,6 +195,22 @@ TEST(TurningTablet, LetsSpringBoardTurnFirst) {
   home.step("rotate portrait");
   EXPECT_EQ(System::calls, (Calls{"rotated from 1", "rotated from 3"}));
   EXPECT_EQ(System::heightFactorThen, 1536.0 / 688.0);
+}
+
+std::vector<double> factorsThen;
+void turnsItself(SBIconController self, NSInteger previous) {
+  factorsThen.push_back(heightFactor());
+  original<turnsItself>(self, previous);
+}
+
+// The message that every known system sends.
+TEST(TurningTablet, LetsSpringBoardsOwnMessageTurnFirst) {
+  test::Home home({"--device", "iPad Air 2"}, [](sim::Simulation&) {
+    test::standIn<SBIconController, &SBIconController::_didRotateFromInterfaceOrientation, turnsItself>();
+  });
+  home.step("rotate landscape");
+  home.step("rotate portrait");
+  EXPECT_EQ(factorsThen, (std::vector<double>{2048.0 / 568.0, 1536.0 / 688.0}));
 }
 
 TEST(TurningTablet, LaysOutEveryPageWhenItHasTurned) {

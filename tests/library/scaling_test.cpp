@@ -96,6 +96,14 @@ TEST(Scaling, IsInfiniteWithoutRowsOrColumns) {
   EXPECT_TRUE(std::isnan(adjustWidth(0, 3)));
 }
 
+// Nothing times infinity is no number.
+TEST(Scaling, OfALayoutWithoutLengthsMovesNothingWithoutRows) {
+  Home home(homeOptions("iPhone 7", {"enabled=YES", "icons=YES", "rows=0", "custom_preset=0"},
+                        test::withPresets({test::preset("flat", 0, 0, 0, 0, 0)})));
+  EXPECT_TRUE(std::isnan(adjustHeight(0, 0)));
+  EXPECT_EQ(home.page(0).verticalIconPadding(), 0);
+}
+
 TEST(Scaling, TakesACountBelowZeroWithoutItsSign) {
   Home home(withGrid("iPhone 7", "-3", "-1"));
   EXPECT_DOUBLE_EQ(adjustHeight(1e9, 0), 1e9 * (1334. / 1136) * 1.4 * (5. / 4294967293.));
