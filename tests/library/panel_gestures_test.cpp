@@ -82,6 +82,13 @@ TEST(TwoFingerTap, OpensThePanelWhereItIsWanted) {
   EXPECT_TRUE(panelIsShown(home));
 }
 
+TEST(TwoFingerTap, OfOneFingerOpensNothing) {
+  Home home(settings({"twoFinger=YES"}));
+  home.step("finger 1 down 187 500");
+  home.step("finger 1 up 187 500");
+  EXPECT_FALSE(panelIsShown(home));
+}
+
 TEST(TwoFingerTap, OpensNothingUntilAMessageAsksForIt) {
   Home home(settings());
   home.step("two-finger-tap");
