@@ -1,4 +1,5 @@
-// Linked into a library that holds many changes of one source: which of them the process is to have, 0 for none.
+// Linked into a library that holds many changes of one source: which of them the process is to have, 0 for
+// none.
 #include <cstdlib>
 
 extern "C" __attribute__((visibility("hidden"))) int tiloChange;

@@ -4,6 +4,7 @@ import collections
 import difflib
 import hashlib
 import json
+import math
 import os
 import pathlib
 import re
@@ -21,6 +22,11 @@ def digest(paths):
     for path in sorted(paths):
         sum.update(path.read_bytes())
     return sum.hexdigest()[:16]
+
+
+def words_of(text):
+    """Names in their parts, and numbers."""
+    return {word.lower() for word in re.findall(r"[A-Z]?[a-z]{2,}|[A-Z]{2,}|\d+(?:\.\d+)?", text)}
 
 
 def plain(name):
@@ -55,8 +61,21 @@ def learn_lines(library):
         for name in set(told) - set(names):
             del told[name]
     kept.write_text(json.dumps(known))
+    bodies = words_of_tests()
+    known["words"] = {name: bodies.get(plain(name), set()) | words_of(name) for name in names}
+    counts = collections.Counter(word for words in known["words"].values() for word in words)
+    known["rarity"] = {word: math.log(len(names) / count) for word, count in counts.items()}
     known["files"] = {name: files.get(plain(name)) for name in names}
     return known
+
+
+def words_of_tests():
+    found = {}
+    for file in TESTS.glob("*_test.cpp"):
+        for piece in re.split(r"^(?=TEST)", file.read_text(), flags=re.MULTILINE)[1:]:
+            suite, name = re.match(r"TEST(?:_F|_P)?\((\w+),\s*(\w+)\)", piece).groups()
+            found[f"{suite}.{name}"] = words_of(piece)
+    return found
 
 
 def follow_edits(known):
@@ -78,9 +97,15 @@ def follow_edits(known):
 
 def run_noting(library, names, known):
     place = Place("noting")
-    recorder = place.folder / "touched_lines.o"
-    must(["clang++-19", "-std=c++23", "-fPIC", "-O2", "-c", COPY / "script/touched_lines.cpp", "-o", recorder])
-    library.build(place, "-fsanitize-coverage=edge,trace-pc-guard", extra=[recorder])
+    noting = KEPT / f"noting-{digest(path for folder in LIBRARY for path in (COPY / folder).rglob('*.[ch]pp'))}.so"
+    if not noting.exists():
+        for old in KEPT.glob("noting-*.so"):
+            old.unlink()
+        recorder = place.folder / "touched_lines.o"
+        must(["clang++-19", "-std=c++23", "-fPIC", "-O2", "-c", COPY / "script/touched_lines.cpp", "-o", recorder])
+        library.build(place, "-fsanitize-coverage=edge,trace-pc-guard", extra=[recorder])
+        os.rename(place.library, noting)
+    library.take(place, noting)
     folder, times, wanted = place.folder / "touched", place.folder / "times", place.folder / "names"
     folder.mkdir()
     wanted.write_text("\n".join(names) + "\n")
@@ -118,6 +143,9 @@ class Choice:
     """Which tests to run for a change of a source, the likeliest to notice it first."""
 
     def __init__(self, known, path, outcomes):
+        self.lines = (COPY / path).read_text().splitlines()
+        self.words = known["words"]
+        self.rarity = known["rarity"]
         self.seconds = known["seconds"]
         self.texts = known["texts"]
         self.by = collections.defaultdict(set)
@@ -133,6 +161,11 @@ class Choice:
         # How much of what a test comes by is of this source.
         self.share = {name: len(lines.get(str(path), ())) / (1 + sum(map(len, lines.values()))) for name, lines in known["lines"].items()}
 
+    def about(self, first, last):
+        """The words of the lines and of the function's head, and of the tests that come by; how rare they are counts."""
+        head = next((line for line in reversed(self.lines[:first]) if re.match(r"[A-Za-z].*[({]", line)), "")
+        return words_of(" ".join([head, *self.lines[first - 1:last]]))
+
     def tests(self, first, last):
         near = set()
         before = [line for line in self.by if line <= first]
@@ -143,7 +176,10 @@ class Choice:
             if not near or first - 40 <= line <= last + 1:
                 others |= tests
 
+        words = self.about(first, last)
+
         def likelihood(name):
-            return -self.kills[name], name not in near, self.far[name], self.seconds.get(name, 0) > 1, -self.share[name]
+            said = sum(self.rarity[word] for word in words & self.words[name])
+            return name not in near, self.seconds.get(name, 0) > 1, self.far[name] - said - min(self.kills[name], 6) / 2, -self.share[name]
 
         return sorted(near | others, key=likelihood)

@@ -1,0 +1,89 @@
+// The panel says what it needs, and relies on nothing that views happen to begin with: a stranger's library
+// may have them begin otherwise.
+#include <gtest/gtest.h>
+
+#include "platform/uikit/page_control.hpp"
+#include "platform/uikit/slider.hpp"
+#include "tests/library/panel_home.hpp"
+
+namespace {
+
+using bridge::original;
+using test::PanelHome;
+
+bridge::Strong<UIView> idleView(UIView self, CGRect frame) {
+  auto made = original<idleView>(self, frame);
+  made->setUserInteractionEnabled(NO);
+  made->setAutoresizesSubviews(NO);
+  return made;
+}
+
+bridge::Strong<UIView> idleScrollView(UIScrollView self, CGRect frame) {
+  auto made = original<idleScrollView>(self, frame);
+  auto view = bridge::as<UIScrollView>(made.get());
+  view.setScrollEnabled(NO);
+  view.setUserInteractionEnabled(NO);
+  view.setBackgroundColor(UIColor::redColor());
+  return made;
+}
+
+bridge::Strong<UIView> pageControlOnItsThirdPage(UIPageControl self, CGRect frame) {
+  auto made = original<pageControlOnItsThirdPage>(self, frame);
+  auto control = bridge::as<UIPageControl>(made.get());
+  control.setNumberOfPages(3);
+  control.setCurrentPage(2);
+  return made;
+}
+
+bridge::Strong<UIView> lateSlider(UISlider self, CGRect frame) {
+  auto made = original<lateSlider>(self, frame);
+  auto slider = bridge::as<UISlider>(made.get());
+  slider.setContinuous(NO);
+  slider.setBackgroundColor(UIColor::redColor());
+  return made;
+}
+
+bool isClear(UIColor color) {
+  CGFloat red = 0, green = 0, blue = 0, alpha = 1;
+  color.getRed_green_blue_alpha(&red, &green, &blue, &alpha);
+  return alpha == 0;
+}
+
+TEST(PanelDefaults, OfItsCardAreItsOwn) {
+  PanelHome home;
+  test::standIn<UIView, &UIView::initWithFrame, idleView>();
+  home.open();
+  EXPECT_TRUE(home.panel().isUserInteractionEnabled());
+  EXPECT_TRUE(home.panel().autoresizesSubviews());
+}
+
+TEST(PanelDefaults, OfItsPagesAreItsOwn) {
+  PanelHome home;
+  test::standIn<UIScrollView, &UIView::initWithFrame, idleScrollView>();
+  home.open();
+  UIScrollView view = home.panel().scrollView();
+  EXPECT_TRUE(view.isScrollEnabled());
+  EXPECT_TRUE(view.isUserInteractionEnabled());
+  EXPECT_TRUE(isClear(view.backgroundColor()));
+}
+
+TEST(PanelDefaults, OfItsDotsAreItsOwn) {
+  PanelHome home;
+  test::standIn<UIPageControl, &UIView::initWithFrame, pageControlOnItsThirdPage>();
+  home.open();
+  EXPECT_EQ(home.panel().pageControl().numberOfPages(), 2);
+  EXPECT_EQ(home.panel().pageControl().currentPage(), 0);
+}
+
+TEST(PanelDefaults, OfItsSlidersAreItsOwn) {
+  PanelHome home;
+  test::standIn<UISlider, &UIView::initWithFrame, lateSlider>();
+  home.open();
+  for (tilo::ColorSlider slider : {home.panel().horSlider(), home.panel().vertSlider(),
+                                   home.panel().sideSlider(), home.panel().topSlider()}) {
+    EXPECT_TRUE(slider.isContinuous());
+    EXPECT_TRUE(isClear(slider.backgroundColor()));
+  }
+}
+
+}  // namespace
