@@ -1,6 +1,7 @@
 // A Gaussian blur by three box blurs.
 #include "simulator/quartz/blur.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -83,21 +84,30 @@ void blurDown(Values& values, std::size_t half, float share) {
   std::swap(values.now, values.next);
 }
 
-}  // namespace
+// The alpha of a picture, row by row.
+struct Shape {
+  int width, height;
+  std::vector<std::uint8_t> alpha;
+  bool operator==(const Shape&) const = default;
+};
 
-double blurReach(double deviation) { return 3 * deviation + 1; }
-
-Surface blurredAlpha(cairo_surface_t* image, double deviation) {
+Shape shapeOf(cairo_surface_t* image) {
   cairo_surface_flush(image);
   const int width = cairo_image_surface_get_width(image), height = cairo_image_surface_get_height(image);
-  const unsigned char* source = cairo_image_surface_get_data(image);
-  const int sourceStride = cairo_image_surface_get_stride(image);
-  Values values(width, height);
-  for (int y = 0; y < height; ++y) {
-    const auto* pixels = reinterpret_cast<const std::uint32_t*>(source + std::ptrdiff_t{y} * sourceStride);
-    float* const row = values.row(static_cast<std::size_t>(y));
-    for (int x = 0; x < width; ++x) row[x] = static_cast<float>(pixels[x] >> 24);
+  const unsigned char* row = cairo_image_surface_get_data(image);
+  Shape shape{width, height,
+              std::vector<std::uint8_t>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))};
+  std::uint8_t* out = shape.alpha.data();
+  for (int y = 0; y < height; ++y, row += cairo_image_surface_get_stride(image), out += width) {
+    const auto* pixels = reinterpret_cast<const std::uint32_t*>(row);
+    for (int x = 0; x < width; ++x) out[x] = static_cast<std::uint8_t>(pixels[x] >> 24);
   }
+  return shape;
+}
+
+Surface blurred(const Shape& shape, double deviation) {
+  Values values(shape.width, shape.height);
+  std::ranges::copy(shape.alpha, values.row(0));
   for (const int box : boxWidths(deviation)) {
     if (box <= 1) continue;
     const auto half = static_cast<std::size_t>(box / 2);
@@ -105,17 +115,43 @@ Surface blurredAlpha(cairo_surface_t* image, double deviation) {
     blurAcross(values, half, share);
     blurDown(values, half, share);
   }
-  Surface result = adoptSurface(cairo_image_surface_create(CAIRO_FORMAT_A8, width, height));
+  Surface result = adoptSurface(cairo_image_surface_create(CAIRO_FORMAT_A8, shape.width, shape.height));
   unsigned char* target = cairo_image_surface_get_data(result.get());
   const int stride = cairo_image_surface_get_stride(result.get());
-  for (int y = 0; y < height; ++y) {
+  for (int y = 0; y < shape.height; ++y) {
     const float* const row = values.row(static_cast<std::size_t>(y));
     unsigned char* const out = target + std::ptrdiff_t{y} * stride;
     // Never below zero, so that this rounds to the nearest.
-    for (int x = 0; x < width; ++x) out[x] = static_cast<unsigned char>(static_cast<double>(row[x]) + 0.5);
+    for (int x = 0; x < shape.width; ++x)
+      out[x] = static_cast<unsigned char>(static_cast<double>(row[x]) + 0.5);
   }
   cairo_surface_mark_dirty(result.get());
   return result;
+}
+
+}  // namespace
+
+double blurReach(double deviation) { return 3 * deviation + 1; }
+
+Surface blurredAlpha(cairo_surface_t* image, double deviation) {
+  // A panel that is opened again casts the shadows that it cast before.
+  struct Kept {
+    Shape shape;
+    double deviation;
+    Surface result;
+  };
+  constexpr std::size_t most = 4;
+  static auto& kept = *new std::vector<Kept>;  // the one that was asked for last comes first
+  Shape shape = shapeOf(image);
+  auto known = std::ranges::find_if(
+      kept, [&](const Kept& one) { return one.deviation == deviation && one.shape == shape; });
+  if (known == kept.end()) {
+    if (kept.size() == most) kept.pop_back();
+    Surface result = blurred(shape, deviation);
+    known = kept.insert(kept.end(), {std::move(shape), deviation, std::move(result)});
+  }
+  std::rotate(kept.begin(), known, known + 1);
+  return kept.front().result;
 }
 
 }  // namespace sim

@@ -84,12 +84,24 @@ class Painter {
       enter(inside, fresh);
       paintShadow(inside, node, pixels);
       paintBody(inside, node, pixels);
+      fresh.spans = spansOf(fresh.image.get());
       picture = std::move(fresh);
     }
     const SavedState saved(context);
     placeBitmap(context, picture);
+    if (layStraight(context, picture)) return;
     cairo_set_source_surface(context, picture.image.get(), 0, 0);
     cairo_paint(context);
+  }
+
+  // Into the target's own pixels, where neither size nor shape changes on the way.
+  static bool layStraight(cairo_t* context, const Bitmap& picture) {
+    cairo_surface_t* const target = cairo_get_target(context);
+    const auto from = shiftOf(context);
+    if (!from || cairo_get_group_target(context) != target) return false;
+    const auto rect = clipRectangle(context);
+    if (rect) layOver(target, *rect, picture.image.get(), picture.spans, *from);
+    return rect.has_value();
   }
 
   static void paintShadow(cairo_t* context, RenderNode& node, double scale) {

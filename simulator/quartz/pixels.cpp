@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 #include "simulator/quartz/affine.hpp"
 #include "simulator/quartz/surface.hpp"
@@ -51,6 +52,30 @@ PixelRect pixelsWithin(const PixelRect& clip, const cairo_matrix_t& matrix, cons
   if (!(left < right && top < bottom)) return {};
   return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
           static_cast<int>(bottom - top)};
+}
+
+std::optional<PixelRect> clipRectangle(cairo_t* context) {
+  const SavedState saved(context);
+  cairo_identity_matrix(context);
+  const std::unique_ptr<cairo_rectangle_list_t, decltype(&cairo_rectangle_list_destroy)> list(
+      cairo_copy_clip_rectangle_list(context), cairo_rectangle_list_destroy);
+  if (list->status != CAIRO_STATUS_SUCCESS || list->num_rectangles > 1) return std::nullopt;
+  if (list->num_rectangles == 0) return PixelRect{};
+  const cairo_rectangle_t& one = *list->rectangles;
+  return PixelRect{static_cast<int>(one.x), static_cast<int>(one.y), static_cast<int>(one.width),
+                   static_cast<int>(one.height)};
+}
+
+std::optional<FixedPoint> shiftOf(cairo_t* context) {
+  constexpr double unit = 65536, furthest = 16384, likeness = 1e-9;
+  double x = 0, y = 0, xx = 1, yx = 0, xy = 0, yy = 1;
+  cairo_device_to_user(context, &x, &y);
+  cairo_device_to_user_distance(context, &xx, &yx);
+  cairo_device_to_user_distance(context, &xy, &yy);
+  const auto isNear = [](double a, double b) { return std::abs(a - b) < likeness; };
+  const bool shifts = isNear(xx, 1) && isNear(yy, 1) && isNear(xy, 0) && isNear(yx, 0);
+  if (!shifts || !(std::abs(x) < furthest && std::abs(y) < furthest)) return std::nullopt;
+  return FixedPoint{static_cast<int>(std::lrint(x * unit)), static_cast<int>(std::lrint(y * unit))};
 }
 
 void clipToPixels(cairo_t* context, const CGRect& rect) {

@@ -52,9 +52,10 @@ double Inside::pixelsPerPoint(const Layer& layer, double scale) {
 RenderCache& Inside::cacheOf(RenderNode& node, double scale) {
   if (node.cache) return *node.cache;
   static std::uint64_t last = 0;
-  std::vector<double> appearance{scale};
-  describeAll(appearance, node, scale);
   auto& cache = node.layer->cache;
+  std::vector<double> appearance{scale};
+  if (cache) appearance.reserve(cache->appearance.size());
+  describeAll(appearance, node, scale);
   if (!cache || cache->appearance != appearance)
     cache = std::make_unique<RenderCache>(RenderCache{std::move(appearance), ++last, {}, {}});
   node.cache = cache.get();

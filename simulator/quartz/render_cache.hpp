@@ -6,6 +6,7 @@
 
 #include "platform/coregraphics/geometry.hpp"
 #include "simulator/quartz/render_node.hpp"
+#include "simulator/quartz/spans.hpp"
 #include "simulator/quartz/surface.hpp"
 
 namespace sim {
@@ -13,8 +14,9 @@ namespace sim {
 /** Pixels of a part of a layer's own coordinate space. */
 struct Bitmap {
   Surface image;
-  CGPoint origin{};  // of the first pixel, in the layer's coordinates (points)
-  double scale = 1;  // pixels per point
+  CGPoint origin{};              // of the first pixel, in the layer's coordinates (points)
+  double scale = 1;              // pixels per point
+  std::vector<RowSpan> spans{};  // of a picture that is laid over others
 };
 
 /**

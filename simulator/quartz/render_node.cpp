@@ -31,6 +31,7 @@ std::optional<RenderNode> freeze(Layer& layer, double now) {
   node.toParent = layer.toParent(node.values);
   if (!inverse(node.toParent)) return std::nullopt;
   node.bodyExtents = node.values.bounds;
+  node.children.reserve(layer.children().size());
   for (Layer* child : layer.children()) {
     auto frozen = freeze(*child, now);
     if (!frozen) continue;
