@@ -36,6 +36,9 @@ void screenCopy(benchmark::State& state);
 // blurred.
 void panelFrame(benchmark::State& state);
 
+// The same for a page: counters tell the processor's seconds of each stage, on average, and the bytes.
+void servedFrame(benchmark::State& state);
+
 // A press on a plus button, from the finger's coming down to the stored value and the icons' new places.
 void plusPress(benchmark::State& state);
 

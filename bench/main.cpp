@@ -77,6 +77,7 @@ int main(int count, char** arguments) try {
   benchmark::RegisterBenchmark("scroll step, replaced", bench::scrollStepReplaced);
   benchmark::RegisterBenchmark("copy of the whole screen", bench::screenCopy);
   benchmark::RegisterBenchmark("frame while the panel springs in", bench::panelFrame);
+  benchmark::RegisterBenchmark("served frame while the panel springs in", bench::servedFrame);
   benchmark::RegisterBenchmark("press on plus", bench::plusPress);
   benchmark::RegisterBenchmark("choosing a named layout", bench::choosePreset)->Arg(50)->Arg(5000);
   benchmark::RunSpecifiedBenchmarks();

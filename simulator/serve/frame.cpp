@@ -101,13 +101,19 @@ PixelRect Tiles::tileAt(int column, int row) const {
   return {x, y, std::min(tileSide, width - x), std::min(tileSide, height - y)};
 }
 
-Tiles Tiles::changed(cairo_surface_t* before, cairo_surface_t* now) {
+Tiles Tiles::changed(cairo_surface_t* before, cairo_surface_t* now, const Region& within) {
   cairo_surface_flush(now);
   Tiles tiles(cairo_image_surface_get_width(now), cairo_image_surface_get_height(now));
   const bool whole = !before || !sameSize(before, now);
+  const auto mayDiffer = [&](const PixelRect& tile) {
+    return std::ranges::any_of(within.rectangles(), [&](const PixelRect& rect) {
+      const PixelRect common = intersection(rect, tile);
+      return !isEmpty(common) && differ(before, now, common);
+    });
+  };
   for (int row = 0; row < tiles.rows; ++row)
     for (int column = 0; column < tiles.columns; ++column)
-      if (whole || differ(before, now, tiles.tileAt(column, row)))
+      if (whole || mayDiffer(tiles.tileAt(column, row)))
         tiles.marked[static_cast<std::size_t>(row * tiles.columns + column)] = true;
   return tiles;
 }

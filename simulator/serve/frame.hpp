@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/coregraphics/geometry.hpp"
+#include "simulator/quartz/region.hpp"
 #include "simulator/quartz/surface.hpp"
 
 namespace sim::serve {
@@ -13,18 +14,17 @@ namespace sim::serve {
 /** Pixels. */
 inline constexpr int tileSide = 64;
 
-struct PixelRect {
-  int x, y, width, height;
-};
-
 /** Which tiles of a picture something is true of; row by row. */
 class Tiles {
  public:
   Tiles() = default;
   /** None of a picture of that size in pixels. */
   Tiles(int width, int height);
-  /** Those in which two pictures differ: all of them where the sizes do, or where there is no earlier one. */
-  static Tiles changed(cairo_surface_t* before, cairo_surface_t* now);
+  /**
+   * Those in which two pictures differ, which is nowhere but within the region: all of them where the sizes
+   * do, or where there is no earlier one.
+   */
+  static Tiles changed(cairo_surface_t* before, cairo_surface_t* now, const Region& within);
 
   bool any() const;
   /** How many pixels they cover. */

@@ -248,16 +248,18 @@ void LiveHome::drawIfDue() {
                         return each.second.inexact.any() && each.second.isReady();
                       });
   if (!due && !refine) return;
-  const Surface screen = uikit::renderScreen(now);
+  const Surface picture = uikit::renderScreen(now, screen);
   lastFrame = now;
   // A page that is not ready yet sees what it missed when it is.
   isDirty = std::ranges::any_of(viewers, [](const auto& each) { return !each.second.isReady(); });
-  for (auto& [page, viewer] : viewers)
-    if (viewer.isReady()) show(page, viewer, screen, !isStill);
+  for (auto& [page, viewer] : viewers) {
+    for (const PixelRect& rect : screen.changed().rectangles()) viewer.unseen.add(rect);
+    if (viewer.isReady()) show(page, viewer, picture, !isStill);
+  }
 }
 
-void LiveHome::show(std::uint32_t page, Viewer& viewer, const Surface& screen, bool moving) {
-  Tiles wanted = Tiles::changed(viewer.shown.get(), screen.get());
+void LiveHome::show(std::uint32_t page, Viewer& viewer, const Surface& picture, bool moving) {
+  Tiles wanted = Tiles::changed(viewer.shown.get(), picture.get(), viewer.unseen);
   if (wanted.any()) lastChange = clock::now();
   if (!viewer.inexact.isShapedAs(wanted)) viewer.inexact = wanted.none();
   const Codec codec = moving && viewer.shown && wanted.area() > fewPixels ? Codec::jpeg : Codec::webp;
@@ -267,10 +269,11 @@ void LiveHome::show(std::uint32_t page, Viewer& viewer, const Surface& screen, b
     if (!moving) wanted.add(viewer.inexact);
     viewer.inexact.remove(wanted);
   }
+  viewer.shown = picture;
+  viewer.unseen.clear();
   if (!wanted.any()) return;
-  viewer.shown = screen;
   send({page, false,
-        encodeFrame(++viewer.sent, screen.get(), uikit::screenSize(), wanted.rectangles(), codec)});
+        encodeFrame(++viewer.sent, picture.get(), uikit::screenSize(), wanted.rectangles(), codec)});
 }
 
 }  // namespace sim::serve

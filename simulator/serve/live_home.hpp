@@ -9,6 +9,7 @@
 #include <string>
 
 #include "simulator/json/json.hpp"
+#include "simulator/quartz/screen.hpp"
 #include "simulator/quartz/surface.hpp"
 #include "simulator/serve/envelope.hpp"
 #include "simulator/serve/frame.hpp"
@@ -36,6 +37,7 @@ class LiveHome {
   // way.
   struct Viewer {
     Surface shown;  // what it was sent last; none at first
+    Region unseen;  // where the screen may have changed since
     Tiles inexact;  // of which it has only a likeness
     std::uint32_t sent = 0, drawn = 0;
     bool isReady() const { return sent - drawn < 2; }
@@ -63,7 +65,7 @@ class LiveHome {
 
   bool wantsFrame() const;
   void drawIfDue();
-  void show(std::uint32_t page, Viewer& viewer, const Surface& screen, bool moving);
+  void show(std::uint32_t page, Viewer& viewer, const Surface& picture, bool moving);
 
   Simulation& simulation;
   const int socket;
@@ -73,6 +75,7 @@ class LiveHome {
   PageFingers fingers;
   std::chrono::steady_clock::time_point start;           // when the device's clock stood at zero
   double lastFrame = 0, lastChange = 0, nextWaking = 0;  // seconds of the device's clock
+  PaintedScreen screen;
   bool isDirty = true, isOver = false, isRelaunching = false;
 };
 

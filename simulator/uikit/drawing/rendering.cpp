@@ -5,7 +5,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "simulator/quartz/screen.hpp"
 #include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/views/view.hpp"
 #include "simulator/uikit/views/window.hpp"
@@ -25,12 +24,16 @@ void layoutPass() {
 }
 
 Surface renderScreen(double now) {
+  static auto& screen = *new PaintedScreen;
+  return renderScreen(now, screen);
+}
+
+Surface renderScreen(double now, PaintedScreen& screen) {
   layoutPass();
   const bridge::Pool pool;
   const CGSize pixels = screenPixels();
   std::vector<Layer*> roots;
   for (const UIWindow window : windows()) roots.push_back(&layerOf(window));
-  static auto& screen = *new PaintedScreen;
   return screen.draw(roots, now, static_cast<int>(std::lround(pixels.width)),
                      static_cast<int>(std::lround(pixels.height)), nativeScale());
 }

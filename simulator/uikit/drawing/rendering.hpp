@@ -1,6 +1,7 @@
 // What is on the screen.
 #pragma once
 
+#include "simulator/quartz/screen.hpp"
 #include "simulator/quartz/surface.hpp"
 
 namespace sim::uikit {
@@ -14,5 +15,7 @@ void layoutPass();
  * is turned, the visible windows over black. Throws std::runtime_error.
  */
 Surface renderScreen(double now);
+/** The same on a screen of one's own, which tells where it differs from what was drawn on it before. */
+Surface renderScreen(double now, PaintedScreen& screen);
 
 }  // namespace sim::uikit
