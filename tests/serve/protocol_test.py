@@ -12,6 +12,7 @@ import sys
 import tempfile
 import time
 import unittest
+import unittest.mock
 
 from support import PATIENCE, Refused, Served, eventually
 
@@ -346,6 +347,21 @@ class Living(unittest.TestCase):
             ended = page.until("ended")
             self.assertEqual(ended["reason"], "stopped by a signal, Aborted")
             self.assertIn("    end at ending_library.cpp:", ended["trace"])
+
+    def test_what_a_library_raises_and_where_it_crashes_is_told(self):
+        raising = os.path.join(os.path.dirname(PROGRAM), "tests/simulator/runtime/libraising.so")
+        for place, reason in (("layout", "TestException: too many spoons"),
+                              ("fault", "stopped by a signal, Segmentation fault at the address 0x1000")):
+            with unittest.mock.patch.dict(os.environ, RAISE_FROM=place), \
+                    Served(PROGRAM, "--library", raising) as served, served.socket() as page:
+                self.assertTrue(eventually(lambda: page.until("started")["safe"], "safe mode"))
+                page.send(type="respring")
+                ended = page.until("ended")
+                self.assertEqual(ended["reason"], reason)
+                first, second = ended["trace"].splitlines()[:2]
+                self.assertEqual(first, "  in -[SBIconListView verticalIconPadding], replaced by libraising.dylib")
+                self.assertRegex(second, r"^    \w+ForPadding at raising.cpp:\d+, libraising.so$|^    raise ")
+                self.assertTrue(page.until("started")["safe"])
 
     def test_what_ended_it_is_told(self):
         with Served(PROGRAM, *SWITCHED_ON) as served, served.socket() as page:
