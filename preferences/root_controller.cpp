@@ -8,6 +8,7 @@
 #include "preferences/settings/checks.hpp"
 #include "preferences/settings/domain.hpp"
 #include "preferences/settings/specifiers.hpp"
+#include "settings/store/restoration.hpp"
 
 namespace tilo::pane {
 namespace {
@@ -57,7 +58,7 @@ void fill(PSSpecifier row) {
 
 NSArray specifiers(RootController self) {
   if (NSArray rows = kept(self)) return rows;
-  finishRestoring();
+  restoration::finish();
   NSArray rows = self.loadSpecifiersFromPlistName_target("Root"_ns, self);
   for (NSUInteger i = 0; i < rows.count(); ++i) fill(bridge::as<PSSpecifier>(rows.objectAtIndex(i)));
   keep(self, rows);
@@ -75,7 +76,7 @@ void setValue(RootController, bridge::Object given, PSSpecifier row) {
   if (!keyOf(item)) return;
   NSNumber value = checked(item, given).value;
   if (!value) value = nearest(item, given);
-  store(NSDictionary::dictionaryWithObject_forKey(value, keyOf(item)), NSArray::array());
+  store(value, keyOf(item));
   announce(item, value);
 }
 

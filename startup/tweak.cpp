@@ -11,6 +11,7 @@
 #include "settings/log/console_log.hpp"
 #include "settings/log/logger.hpp"
 #include "settings/store/configuration_manager.hpp"
+#include "settings/store/restoration.hpp"
 #include "settings/store/values.hpp"
 #include "startup/defaults.hpp"
 #include "startup/grid/geometry.hpp"
@@ -52,6 +53,7 @@ __attribute__((constructor)) void constructTweak() {
   if (inert) return;
   defineClasses();
   registerWithIconSupport();
+  restoration::finish();
   seedPreferences();
   rootObj = bridge::retained(ConfigurationManager::sharedManager().configuration());
   consoleDebugLog("Tweak", "got preferences "_ns.stringByAppendingString(described(rootObj.get())));

@@ -10,6 +10,7 @@
 #include "preferences/settings/layouts.hpp"
 #include "preferences/settings/specifiers.hpp"
 #include "settings/store/keys.hpp"
+#include "settings/store/restoration.hpp"
 
 namespace tilo::pane {
 namespace {
@@ -18,11 +19,6 @@ constexpr NSUInteger onManyLines = 1;  // NSJSONWritingPrettyPrinted
 constexpr int version = 1;
 
 NSString format() { return "Tilo backup"_ns; }
-
-// A restoration that has been decided on: while this file is there, it is not done.
-NSString pendingPath() { return "/var/mobile/Documents/com.wexor.tilo3/restoring.json"_ns; }
-
-NSFileManager files() { return NSFileManager::defaultManager(); }
 
 NSArray allItems() {
   NSMutableArray all = NSMutableArray::arrayWithArray(settingItems());
@@ -118,12 +114,6 @@ NSDictionary documentIn(NSData bytes) {
   return bridge::isKindOf<NSDictionary>(document) ? bridge::as<NSDictionary>(document) : NSDictionary{};
 }
 
-bool makeFolder(NSString path) {
-  return files().createDirectoryAtPath_withIntermediateDirectories_attributes_error(path, YES, {}, nullptr);
-}
-
-void remove(NSString path) { files().removeItemAtPath_error(path, nullptr); }
-
 using Text = std::string_view;
 
 Text textOf(NSData bytes) { return {static_cast<const char*>(bytes.bytes()), bytes.length()}; }
@@ -185,13 +175,13 @@ Judged judged(NSData bytes) {
   return found;
 }
 
-// False when one of the two could not be written; then both are as they were.
-bool apply(const Judged& backup) {
-  NSData before = presetsFile();
-  if (!writePresetsFile(backup.presets)) return false;
-  if (store(backup.values, backup.absent)) return true;
-  writePresetsFile(before);
-  return false;
+// What is stored at keys that are no settings stays.
+NSDictionary valuesWith(const Judged& backup) {
+  NSMutableDictionary all = storedValues().mutableCopy().autoreleased();
+  for (NSUInteger i = 0; i < backup.absent.count(); ++i)
+    all.removeObjectForKey(backup.absent.objectAtIndex(i));
+  all.addEntriesFromDictionary(backup.values);
+  return all;
 }
 
 }  // namespace
@@ -199,7 +189,7 @@ bool apply(const Judged& backup) {
 NSString backupFolder() { return "/var/mobile/Documents/com.wexor.tilo3/backups"_ns; }
 
 NSArray backupNames() {
-  NSArray found = files().contentsOfDirectoryAtPath_error(backupFolder(), nullptr);
+  NSArray found = NSFileManager::defaultManager().contentsOfDirectoryAtPath_error(backupFolder(), nullptr);
   NSMutableArray names = NSMutableArray::array();
   NSArray sorted = found.sortedArrayUsingSelector(bridge::selector<"compare:">());
   for (NSUInteger i = sorted.count(); i > 0; --i) {
@@ -230,16 +220,9 @@ NSString restoreFrom(NSString path) {
   if (!bytes) return "the backup cannot be read"_ns;
   Judged backup = judged(bytes);
   if (backup.fault) return backup.fault;
-  makeFolder("/var/mobile/Documents/com.wexor.tilo3"_ns);
-  bool kept = bytes.writeToFile_atomically(pendingPath(), YES) && apply(backup);
-  remove(pendingPath());
-  return kept ? NSString{} : "the backup cannot be put in place: the disk refuses it"_ns;
-}
-
-void finishRestoring() {
-  if (!files().fileExistsAtPath(pendingPath())) return;
-  Judged backup = judged(NSData::dataWithContentsOfFile(pendingPath()));
-  if (backup.fault || apply(backup)) remove(pendingPath());
+  return restoration::carryOut(valuesWith(backup), backup.presets)
+             ? NSString{}
+             : "the backup cannot be put in place: the disk refuses it"_ns;
 }
 
 }  // namespace tilo::pane

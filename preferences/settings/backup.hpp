@@ -19,8 +19,4 @@ NSArray backupNames();
 NSString backUpTo(NSString path);
 NSString restoreFrom(NSString path);
 
-// Brings to its end what was being restored when its process was killed. To be called before anything is
-// read.
-void finishRestoring();
-
 }  // namespace tilo::pane

@@ -2,34 +2,19 @@
 #include "preferences/settings/domain.hpp"
 
 #include "platform/appsupport/messaging_center.hpp"
-#include "platform/corefoundation/preferences.hpp"
 #include "preferences/settings/checks.hpp"
 #include "preferences/settings/specifiers.hpp"
+#include "settings/store/domain.hpp"
 
 namespace tilo::pane {
-namespace {
-
-bool synchronise() {
-  return CFPreferencesSynchronize(domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
-}
-
-}  // namespace
-
 NSDictionary storedValues() {
-  synchronise();
-  auto keys = bridge::adopt<NSArray>(
-      CFPreferencesCopyKeyList(domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
-  if (!keys) return NSDictionary::dictionary();
-  return bridge::adopt<NSDictionary>(CFPreferencesCopyMultiple(keys.get().raw, domain().raw,
-                                                               kCFPreferencesCurrentUser,
-                                                               kCFPreferencesAnyHost))
-      .autoreleased();
+  synchroniseDomain();
+  NSDictionary values = valuesOfDomain();
+  return values ? values : NSDictionary::dictionary();
 }
 
-bool store(NSDictionary values, NSArray removedKeys) {
-  CFPreferencesSetMultiple(values.raw, removedKeys.raw, domain().raw, kCFPreferencesCurrentUser,
-                           kCFPreferencesAnyHost);
-  return synchronise();
+bool store(NSNumber value, NSString key) {
+  return storeInDomain(NSDictionary::dictionaryWithObject_forKey(value, key), NSArray::array());
 }
 
 void announce(NSDictionary item, bridge::Object value) {
@@ -53,7 +38,7 @@ bool resetSettings() {
     else
       others.addObject(keyOf(item));
   }
-  return store(values, others);
+  return storeInDomain(values, others);
 }
 
 }  // namespace tilo::pane

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "platform/foundation/dictionary.hpp"
+#include "platform/foundation/number.hpp"
 
 namespace tilo::pane {
 
 // All that is stored; empty when nothing is.
 NSDictionary storedValues();
 
-// All at once; false when the system could not keep them.
-bool store(NSDictionary values, NSArray removedKeys);
+// False when the system could not keep it.
+bool store(NSNumber value, NSString key);
 
 // Tells SpringBoard, where it serves the centre, of a setting's new value.
 void announce(NSDictionary item, bridge::Object value);

@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "platform/foundation/dictionary.hpp"
-#include "platform/foundation/file_manager.hpp"
 #include "platform/foundation/json.hpp"
 #include "preferences/settings/checks.hpp"
 #include "preferences/settings/specifiers.hpp"
@@ -17,8 +16,7 @@ namespace {
 constexpr const Key<Kind::number>* order[] = {&keys::horizontalPadding, &keys::verticalPadding,
                                               &keys::sideInset, &keys::topInset};
 
-NSString folder() { return "/var/mobile/Documents/com.wexor.tilo3/custom"_ns; }
-NSString file() { return folder().stringByAppendingPathComponent("config.json"_ns); }
+NSString file() { return "/var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
 
 NSString prefix() { return "tilo:1:"_ns; }
 
@@ -124,13 +122,6 @@ NSData presetsDocument(NSArray layouts) {
 
 NSData presetsFile() { return NSData::dataWithContentsOfFile(file()); }
 
-bool writePresetsFile(NSData bytes) {
-  NSFileManager files = NSFileManager::defaultManager();
-  if (!bytes) return files.removeItemAtPath_error(file(), nullptr);
-  files.createDirectoryAtPath_withIntermediateDirectories_attributes_error(folder(), YES, {}, nullptr);
-  return bytes.writeToFile_atomically(file(), YES);
-}
-
 NSString textOfLayout(NSString name) {
   NSArray layouts = layoutsToKeep();
   for (NSUInteger i = 0; i < layouts.count(); ++i) {
@@ -152,7 +143,8 @@ NSString pasteLayout(NSString text) {
   if (!layout) return "this is no layout"_ns;
   NSMutableArray all = NSMutableArray::arrayWithArray(layouts);
   all.addObject(layout);
-  return writePresetsFile(presetsDocument(all)) ? NSString{} : "the presets file cannot be written"_ns;
+  bool written = presetsDocument(all).writeToFile_atomically(file(), YES);
+  return written ? NSString{} : "the presets file cannot be written"_ns;
 }
 
 }  // namespace tilo::pane

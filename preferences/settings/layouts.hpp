@@ -17,10 +17,8 @@ NSArray layoutsToKeep();
 
 // A presets file with these.
 NSData presetsDocument(NSArray layouts);
-// The presets file as it is, nil when there is none; and another in its place, in one go, or none. False when
-// the disk refuses.
+// The presets file as it is, nil when there is none.
 NSData presetsFile();
-bool writePresetsFile(NSData bytes);
 
 // The first layout of that name as a line; nil when there is none.
 NSString textOfLayout(NSString name);

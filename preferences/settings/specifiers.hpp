@@ -7,7 +7,6 @@
 namespace tilo::pane {
 
 inline NSString bundlePath() { return "/Library/PreferenceBundles/Tilo.bundle"_ns; }
-inline NSString domain() { return "com.wexor.tilo"_ns; }
 
 // Reads another file than the bundle's from now on.
 void useSpecifierFile(NSString path);

@@ -5,6 +5,7 @@
 #include "preferences/settings/domain.hpp"
 #include "preferences/settings/layouts.hpp"
 #include "preferences/settings/specifiers.hpp"
+#include "settings/store/restoration.hpp"
 
 namespace tilo::pane {
 namespace {
@@ -31,7 +32,7 @@ struct TiloSettings : bridge::Face<"TiloSettings", NSObject> {
 
 void useFile(Class, NSString path) {
   useSpecifierFile(path);
-  finishRestoring();
+  restoration::finish();
 }
 NSArray allItems(Class) { return settingItems(); }
 NSDictionary named(Class, NSString name) { return itemNamed(name); }
@@ -39,9 +40,7 @@ NSDictionary stored(Class) { return storedValues(); }
 NSNumber valueOf(Class, NSDictionary item, NSObject given) { return checked(item, given).value; }
 NSString faultOf(Class, NSDictionary item, NSObject given) { return checked(item, given).fault; }
 NSNumber nearestTo(Class, NSDictionary item, NSObject value) { return nearest(item, value); }
-BOOL storeOne(Class, NSNumber value, NSString key) {
-  return store(NSDictionary::dictionaryWithObject_forKey(value, key), NSArray::array());
-}
+BOOL storeOne(Class, NSNumber value, NSString key) { return store(value, key); }
 BOOL resetAll(Class) { return resetSettings(); }
 NSString backUp(Class, NSString path) { return backUpTo(path); }
 NSString restore(Class, NSString path) { return restoreFrom(path); }

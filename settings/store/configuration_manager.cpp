@@ -4,6 +4,7 @@
 #include "bridge/define.hpp"
 #include "platform/corefoundation/preferences.hpp"
 #include "platform/dispatch/dispatch.hpp"
+#include "settings/store/domain.hpp"
 #include "settings/store/values.hpp"
 
 namespace tilo {
@@ -14,8 +15,6 @@ struct ManagerState {
 };
 
 using Manager = bridge::Implementation<ConfigurationManager, ManagerState>;
-
-NSString domain() { return "com.wexor.tilo"_ns; }
 
 ConfigurationManager sharedManager(Class) {
   static constinit long once = 0;
@@ -28,19 +27,11 @@ bridge::Strong<NSObject> init(ConfigurationManager self) {
   auto made = Manager::superInit<&NSObject::init>(self);
   if (!made) return nullptr;
   made->sync();
-  auto keys = bridge::adopt<NSArray>(
-      CFPreferencesCopyKeyList(domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
-  if (keys) {
-    auto values = bridge::adopt<NSDictionary>(CFPreferencesCopyMultiple(
-        keys.get().raw, domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
-    Manager::state(made.get()).configuration = values->mutableCopy();
-  }
+  Manager::state(made.get()).configuration = valuesOfDomain().mutableCopy();
   return made;
 }
 
-void sync(ConfigurationManager) {
-  CFPreferencesSynchronize(domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
-}
+void sync(ConfigurationManager) { synchroniseDomain(); }
 
 int storedCountLessOne(ConfigurationManager self, Key<Kind::count> key, int absent) {
   NSNumber stored = Values(self.configuration()).stored(key);

@@ -65,12 +65,8 @@ Json set(Simulation& simulation, const Json& message) {
   const auto key = message.value("key").get<std::string>();
   const NSDictionary item = itemNamed(string(key));
   if (!item) throw UsageError(fmt::format("no setting is called '{}'", key));
-  const NSObject given = objectOf(message.value("value"));
-  if (const NSString fault = TiloSettings::faultOf_given(item, given))
-    throw UsageError(fmt::format("'{}' {}", key, fault.UTF8String()));
-  const NSNumber value = TiloSettings::valueOf_given(item, given);
-  if (!setPreference(string(domain), bridge::as<NSString>(item.objectForKey("key"_ns)), value))
-    throw UsageError("the preferences file cannot be read, or not be written; it is as it was");
+  const Json given = message.value("value");
+  const NSNumber value = storeSetting(item, key, given.dump(), objectOf(given));
   if (appsupport::serves(settingsCentre))
     appsupport::send(simulation.fileSystem().root(), settingsCentre, announcement(item, value),
                      {.whileWaiting = [] { appsupport::serveMessages(); }});

@@ -115,7 +115,7 @@ void prepareFoundation() {
   bridge::replaceMethod(bridge::classNamed<NSNotificationCenter>(), AddObserver::selector(),
                         reinterpret_cast<IMP>(&addObserver), addSlot);
   whenObjectsDie(forgetObserver);
-  writePropertyListsAsXml();
+  handlePropertyListsAsTheDevice();
   useDeviceJson();
 }
 

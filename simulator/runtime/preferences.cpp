@@ -67,13 +67,6 @@ bool save(NSDictionary file, NSString domain) {
   return true;
 }
 
-// Foundation writes seven digits of a float, which takes nine.
-bridge::Object withAllDigits(bridge::Object value) {
-  if (!bridge::isKindOf<NSNumber>(value)) return value;
-  const auto number = bridge::as<NSNumber>(value);
-  return *number.objCType() == 'f' ? NSNumber::numberWithDouble(number.floatValue()) : value;
-}
-
 // Whether a file holds both in the same form: a truth value is no 1, and a whole number no 1.0. Lists and
 // tables, which may hold either, never count as the same.
 bool isWrittenAs(bridge::Object one, bridge::Object other) {

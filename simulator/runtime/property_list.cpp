@@ -6,6 +6,7 @@
 
 #include "bridge/replace.hpp"
 #include "platform/foundation/data.hpp"
+#include "platform/foundation/number.hpp"
 #include "simulator/runtime/property_list_nesting.hpp"
 
 namespace sim {
@@ -52,17 +53,44 @@ bridge::Object parsed(NSData data) {
 
 bridge::Wire<BOOL> writeToFile(id self, SEL, id file, bridge::Wire<BOOL> atomically) {
   NSData data = NSPropertyListSerialization::dataWithPropertyList_format_options_error(
-      bridge::as<bridge::Object>(self), xmlFormat, 0, nullptr);
+      withAllDigits(bridge::as<bridge::Object>(self)), xmlFormat, 0, nullptr);
   return data.writeToFile_atomically(bridge::as<NSString>(file), atomically != 0);
 }
 
+id dictionaryWithContentsOfFile(id, SEL, id file) { return propertyList(bridge::as<NSString>(file)).raw; }
+
 }  // namespace
 
-void writePropertyListsAsXml() {
-  static bridge::Slot slot;
-  bridge::replaceMethod(bridge::classNamed<NSDictionary>(),
-                        bridge::Descriptor<&NSDictionary::writeToFile_atomically>::selector(),
-                        reinterpret_cast<IMP>(&writeToFile), slot);
+void handlePropertyListsAsTheDevice() {
+  static bridge::Slot written, read;
+  Class dictionary = bridge::classNamed<NSDictionary>();
+  bridge::replaceMethod(dictionary, bridge::Descriptor<&NSDictionary::writeToFile_atomically>::selector(),
+                        reinterpret_cast<IMP>(&writeToFile), written);
+  bridge::replaceMethod(bridge::classOf(reinterpret_cast<id>(dictionary)),
+                        sel_registerName("dictionaryWithContentsOfFile:"),
+                        reinterpret_cast<IMP>(&dictionaryWithContentsOfFile), read);
+}
+
+bridge::Object withAllDigits(bridge::Object object) {
+  if (bridge::isKindOf<NSNumber>(object)) {
+    const auto number = bridge::as<NSNumber>(object);
+    return *number.objCType() == 'f' ? NSNumber::numberWithDouble(number.floatValue()) : number;
+  }
+  if (bridge::isKindOf<NSArray>(object)) {
+    const auto list = bridge::as<NSArray>(object);
+    NSMutableArray made = NSMutableArray::array();
+    for (NSUInteger i = 0; i < list.count(); ++i) made.addObject(withAllDigits(list.objectAtIndex(i)));
+    return made;
+  }
+  if (bridge::isKindOf<NSDictionary>(object)) {
+    const auto table = bridge::as<NSDictionary>(object);
+    const NSArray keys = table.allKeys();
+    NSMutableDictionary made = NSMutableDictionary::dictionary();
+    for (NSUInteger i = 0; i < keys.count(); ++i)
+      made.setObject_forKey(withAllDigits(table.objectForKey(keys.objectAtIndex(i))), keys.objectAtIndex(i));
+    return made;
+  }
+  return object;
 }
 
 NSDictionary propertyList(NSString file) {

@@ -8,7 +8,11 @@ namespace sim {
 // Keys and values of the file, XML or binary; nil when it cannot be read or holds something else. Borrowed.
 NSDictionary propertyList(NSString file);
 
-// From now on dictionaries are written to files as XML in UTF-8, whatever their values. Call once.
-void writePropertyListsAsXml();
+// The same with doubles for floats: Foundation writes seven digits of a float, which takes nine. Borrowed.
+bridge::Object withAllDigits(bridge::Object object);
+
+// From now on dictionaries are written to files as XML in UTF-8, whatever their values, and read from files
+// as above. Call once.
+void handlePropertyListsAsTheDevice();
 
 }  // namespace sim

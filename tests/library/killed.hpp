@@ -11,9 +11,9 @@
 
 namespace test {
 
-// Runs `work` in a copy of the process and kills it at that stop, before or after a system call. Answers
-// whether it came so far; otherwise it has done the work.
-inline bool killAtStop(int stop, const std::function<void()>& work) {
+// Runs `work` in a copy of the process and asks at each stop, before and after every system call, whether it
+// is to be killed there. Answers whether it was; otherwise it has done the work.
+inline bool killWhere(const std::function<bool(int stop)>& isWanted, const std::function<void()>& work) {
   const pid_t child = ::fork();
   if (child == 0) {
     ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
@@ -23,8 +23,8 @@ inline bool killAtStop(int stop, const std::function<void()>& work) {
   }
   int status = 0;
   ::waitpid(child, &status, 0);
-  for (int stops = 0; WIFSTOPPED(status); ++stops) {
-    if (stops == stop) {
+  for (int stop = 0; WIFSTOPPED(status); ++stop) {
+    if (isWanted(stop)) {
       ::kill(child, SIGKILL);
       ::waitpid(child, &status, 0);
       return true;
@@ -34,6 +34,25 @@ inline bool killAtStop(int stop, const std::function<void()>& work) {
   }
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the work did not come to its end";
   return false;
+}
+
+// Kills it at that stop.
+inline bool killAtStop(int stop, const std::function<void()>& work) {
+  return killWhere([stop](int now) { return now == stop; }, work);
+}
+
+// Kills it as soon as what `state` answers, of the disk for one, has changed that often.
+template <class State>
+bool killAtChange(int changes, State state, const std::function<void()>& work) {
+  auto last = state();
+  return killWhere(
+      [&](int) {
+        auto now = state();
+        const bool changed = now != last;
+        last = std::move(now);
+        return changed && --changes == 0;
+      },
+      work);
 }
 
 }  // namespace test

@@ -93,12 +93,7 @@ constexpr const char* unheard = "tilo-settings: written; no home screen runs tha
 
 void set(const fs::path& root, const Words& words) {
   const NSDictionary item = itemNamed(words[0]);
-  const NSObject given = settingObject(settingValue(words[1]));
-  if (const NSString fault = TiloSettings::faultOf_given(item, given))
-    throw UsageError(fmt::format("'{}' for '{}': it {}", words[1], words[0], fault.UTF8String()));
-  const NSNumber value = TiloSettings::valueOf_given(item, given);
-  if (!TiloSettings::store_at(value, bridge::as<NSString>(item.objectForKey("key"_ns))))
-    throw UsageError("the preferences file cannot be read, or not be written; it is as it was");
+  const NSNumber value = storeSetting(item, words[0], words[1], settingObject(settingValue(words[1])));
   if (!announce(root, item, value)) std::cerr << unheard;
 }
 

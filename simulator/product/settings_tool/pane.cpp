@@ -2,6 +2,7 @@
 #include "simulator/product/settings_tool/pane.hpp"
 
 #include <dlfcn.h>
+#include <fmt/format.h>
 
 #include <filesystem>
 
@@ -23,6 +24,15 @@ void loadPane() {
 }
 
 NSString specifierFile() { return NSString::stringWithUTF8String((bundle() / "Root.plist").c_str()); }
+
+NSNumber storeSetting(NSDictionary item, std::string_view name, std::string_view written, NSObject given) {
+  if (const NSString fault = TiloSettings::faultOf_given(item, given))
+    throw UsageError(fmt::format("'{}' for '{}': it {}", written, name, fault.UTF8String()));
+  const NSNumber value = TiloSettings::valueOf_given(item, given);
+  if (!TiloSettings::store_at(value, bridge::as<NSString>(item.objectForKey("key"_ns))))
+    throw UsageError("the preferences file cannot be read, or not be written; it is as it was");
+  return value;
+}
 
 appsupport::Message announcement(NSDictionary item, NSObject value) {
   const bridge::Object announced = item.objectForKey("announced"_ns);

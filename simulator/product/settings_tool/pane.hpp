@@ -2,6 +2,8 @@
 // work.
 #pragma once
 
+#include <string_view>
+
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/number.hpp"
 #include "simulator/appsupport/message.hpp"
@@ -40,6 +42,11 @@ struct TiloSettings : bridge::Face<"TiloSettings", NSObject> {
 void loadPane();
 /** The specifier file beside the program. Borrowed. */
 NSString specifierFile();
+/**
+ * Stores what was given for a setting; answers the value as it is stored, borrowed. Throws UsageError that
+ * names both, as they were `written`, where it cannot be one; then nothing has changed.
+ */
+NSNumber storeSetting(NSDictionary item, std::string_view name, std::string_view written, NSObject given);
 /** What Settings tells the home screen of a setting's new value. Borrowed. */
 appsupport::Message announcement(NSDictionary item, NSObject value);
 

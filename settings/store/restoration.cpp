@@ -1,0 +1,70 @@
+// The note of what is to be done, and doing it. The presets file comes last: a SpringBoard that runs
+// meanwhile reads it anew and has the settings in memory, so that for it nothing is new until everything is.
+#include "settings/store/restoration.hpp"
+
+#include "platform/foundation/file_manager.hpp"
+#include "settings/store/domain.hpp"
+
+namespace tilo::restoration {
+namespace {
+
+NSString folder() { return "/var/mobile/Documents/com.wexor.tilo3/custom/"_ns; }
+NSString presetsPath() { return "/var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
+NSString notePath() { return "/var/mobile/Documents/com.wexor.tilo3/restoring.plist"_ns; }
+
+NSFileManager files() { return NSFileManager::defaultManager(); }
+
+void makeFolder() {
+  files().createDirectoryAtPath_withIntermediateDirectories_attributes_error(folder(), YES, {}, nullptr);
+}
+
+template <class T>
+T part(NSDictionary note, NSString name) {
+  bridge::Object found = note.objectForKey(name);
+  return bridge::isKindOf<T>(found) ? bridge::as<T>(found) : T{};
+}
+
+// The keys of the first that the second has not.
+NSArray keysAdded(NSDictionary values, NSDictionary before) {
+  NSMutableArray added = NSMutableArray::array();
+  NSArray keys = values.allKeys();
+  for (NSUInteger i = 0; i < keys.count(); ++i)
+    if (!before.objectForKey(keys.objectAtIndex(i))) added.addObject(keys.objectAtIndex(i));
+  return added;
+}
+
+// Does it, or undoes it where the disk refuses, and forgets the note unless it can do neither.
+bool putInPlace(NSDictionary note) {
+  auto values = part<NSDictionary>(note, "values"_ns), before = part<NSDictionary>(note, "before"_ns);
+  auto presets = part<NSData>(note, "presets"_ns);
+  bool done = false, kept = true;
+  // One that somebody has edited is no decision of ours.
+  if (values && before && presets) {
+    bool stored = storeInDomain(values, keysAdded(before, values));
+    done = stored && presets.writeToFile_atomically(presetsPath(), YES);
+    if (!done) kept = storeInDomain(before, keysAdded(values, before)) || !stored;
+  }
+  if (kept) files().removeItemAtPath_error(notePath(), nullptr);
+  return done;
+}
+
+}  // namespace
+
+bool carryOut(NSDictionary values, NSData presets) {
+  synchroniseDomain();
+  NSDictionary before = valuesOfDomain();
+  NSMutableDictionary note = NSMutableDictionary::dictionary();
+  note.setObject_forKey(values, "values"_ns);
+  note.setObject_forKey(before ? before : NSDictionary::dictionary(), "before"_ns);
+  note.setObject_forKey(presets, "presets"_ns);
+  makeFolder();
+  return note.writeToFile_atomically(notePath(), YES) && putInPlace(note);
+}
+
+void finish() {
+  if (!files().fileExistsAtPath(notePath())) return;
+  makeFolder();
+  putInPlace(NSDictionary::dictionaryWithContentsOfFile(notePath()));
+}
+
+}  // namespace tilo::restoration
