@@ -8,6 +8,7 @@
 #include "preferences/settings/checks.hpp"
 #include "preferences/settings/domain.hpp"
 #include "preferences/settings/specifiers.hpp"
+#include "preferences/stepper_cell.hpp"
 #include "settings/store/restoration.hpp"
 
 namespace tilo::pane {
@@ -103,6 +104,7 @@ __attribute__((constructor)) void definePane() {
   bridge::Pool pool;
   defineRootController();
   defineColorsController();
+  defineStepperCell();
 }
 
 }  // namespace

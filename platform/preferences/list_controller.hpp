@@ -8,7 +8,14 @@
 #include "platform/uikit/scroll_view.hpp"
 #include "platform/uikit/view_controller.hpp"
 
+// A specifier may name a class of its own below this one as its "cellClass".
 struct PSTableCell : bridge::Face<"PSTableCell", UIView> {
+  MESSAGE Method<"initWithStyle:reuseIdentifier:specifier:", PSTableCell(NSInteger, NSString, PSSpecifier)>
+      initWithStyle_reuseIdentifier_specifier;
+  // Shows what the specifier's value is now.
+  MESSAGE Method<"refreshCellContentsWithSpecifier:", void(PSSpecifier)> refreshCellContentsWithSpecifier;
+  // At the right end.
+  MESSAGE Method<"setAccessoryView:", void(UIView)> setAccessoryView;
   MESSAGE Method<"contentView", UIView()> contentView;
   MESSAGE Method<"specifier", PSSpecifier()> specifier;
 };

@@ -10,7 +10,10 @@
 #include "platform/foundation/file_manager.hpp"
 #include "simulator/device/image.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/preferences/look.hpp"
 #include "simulator/preferences/specifier.hpp"
+#include "simulator/quartz/surface.hpp"
+#include "simulator/springboard/drawn_image.hpp"
 
 namespace sim::preferences {
 namespace {
@@ -33,6 +36,26 @@ std::string pathOfBundle(const std::string& name) {
   return "";
 }
 
+// "icon.png", or "icon@2x.png" beside it where the screen wants that; nil when it is no picture.
+UIImage iconNamed(const std::string& file) {
+  const auto times = static_cast<int>(UIScreen::mainScreen().scale());
+  const std::filesystem::path plain(file);
+  const std::string scaled =
+      (plain.parent_path() / plain.stem()).string() + "@" + std::to_string(times) + "x.png";
+  const bool isThere = times > 1 && NSFileManager::defaultManager().fileExistsAtPath(string(scaled));
+  try {
+    const Surface picture = readPng(isThere ? scaled : file);
+    return springboard::drawnImage({iconSide, iconSide}, [picture](cairo_t* context, CGSize size) {
+      cairo_scale(context, size.width / cairo_image_surface_get_width(picture.get()),
+                  size.height / cairo_image_surface_get_height(picture.get()));
+      cairo_set_source_surface(context, picture.get(), 0, 0);
+      cairo_paint(context);
+    });
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
 bridge::Strong<PSSpecifier> entryIn(NSString file) {
   const NSDictionary list = NSDictionary::dictionaryWithContentsOfFile(file);
   const bridge::Object found = list.objectForKey("entry"_ns);
@@ -43,6 +66,7 @@ bridge::Strong<PSSpecifier> entryIn(NSString file) {
   auto made = makeSpecifier(bridge::as<NSString>(entry.objectForKey("label"_ns)), {},
                             {.cell = Cell::link, .detail = textAt(entry, "detail"_ns)});
   made->setProperty_forKey(string(bundle), "bundlePath"_ns);
+  made->setProperty_forKey(iconNamed(bundle + "/" + textAt(entry, "icon"_ns)), "iconImage"_ns);
   return made;
 }
 

@@ -1,10 +1,13 @@
 // PSViewController, PSListController and PSListItemsController.
 #include "simulator/preferences/list_controller.hpp"
 
+#include <algorithm>
+
 #include "bridge/define.hpp"
 #include "platform/corefoundation/preferences.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/preferences/bundle_loading.hpp"
+#include "simulator/preferences/look.hpp"
 #include "simulator/preferences/navigation.hpp"
 #include "simulator/preferences/specifier.hpp"
 #include "simulator/preferences/table.hpp"
@@ -54,8 +57,9 @@ void setPreferenceValue(PSViewController, bridge::Object value, PSSpecifier row)
 
 struct ListState {
   id* specifiers = nullptr;  // the variable of that name
-  Strong<NSBundle> bundle;
   std::vector<PSTableCell> cells;
+  Strong<NSString> largeTitle;
+  Strong<PSSpecifier> chosen;  // whose page stands beside this one
 
   ~ListState() {
     if (specifiers) bridge::release(std::exchange(*specifiers, nullptr));
@@ -83,7 +87,7 @@ NSArray specifiers(PSListController self) {
   return keep(self, NSArray::array());
 }
 
-NSBundle bundle(PSListController self) { return ListController::state(self).bundle.get(); }
+NSBundle bundle(PSListController) { return {}; }
 
 NSArray loadSpecifiers(PSListController self, NSString name, bridge::Object target) {
   const NSString path =
@@ -91,9 +95,16 @@ NSArray loadSpecifiers(PSListController self, NSString name, bridge::Object targ
   return specifiersFrom(NSDictionary::dictionaryWithContentsOfFile(path), target);
 }
 
+void markChosen(PSListController self) {
+  const ListState& state = ListController::state(self);
+  for (const PSTableCell cell : state.cells) setSelected(cell, cell.specifier() == state.chosen.get());
+}
+
 void build(PSListController self) {
   self.specifiers();
-  ListController::state(self).cells = buildTable(bridge::as<UIScrollView>(self.view()), self);
+  ListState& state = ListController::state(self);
+  state.cells = buildTable(bridge::as<UIScrollView>(self.view()), self, state.largeTitle);
+  markChosen(self);
 }
 
 void reloadSpecifiers(PSListController self) {
@@ -107,7 +118,7 @@ void reloadSpecifier(PSListController self, PSSpecifier row) {
 }
 
 void loadView(PSListController self) {
-  const auto table = makeTable([self] { build(self); });
+  const auto table = makeTable([self] { build(self); }, [self] { followScrolling(self); });
   self.setView(table);
 }
 
@@ -162,6 +173,9 @@ void open(PSListController self, PSSpecifier row) {
   const auto page = bridge::makeOf<PSListController, &NSObject::init>(cls);
   page->setSpecifier(row);
   push(page.get(), self, row.name());
+  if (!standsBeside(self)) return;
+  ListController::state(self).chosen = bridge::retained(row);
+  markChosen(self);
 }
 
 }  // namespace
@@ -185,8 +199,14 @@ std::vector<PSTableCell> cellsOf(PSListController controller) {
   return ListController::state(controller).cells;
 }
 
-void useBundle(PSListController controller, NSBundle from) {
-  ListController::state(controller).bundle = bridge::retained(from);
+void setLargeTitle(PSListController controller, NSString title) {
+  ListController::state(controller).largeTitle = bridge::retained(title);
+}
+
+CGFloat largeTitleSeen(PSListController controller) {
+  if (!ListController::state(controller).largeTitle) return 0;
+  const CGFloat scrolled = bridge::as<UIScrollView>(controller.view()).contentOffset().y;
+  return std::clamp<CGFloat>(largeTitleHeight - scrolled, 0, largeTitleHeight);
 }
 
 void defineListControllers() {

@@ -14,8 +14,10 @@ void select(PSListController controller, PSSpecifier specifier);
 /** The rows on the page, top to bottom. */
 std::vector<PSTableCell> cellsOf(PSListController controller);
 
-/** Settings' own pages look for their property list in the bundle that they come from. */
-void useBundle(PSListController controller, NSBundle bundle);
+/** The title stands large above the rows, too, and scrolls with them. */
+void setLargeTitle(PSListController controller, NSString title);
+/** How much of its large title is seen below the bar, in points. */
+CGFloat largeTitleSeen(PSListController controller);
 
 void defineListControllers();
 

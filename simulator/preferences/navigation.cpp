@@ -6,6 +6,7 @@
 #include "bridge/define.hpp"
 #include "platform/uikit/button.hpp"
 #include "platform/uikit/image_view.hpp"
+#include "simulator/preferences/list_controller.hpp"
 #include "simulator/preferences/look.hpp"
 #include "simulator/quartz/surface.hpp"
 #include "simulator/springboard/drawn_image.hpp"
@@ -27,7 +28,7 @@ struct Page {
 
 struct NavigationState {
   std::vector<Page> pages;
-  Strong<UIView> bar, room;
+  Strong<UIView> bar, room, title, line;
 };
 
 using NavigationClass = bridge::Implementation<Navigation, NavigationState>;
@@ -73,19 +74,21 @@ Strong<UIView> makeArrow() {
 }
 
 void buildBar(Navigation self) {
-  const NavigationState& state = NavigationClass::state(self);
+  NavigationState& state = NavigationClass::state(self);
   const NSArray old = state.bar->subviews();
   for (NSUInteger i = old.count(); i > 0; --i)
     bridge::as<UIView>(old.objectAtIndex(i - 1)).removeFromSuperview();
   const CGFloat width = state.bar->bounds().size.width, height = state.bar->bounds().size.height;
-  const auto line = makeBox({{0, height - pixel()}, {width, pixel()}}, rgb(0xb2b2b2));
-  line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-  state.bar->addSubview(line);
+  state.line = makeBox({{0, height - pixel()}, {width, pixel()}}, barLineColor);
+  state.line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  state.bar->addSubview(state.line);
   const auto title = makeLabel(state.pages.back().title, UIFont::boldSystemFontOfSize(textSize), textColor);
   title->setTextAlignment(NSTextAlignmentCenter);
   title->setFrame({{width / 4, height - barHeight}, {width / 2, barHeight}});
   title->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
   state.bar->addSubview(title);
+  state.title = title;
+  followScrolling(state.pages.back().controller);
   if (state.pages.size() < 2) return;
   const auto arrow = makeArrow();
   state.bar->addSubview(arrow);
@@ -168,6 +171,19 @@ void push(PSListController page, PSListController from, NSString title) {
     state.pages.clear();
   }
   add(self, page, title, !beside);
+}
+
+bool standsBeside(PSListController controller) { return controller && controller == current().listBeside; }
+
+void followScrolling(PSListController controller) {
+  const UIView room = controller.view().superview();
+  if (!room) return;
+  const auto self = bridge::as<Navigation>(room.superview().nextResponder());
+  const NavigationState& state = NavigationClass::state(self);
+  if (!state.title || state.pages.back().controller.get() != controller) return;
+  const CGFloat alpha = largeTitleSeen(controller) > 0 ? 0 : 1;
+  state.title->setAlpha(alpha);
+  state.line->setAlpha(alpha);
 }
 
 PSListController topPage() {

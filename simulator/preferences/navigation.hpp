@@ -18,6 +18,10 @@ void pushInto(UIViewController navigation, PSListController listBeside);
 /** A page comes from the right, over the one that led to it. */
 void push(PSListController page, PSListController from, NSString title);
 
+/** Whether its pages come beside it. */
+bool standsBeside(PSListController controller);
+/** The bar has its title and its line where the page's large title is not seen. */
+void followScrolling(PSListController controller);
 /** The page that is seen. */
 PSListController topPage();
 

@@ -69,6 +69,7 @@ Strong<UIWindow> makeWindow() {
   now = {};
   now.window = bridge::make<UIWindow, &UIView::initWithFrame>(screen);
   now.list = bridge::make<RootList, &NSObject::init>();
+  if (isSystemEleven()) setLargeTitle(now.list.get(), "Settings"_ns);
   if (isTablet()) {
     const auto container = bridge::make<UIViewController, &NSObject::init>();
     const auto view = makeBox(screen, separatorColor);

@@ -50,8 +50,9 @@ struct CellName {
   Cell cell;
 };
 constexpr CellName cells[] = {
-    {"PSGroupCell", Cell::group},   {"PSLinkCell", Cell::link},    {"PSLinkListCell", Cell::linkList},
-    {"PSSliderCell", Cell::slider}, {"PSSwitchCell", Cell::onOff}, {"PSButtonCell", Cell::button},
+    {"PSGroupCell", Cell::group},     {"PSLinkCell", Cell::link},    {"PSLinkListCell", Cell::linkList},
+    {"PSSliderCell", Cell::slider},   {"PSSwitchCell", Cell::onOff}, {"PSButtonCell", Cell::button},
+    {"PSStaticTextCell", Cell::text},
 };
 
 Cell cellNamed(const std::string& name) {

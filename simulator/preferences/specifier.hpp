@@ -8,7 +8,7 @@
 
 namespace sim::preferences {
 
-enum class Cell { group, link, linkList, listItem, slider, onOff, button };
+enum class Cell { group, link, linkList, listItem, slider, onOff, button, text };
 
 /** What the framework itself keeps of a row. */
 struct Row {

@@ -8,6 +8,7 @@
 #include "bridge/define.hpp"
 #include "simulator/preferences/look.hpp"
 #include "simulator/preferences/specifier.hpp"
+#include "simulator/preferences/table_cell.hpp"
 
 namespace sim::preferences {
 namespace {
@@ -21,7 +22,7 @@ struct RowPath : bridge::Face<"NSIndexPath", NSIndexPath> {
 };
 
 struct TableState {
-  std::function<void()> build;
+  std::function<void()> build, scrolled;
   CGFloat width = 0;
 };
 
@@ -41,6 +42,18 @@ struct Builder {
 
   void line(CGFloat left) {
     const auto made = makeBox({{left, y}, {width - left, pixel()}}, separatorColor);
+    table.addSubview(made);
+  }
+
+  // Part of the bar, as high as what is drawn down while the page is at its top.
+  void largeTitle(NSString text) {
+    const auto ground = makeBox({{0, -width}, {width, width + largeTitleHeight}}, barColor);
+    table.addSubview(ground);
+    const auto label = makeLabel(text, UIFont::boldSystemFontOfSize(largeTitleSize), textColor);
+    label->setFrame({{margin(), 0}, {width - 2 * margin(), largeTitleHeight - 8}});
+    table.addSubview(label);
+    y = largeTitleHeight;
+    const auto made = makeBox({{0, y - pixel()}, {width, pixel()}}, barLineColor);
     table.addSubview(made);
   }
 
@@ -86,7 +99,7 @@ struct Builder {
     const PSTableCell cell = controller.tableView_cellForRowAtIndexPath(table, path);
     cell.setFrame({{0, y}, {width, rowHeight}});
     table.addSubview(cell);
-    line(row == 0 ? 0 : margin());
+    line(row == 0 ? 0 : textLeft(cell.specifier()));
     cells.push_back(cell);
     y += rowHeight;
     ++row;
@@ -97,6 +110,7 @@ void layoutSubviews(Table self) {
   TableClass::super<&UIView::layoutSubviews>(self);
   TableState& state = TableClass::state(self);
   const CGFloat width = self.bounds().size.width;
+  state.scrolled();
   if (width == state.width) return;
   state.width = width;
   state.build();
@@ -104,9 +118,10 @@ void layoutSubviews(Table self) {
 
 }  // namespace
 
-Strong<UIScrollView> makeTable(std::function<void()> build) {
+Strong<UIScrollView> makeTable(std::function<void()> build, std::function<void()> scrolled) {
   const auto made = bridge::make<Table, &UIView::initWithFrame>(UIScreen::mainScreen().bounds());
   TableClass::state(made.get()).build = std::move(build);
+  TableClass::state(made.get()).scrolled = std::move(scrolled);
   const auto paint = uikit::makeColor(background);
   made->setBackgroundColor(paint);
   made->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
@@ -114,11 +129,12 @@ Strong<UIScrollView> makeTable(std::function<void()> build) {
   return made;
 }
 
-std::vector<PSTableCell> buildTable(UIScrollView table, PSListController controller) {
+std::vector<PSTableCell> buildTable(UIScrollView table, PSListController controller, NSString title) {
   const NSArray old = table.subviews();
   for (NSUInteger i = old.count(); i > 0; --i)
     bridge::as<UIView>(old.objectAtIndex(i - 1)).removeFromSuperview();
   Builder builder{table, controller, table.bounds().size.width, 0, 0, 0, true, {}, {}};
+  if (title) builder.largeTitle(title);
   const NSArray rows = controller.specifiers();
   for (NSUInteger i = 0; i < rows.count(); ++i) {
     const auto row = bridge::as<PSSpecifier>(rows.objectAtIndex(i));

@@ -10,12 +10,16 @@
 #include "platform/uikit/gesture_recognizer.hpp"
 #include "platform/uikit/image_view.hpp"
 #include "platform/uikit/slider.hpp"
+#include "platform/uikit/stepper.hpp"
 #include "platform/uikit/switch.hpp"
+#include "simulator/device/usage_error.hpp"
 #include "simulator/preferences/list_controller.hpp"
 #include "simulator/preferences/look.hpp"
+#include "simulator/preferences/navigation.hpp"
 #include "simulator/preferences/specifier.hpp"
 #include "simulator/quartz/surface.hpp"
 #include "simulator/springboard/drawn_image.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace sim::preferences {
 namespace {
@@ -35,6 +39,8 @@ struct CellState {
 };
 
 using CellClass = bridge::Implementation<PSTableCell, CellState>;
+
+UIImage iconOf(PSSpecifier row) { return bridge::as<UIImage>(row.propertyForKey("iconImage"_ns)); }
 
 constexpr CGFloat chevronWidth = 8, chevronHeight = 13, checkSize = 14, gap = 6, valueWidth = 52;
 
@@ -108,7 +114,13 @@ void addText(PSTableCell self, const Color& color) {
   CellState& state = CellClass::state(self);
   state.text = makeLabel(state.specifier->name(), UIFont::systemFontOfSize(textSize), color);
   const CGSize size = state.text->sizeThatFits({1000, rowHeight});
-  put(self, state.text, inMiddle(margin(), size));
+  put(self, state.text, inMiddle(textLeft(state.specifier), size));
+}
+
+void addIcon(PSTableCell self, UIImage icon) {
+  const auto view = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{{}, {iconSide, iconSide}});
+  view->setImage(icon);
+  put(self, view, inMiddle(margin(), {iconSide, iconSide}));
 }
 
 void addChevron(PSTableCell self, CGFloat width) {
@@ -146,6 +158,13 @@ void changed(CellFace self, UIControl control) {
   if (bridge::isKindOf<UISlider>(control)) showNumber(self, bridge::as<UISlider>(control).value());
 }
 
+Class classOf(PSSpecifier row) {
+  const std::string name = textOf(row, "cellClass"_ns);
+  if (name.empty()) return CellClass::cls;
+  if (const Class found = objc_getClass(name.c_str())) return found;
+  throw UsageError("Settings finds no cell '" + name + "'");
+}
+
 void listen(PSTableCell self) {
   auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
       self, bridge::Descriptor<&CellFace::tapped>::selector());
@@ -155,27 +174,50 @@ void listen(PSTableCell self) {
 }  // namespace
 
 Strong<PSTableCell> makeCell(PSSpecifier specifier, PSListController controller, CGFloat width) {
-  auto made = bridge::make<PSTableCell, &UIView::initWithFrame>(CGRect{{}, {width, rowHeight}});
+  auto made = bridge::makeOf<PSTableCell, &PSTableCell::initWithStyle_reuseIdentifier_specifier>(
+      classOf(specifier), NSInteger{0}, NSString{}, specifier);
   const PSTableCell self = made.get();
   CellState& state = CellClass::state(self);
-  state.specifier = bridge::retained(specifier);
   state.controller = controller;
-  const auto white = uikit::makeColor(cellColor);
-  self.setBackgroundColor(white);
-  state.content = makeBox({{}, {width, rowHeight}}, cellColor);
-  self.addSubview(state.content);
+  self.setFrame({{}, {width, rowHeight}});
   const Cell kind = rowOf(specifier).cell;
   if (kind != Cell::slider) addText(self, kind == Cell::button ? blue : textColor);
   if (kind == Cell::onOff) addSwitch(self, width);
   if (kind == Cell::slider) addSlider(self, width);
-  if (kind == Cell::link || kind == Cell::linkList) addChevron(self, width);
+  if (const UIImage icon = iconOf(specifier)) addIcon(self, icon);
+  if ((kind == Cell::link && !standsBeside(controller)) || kind == Cell::linkList) addChevron(self, width);
   if (kind == Cell::linkList) addChosen(self, width);
-  if (kind != Cell::onOff && kind != Cell::slider) listen(self);
+  if (kind != Cell::onOff && kind != Cell::slider && kind != Cell::text) listen(self);
   refresh(self);
   return made;
 }
 
-void refresh(PSTableCell cell) {
+void refresh(PSTableCell cell) { cell.refreshCellContentsWithSpecifier(cell.specifier()); }
+
+namespace {
+
+// Its width comes later.
+Strong<PSTableCell> init(PSTableCell self, NSInteger, NSString, PSSpecifier specifier) {
+  const CGRect room{{}, {UIScreen::mainScreen().bounds().size.width, rowHeight}};
+  auto made = CellClass::superInit<&UIView::initWithFrame>(self, room);
+  const PSTableCell cell = made.get();
+  CellState& state = CellClass::state(cell);
+  state.specifier = bridge::retained(specifier);
+  const auto white = uikit::makeColor(cellColor);
+  cell.setBackgroundColor(white);
+  state.content = makeBox(room, cellColor);
+  state.content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  cell.addSubview(state.content);
+  return made;
+}
+
+void setAccessoryView(PSTableCell self, UIView view) {
+  const CGSize size = view.bounds().size;
+  put(self, view, inMiddle(contentView(self).bounds().size.width - margin() - size.width, size));
+  view.setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin);
+}
+
+void showValue(PSTableCell cell, PSSpecifier) {
   const CellState& state = CellClass::state(cell);
   const Cell kind = rowOf(state.specifier).cell;
   if (kind != Cell::onOff && kind != Cell::slider && kind != Cell::linkList) return;
@@ -192,7 +234,28 @@ void refresh(PSTableCell cell) {
                                 : ""_ns);
 }
 
-UIView controlOf(PSTableCell cell) { return CellClass::state(cell).control.get(); }
+// A stepper that a class of its own brings.
+UIView stepperIn(PSTableCell cell) {
+  UIView found;
+  uikit::forEachInTree(cell, [&](UIView view) {
+    if (bridge::isKindOf<UIStepper>(view)) found = view;
+  });
+  return found;
+}
+
+}  // namespace
+
+CGFloat textLeft(PSSpecifier row) { return margin() + (iconOf(row) ? iconSide + margin() : 0); }
+
+void setSelected(PSTableCell cell, bool selected) {
+  const auto paint = uikit::makeColor(selected ? selectedColor : cellColor);
+  cell.contentView().setBackgroundColor(paint);
+}
+
+UIView controlOf(PSTableCell cell) {
+  const UIView control = CellClass::state(cell).control.get();
+  return control ? control : stepperIn(cell);
+}
 
 void setChecked(PSTableCell cell, bool checked) {
   CellState& state = CellClass::state(cell);
@@ -207,8 +270,11 @@ void setChecked(PSTableCell cell, bool checked) {
 void defineTableCell() {
   using bridge::method;
   CellClass::define<UIView>(method<&PSTableCell::contentView, contentView>(),
-                            method<&PSTableCell::specifier, specifier>(), method<&CellFace::tapped, tapped>(),
-                            method<&CellFace::changed, changed>());
+                            method<&PSTableCell::specifier, specifier>(),
+                            method<&PSTableCell::initWithStyle_reuseIdentifier_specifier, init>(),
+                            method<&PSTableCell::refreshCellContentsWithSpecifier, showValue>(),
+                            method<&PSTableCell::setAccessoryView, setAccessoryView>(),
+                            method<&CellFace::tapped, tapped>(), method<&CellFace::changed, changed>());
 }
 
 }  // namespace sim::preferences

@@ -11,9 +11,13 @@ bridge::Strong<PSTableCell> makeCell(PSSpecifier specifier, PSListController con
 /** Shows what the specifier's value is now. */
 void refresh(PSTableCell cell);
 
-/** The row's switch or slider; nil when it has none. */
+/** The row's switch, slider or stepper; nil when it has none. */
 UIView controlOf(PSTableCell cell);
 
+/** Where a row's text begins. */
+CGFloat textLeft(PSSpecifier specifier);
+/** A row of a list beside its pages: whether its page is the one that is seen. */
+void setSelected(PSTableCell cell, bool selected);
 /** A row of a list of choices: whether it is the chosen one. */
 void setChecked(PSTableCell cell, bool checked);
 

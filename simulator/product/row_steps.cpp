@@ -21,6 +21,7 @@ constexpr double mostDeviation = 1e-3;    // of the range, by which a thumb may 
 
 // Takes the thumb there in even moves, without letting time pass.
 void slideTo(const Row& row, float value) {
+  if (!row.slider) placeOf(row, row.slider, "slider");  // which says so
   const float minimum = row.slider.minimumValue(), maximum = row.slider.maximumValue();
   if (value < minimum || value > maximum)
     throw UsageError(
@@ -86,7 +87,8 @@ constexpr Kind value = kinds::number("VALUE", -mostValue, mostValue);
 
 constexpr StepRow rows[] = {
     {"increment", increment, with(kinds::name),
-     "presses the plus button of the panel's row with that caption", "0.3 s each", with(kinds::name, times)},
+     "presses the plus button of the row with that caption, of the panel or of Settings", "0.3 s each",
+     with(kinds::name, times)},
     {"decrement", decrement, with(kinds::name), "the minus button", "0.3 s each", with(kinds::name, times)},
     {"slide", slide, with(kinds::name, value), "a finger drags the row's thumb to that value, in ten moves",
      "none"},

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "bridge/runtime.hpp"
+#include "platform/uikit/stepper.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
 #include "simulator/preferences/shown_rows.hpp"
@@ -69,10 +70,15 @@ std::optional<Row> rowOf(UIView view, std::string_view caption) {
 Row rowNamed(std::string_view caption) {
   uikit::layoutPass();
   std::optional<Row> found;
-  // A slider of Settings' page in front stands alone in its row.
-  if (const PSTableCell cell = preferences::shownCell(std::string(caption)))
-    if (const UIView control = preferences::controlOf(cell); bridge::isKindOf<UISlider>(control))
-      return {std::string(caption), bridge::as<UISlider>(control), {}, {}, {}};
+  // A slider or stepper of Settings' page in front stands alone in its row.
+  if (const PSTableCell cell = preferences::shownCell(std::string(caption))) {
+    const UIView control = preferences::controlOf(cell);
+    if (bridge::isKindOf<UISlider>(control)) return rowOf(caption, bridge::as<UISlider>(control));
+    if (bridge::isKindOf<UIStepper>(control)) {
+      const std::vector<UIButton> halves = subviewsOf<UIButton>(control);
+      return {std::string(caption), {}, halves.front(), halves.back(), {}};
+    }
+  }
   for (const UIWindow window : uikit::windows())
     uikit::forEachInTree(window, [&](UIView view) {
       if (std::optional<Row> row = rowOf(view, caption)) found = std::move(row);

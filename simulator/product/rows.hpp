@@ -14,7 +14,7 @@ namespace sim::product {
 struct Row {
   std::string caption;
   UISlider slider;
-  UIButton minus, plus;  // at the left and the right end of the slider
+  UIButton minus, plus;  // at the left and the right end of the slider, or without one
   UITextField field;
 };
 

@@ -13,7 +13,7 @@ TEST(Package, IsTheSameInTwoFoldersAtTwoTimes) {
   // settings.
   const std::string copied = other / "a longer name/build";
   must(fmt::format(
-      "mkdir -p '{0}' && cd '{1}' && cp -r Tilo_Main.bundle TiloPane-icons '{0}' && cp Tilo.dylib '{0}' && "
+      "mkdir -p '{0}' && cd '{1}' && cp -r Tilo_Main.bundle Tilo.bundle '{0}' && cp Tilo.dylib '{0}' && "
       "{{ [ ! -e TiloPane-universal ] || cp TiloPane-universal '{0}'; }}",
       copied, BUILD));
   must(fmt::format(
@@ -130,7 +130,7 @@ TEST(PageIcon, IsDrawnForEveryScale) {
   for (const auto& [name, pixels] : {std::pair("icon.png", 29), {"icon@2x.png", 58}, {"icon@3x.png", 87}})
     EXPECT_EQ(
         must(fmt::format("python3 -c 'import struct, sys; print(*struct.unpack(\">2I\", open(sys.argv[1], "
-                         "\"rb\").read()[16:24]))' '{}/TiloPane-icons/{}'",
+                         "\"rb\").read()[16:24]))' '{}/Tilo.bundle/{}'",
                          BUILD, name)),
         Lines{fmt::format("{0} {0}", pixels)})
         << name;

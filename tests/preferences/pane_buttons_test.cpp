@@ -72,7 +72,7 @@ TEST(PaneButton, BacksUpAndRestoresWhatWasThen) {
   const std::string file = message(home).substr(11);
   answer(home, "OK");
   const std::string presets = home.contents(test::presetsPath);
-  home.slide("Rows", "3");
+  home.count("Rows", 3);
   home.toggle("Square Icons");
   home.open("Restore");
   home.tap(file);

@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 
+#include "platform/uikit/stepper.hpp"
 #include "simulator/preferences/shown_rows.hpp"
 #include "tests/support/home.hpp"
 
@@ -23,6 +25,13 @@ class PaneHome : public Home {
   void slide(const std::string& title, const std::string& value) {
     scrollTo(title);
     step("slide \"" + title + "\" " + value);
+  }
+  // By the stepper.
+  void count(const std::string& title, int wanted) {
+    scrollTo(title);
+    const int way = wanted - static_cast<int>(stepper(title).value());
+    if (way)
+      step((way > 0 ? "increment \"" : "decrement \"") + title + "\" " + std::to_string(std::abs(way)));
   }
   // Through a list of choices and back.
   void choose(const std::string& title, const std::string& choice) {
@@ -45,6 +54,11 @@ class PaneHome : public Home {
     step("home");
     step("wait 0.5");
   }
+
+  static UIView control(const std::string& title) {
+    return sim::preferences::controlOf(sim::preferences::shownCell(title));
+  }
+  static UIStepper stepper(const std::string& title) { return bridge::as<UIStepper>(control(title)); }
 
   sim::Json stored(const std::string& key) { return report()["preferences"].value(key); }
 };

@@ -6,15 +6,16 @@
 #include "platform/uikit/switch.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "tests/preferences/pane_home.hpp"
+#include "tests/support/files.hpp"
 
 namespace {
 
 using sim::Json;
 using test::PaneHome;
 
-UIView control(const char* title) { return sim::preferences::controlOf(sim::preferences::shownCell(title)); }
-BOOL isOn(const char* title) { return bridge::as<UISwitch>(control(title)).isOn(); }
-float value(const char* title) { return bridge::as<UISlider>(control(title)).value(); }
+BOOL isOn(const char* title) { return bridge::as<UISwitch>(PaneHome::control(title)).isOn(); }
+float value(const char* title) { return bridge::as<UISlider>(PaneHome::control(title)).value(); }
+double count(const char* title) { return PaneHome::stepper(title).value(); }
 
 TEST(Pane, IsOpenedByTheStepAndLeftByTheHomeButton) {
   PaneHome home;
@@ -68,6 +69,18 @@ TEST(Pane, SaysSoWhenItCannotBeLoaded) {
   EXPECT_THROW(home.step("settings"), sim::UsageError);
 }
 
+TEST(Pane, SaysSoWhenARowsClassIsMissing) {
+  test::Home home({}, [](sim::Simulation& device) {
+    const std::filesystem::path file =
+        device.fileSystem().hostPath("/Library/PreferenceBundles/Tilo.bundle/Root.plist");
+    std::string text = test::contentsOf(file);
+    const std::string name = "TiloStepperCell";
+    text.replace(text.find(name), name.size(), "NobodysCell");
+    std::ofstream(file) << text;
+  });
+  EXPECT_THROW(home.step("settings"), sim::UsageError);
+}
+
 TEST(Pane, StandsBesideTheListOnATablet) {
   PaneHome home({"--device", "iPad Air 2"});
   EXPECT_TRUE(sim::preferences::shownCell("Rows"));
@@ -80,23 +93,24 @@ TEST(Pane, ShowsTheNearestAllowedValueAndWritesNothingUntilTouched) {
                  "enabled=1", "--set", "qsBackgroundColor=12", "--set", "sideIconInset=-5", "--set",
                  "labels=YES", "--set", "topIconInset=3e9"});
   const std::string before = home.contents(test::preferencesPath);
-  EXPECT_EQ(value("Rows"), 15);
-  EXPECT_EQ(value("Columns"), 1);
+  EXPECT_EQ(count("Rows"), 15);
+  EXPECT_EQ(count("Columns"), 1);
   EXPECT_EQ(value("Side Inset"), 0);
   EXPECT_EQ(value("Top Inset"), 600);
   EXPECT_TRUE(isOn("Enabled"));
   EXPECT_TRUE(isOn("Show Icon Labels"));
   EXPECT_FALSE(isOn("Square Icons"));
   EXPECT_EQ(home.contents(test::preferencesPath), before);
-  home.slide("Rows", "14");
+  home.count("Rows", 14);
   EXPECT_EQ(home.stored("rows"), 14.0);
   EXPECT_EQ(home.stored("columns"), Json("many"));
 }
 
 TEST(Pane, TakesWholeNumbersWhereOnlyTheseWillDo) {
-  PaneHome home;
-  home.slide("Rows", "6.4");
-  EXPECT_EQ(home.stored("rows").dump(), "6.0");
+  PaneHome home({"--set", "rows=6.4"});
+  EXPECT_EQ(count("Rows"), 6);
+  home.count("Rows", 7);
+  EXPECT_EQ(home.stored("rows").dump(), "7.0");
   home.slide("Top Inset", "40.5");
   EXPECT_NEAR(home.stored("topIconInset").get<double>(), 40.5, 1);
 }

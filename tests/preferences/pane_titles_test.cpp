@@ -75,7 +75,7 @@ TEST(PaneTitle, CustomRowsAndColumnsBringsThoseBack) {
 
 TEST(PaneTitle, RowsIsHowManyAPageHas) {
   PaneHome home(with({}));
-  home.slide("Rows", "7");
+  home.count("Rows", 7);
   EXPECT_EQ(home.stored("rows").dump(), "7.0");
   home.leave();
   EXPECT_EQ(home.report()["pages"][0]["rows"], 7);
@@ -84,7 +84,7 @@ TEST(PaneTitle, RowsIsHowManyAPageHas) {
 TEST(PaneTitle, ColumnsMovesIcons) {
   PaneHome home(with({}));
   const double before = top(home.report(), 3);
-  home.slide("Columns", "3");
+  home.count("Columns", 3);
   EXPECT_EQ(home.stored("columns").dump(), "3.0");
   home.leave();
   EXPECT_EQ(home.report()["pages"][0]["columns"], 3);
@@ -169,7 +169,7 @@ TEST(PaneTitle, CustomNumberOfDockIconsIsInForceAfterARespring) {
 
 TEST(PaneTitle, DockIconsIsThatNumberAfterARespring) {
   Resprung device({"--set", "dockIconsEnabled=YES"});
-  device.home.slide("Dock Icons", "5");
+  device.home.count("Dock Icons", 5);
   EXPECT_EQ(device.home.stored("dockIcons").dump(), "5.0");
   EXPECT_EQ(device.report()["dock"]["icons"].size(), 5u);
 }

@@ -10,10 +10,10 @@ void defineBezierPath(), defineColor(), defineDevice(), defineFont(), defineStri
     defineEvent(), defineGestureRecognizer(), defineTapGestureRecognizer(), defineSwipeGestureRecognizer(),
     definePanGestureRecognizer(), defineLongPressGestureRecognizer(), defineControl(), definePageControl(),
     defineActivityIndicator(), defineImageView(), defineLabel(), defineButton(), defineSlider(),
-    defineSwitch(), definePasteboard(), defineTextField(), defineBarButtonItem(), defineToolbarButton(),
-    defineToolbar(), defineScrollView(), definePickerView(), defineWindow(), defineKeyboard(), defineScreen(),
-    defineViewController(), defineStageView(), defineAlertAction(), defineAlertButton(), defineAlertView(),
-    defineAlertController();
+    defineSwitch(), defineStepper(), definePasteboard(), defineTextField(), defineBarButtonItem(),
+    defineToolbarButton(), defineToolbar(), defineScrollView(), definePickerView(), defineWindow(),
+    defineKeyboard(), defineScreen(), defineViewController(), defineStageView(), defineAlertAction(),
+    defineAlertButton(), defineAlertView(), defineAlertController();
 
 void registerClasses() {
   declareProtocols({"UIGestureRecognizerDelegate", "UIPickerViewDataSource", "UIPickerViewDelegate",
@@ -24,8 +24,8 @@ void registerClasses() {
           defineEvent, defineGestureRecognizer, defineTapGestureRecognizer, defineSwipeGestureRecognizer,
           definePanGestureRecognizer, defineLongPressGestureRecognizer, defineControl, definePageControl,
           defineActivityIndicator, defineImageView, defineLabel, defineButton, defineSlider, defineSwitch,
-          definePasteboard, defineTextField, defineBarButtonItem, defineToolbarButton, defineToolbar,
-          defineScrollView, definePickerView, defineWindow, defineKeyboard, defineScreen,
+          defineStepper, definePasteboard, defineTextField, defineBarButtonItem, defineToolbarButton,
+          defineToolbar, defineScrollView, definePickerView, defineWindow, defineKeyboard, defineScreen,
           defineViewController, defineStageView, defineAlertAction, defineAlertButton, defineAlertView,
           defineAlertController);
 }

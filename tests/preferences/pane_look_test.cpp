@@ -1,0 +1,94 @@
+// How Settings looks around the page: its icon in the list, large titles, the row that is chosen on a tablet.
+#include "platform/uikit/image_view.hpp"
+#include "platform/uikit/label.hpp"
+#include "platform/uikit/scroll_view.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
+#include "simulator/uikit/views/view.hpp"
+#include "simulator/uikit/views/window.hpp"
+#include "tests/preferences/pane_home.hpp"
+
+namespace {
+
+using test::PaneHome;
+
+// All that is shown anywhere of that kind.
+template <class T>
+std::vector<T> shown() {
+  std::vector<T> found;
+  sim::uikit::layoutPass();
+  for (const UIWindow window : sim::uikit::windows())
+    sim::uikit::forEachInTree(window, [&](UIView view) {
+      if (bridge::isKindOf<T>(view)) found.push_back(bridge::as<T>(view));
+    });
+  return found;
+}
+
+// The label of that text and size; the last one that is found, which is the frontmost.
+UILabel label(const std::string& text, CGFloat size) {
+  UILabel found;
+  for (const UILabel each : shown<UILabel>())
+    if (each.text() && text == each.text().UTF8String() && each.font().pointSize() == size) found = each;
+  return found;
+}
+
+UIView cellOf(UIView view) {
+  while (view && !bridge::isKindOf<PSTableCell>(view)) view = view.superview();
+  return view;
+}
+
+struct SettingsList : test::Home {
+  explicit SettingsList(std::vector<std::string> options) : Home(std::move(options)) {
+    step("launch \"Settings\"");
+    step("wait 0.5");
+  }
+};
+
+TEST(SettingsLook, HasThePagesIconBesideItsName) {
+  SettingsList home({});
+  const UIView cell = cellOf(label("Tilo", 17));
+  ASSERT_TRUE(cell);
+  CGRect icon{};
+  sim::uikit::forEachInTree(cell, [&](UIView view) {
+    if (bridge::isKindOf<UIImageView>(view) && view.frame().origin.x < 100) icon = view.frame();
+  });
+  EXPECT_EQ(icon, (CGRect{{15, 7.5}, {29, 29}}));
+  EXPECT_EQ(label("Tilo", 17).frame().origin.x, 59);
+}
+
+TEST(SettingsLook, HasNoLargeTitleBeforeEleven) {
+  SettingsList home({"--device", "iPhone 7", "--ios", "10.3"});
+  EXPECT_FALSE(label("Settings", 34));
+  EXPECT_EQ(label("Settings", 17).alpha(), 1);
+}
+
+TEST(SettingsLook, HasALargeTitleFromElevenOnThatBecomesTheBarsWhenScrolled) {
+  SettingsList home({"--device", "iPhone 8", "--ios", "11.1"});
+  const UILabel large = label("Settings", 34);
+  ASSERT_TRUE(large);
+  EXPECT_EQ(label("Settings", 17).alpha(), 0);
+  const auto list = bridge::as<UIScrollView>(large.superview());
+  list.setContentOffset({0, 60});
+  home.step("wait 0.1");
+  EXPECT_EQ(label("Settings", 17).alpha(), 1);
+}
+
+TEST(SettingsLook, HasAPlainTitleOnThePageItself) {
+  PaneHome home({"--device", "iPhone 8", "--ios", "11.1"});
+  EXPECT_FALSE(label("Tilo", 34));
+  EXPECT_EQ(label("Tilo", 17).alpha(), 1);
+}
+
+TEST(SettingsLook, MarksTheRowWhosePageStandsBesideItOnATablet) {
+  PaneHome home({"--device", "iPad Air 2"});
+  UIView cell;
+  for (const UILabel each : shown<UILabel>())
+    if (each.text() && std::string("Tilo") == each.text().UTF8String() && cellOf(each)) cell = cellOf(each);
+  ASSERT_TRUE(cell);
+  CGFloat red = 0, green = 0, blue = 0, alpha = 0;
+  bridge::as<PSTableCell>(cell).contentView().backgroundColor().getRed_green_blue_alpha(&red, &green, &blue,
+                                                                                        &alpha);
+  EXPECT_NEAR(red, 0.85, 0.01);
+  EXPECT_FALSE(label("Settings", 34));
+}
+
+}  // namespace
