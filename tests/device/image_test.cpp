@@ -54,6 +54,20 @@ TEST(image, largest_functions_are_told) {
   EXPECT_TRUE(contains(outcome.lines, "armv7 ")) << testing::PrintToString(outcome.lines);
 }
 
+TEST(image, has_no_function_that_nothing_uses) {
+  const auto functions = [](const char* name) {
+    return device::test::run(
+               fmt::format("'{}' '{}/{}.dylib' --imports '{}/strict' --exports '{}' --largest 100",
+                           MACHO_CHECK, IMAGES, name, LISTS, EXPORTS))
+        .lines;
+  };
+  const auto naming = [](const Lines& lines) {
+    return std::ranges::count_if(lines, [](const std::string& line) { return line.ends_with(" extra"); });
+  };
+  EXPECT_EQ(naming(functions("extra_export")), 2) << "in both slices, where it is exported";
+  EXPECT_EQ(naming(functions("good")), 0);
+}
+
 TEST(image, is_linked_the_same_every_time) {
   for (const std::string slice : {"arm64", "armv7"})
     EXPECT_EQ(

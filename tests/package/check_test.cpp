@@ -131,6 +131,12 @@ TEST_F(PackageCheck, RefusesWhatBelongsElsewhere) {
                 "var/mobile/Documents/file: does not belong into the package");
 }
 
+TEST_F(PackageCheck, RefusesWhatNobodyReads) {
+  for (const std::string name : {std::string(libraries) + "/Tilo_Main.bundle/notes.txt",
+                                 std::string("Library/PreferenceBundles/Tilo.bundle/icon@4x.png")})
+    expectRefused(fmt::format("echo {0} >{0}", name), name + ": does not belong into the package");
+}
+
 TEST_F(PackageCheck, RefusesWhatIsIncomplete) {
   expectRefused(fmt::format("rm {}/Tilo_Main.bundle/FontAwesome.ttf", libraries),
                 fmt::format("{}/Tilo_Main.bundle/FontAwesome.ttf: is missing", libraries));

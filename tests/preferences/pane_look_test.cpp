@@ -1,7 +1,10 @@
-// How Settings looks around the page: its icon in the list, large titles, the row that is chosen on a tablet.
+// How Settings looks: the page's icon in the list, large titles, the row that is chosen on a tablet; choices
+// in their order, and colours as such.
 #include "platform/uikit/image_view.hpp"
 #include "platform/uikit/label.hpp"
 #include "platform/uikit/scroll_view.hpp"
+#include "simulator/preferences/list_controller.hpp"
+#include "simulator/preferences/navigation.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "simulator/uikit/views/view.hpp"
 #include "simulator/uikit/views/window.hpp"
@@ -89,6 +92,37 @@ TEST(SettingsLook, MarksTheRowWhosePageStandsBesideItOnATablet) {
                                                                                         &alpha);
   EXPECT_NEAR(red, 0.85, 0.01);
   EXPECT_FALSE(label("Settings", 34));
+}
+
+std::vector<PSTableCell> rows() {
+  sim::uikit::layoutPass();
+  return sim::preferences::cellsOf(sim::preferences::topPage());
+}
+
+TEST(PaneLook, ListsLayoutsByNameAfterCustom) {
+  const auto file = test::presetsDocument(
+      sim::Json::array({test::preset("Wide", 1, 11, 12, 13, 14), test::preset("Airy", 0, 1, 2, 3, 4)}));
+  PaneHome home({"--presets", test::temporaryFile("two.json", file)});
+  home.open("Layout");
+  std::vector<std::string> names;
+  for (const PSTableCell row : rows()) names.emplace_back(row.specifier().name().UTF8String());
+  EXPECT_EQ(names, (std::vector<std::string>{"Custom", "Wide", "Airy"}));
+}
+
+TEST(PaneLook, ShowsEachColorBesideItsName) {
+  PaneHome home;
+  home.open("Quick Settings Background Color");
+  ASSERT_EQ(rows().size(), 9u);
+  const PSTableCell red = rows()[6];
+  EXPECT_STREQ(red.specifier().name().UTF8String(), "Red");
+  CGFloat part[4] = {};
+  sim::uikit::forEachInTree(red.contentView(), [&](UIView view) {
+    if (view.frame().size.width == 26)
+      view.backgroundColor().getRed_green_blue_alpha(&part[0], &part[1], &part[2], &part[3]);
+  });
+  EXPECT_NEAR(part[0], 249 / 255., 1e-6);
+  EXPECT_NEAR(part[1], 84 / 255., 1e-6);
+  EXPECT_NEAR(part[2], 115 / 255., 1e-6);
 }
 
 }  // namespace

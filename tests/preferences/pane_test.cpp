@@ -78,7 +78,8 @@ TEST(Pane, SaysSoWhenARowsClassIsMissing) {
     text.replace(text.find(name), name.size(), "NobodysCell");
     std::ofstream(file) << text;
   });
-  EXPECT_THROW(home.step("settings"), sim::UsageError);
+  home.step("settings");
+  EXPECT_THROW(sim::preferences::shownCell("Rows"), sim::UsageError);
 }
 
 TEST(Pane, StandsBesideTheListOnATablet) {

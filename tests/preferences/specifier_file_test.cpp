@@ -135,4 +135,20 @@ TEST(SpecifierFile, SaysWhenEachSettingTakesEffect) {
   }
 }
 
+// By a finger, with what comes of it.
+TEST(SpecifierFile, HasATestForEveryTitle) {
+  test::Home home({"--stock"});
+  const std::string tests =
+      source("tests/preferences/pane_titles_test.cpp") + source("tests/preferences/pane_buttons_test.cpp");
+  int titles = 0;
+  for (const Json& item : specifiers()["items"]) {
+    if (item["cell"] == Json("PSGroupCell")) continue;
+    const std::string title = "(\"" + item["label"].get<std::string>() + "\"";
+    const std::string second = "(home, \"" + item["label"].get<std::string>() + "\"";
+    EXPECT_TRUE(tests.find(title) != tests.npos || tests.find(second) != tests.npos) << title;
+    ++titles;
+  }
+  EXPECT_EQ(titles, 26);
+}
+
 }  // namespace
