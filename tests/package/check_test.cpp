@@ -132,8 +132,8 @@ TEST_F(PackageCheck, RefusesWhatBelongsElsewhere) {
 }
 
 TEST_F(PackageCheck, RefusesWhatNobodyReads) {
-  for (const std::string name : {std::string(libraries) + "/Tilo_Main.bundle/notes.txt",
-                                 std::string("Library/PreferenceBundles/Tilo.bundle/icon@4x.png")})
+  for (const std::string& name : {std::string(libraries) + "/Tilo_Main.bundle/notes.txt",
+                                  std::string("Library/PreferenceBundles/Tilo.bundle/icon@4x.png")})
     expectRefused(fmt::format("echo {0} >{0}", name), name + ": does not belong into the package");
 }
 
