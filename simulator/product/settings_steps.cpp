@@ -1,6 +1,9 @@
 // The steps that stand in for the settings pane: its preferences, and its messages.
 #include <fmt/format.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "bridge/runtime.hpp"
 #include "platform/foundation/dictionary.hpp"
 #include "simulator/app/simulation.hpp"
@@ -34,6 +37,15 @@ void write(Simulation&, const Step& step) {
   setPreference(string(domain), string(setting.key), settingObject(setting.value));
 }
 
+// Another process: the library is told nothing.
+void writePresets(Simulation& simulation, const Step& step) {
+  const std::filesystem::path file = simulation.fileSystem().hostPath(presetsPath);
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream out(file, std::ios::binary);
+  out << step.text(0);
+  if (!out.flush()) throw UsageError(fmt::format("cannot write {}", file.string()));
+}
+
 void message(Simulation& simulation, const Step& step) {
   using namespace appsupport;
   if (!serves(settingsCentre)) throw UsageError(fmt::format("nobody serves '{}'", settingsCentre));
@@ -48,6 +60,8 @@ void message(Simulation& simulation, const Step& step) {
 constexpr StepRow rows[] = {
     {"write", write, with(kinds::setting), "another process writes the preference domain and tells nobody",
      "none"},
+    {"write-presets", writePresets, with(kinds::text),
+     "another process writes the presets file, with that text in it, and tells nobody", "none"},
     {"message", message, withMany(kinds::setting, kinds::word),
      "a message to the messaging centre, delivered before the step ends", "none"},
 };

@@ -1,0 +1,145 @@
+// Each promise, and how it is looked into. None of them asks the library: files are read, SpringBoard's
+// lists are asked, and views are counted.
+#include "tests/monkey/promises.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/uikit/view.hpp"
+#include "simulator/app/report_parts.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/product/class_names.hpp"
+#include "simulator/product/product.hpp"
+#include "simulator/springboard/springboard.hpp"
+#include "simulator/uikit/views/window.hpp"
+
+namespace test::monkey {
+namespace {
+
+using sim::Json;
+
+constexpr double longestWayOut = 1.5;  // seconds
+
+// A key of the report alone: the whole of it is not needed at every step.
+Json reportOf(Home& home, std::span<const sim::ReportRow> rows, std::string_view key) {
+  const auto row = std::ranges::find(rows, key, &sim::ReportRow::key);
+  return row->value(home.simulation());
+}
+
+int panelsIn(UIView view) {
+  if (sim::product::isKindOfNamed(view, "RQPopupView")) return 1;
+  int count = 0;
+  const NSArray below = view.subviews();
+  for (NSUInteger i = 0; i < below.count(); ++i) count += panelsIn(bridge::as<UIView>(below.objectAtIndex(i)));
+  return count;
+}
+
+}  // namespace
+
+Promises::Promises(Home& home, std::map<std::string, Json> stock)
+    : home(home), stock(std::move(stock)), screen(home.simulation().device(), sim::Orientation::portrait),
+      stored(reportOf(home, sim::product::filesKeys(), "preferences")),
+      known(stored) {}
+
+std::optional<std::string> Promises::broken(const std::string& step) {
+  const bridge::Pool pool;
+  follow(step);
+  followSettings(step);
+  if (auto wrong = panels()) return wrong;
+  if (auto wrong = rows()) return wrong;
+  if (auto wrong = presetsFile()) return wrong;
+  return answers();
+}
+
+// A tablet's layouts follow the turns that were made since the start.
+void Promises::follow(const std::string& step) {
+  if (step.starts_with("write-presets")) {
+    foreignPresets = home.contents(presetsPath);
+    presetsAreTold = false;
+  }
+  const sim::Orientation now = sim::springboard::orientation();
+  if (now == orientation) return;
+  screen.turnFrom(orientation, whole(known, "preset"));
+  orientation = now;
+}
+
+// A message changes what the library knows and not the file; what others write changes the file alone; and what
+// the library or Settings store, both.
+void Promises::followSettings(const std::string& step) {
+  const Json before = std::exchange(stored, reportOf(home, sim::product::filesKeys(), "preferences"));
+  if (step.starts_with("write ")) return;
+  for (const auto& [key, value] : stored.items())
+    if (!before.contains(key) || before[key] != value) known[key] = value;
+  constexpr std::string_view message = "message ListPreferencesDidChangeNotification name=";
+  if (!step.starts_with(message)) return;
+  const size_t end = step.find(' ', message.size());
+  const std::string key = step.substr(message.size(), end - message.size());
+  const std::string index = step.substr(step.find('=', end) + 1);
+  known[key] = index == "YES" || index == "NO" ? Json(index == "YES") : Json(std::stol(index));
+  told.insert(key);
+}
+
+std::optional<std::string> Promises::panels() {
+  int count = 0;
+  for (const UIWindow window : sim::uikit::windows()) count += panelsIn(window);
+  if (count == 0) told.clear();
+  if (count <= 1) {
+    aloneAt = sim::clock::now();
+    return std::nullopt;
+  }
+  // One may be on its way out when the next one comes.
+  const double since = sim::clock::now() - aloneAt;
+  if (since < longestWayOut) return std::nullopt;
+  return fmt::format("panels: there are {}, for {:.2f} s", count, since);
+}
+
+// A row shows what is stored under its key; where nothing is, zero, or the nearest that its range has.
+std::optional<std::string> Promises::rows() {
+  const Json panel = reportOf(home, sim::product::panelKeys(), "panel");
+  if (panel.isNull()) return std::nullopt;
+  for (const auto& [caption, row] : panel["rows"].items()) {
+    const auto key = row["key"].get<std::string>();
+    if (told.contains(key)) continue;
+    const double shown = std::clamp(single(known, key),
+                                     reported(row["minimum"]), reported(row["maximum"]));
+    if (!close(reported(row["value"]), shown, 1))
+      return fmt::format("rows: {} shows {}, and should show {}", caption, row["value"].dump(), shown);
+  }
+  return std::nullopt;
+}
+
+// What the library writes is a presets file; what somebody else wrote stays until then.
+std::optional<std::string> Promises::presetsFile() {
+  const Json presets = reportOf(home, sim::product::filesKeys(), "presets");
+  if (!presets.isString() || presets.get<std::string>() == foreignPresets) return std::nullopt;
+  return "presets: the file is " + presets.dump();
+}
+
+std::optional<std::string> Promises::answers() {
+  const Json& system = stock.at(orientation == sim::Orientation::portrait ? "portrait" : "landscape");
+  const long position = whole(known, "custom_preset");
+  Json layout;
+  if (position >= 0) {
+    if (!presetsAreTold) return std::nullopt;
+    const Json presets = reportOf(home, sim::product::filesKeys(), "presets");
+    if (presets.isObject() && presets.contains("configurations")) {
+      const Json& records = presets["configurations"];
+      if (position < static_cast<long>(records.size())) layout = records[static_cast<size_t>(position)];
+    }
+  }
+  const ExpectedAnswers expected = ExpectedHome{system, known, layout, screen}.answers();
+  const Json pages = sim::reportPages(home.simulation());
+  const Json& page = pages[0];
+  const std::pair<const char*, double> all[] = {
+      {"rows", static_cast<double>(expected.rows)}, {"columns", static_cast<double>(expected.columns)},
+      {"verticalPadding", expected.vertical},       {"horizontalPadding", expected.horizontal},
+      {"sideInset", expected.side},                 {"topInset", expected.top}};
+  for (const auto& [key, value] : all)
+    if (!close(reported(page[key]), value))
+      return fmt::format("answers: {} is {}, and should be {}", key, page[key].dump(), value);
+  return std::nullopt;
+}
+
+}  // namespace test::monkey
