@@ -38,7 +38,7 @@ class TheCommandLine(unittest.TestCase):
     def test_a_model_that_is_none_is_named(self):
         done = subprocess.run([MONKEY, "--device", "iPhone 70"], capture_output=True, text=True, timeout=60)
         self.assertEqual(done.returncode, 2)
-        self.assertEqual(done.stderr.splitlines(), ["unknown device 'iPhone 70' (--list-devices shows them)"])
+        self.assertEqual(done.stderr.splitlines(), ["monkey: unknown device 'iPhone 70' (--list-devices shows them)"])
 
 
 unittest.main(argv=sys.argv[:1])

@@ -43,7 +43,8 @@ std::string Hand::answer(const sim::Json& alert) {
     return fmt::format("enter \"{}\"", pick({"Home", "a", "Night", "0", "", "ABC def"}));
   if (chance(5)) return "dismiss";
   const int last = static_cast<int>(alert["actions"].size()) - 1;
-  return fmt::format("choose \"{}\"", alert["actions"][static_cast<size_t>(number(0, last))].get<std::string>());
+  return fmt::format("choose \"{}\"",
+                     alert["actions"][static_cast<size_t>(number(0, last))].get<std::string>());
 }
 
 std::string Hand::withPanel(CGSize screen) {
@@ -112,9 +113,11 @@ std::string Hand::anywhere(CGSize screen) {
     case 15:
       return "settings";
     case 16:
-      return "toggle \"" + pick({"Enabled", "Show Icon Labels", "Show Page Dots", "Square Icons", "Hide Dock",
-                                 "Enable Quick Settings", "Use Two Finger Tap Instead",
-                                 "Quick Settings Dark Mode", "Custom Rows and Columns"}) + "\"";
+      return "toggle \"" +
+             pick({"Enabled", "Show Icon Labels", "Show Page Dots", "Square Icons", "Hide Dock",
+                   "Enable Quick Settings", "Use Two Finger Tap Instead", "Quick Settings Dark Mode",
+                   "Custom Rows and Columns"}) +
+             "\"";
     default:
       return "tap " + place(screen);
   }
@@ -131,21 +134,24 @@ std::string Hand::byOthers() {
       return fmt::format("message ListPreferencesDidChangeNotification name={} index={}",
                          pick({"rows", "columns", "dockIcons"}), number(1, 8));
     case 2:
-      return fmt::format("message PreferencesDidChangeNotification name=\"{}\" value={}",
-                         pick({"Use Two Finger Tap Instead", "Enable Quick Settings", "Quick Settings Dark Mode",
-                               "Other"}),
-                         pick({"YES", "NO"}));
+      return fmt::format(
+          "message PreferencesDidChangeNotification name=\"{}\" value={}",
+          pick({"Use Two Finger Tap Instead", "Enable Quick Settings", "Quick Settings Dark Mode", "Other"}),
+          pick({"YES", "NO"}));
     case 3:
-      return fmt::format("message ListPreferencesDidChangeNotification name={} index={}",
-                         pick({"labels", "page", "square", "dock", "dockIconsEnabled", "forceTouch", "icons"}),
-                         pick({"YES", "NO"}));
+      return fmt::format(
+          "message ListPreferencesDidChangeNotification name={} index={}",
+          pick({"labels", "page", "square", "dock", "dockIconsEnabled", "forceTouch", "icons"}),
+          pick({"YES", "NO"}));
     case 4:
-      return fmt::format("write {}={}", pick({"labels", "dock", "isDarkMode", "qsBackgroundColor", "dockIcons"}),
+      return fmt::format("write {}={}",
+                         pick({"labels", "dock", "isDarkMode", "qsBackgroundColor", "dockIcons"}),
                          pick({"YES", "NO", "3", "-1", "x"}));
     default:
-      return fmt::format("write-presets \"{}\"",
-                         pick({R"({\"configurations\":[]})", R"({\"configurations\":[null,{\"name\":5}]})",
-                               R"({\"configurations\":[{\"name\":\"A\",\"value\":0,\"configurable\":1}]})", "{", ""}));
+      return fmt::format(
+          "write-presets \"{}\"",
+          pick({R"({\"configurations\":[]})", R"({\"configurations\":[null,{\"name\":5}]})",
+                R"({\"configurations\":[{\"name\":\"A\",\"value\":0,\"configurable\":1}]})", "{", ""}));
   }
 }
 

@@ -11,7 +11,6 @@
 #include <iostream>
 
 #include "simulator/device/catalogue.hpp"
-#include "simulator/device/usage_error.hpp"
 #include "tests/monkey/trial.hpp"
 #include "tests/support/home.hpp"
 
@@ -23,6 +22,7 @@ using test::monkey::Trial;
 // "iPhone 7" or "iPhone 7, 10.3.3".
 std::vector<std::string> optionsOf(const std::string& phone, const std::vector<std::string>& libraries) {
   const size_t comma = phone.rfind(", ");
+  sim::findDevice(phone.substr(0, comma));  // or throws
   std::vector<std::string> options{"--device", phone.substr(0, comma)};
   if (comma != std::string::npos) options.insert(options.end(), {"--ios", phone.substr(comma + 2)});
   for (const char* setting : {"enabled=YES", "quick=YES", "labels=YES", "page=YES", "custom_preset=-1"})
@@ -36,7 +36,7 @@ sim::Json stockReport(const std::vector<std::string>& options, const char* orien
   std::vector<std::string> stock(options.begin(), options.begin() + (options[2] == "--ios" ? 4 : 2));
   stock.insert(stock.end(), {"--stock", "--orientation", orientation, "--report", "-"});
   const test::Run run = test::runSimulator(stock);
-  if (run.status != 0) throw sim::UsageError(run.errors);
+  if (run.status != 0) throw std::runtime_error(run.errors);
   return sim::Json::read(run.output).value();
 }
 
@@ -44,12 +44,14 @@ void show(const std::string& phone, const Setup& setup, uint64_t seed, const Tri
   fmt::print("{}, seed {}: {}\n", phone, seed, *trial.failure);
   const std::vector<std::string> steps = shrunk(setup, trial);
   fmt::print("{} steps, of which these are enough, with", trial.steps.size());
-  for (const std::string& option : setup.options) fmt::print(" {}", option.contains(' ') ? '"' + option + '"' : option);
+  for (const std::string& option : setup.options)
+    fmt::print(" {}", option.contains(' ') ? '"' + option + '"' : option);
   fmt::print(":\n");
   for (const std::string& step : steps) fmt::print("  {}\n", step);
 }
 
-bool isWellUsed(const std::string& phone, const std::vector<std::string>& libraries, uint64_t seed, int steps) {
+bool isWellUsed(const std::string& phone, const std::vector<std::string>& libraries, uint64_t seed,
+                int steps) {
   Setup setup{.options = optionsOf(phone, libraries), .stock = {}};
   for (const char* orientation : {"portrait", "landscape"})
     setup.stock[orientation] = stockReport(setup.options, orientation);
@@ -58,7 +60,8 @@ bool isWellUsed(const std::string& phone, const std::vector<std::string>& librar
     show(phone, setup, seed, trial);
     return false;
   }
-  fmt::print("{}, seed {}: {} of {} steps could be done, nothing wrong\n", phone, seed, trial.steps.size(), steps);
+  fmt::print("{}, seed {}: {} of {} steps could be done, nothing wrong\n", phone, seed, trial.steps.size(),
+             steps);
   std::fflush(stdout);
   return true;
 }
@@ -67,8 +70,8 @@ int run(int count, char** arguments) {
   CLI::App app("Random use of home screens");
   int steps = 1000;
   uint64_t seed = 1;
-  std::vector<std::string> phones{"iPhone 5s, 9.3.3", "iPhone 7, 10.2",      "iPhone 8 Plus, 11.4",
-                                  "iPhone X, 12.1",   "iPad Air 2, 9.2",     "iPad Pro (12.9-inch), 11.1"};
+  std::vector<std::string> phones{"iPhone 5s, 9.3.3", "iPhone 7, 10.2",  "iPhone 8 Plus, 11.4",
+                                  "iPhone X, 12.1",   "iPad Air 2, 9.2", "iPad Pro (12.9-inch), 11.1"};
   std::vector<std::string> libraries;
   app.add_option("--steps", steps, "on each device")->check(CLI::PositiveNumber);
   app.add_option("--seed", seed, "another one, other steps");
@@ -79,8 +82,8 @@ int run(int count, char** arguments) {
     bool good = true;
     for (const std::string& phone : phones) good = isWellUsed(phone, libraries, seed, steps) && good;
     return good ? 0 : 1;
-  } catch (const sim::UsageError& error) {
-    std::cerr << error.what();
+  } catch (const std::exception& error) {
+    std::cerr << "monkey: " << error.what() << '\n';
     return 2;
   }
 }

@@ -32,14 +32,17 @@ int panelsIn(UIView view) {
   if (sim::product::isKindOfNamed(view, "RQPopupView")) return 1;
   int count = 0;
   const NSArray below = view.subviews();
-  for (NSUInteger i = 0; i < below.count(); ++i) count += panelsIn(bridge::as<UIView>(below.objectAtIndex(i)));
+  for (NSUInteger i = 0; i < below.count(); ++i)
+    count += panelsIn(bridge::as<UIView>(below.objectAtIndex(i)));
   return count;
 }
 
 }  // namespace
 
 Promises::Promises(Home& home, std::map<std::string, Json> stock)
-    : home(home), stock(std::move(stock)), screen(home.simulation().device(), sim::Orientation::portrait),
+    : home(home),
+      stock(std::move(stock)),
+      screen(home.simulation().device(), sim::Orientation::portrait),
       stored(reportOf(home, sim::product::filesKeys(), "preferences")),
       known(stored) {}
 
@@ -65,8 +68,8 @@ void Promises::follow(const std::string& step) {
   orientation = now;
 }
 
-// A message changes what the library knows and not the file; what others write changes the file alone; and what
-// the library or Settings store, both.
+// A message changes what the library knows and not the file; what others write changes the file alone; and
+// what the library or Settings store, both.
 void Promises::followSettings(const std::string& step) {
   const Json before = std::exchange(stored, reportOf(home, sim::product::filesKeys(), "preferences"));
   if (step.starts_with("write ")) return;
@@ -102,8 +105,7 @@ std::optional<std::string> Promises::rows() {
   for (const auto& [caption, row] : panel["rows"].items()) {
     const auto key = row["key"].get<std::string>();
     if (told.contains(key)) continue;
-    const double shown = std::clamp(single(known, key),
-                                     reported(row["minimum"]), reported(row["maximum"]));
+    const double shown = std::clamp(single(known, key), reported(row["minimum"]), reported(row["maximum"]));
     if (!close(reported(row["value"]), shown, 1))
       return fmt::format("rows: {} shows {}, and should show {}", caption, row["value"].dump(), shown);
   }
@@ -132,10 +134,12 @@ std::optional<std::string> Promises::answers() {
   const ExpectedAnswers expected = ExpectedHome{system, known, layout, screen}.answers();
   const Json pages = sim::reportPages(home.simulation());
   const Json& page = pages[0];
-  const std::pair<const char*, double> all[] = {
-      {"rows", static_cast<double>(expected.rows)}, {"columns", static_cast<double>(expected.columns)},
-      {"verticalPadding", expected.vertical},       {"horizontalPadding", expected.horizontal},
-      {"sideInset", expected.side},                 {"topInset", expected.top}};
+  const std::pair<const char*, double> all[] = {{"rows", static_cast<double>(expected.rows)},
+                                                {"columns", static_cast<double>(expected.columns)},
+                                                {"verticalPadding", expected.vertical},
+                                                {"horizontalPadding", expected.horizontal},
+                                                {"sideInset", expected.side},
+                                                {"topInset", expected.top}};
   for (const auto& [key, value] : all)
     if (!close(reported(page[key]), value))
       return fmt::format("answers: {} is {}, and should be {}", key, page[key].dump(), value);

@@ -7,8 +7,8 @@
 #include <unistd.h>
 
 #include <array>
-#include <thread>
 #include <cstring>
+#include <thread>
 
 #include "simulator/device/usage_error.hpp"
 #include "tests/monkey/hand.hpp"
@@ -70,7 +70,8 @@ Trial outcome(const std::string& told, const std::string& errors, int status) {
     ended = line == "end" || trial.failure;
   }
   if (!ended) {
-    const std::string how = WIFSIGNALED(status) ? strsignal(WTERMSIG(status)) : fmt::format("exit {}", WEXITSTATUS(status));
+    const std::string how =
+        WIFSIGNALED(status) ? strsignal(WTERMSIG(status)) : fmt::format("exit {}", WEXITSTATUS(status));
     trial.failure = fmt::format("ended: {}, {}", how, lastWords(errors));
   }
   return trial;

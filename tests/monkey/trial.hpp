@@ -12,12 +12,12 @@
 namespace test::monkey {
 
 struct Setup {
-  std::vector<std::string> options;                // of tilo-sim
-  std::map<std::string, sim::Json> stock;          // reports without the library, by orientation
+  std::vector<std::string> options;        // of tilo-sim
+  std::map<std::string, sim::Json> stock;  // reports without the library, by orientation
 };
 
 struct Trial {
-  std::vector<std::string> steps;      // that could be done; the last is the one after which something was wrong
+  std::vector<std::string> steps;  // that could be done; the last is the one after which something was wrong
   std::optional<std::string> failure;  // a word, a colon and the particulars; none when all went well
 };
 
