@@ -86,6 +86,22 @@ class MessageStep : public testing::Test {
   bridge::Strong<Listener> listener;
 };
 
+TEST(WritePresetsStep, LeavesAFileWithThatTextWhetherOrNotThereWasOne) {
+  Home home;
+  home.step(R"(write-presets "{\"configurations\":[]}")");
+  EXPECT_EQ(home.contents(presetsPath), R"({"configurations":[]})");
+  home.step(R"(write-presets "")");
+  EXPECT_EQ(home.contents(presetsPath), "");
+}
+
+TEST(WritePresetsStep, SaysWhichFileCannotBeWritten) {
+  Home home;
+  std::filesystem::remove(home.file(presetsPath));
+  std::filesystem::create_directories(home.file(presetsPath));
+  EXPECT_EQ(errorOf([&] { home.step(R"(write-presets "")"); }),
+            "cannot write " + home.file(presetsPath).string());
+}
+
 TEST_F(MessageStep, HasBeenDeliveredWithTypedValuesWhenItEnds) {
   serve();
   home.step(R"(message hello name="Use Two Finger Tap Instead" value=NO whole=-5 half=0.5 empty=)");
