@@ -99,7 +99,7 @@ TEST(WritePresetsStep, SaysWhichFileCannotBeWritten) {
   std::filesystem::remove(home.file(presetsPath));
   std::filesystem::create_directories(home.file(presetsPath));
   EXPECT_EQ(errorOf([&] { home.step(R"(write-presets "")"); }),
-            "cannot write " + home.file(presetsPath).string());
+            "test:1: cannot write " + home.file(presetsPath).string());
 }
 
 TEST_F(MessageStep, HasBeenDeliveredWithTypedValuesWhenItEnds) {
