@@ -1,12 +1,11 @@
-// Asking a list, and asking each of the methods that replaced one another.
+// Asking a list, by the messages that SpringBoard sends it.
 #include "simulator/app/list_answers.hpp"
 
-#include <cstring>
+#include <string_view>
 
 #include "bridge/runtime.hpp"
 #include "platform/springboard/dock.hpp"
-#include "simulator/app/report_values.hpp"
-#include "simulator/runtime/hooking.hpp"
+#include "simulator/app/replaced_answers.hpp"
 #include "simulator/springboard/orientation.hpp"
 
 namespace sim {
@@ -27,34 +26,12 @@ constexpr const char* messages[] = {"iconRowsForCurrentOrientation",
                                     "spacing",
                                     "effectiveSpacing"};
 
-template <class R>
-Json call(IMP implementation, id target, SEL selector, NSInteger orientation) {
-  const bool takesOne = std::strchr(sel_getName(selector), ':') != nullptr;
-  const R value =
-      takesOne ? reinterpret_cast<R (*)(id, SEL, NSInteger)>(implementation)(target, selector, orientation)
-               : reinterpret_cast<R (*)(id, SEL)>(implementation)(target, selector);
-  return number(static_cast<double>(value));
-}
-
-// By the letter with which the method's types begin.
-Json answer(IMP implementation, id target, SEL selector, char type) {
-  const NSInteger orientation = springboard::currentOrientation();
-  const bool isReal = type == 'd' || type == 'f';
-  return isReal ? call<CGFloat>(implementation, target, selector, orientation)
-                : call<NSUInteger>(implementation, target, selector, orientation);
-}
-
 Json answersTo(id target, const char* name, const char* sign) {
-  const SEL selector = sel_registerName(name);
-  objc_method* method = class_getInstanceMethod(bridge::classOf(target), selector);
-  if (!method) return nullptr;
-  const char type = method_getTypeEncoding(method)[0];
-  const std::vector<Replacement> replaced = replacementsOf(bridge::classOf(target), selector);
-  const IMP own = replaced.empty() ? method_getImplementation(method) : replaced.front().previous;
-  Json given = Json::array();
-  given.push_back({{"by", "SpringBoard"}, {"value", answer(own, target, selector, type)}});
-  for (const Replacement& each : replaced)
-    given.push_back({{"by", each.library}, {"value", answer(each.implementation, target, selector, type)}});
+  if (!class_getInstanceMethod(bridge::classOf(target), sel_registerName(name))) return nullptr;
+  std::vector<std::string> words;
+  if (std::string_view(name).ends_with(':'))
+    words.push_back(std::to_string(springboard::currentOrientation()));
+  Json given = replacedAnswers(bridge::as<bridge::Object>(target), name, words, {});
   const Json value = given.back().at("value");
   return {{"message", std::string(sign) + name}, {"value", value}, {"given", std::move(given)}};
 }

@@ -124,7 +124,11 @@ void LiveHome::wait(double until) {
   isOver = !reader.fill(socket);
   while (const auto envelope = reader.next()) {
     Said said{envelope->page, Json::read(envelope->contents, deepest).value_or(Json())};
-    if (!isDrawn(said)) waiting.push_back(std::move(said));
+    if (isDrawn(said)) continue;
+    // Nobody waits any more for what a page has asked that has left.
+    if (said.message.isObject() && said.message.value("type") == Json("leave"))
+      std::erase_if(waiting, [&](const Said& each) { return each.page == said.page; });
+    waiting.push_back(std::move(said));
   }
 }
 

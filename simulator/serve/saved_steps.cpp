@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* folder = "/var/mobile/Documents/steps";
 constexpr std::string_view extension = ".txt";
-constexpr std::size_t longestName = 40, mostNames = 100, longestText = 256 << 10;  // bytes
+constexpr std::size_t longestName = 40, mostNames = 100, longestText = 64 << 10;  // bytes
 
 // What such a name makes is a file of the folder, and nothing else.
 bool isName(const std::string& name) {
@@ -58,7 +58,7 @@ Json save(Simulation& simulation, const Json& message) {
   const fs::path file = place / (name + std::string(extension));
   if (text.empty()) {
     fs::remove(file);
-    return saved(simulation, message);
+    return nullptr;
   }
   if (!fs::exists(file) && files(place).size() >= mostNames)
     throw UsageError(fmt::format("'{}' cannot be saved: there are {} already", name, mostNames));
@@ -67,7 +67,7 @@ Json save(Simulation& simulation, const Json& message) {
   if (fs::is_symlink(fs::symlink_status(file))) fs::remove(file);
   std::ofstream out(file, std::ios::binary);
   if (!(out << text << std::flush)) throw UsageError(fmt::format("'{}' cannot be written", name));
-  return saved(simulation, message);
+  return nullptr;
 }
 
 constexpr PageMessage messages[] = {{"saved-steps", saved}, {"save-steps", save}};

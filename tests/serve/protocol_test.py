@@ -165,18 +165,24 @@ class Rudeness(unittest.TestCase):
             self.assertEqual(half.recv(1), b"")
 
     def test_two_hundred_connections_at_once_are_borne(self):
-        connections = []
-        try:
-            for _ in range(200):
-                connections.append(socket.create_connection((self.served.host, self.served.port), timeout=PATIENCE))
-            for one in connections:
-                try:
-                    one.sendall(b"GET / HTTP/1.1\r\n")
-                except OSError:
-                    pass  # sent away
-        finally:
-            for one in connections:
-                one.close()
+        with self.served.socket() as page:
+            page.until("started")
+            connections = []
+            try:
+                for _ in range(200):
+                    connections.append(socket.create_connection((self.served.host, self.served.port), timeout=PATIENCE))
+                for one in connections:
+                    try:
+                        one.sendall(b"GET / HTTP/1.1\r\n")
+                    except OSError:
+                        pass  # sent away
+                self.assertLessEqual(len(os.listdir(f"/proc/{self.served.process.pid}/fd")), 160)
+                page.step("swipe left")
+                page.frame()
+            finally:
+                for one in connections:
+                    one.close()
+        self.assertEqual(eventually(lambda: self.served.get()[0], "an answer"), 200)
 
     def test_more_pages_than_it_serves_are_sent_away_with_a_reason(self):
         pages = [self.served.socket() for _ in range(8)]
@@ -216,6 +222,25 @@ class Rudeness(unittest.TestCase):
             except TimeoutError:
                 pass
             self.assertEqual(frames, 2)
+
+    def test_a_page_that_asks_and_never_reads_is_let_go(self):
+        with tempfile.TemporaryDirectory() as folder, Served(PROGRAM, "--root", folder) as served, \
+                served.socket() as page:
+            for i in range(60):
+                page.answer("save-steps", name=f"n{i}", text="x" * 64 * 1024)
+            before = self.memory(served)
+            with served.socket() as idle:
+                with self.assertRaises(OSError):
+                    for _ in range(10_000):
+                        idle.send(type="saved-steps", id=1)
+                        time.sleep(0.005)
+                self.assertLess(self.memory(served) - before, 200 << 20)
+            page.step("swipe left")
+
+    @staticmethod
+    def memory(served):
+        with open(f"/proc/{served.process.pid}/statm", encoding="ascii") as statm:
+            return int(statm.read().split()[1]) * os.sysconf("SC_PAGE_SIZE")
 
 
 class Living(unittest.TestCase):

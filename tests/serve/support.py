@@ -244,6 +244,10 @@ class Browser:
             raise AssertionError(answer["error"])
         return answer.get("value")
 
+    def command(self, name, **parameters):
+        """One of the browser's own, of its protocol for developers."""
+        return self._call("POST", "/goog/cdp/execute", {"cmd": name, "params": parameters})
+
     def screenshot(self, file):
         with open(file, "wb") as out:
             out.write(base64.b64decode(self._call("GET", "/screenshot")))

@@ -61,6 +61,8 @@ function refit() {
   element('zoom').textContent = zoom === 1 ? '' : `${Math.round(zoom * 100)} %`;
 }
 window.addEventListener('resize', refit);
+// As soon as there is anything to measure.
+new ResizeObserver(refit).observe(document.documentElement);
 screen.addEventListener('resize', refit);
 compare.addEventListener('resize', refit);
 

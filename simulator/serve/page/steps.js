@@ -67,7 +67,8 @@ export class Steps {
 
   async #save() {
     const name = element('steps-name').value.trim();
-    this.#show(await this.#link.ask({type: 'save-steps', name, text: element('script').value}), name);
+    await this.#link.ask({type: 'save-steps', name, text: element('script').value});
+    this.#show(await this.#link.ask({type: 'saved-steps'}), name);
   }
 
   #show(saved, name = '') {
