@@ -73,6 +73,8 @@ def compare(page):
 def console(page):
     page.press("[aria-controls=console]")
     page.do("swipe up", "wait 0.6", 'increment "Side Inset" 2')
+    rows = "await tilo.report(); return document.getElementById('calls').rows.length > 5"
+    eventually(lambda: page.browser.run(rows), "calls")
     page.browser.screenshot(os.path.join(FOLDER, "page-console.png"))
     page.do('tap "close"')
 
