@@ -1,6 +1,8 @@
 // The bar, and the pages below it.
 #include "simulator/preferences/navigation.hpp"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "bridge/define.hpp"
@@ -34,6 +36,7 @@ struct NavigationState {
 using NavigationClass = bridge::Implementation<Navigation, NavigationState>;
 
 constexpr CGFloat arrowWidth = 12, arrowHeight = 21, arrowLeft = 8, arrowGap = 6;
+constexpr CGFloat barEnd = 8;  // points that stay free at the bar's right end
 
 // Not retained: their window is.
 struct Current {
@@ -82,18 +85,23 @@ void buildBar(Navigation self) {
   state.line = makeBox({{0, height - pixel()}, {width, pixel()}}, barLineColor);
   state.line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
   state.bar->addSubview(state.line);
+  CGFloat left = barEnd;
+  if (state.pages.size() > 1) {
+    const auto arrow = makeArrow();
+    state.bar->addSubview(arrow);
+    const auto button = makeBackButton(self, state.pages[state.pages.size() - 2].title);
+    state.bar->addSubview(button);
+    left = button->frame().origin.x + button->frame().size.width + arrowGap;
+  }
+  // In the middle where it finds room there, else beside the way back.
   const auto title = makeLabel(state.pages.back().title, UIFont::boldSystemFontOfSize(textSize), textColor);
-  title->setTextAlignment(NSTextAlignmentCenter);
-  title->setFrame({{width / 4, height - barHeight}, {width / 2, barHeight}});
+  const CGFloat wanted = std::ceil(title->sizeThatFits({width, barHeight}).width);
+  const CGFloat x = std::max(std::min((width - wanted) / 2, width - barEnd - wanted), left);
+  title->setFrame({{x, height - barHeight}, {std::min(wanted, width - barEnd - x), barHeight}});
   title->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
   state.bar->addSubview(title);
   state.title = title;
   followScrolling(state.pages.back().controller);
-  if (state.pages.size() < 2) return;
-  const auto arrow = makeArrow();
-  state.bar->addSubview(arrow);
-  const auto button = makeBackButton(self, state.pages[state.pages.size() - 2].title);
-  state.bar->addSubview(button);
 }
 
 CGRect roomOf(Navigation self, CGFloat x) {
