@@ -33,6 +33,7 @@ class HomeProcess {
   /** Keeps a message until it can be written. */
   void send(const Envelope& envelope);
   bool hasToWrite() const { return !unwritten.empty(); }
+  std::size_t unwrittenLength() const { return unwritten.size(); }
   void write();
   /** Reads what there is; false when the process has gone. */
   bool read() { return reader.fill(channel.get()); }

@@ -40,7 +40,8 @@ constexpr double longestLag = 0.5;
 constexpr double stillness = 0.15;
 // Less than this many pixels are sent exactly at once: a blinking caret, a number that steps.
 constexpr long fewPixels = 40'000;
-constexpr int deepest = 20;  // levels of a message
+constexpr int deepest = 20;                        // levels of a message
+constexpr std::size_t longestWaiting = 16u << 20;  // bytes of messages
 
 bool isMoving() { return uikit::nextAnimationEvent().has_value(); }
 
@@ -72,6 +73,7 @@ bool LiveHome::run() {
     while (!waiting.empty() && !isOver) {
       const Said next = std::move(waiting.front());
       waiting.pop_front();
+      waitingLength -= next.length;
       take(next);
       isDirty = true;
     }
@@ -123,13 +125,24 @@ void LiveHome::wait(double until) {
   if (::poll(all.data(), all.size(), timeout) <= 0 || all.back().revents == 0) return;
   isOver = !reader.fill(socket);
   while (const auto envelope = reader.next()) {
-    Said said{envelope->page, Json::read(envelope->contents, deepest).value_or(Json())};
-    if (isDrawn(said)) continue;
-    // Nobody waits any more for what a page has asked that has left.
-    if (said.message.isObject() && said.message.value("type") == Json("leave"))
-      std::erase_if(waiting, [&](const Said& each) { return each.page == said.page; });
-    waiting.push_back(std::move(said));
+    Said said{envelope->page, Json::read(envelope->contents, deepest).value_or(Json()),
+              envelope->contents.size()};
+    if (!isDrawn(said)) hear(std::move(said));
   }
+}
+
+void LiveHome::hear(Said said) {
+  // Nobody waits any more for what a page has asked that has left.
+  const bool leaves = said.message.isObject() && said.message.value("type") == Json("leave");
+  if (leaves)
+    std::erase_if(waiting, [&](const Said& each) {
+      if (each.page == said.page) waitingLength -= each.length;
+      return each.page == said.page;
+    });
+  else if (waitingLength + said.length > longestWaiting)
+    return refuse(said, UsageError("too much waits to be done"));
+  waitingLength += said.length;
+  waiting.push_back(std::move(said));
 }
 
 // What a page has drawn is heard at once, so that frames go on while a step takes its time.
@@ -156,19 +169,20 @@ void LiveHome::send(const Envelope& envelope) {
 
 void LiveHome::answer(std::uint32_t page, const Json& message) { send({page, true, message.dump()}); }
 
+void LiveHome::refuse(const Said& said, const std::exception& error) {
+  const Json id = said.message.isObject() ? said.message.value("id") : Json();
+  answer(said.page, {{"type", "refused"}, {"id", id}, {"reason", messageLine(error.what())}});
+}
+
 void LiveHome::take(const Said& said) {
   const bridge::Pool pool;
-  const Json id = said.message.isObject() ? said.message.value("id") : Json();
-  const auto refuse = [&](const std::exception& error) {
-    answer(said.page, {{"type", "refused"}, {"id", id}, {"reason", messageLine(error.what())}});
-  };
   try {
     if (!said.message.isObject()) throw UsageError("a message is no JSON object");
     handle(said.page, said.message);
   } catch (const UsageError& error) {
-    refuse(error);
+    refuse(said, error);
   } catch (const JsonError& error) {
-    refuse(error);
+    refuse(said, error);
   }
 }
 

@@ -47,6 +47,7 @@ class LiveHome {
   struct Said {
     std::uint32_t page;
     Json message;
+    std::size_t length;  // bytes
   };
 
   void pump(double end);
@@ -54,6 +55,8 @@ class LiveHome {
   void wait(double until);
   bool isDrawn(const Said& said);
   void take(const Said& said);
+  void refuse(const Said& said, const std::exception& error);
+  void hear(Said said);
   void answer(std::uint32_t page, const Json& message);
   void send(const Envelope& envelope);
 
@@ -71,6 +74,7 @@ class LiveHome {
   const int socket;
   EnvelopeReader reader;
   std::deque<Said> waiting;  // until the step under way is done
+  std::size_t waitingLength = 0;
   std::map<std::uint32_t, Viewer> viewers;
   PageFingers fingers;
   std::chrono::steady_clock::time_point start;           // when the device's clock stood at zero

@@ -10,6 +10,7 @@
 namespace sim::serve {
 namespace {
 
+constexpr std::size_t longestUnwritten = 32u << 20;  // bytes
 constexpr double soonest = 2;  // seconds; what ends sooner in safe mode does not start again
 
 // A copy of the descriptor, which the loop closes when it lets go of it.
@@ -57,6 +58,8 @@ Json ServedHome::welcome() const {
           {"messages", Json(std::move(messages))},
           {"devices", Json(std::move(devices))}};
 }
+
+bool ServedHome::isBusy() const { return process && process->unwrittenLength() > longestUnwritten; }
 
 void ServedHome::send(const Envelope& envelope) {
   if (!process) return;

@@ -27,6 +27,8 @@ class ServedHome {
   Json welcome() const;
 
   void send(const Envelope& envelope);
+  /** Whether it has not taken so much yet that pages are to wait. */
+  bool isBusy() const;
   /** Reads what there is; false when the process has gone. */
   bool read() { return process->read(); }
   std::optional<Envelope> next() { return process->next(); }

@@ -154,6 +154,8 @@ class Server {
       homes.start(page.home, message.value("safe") == Json(true));
     } else if (type == "join" || type == "leave") {
       throw UsageError(fmt::format("'{}' is not for pages to say", type));
+    } else if (homes.at(page.home).isBusy()) {
+      throw UsageError("SpringBoard is busy");
     } else {
       homes.at(page.home).send({page.number, true, text});
     }

@@ -237,6 +237,38 @@ class Rudeness(unittest.TestCase):
                 self.assertLess(self.memory(served) - before, 200 << 20)
             page.step("swipe left")
 
+    def test_a_page_that_says_more_than_can_be_done_is_refused(self):
+        with Served(PROGRAM) as served, served.socket() as page:
+            page.report()
+            (home,) = served.home_processes()
+            before = self.memory(served)
+            os.kill(home, signal.SIGSTOP)
+            for i in range(80):
+                page.send(type="step", id=i + 1, step="#" + "x" * 900_000)
+            with self.assertRaises(Refused) as busy:
+                page.until("never")
+            self.assertEqual(str(busy.exception), "SpringBoard is busy")
+            self.assertLess(self.memory(served) - before, 150 << 20)
+            os.kill(home, signal.SIGCONT)
+            eventually(lambda: self.goes_on(page), "an answer")
+
+    def test_there_is_an_end_to_what_waits_for_a_step(self):
+        with self.served.socket() as page:
+            page.send(type="step", id=1, step="wait 2")
+            for _ in range(25):
+                page.send(type="step", id=2, step="#" + "x" * 900_000)
+            with self.assertRaises(Refused) as refusal:
+                page.until("never")
+            self.assertEqual(str(refusal.exception), "too much waits to be done")
+            eventually(lambda: self.goes_on(page), "an answer")
+
+    @staticmethod
+    def goes_on(page):
+        try:
+            return page.report()
+        except Refused:
+            return None
+
     @staticmethod
     def memory(served):
         with open(f"/proc/{served.process.pid}/statm", encoding="ascii") as statm:

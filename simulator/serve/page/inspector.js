@@ -44,11 +44,8 @@ export class Inspector {
     this.#looking = true;
     while (this.#again) {
       this.#again = false;
-      try {
-        this.#show(await this.#link.ask({type: 'views'}));
-      } catch {
-        // the home screen is on its way
-      }
+      const windows = await this.#link.ask({type: 'views'}).catch(() => null);
+      if (windows) this.#show(windows);  // else the home screen is on its way
       await new Promise((resolve) => setTimeout(resolve, pause));
     }
     this.#looking = false;
