@@ -175,6 +175,19 @@ class SavedSteps(Messages):
         self.assert_refused("", "save-steps", name="x", text=None)
 
 
+class Settings(Messages):
+    def test_what_a_setting_cannot_be_is_refused_with_its_name_and_changes_nothing(self):
+        before = self.page.report()["preferences"]
+        for key, value, fault in (("rows", 99, "'99' for 'rows': it has to be from 1 to 15"),
+                                  ("rows", True, "'true' for 'rows': it has to be a number, 1 to 15"),
+                                  ("enabled", 1, "'1' for 'enabled': it has to be YES or NO"),
+                                  ("nothing", 1, "no setting is called 'nothing'")):
+            with self.assertRaises(Refused) as error:
+                self.page.answer("set", key=key, value=value)
+            self.assertEqual(str(error.exception), fault)
+        self.assertEqual(self.page.report()["preferences"], before)
+
+
 def layout(name, top, value=0):
     return {"name": name, "value": value, "configurable": 1,
             "configuration": {"horizontal_padding": 0, "vertical_padding": 0, "side_inset": 0, "top_inset": top}}
