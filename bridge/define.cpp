@@ -36,7 +36,7 @@ bool claim(const char* name) {
 
 void addMethod(Class cls, const MethodEntry& entry) {
   Class owner = entry.ofClass ? classOf(reinterpret_cast<id>(cls)) : cls;
-  class_addMethod(owner, entry.selector, entry.implementation, entry.types);
+  class_addMethod(owner, sel_registerName(entry.selector), entry.implementation, entry.types);
 }
 
 void addProtocol(Class cls, const ProtocolEntry& entry) {

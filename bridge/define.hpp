@@ -21,7 +21,7 @@ namespace bridge {
 template <auto Member, auto Function>
 MethodEntry method() {
   using D = Descriptor<Member>;
-  return {isClassMethod<Member>, D::selector(), D::types(), implementationOf<Member, Function>()};
+  return {isClassMethod<Member>, D::name, D::types(), implementationOf<Member, Function>()};
 }
 
 // Getter and setter of what is no property of a face.
@@ -70,9 +70,13 @@ class Implementation {
   // The class once it is defined.
   static inline constinit Class cls = nullptr;
 
-  static State& state(T self) {
+  // Out of line: every accessor begins with it.
+  [[gnu::noinline]] static State& state(T self) {
     Slot& slot = slotOf(self.raw);
-    if (!slot.built) build(slot);
+    if (!slot.built) {
+      new (slot.bytes) State();
+      slot.built = true;
+    }
     return *std::launder(reinterpret_cast<State*>(slot.bytes));
   }
 
@@ -121,8 +125,7 @@ class Implementation {
     if constexpr (!std::is_empty_v<State>) {
       static_assert(alignof(State) <= 8);
       addState(made, sizeof(Slot));
-      addMethod(made, MethodEntry{false, Dealloc::selector(), Dealloc::types(),
-                                  Thunk<Dealloc, &dealloc>::implementation()});
+      addMethod(made, MethodEntry{false, Dealloc::name, Dealloc::types(), Thunk<Dealloc, &dealloc>::implementation()});
     }
     (addRow(made, rows), ...);
     objc_registerClassPair(made);
@@ -142,12 +145,6 @@ class Implementation {
   static inline constinit ptrdiff_t offset = 0;
 
   static Slot& slotOf(id self) { return *reinterpret_cast<Slot*>(reinterpret_cast<char*>(self) + offset); }
-
-  // Out of line: it happens once and is asked for everywhere.
-  [[gnu::noinline]] static void build(Slot& slot) {
-    new (slot.bytes) State();
-    slot.built = true;
-  }
 
   static void dealloc(T self) {
     Slot& slot = slotOf(self.raw);

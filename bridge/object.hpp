@@ -67,13 +67,13 @@ T as(Object object) {
 template <Name ClassName>
 inline constinit Class classOfName = nullptr;
 
-// Looks a class up and keeps it where there is one. Out of line: it happens once and is asked for everywhere.
+// Looks a class up and keeps it where there is one.
 Class lookedUp(Class& place, const char* name);
 
 // The class a face names; nil where the platform has none of that name. Looked up until it is there, then
-// kept.
+// kept. Out of line: it is asked for everywhere.
 template <class T>
-Class classNamed() {
+[[gnu::noinline]] Class classNamed() {
   Class& cached = classOfName<T::className>;
   const Class found = loadShared(cached);
   return found ? found : lookedUp(cached, T::className.text);

@@ -67,8 +67,8 @@ PropertyEntry property(Keeping keeping = usualKeeping<typename Descriptor<Member
           P::variable.text,
           keeping,
           atomic,
-          {false, P::selector(), P::types(), Thunk<P, Getter>::implementation()},
-          {false, S::selector(), S::types(), Thunk<S, Setter>::implementation()}};
+          {false, P::name, P::types(), Thunk<P, Getter>::implementation()},
+          {false, S::name, S::types(), Thunk<S, Setter>::implementation()}};
 }
 
 void addProperty(Class cls, const PropertyEntry& entry);

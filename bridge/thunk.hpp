@@ -44,7 +44,7 @@ IMP implementationOf() {
 
 struct MethodEntry {
   bool ofClass;
-  SEL selector;
+  const char* selector;
   const char* types;
   IMP implementation;
 };
