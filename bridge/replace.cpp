@@ -83,6 +83,10 @@ Outcome carryOut(const Row* row, const Row* end) {
 
 }  // namespace
 
+IMP Slot::implementation() const {
+  return previous ? previous : above ? class_getMethodImplementation(above, selector) : nullptr;
+}
+
 HookFunction hookFunction() {
 #ifdef __APPLE__
   void* everywhere = reinterpret_cast<void*>(-2);

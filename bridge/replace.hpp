@@ -17,9 +17,7 @@ struct Slot {
   Class above = nullptr;
   SEL selector = nullptr;
 
-  IMP implementation() const {
-    return previous ? previous : above ? class_getMethodImplementation(above, selector) : nullptr;
-  }
+  IMP implementation() const;
 };
 
 template <auto Function>
