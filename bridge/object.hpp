@@ -70,13 +70,19 @@ inline constinit Class classOfName = nullptr;
 // Looks a class up and keeps it where there is one.
 Class lookedUp(Class& place, const char* name);
 
-// The class a face names; nil where the platform has none of that name. Looked up until it is there, then
-// kept. Out of line: it is asked for everywhere.
-template <class T>
-[[gnu::noinline]] Class classNamed() {
-  Class& cached = classOfName<T::className>;
+// Nil where the platform has none of that name. Looked up until it is there, then kept. Out of line: it is
+// asked for everywhere.
+template <Name ClassName>
+[[gnu::noinline]] Class classCalled() {
+  Class& cached = classOfName<ClassName>;
   const Class found = loadShared(cached);
-  return found ? found : lookedUp(cached, T::className.text);
+  return found ? found : lookedUp(cached, ClassName.text);
+}
+
+// The class a face names.
+template <class T>
+Class classNamed() {
+  return classCalled<T::className>();
 }
 
 // -[NSObject isKindOfClass:] for any object, by walking the superclasses; false for nil on either side.
