@@ -125,7 +125,8 @@ class Implementation {
     if constexpr (!std::is_empty_v<State>) {
       static_assert(alignof(State) <= 8);
       addState(made, sizeof(Slot));
-      addMethod(made, MethodEntry{false, Dealloc::name, Dealloc::types(), Thunk<Dealloc, &dealloc>::implementation()});
+      addMethod(made, MethodEntry{false, Dealloc::name, Dealloc::types(),
+                                  Thunk<Dealloc, &dealloc>::implementation()});
     }
     (addRow(made, rows), ...);
     objc_registerClassPair(made);

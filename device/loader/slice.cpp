@@ -1,4 +1,6 @@
 // Gives the simulator a loader of the slices that ship, beside the host's own for the host's own files.
+#include <dlfcn.h>
+
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -58,11 +60,11 @@ void* open(const char* path, std::string& error) try {
 
 // For data: a function would have to be made callable first.
 void* symbol(void* image, const char* name) {
-  auto slice = loaded.find(image);
-  if (slice == loaded.end()) return host.symbol(image, name);
-  for (const Export& found : slice->second->layout.exports)
-    if (found.name == std::string("_") + name) return slice->second->base + found.address;
-  return nullptr;
+  for (const auto& [base, slice] : loaded)
+    for (const Export& found : slice->layout.exports)
+      if ((image == base || image == RTLD_DEFAULT) && found.name == std::string("_") + name)
+        return slice->base + found.address;
+  return loaded.contains(image) ? nullptr : host.symbol(image, name);
 }
 
 [[maybe_unused]] const bool inUse = (host = sim::image::use({open, symbol, true}), true);

@@ -14,7 +14,7 @@ void* open(const std::string& path, std::string& error);
 // linked without regard to each other, as those of a device are: two may have functions of one name.
 void publish(const std::string& path);
 
-// dlsym: an exported function or variable; null when there is none.
+// dlsym: an exported function or variable; null when there is none. RTLD_DEFAULT for that of any image.
 void* symbol(void* image, const char* name);
 
 // What loads images that are not the host's own kind of file.

@@ -15,7 +15,7 @@ using test::libraryVariable;
 
 // What a program that looks for the exported array finds.
 std::vector<CGFloat> exportedFraming() {
-  auto* values = static_cast<const CGFloat*>(dlsym(RTLD_DEFAULT, "framing"));
+  auto* values = static_cast<const CGFloat*>(test::exportedSymbol("framing"));
   return values ? std::vector<CGFloat>(values, values + 4) : std::vector<CGFloat>{};
 }
 

@@ -1,6 +1,5 @@
 // How many rows and columns a list has: the exported function that decides it, the stored counts behind it,
 // and the answers of lists and of their classes.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "settings/store/configuration_manager.hpp"
@@ -15,7 +14,7 @@ using tilo::ConfigurationManager;
 const std::vector<std::string> customGrid{"enabled=YES", "icons=YES", "rows=6", "columns=3"};
 
 int iconGridCalc(NSString key, bridge::Object list, int systemValue) {
-  auto* function = reinterpret_cast<int (*)(id, id, int)>(dlsym(RTLD_DEFAULT, "iconGridCalc"));
+  auto* function = reinterpret_cast<int (*)(id, id, int)>(test::exportedSymbol("iconGridCalc"));
   return function ? function(key.raw, list.raw, systemValue) : -1000;
 }
 

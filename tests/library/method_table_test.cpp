@@ -215,7 +215,7 @@ struct Outcome {
 
 TEST(MethodTable, IsToldInAnExportedArrayThatAnEmptyRowEnds) {
   Home home(everyMethod);
-  auto* told = static_cast<const Outcome*>(dlsym(RTLD_DEFAULT, "hookOutcomes"));
+  auto* told = static_cast<const Outcome*>(test::exportedSymbol("hookOutcomes"));
   ASSERT_TRUE(told);
   for (const Row& row : table) {
     EXPECT_STREQ(told->className, row.className);

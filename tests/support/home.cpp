@@ -1,6 +1,7 @@
 // The home screen of a test.
 #include "tests/support/home.hpp"
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include "settings/store/configuration_manager.hpp"
 #include "simulator/app/report.hpp"
 #include "simulator/app/steps.hpp"
+#include "simulator/device/image.hpp"
 #include "simulator/input/script.hpp"
 #include "simulator/product/product.hpp"
 #include "simulator/springboard/icon_controller.hpp"
@@ -90,6 +92,8 @@ sim::Json preset(const std::string& name, int configurable, double vertical, dou
             {"side_inset", side},
             {"top_inset", top}}}};
 }
+
+void* exportedSymbol(const char* name) { return sim::image::symbol(RTLD_DEFAULT, name); }
 
 std::string temporaryFile(const std::string& name, const std::string& contents) {
   fs::path path = temporaryFiles.folder() / name;

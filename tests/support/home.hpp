@@ -62,6 +62,9 @@ sim::Json preset(const std::string& name, int configurable, double vertical, dou
 // A file with these contents in the test's own temporary folder; its path.
 std::string temporaryFile(const std::string& name, const std::string& contents);
 
+// What the loaded library exports by that name; null when there is none.
+void* exportedSymbol(const char* name);
+
 // A variable or function of the loaded library by its C++ name, exported or not, as a debugger finds it: in
 // the symbol table of the library's file. Fails the test when there is none.
 void* librarySymbol(const std::string& name);

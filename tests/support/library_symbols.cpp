@@ -41,7 +41,7 @@ std::map<std::string, Elf64_Addr> symbolTable(const char* path) {
 }  // namespace
 
 void* librarySymbol(const std::string& name) {
-  void* exported = dlsym(RTLD_DEFAULT, "iconGridCalc");
+  void* exported = exportedSymbol("iconGridCalc");
   Dl_info library{};
   if (!exported || !dladdr(exported, &library)) {
     ADD_FAILURE() << "the library is not loaded";
