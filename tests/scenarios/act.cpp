@@ -1,11 +1,13 @@
 // Acts scenarios out, each in a process of its own, forked from one that has started already: under an
 // emulator the start is what takes longest.
 //
-//   act-scenarios --into FOLDER [--jobs N] [--library FILE] [--pictures NAME,...] SCENARIO...
+//   act-scenarios --into FOLDER [--jobs N] [--library FILE] [--pictures NAME,...] [--pixels NAME,...]
+//   SCENARIO...
 //
 // Each gets a folder below FOLDER with what it said and how it ended (`said`), its reports, the one at its
 // end
-// (`end.json`), and the size and the sum of the picture at its end (`picture`). Options stand in the
+// (`end.json`), the size and the sum of the picture at its end (`picture`), and of those that --pixels names
+// the picture itself (`pixels`: its width and height, then a word for each pixel). Options stand in the
 // scenario's line "# options:", as a shell would have them. Exit status 2 when there is nothing to act.
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -44,6 +46,7 @@ struct Arguments {
   std::string library;
   std::size_t jobs = 1;
   std::optional<std::set<std::string>> pictures;  // none: of all
+  std::set<std::string> pixels;
   std::vector<fs::path> scenarios;
 };
 
@@ -81,19 +84,35 @@ sim::Options optionsOf(const fs::path& scenario, const std::string& library) {
                            sim::product::program().options);
 }
 
-// FNV-1a over its pixels.
-std::string pictureNow() {
+// A word for each pixel, behind the width and the height.
+std::vector<uint32_t> pixelsNow() {
   const sim::Surface surface = sim::uikit::renderScreen(sim::clock::now());
   cairo_surface_t* image = surface.get();
   cairo_surface_flush(image);
   const int width = cairo_image_surface_get_width(image), height = cairo_image_surface_get_height(image);
-  uint64_t sum = 14695981039346656037U;
+  std::vector<uint32_t> pixels{static_cast<uint32_t>(width), static_cast<uint32_t>(height)};
   for (int y = 0; y < height; ++y) {
     const auto* row = reinterpret_cast<const uint32_t*>(cairo_image_surface_get_data(image) +
                                                         y * cairo_image_surface_get_stride(image));
-    for (int x = 0; x < width; ++x) sum = (sum ^ row[x]) * 1099511628211U;
+    pixels.insert(pixels.end(), row, row + width);
   }
-  return fmt::format("{} x {}, {:016x}\n", width, height, sum);
+  return pixels;
+}
+
+// FNV-1a.
+uint64_t sumOf(const std::vector<uint32_t>& pixels) {
+  uint64_t sum = 14695981039346656037U;
+  for (const uint32_t pixel : pixels) sum = (sum ^ pixel) * 1099511628211U;
+  return sum;
+}
+
+void takePicture(const fs::path& folder, bool whole) {
+  const std::vector<uint32_t> pixels = pixelsNow();
+  std::ofstream(folder / "picture") << fmt::format("{} x {}, {:016x}\n", pixels[0], pixels[1], sumOf(pixels));
+  if (whole)
+    std::ofstream(folder / "pixels", std::ios::binary)
+        .write(reinterpret_cast<const char*>(pixels.data()),
+               static_cast<std::streamsize>(pixels.size() * sizeof pixels[0]));
 }
 
 bool isPictured(const fs::path& scenario, const Arguments& given) {
@@ -114,7 +133,8 @@ void act(const fs::path& scenario, const Arguments& given) {
   simulation.start();
   while (const auto step = script.next()) sim::perform(simulation, *step);
   simulation.report((folder / "end.json").string());
-  if (isPictured(scenario, given)) std::ofstream(folder / "picture") << pictureNow();
+  const bool whole = given.pixels.contains(scenario.stem());
+  if (whole || isPictured(scenario, given)) takePicture(folder, whole);
 }
 
 int actAndTell(const fs::path& scenario, const Arguments& given) {
@@ -156,6 +176,9 @@ Arguments take(int count, char** words) {
     else if (word == "--pictures" && i + 1 < count) {
       const std::vector<std::string> names = wordsOf(words[++i], ',');
       given.pictures.emplace(names.begin(), names.end());
+    } else if (word == "--pixels" && i + 1 < count) {
+      const std::vector<std::string> names = wordsOf(words[++i], ',');
+      given.pixels = {names.begin(), names.end()};
     } else if (word == "--into" && i + 1 < count)
       given.folder = fs::absolute(words[++i]);
     else
