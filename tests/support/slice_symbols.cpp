@@ -12,11 +12,12 @@
 namespace test {
 namespace {
 
+// Linker names have one underscore more than the compiler's.
 std::string demangled(const std::string& symbol) {
+  const std::string name = symbol.substr(symbol.starts_with('_') ? 1 : 0);
   int status = 0;
-  char* text =
-      abi::__cxa_demangle(symbol.c_str() + (symbol.starts_with('_') ? 1 : 0), nullptr, nullptr, &status);
-  std::string result = status == 0 ? text : symbol;
+  char* text = abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status);
+  std::string result = status == 0 ? text : name;
   std::free(text);
   return result;
 }
@@ -45,7 +46,7 @@ void* librarySymbol(const std::string& name) {
     ADD_FAILURE() << "the library has no " << name;
     std::abort();
   }
-  return exported - symbols.at("_iconGridCalc") + symbol->second;
+  return exported - symbols.at("iconGridCalc") + symbol->second;
 }
 
 }  // namespace test
