@@ -144,6 +144,7 @@ void panelFrame(benchmark::State& state) {
   }
   closePanel();
   const double copy = medianOf(copies);
+  state.counters["mean"] = averageOf(frames);
   state.counters["copies"] = averageOf(frames) / copy;
   state.counters["median_copies"] = medianOf(frames) / copy;
   state.counters["first_copies"] = medianOf(openings) / copy;

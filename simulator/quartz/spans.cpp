@@ -14,25 +14,40 @@ constexpr int steps = 128;  // between two pixels
 constexpr int stepBits = 7, fractionBits = 16;
 
 using Byte = std::uint8_t;
-// A block of pixels; and the same with room for a product, or for that of two.
-constexpr int block = 2;
-using Pixels [[gnu::vector_size(block * channels)]] = Byte;
-using Wide [[gnu::vector_size(block * channels * 2)]] = std::uint16_t;
-using Wider [[gnu::vector_size(block * channels * 4)]] = std::uint32_t;
+// Four pixels; two of them; and those with room for a product, or for the sum of two products of products.
+constexpr int block = 4;
+using Pixels [[gnu::vector_size(16)]] = Byte;
+using Half [[gnu::vector_size(8)]] = Byte;
+using Wide [[gnu::vector_size(16)]] = std::uint16_t;
+using Wider [[gnu::vector_size(32)]] = std::uint32_t;
+
+struct Block {
+  Wide low, high;
+};
 
 Byte* rowOf(cairo_surface_t* image, int y) {
   return cairo_image_surface_get_data(image) + std::ptrdiff_t{y} * cairo_image_surface_get_stride(image);
 }
 
-Wide load(const Byte* pixels) {
+Block load(const Byte* pixels) {
   Pixels four;
   std::memcpy(&four, pixels, sizeof four);
-  return __builtin_convertvector(four, Wide);
+  const Half low = __builtin_shufflevector(four, four, 0, 1, 2, 3, 4, 5, 6, 7);
+  const Half high = __builtin_shufflevector(four, four, 8, 9, 10, 11, 12, 13, 14, 15);
+  return {__builtin_convertvector(low, Wide), __builtin_convertvector(high, Wide)};
 }
 
-void store(Wide result, Byte* pixels) {
-  const Pixels four = __builtin_convertvector(result, Pixels);
+void store(const Block& result, Byte* pixels) {
+  const Half low = __builtin_convertvector(result.low, Half),
+             high = __builtin_convertvector(result.high, Half);
+  const Pixels four =
+      __builtin_shufflevector(low, high, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
   std::memcpy(pixels, &four, sizeof four);
+}
+
+template <class Work>
+Block both(const Block& a, const Block& b, const Work& work) {
+  return {work(a.low, b.low), work(a.high, b.high)};
 }
 
 // Premultiplied, so that no sum exceeds 255.
@@ -45,32 +60,37 @@ Wide over(Wide above, Wide below) {
 void layOver(const Byte* above, Byte* below, int pixels) {
   int i = 0;
   for (; i + block <= pixels; i += block)
-    store(over(load(above + i * channels), load(below + i * channels)), below + i * channels);
+    store(both(load(above + i * channels), load(below + i * channels), over), below + i * channels);
   if (i == pixels) return;
   const auto rest = static_cast<std::size_t>(pixels - i) * channels;
   Byte last[2][block * channels] = {};
   std::memcpy(last[0], above + i * channels, rest);
   std::memcpy(last[1], below + i * channels, rest);
-  store(over(load(last[0]), load(last[1])), last[1]);
+  store(both(load(last[0]), load(last[1]), over), last[1]);
   std::memcpy(below + i * channels, last[1], rest);
 }
 
 // Up to 128 · 255.
-Wide mixDown(const Byte* upper, const Byte* lower, int down) {
+Block mixDown(const Byte* upper, const Byte* lower, int down) {
   const auto share = static_cast<std::uint16_t>(down), rest = static_cast<std::uint16_t>(steps - down);
-  return load(upper) * rest + load(lower) * share;
+  return both(load(upper), load(lower), [=](Wide above, Wide below) { return above * rest + below * share; });
 }
 
 // Of four neighbours: the rows have one pixel more than comes out.
-Wide mixBoth(const Byte* upper, const Byte* lower, int across, int down) {
+Block mixBoth(const Byte* upper, const Byte* lower, int across, int down) {
   const auto share = static_cast<std::uint32_t>(across), rest = static_cast<std::uint32_t>(steps - across);
-  const Wider left = __builtin_convertvector(mixDown(upper, lower, down), Wider);
-  const Wider right = __builtin_convertvector(mixDown(upper + channels, lower + channels, down), Wider);
-  return __builtin_convertvector((left * rest + right * share) >> (2 * stepBits), Wide);
+  return both(mixDown(upper, lower, down), mixDown(upper + channels, lower + channels, down),
+              [=](Wide left, Wide right) {
+                const Wider sum = __builtin_convertvector(left, Wider) * rest +
+                                  __builtin_convertvector(right, Wider) * share;
+                return __builtin_convertvector(sum >> (2 * stepBits), Wide);
+              });
 }
 
-Wide mixBlock(const Byte* upper, const Byte* lower, int across, int down) {
-  return across == 0 ? mixDown(upper, lower, down) >> stepBits : mixBoth(upper, lower, across, down);
+Block mixBlock(const Byte* upper, const Byte* lower, int across, int down) {
+  if (across > 0) return mixBoth(upper, lower, across, down);
+  const Block sum = mixDown(upper, lower, down);
+  return {sum.low >> stepBits, sum.high >> stepBits};
 }
 
 void mix(const Byte* upper, const Byte* lower, Byte* out, int pixels, int across, int down) {
