@@ -280,7 +280,7 @@ void LiveHome::show(std::uint32_t page, Viewer& viewer, const Surface& picture, 
   Tiles wanted = Tiles::changed(viewer.shown.get(), picture.get(), viewer.unseen);
   if (wanted.any()) lastChange = clock::now();
   if (!viewer.inexact.isShapedAs(wanted)) viewer.inexact = wanted.none();
-  const Codec codec = moving && viewer.shown && wanted.area() > fewPixels ? Codec::jpeg : Codec::webp;
+  const Codec codec = viewer.shown && wanted.area() > fewPixels ? Codec::jpeg : Codec::webp;
   if (codec == Codec::jpeg)
     viewer.inexact.add(wanted);
   else {

@@ -294,6 +294,17 @@ class Living(unittest.TestCase):
             page.step('tap "close"')
             eventually(lambda: page.report()["panel"] is None, "the panel's leaving")
 
+    def test_what_changes_much_after_a_rest_comes_quickly_and_then_exactly(self):
+        with Served(PROGRAM) as served, served.socket() as page:
+            page.send(type="finger", id=0, phase="down", x=300, y=330)
+            page.send(type="finger", id=0, phase="move", x=200, y=330)
+            time.sleep(1)
+            page.report()  # what came before it is read
+            page.send(type="finger", id=0, phase="move", x=150, y=330)
+            exact = 1  # the codec of a frame's first rectangle
+            self.assertNotEqual(page.frame()[22], exact)
+            self.assertEqual(page.frame()[22], exact)
+
     def test_keys_type_into_the_field_that_is_edited(self):
         with Served(PROGRAM, *SWITCHED_ON) as served, served.socket() as page:
             page.step("swipe up")
