@@ -182,4 +182,7 @@ class Choice:
             said = sum(self.rarity[word] for word in words & self.words[name])
             return name not in near, self.seconds.get(name, 0) > 1, self.far[name] - said - min(self.kills[name], 6) / 2, -self.share[name]
 
-        return sorted(near | others, key=likelihood)
+        # Of a parametrised test one instance, and the others when all else has looked.
+        found = sorted(near | others, key=likelihood)
+        first = {plain(name): name for name in reversed(found)}
+        return [name for name in found if first[plain(name)] == name] + [name for name in found if first[plain(name)] != name]
