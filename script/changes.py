@@ -54,7 +54,8 @@ def changes_of(lines):
                 yield here, here, f"{old.strip()} becomes {new.strip()}", changed(*match.span(), new)
         for match in NUMBER.finditer(code):
             text = match.group()
-            new = str(int(text) + 1) if text.isdigit() else str(float(text) * 2 if float(text) >= 10 else float(text) + 0.5)
+            octal = text.isdigit() and text.startswith("0") and text != "0"
+            new = f"0{int(text, 8) + 1:o}" if octal else str(int(text) + 1) if text.isdigit() else str(float(text) * 2 if float(text) >= 10 else float(text) + 0.5)
             yield here, here, f"{text} becomes {new}", changed(*match.span(), new)
         for match in NEGATION.finditer(code):
             yield here, here, "'!' is left out", changed(*match.span(), "")
