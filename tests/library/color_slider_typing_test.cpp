@@ -90,6 +90,20 @@ TEST_F(NumberField, AppliedIsTheValueAndIsAnnounced) {
   EXPECT_EQ(error(), "");
 }
 
+TEST_F(NumberField, AppliedLetsTheThumbGlideThere) {
+  show();
+  const UIView thumb = bridge::as<UIView>(slider->subviews().objectAtIndex(2));
+  const auto x = [&] { return sim::uikit::layerOf(thumb).presentation(sim::clock::now()).position.x; };
+  apply("5");
+  home.step("wait 0.3");
+  const double start = x();
+  slider->valueLabel().setText("90"_ns);
+  slider->doneWithNumberPad();
+  EXPECT_NEAR(x(), start, 1);
+  home.step("wait 0.3");
+  EXPECT_GT(x(), start + 50);
+}
+
 TEST_F(NumberField, NegativeNumbersApply) {
   show();
   apply("-7");

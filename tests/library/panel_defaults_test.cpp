@@ -43,6 +43,12 @@ bridge::Strong<UIView> lateSlider(UISlider self, CGRect frame) {
   return made;
 }
 
+bridge::Strong<UIView> redField(UITextField self, CGRect frame) {
+  auto made = original<redField>(self, frame);
+  made->setBackgroundColor(UIColor::redColor());
+  return made;
+}
+
 bool isClear(UIColor color) {
   CGFloat red = 0, green = 0, blue = 0, alpha = 1;
   color.getRed_green_blue_alpha(&red, &green, &blue, &alpha);
@@ -84,6 +90,13 @@ TEST(PanelDefaults, OfItsSlidersAreItsOwn) {
     EXPECT_TRUE(slider.isContinuous());
     EXPECT_TRUE(isClear(slider.backgroundColor()));
   }
+}
+
+TEST(PanelDefaults, OfItsNumberFieldsAreItsOwn) {
+  PanelHome home;
+  test::standIn<UITextField, &UIView::initWithFrame, redField>();
+  home.open();
+  EXPECT_TRUE(isClear(home.panel().horSlider().valueLabel().backgroundColor()));
 }
 
 }  // namespace

@@ -157,6 +157,7 @@ TEST_F(BarProgressView, WithoutProgressIsAnOutlineTwoPointsWide) {
 TEST_F(BarProgressView, HasRoundEnds) {
   EXPECT_TRUE(isBlack(at(1, 1)));
   EXPECT_TRUE(isBlack(at(118.5, 18.5)));
+  EXPECT_TRUE(isBlack(at(2.25, 2.25)));  // half circles, not only round corners
 }
 
 TEST_F(BarProgressView, FillsFromTheLeftFourPointsInside) {
