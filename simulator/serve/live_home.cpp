@@ -40,8 +40,8 @@ constexpr double longestLag = 0.5;
 constexpr double stillness = 0.15;
 // Less than this many pixels are sent exactly at once: a blinking caret, a number that steps.
 constexpr long fewPixels = 40'000;
-constexpr int deepest = 20;                        // levels of a message
-constexpr std::size_t longestWaiting = 16u << 20;  // bytes of messages
+constexpr int deepest = 20;                       // levels of a message
+constexpr std::size_t longestWaiting = 4u << 20;  // bytes of messages
 
 bool isMoving() { return uikit::nextAnimationEvent().has_value(); }
 

@@ -7,7 +7,7 @@ namespace sim::serve {
 namespace {
 
 constexpr std::size_t longestMessage = 1 << 20;  // bytes
-constexpr std::size_t longestQueue = 64u << 20;  // bytes that a page has not taken yet
+constexpr std::size_t longestQueue = 32u << 20;  // bytes that a page has not taken yet
 constexpr std::size_t mostPages = 8;
 
 }  // namespace

@@ -10,7 +10,7 @@
 namespace sim::serve {
 namespace {
 
-constexpr std::size_t longestUnwritten = 32u << 20;  // bytes
+constexpr std::size_t longestUnwritten = 4u << 20;  // bytes
 constexpr double soonest = 2;  // seconds; what ends sooner in safe mode does not start again
 
 // A copy of the descriptor, which the loop closes when it lets go of it.
