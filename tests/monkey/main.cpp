@@ -42,6 +42,7 @@ sim::Json stockReport(const std::vector<std::string>& options, const char* orien
 
 void show(const std::string& phone, const Setup& setup, uint64_t seed, const Trial& trial) {
   fmt::print("{}, seed {}: {}\n", phone, seed, *trial.failure);
+  std::fflush(stdout);
   const std::vector<std::string> steps = shrunk(setup, trial);
   fmt::print("{} steps, of which these are enough, with", trial.steps.size());
   for (const std::string& option : setup.options)
