@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/uikit/view.hpp"
+#include "simulator/app/report.hpp"
 #include "simulator/app/report_parts.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/product/class_names.hpp"
@@ -21,6 +22,8 @@ namespace {
 using sim::Json;
 
 constexpr double longestWayOut = 1.5;  // seconds
+
+const std::set<std::string> rowSteps{"increment", "decrement", "slide", "type", "paste", "apply", "cancel"};
 
 // A key of the report alone: the whole of it is not needed at every step.
 Json reportOf(Home& home, std::span<const sim::ReportRow> rows, std::string_view key) {
@@ -73,8 +76,15 @@ void Promises::follow(const std::string& step) {
 void Promises::followSettings(const std::string& step) {
   const Json before = std::exchange(stored, reportOf(home, sim::product::filesKeys(), "preferences"));
   if (step.starts_with("write ")) return;
-  for (const auto& [key, value] : stored.items())
-    if (!before.contains(key) || before[key] != value) known[key] = value;
+  // An export stores what SpringBoard's first list answers, and no row moves for it.
+  // A row may as well be one of Settings' own, whose captions are the same.
+  const bool isOfARow = rowSteps.contains(step.substr(0, step.find(' '))) &&
+                        reportOf(home, sim::homeScreenReport(), "application").isNull();
+  for (const auto& [key, value] : stored.items()) {
+    if (before.contains(key) && before[key] == value) continue;
+    known[key] = value;
+    if (!isOfARow) told.insert(key);
+  }
   constexpr std::string_view message = "message ListPreferencesDidChangeNotification name=";
   if (!step.starts_with(message)) return;
   const size_t end = step.find(' ', message.size());

@@ -33,7 +33,8 @@ class Promises {
   sim::Orientation orientation = sim::Orientation::portrait;
   double aloneAt = 0;       // when there was one panel at most, in seconds
   sim::Json stored, known;  // the settings as they lie in the file, and as the library has been told of them
-  std::set<std::string> told;  // keys of messages since the panel came, whose rows show what was before
+  std::set<std::string>
+      told;  // keys that came another way since the panel did: their rows show what was before
   std::string foreignPresets;  // what somebody else wrote, until the library writes
   bool presetsAreTold = true;  // the library has read the file as it is
 };
