@@ -51,8 +51,12 @@ void pickRow(int row) {
   const double longest = picker->bounds().size.height * 0.9;
   const double rowHeight = uikit::wheelOf(picker).rowHeight;
   const auto missing = [&] { return row * rowHeight - uikit::wheelOf(picker).position; };
-  do dragBy(middle, std::clamp(-missing(), -longest, longest));
-  while (missing() != 0);
+  do {
+    const double left = std::abs(missing());
+    dragBy(middle, std::clamp(-missing(), -longest, longest));
+    // Something keeps the finger from it.
+    if (left > 0 && std::abs(missing()) >= left) throw UsageError("the picker does not turn");
+  } while (missing() != 0);
 }
 
 }  // namespace sim::input
