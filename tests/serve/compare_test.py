@@ -69,6 +69,20 @@ class Compare(PageTest):
         eventually(lambda: [each["name"] for each in (self.second()["presets"] or {}).get("configurations", [])] == ["Mine"],
                    "the layout")
 
+    def test_a_window_of_a_phones_size_has_the_first_alone(self):
+        self.compare()
+        for width, height in ((390, 844), (844, 390)):
+            self.use_window(width, height)
+            eventually(lambda: self.browser.run(f"return {SECOND}.getClientRects().length") == 0, "one phone")
+            zoom = min(width / 375, height / 667)
+            eventually(lambda: abs(self.shown_width() - 375 * zoom) < 1, "a screen that fills the window")
+        self.use_window(1280, 1000)
+        eventually(lambda: self.browser.run(f"return {SECOND}.getClientRects().length") == 1, "two phones")
+        self.assertLess(self.shown_width(), 640)
+
+    def shown_width(self):
+        return self.browser.run("return document.getElementById('screen').getBoundingClientRect().width")
+
     def test_the_second_is_touched_by_itself(self):
         self.compare()
         box = self.browser.run(f"const box = {SECOND}.getBoundingClientRect(); return [box.left, box.top, box.width]")

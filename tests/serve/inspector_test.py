@@ -86,6 +86,13 @@ class Inspector(PageTest):
         self.assertEqual(rows["-iconColumnsForCurrentOrientation"][0], "5")
         self.assertEqual(rows["+iconColumnsForInterfaceOrientation:"], ["5", "SpringBoard: 4 → Tilo.dylib: 5"])
 
+    def test_long_names_of_methods_go_on_below_between_words(self):
+        self.open_inspector()
+        self.press("point")
+        self.click(*self.middle_of_an_icon())
+        eventually(lambda: self.browser.run("return document.querySelector('#facts table')"), "the answers")
+        self.assert_lines_end_between_words("#facts th[scope=row]")
+
     def test_the_tree_is_sought_by_class_and_text(self):
         self.open_inspector()
         self.browser.run("""const seek = document.getElementById('seek');

@@ -104,6 +104,37 @@ class PageTest(unittest.TestCase):
         if PICTURES:
             self.browser.screenshot(os.path.join(PICTURES, name))
 
+    def use_window(self, width, height):
+        """The browser is as large as that, until the test ends."""
+        self.browser.command("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=1,
+                             mobile=True)
+        self.addCleanup(self.browser.command, "Emulation.clearDeviceMetricsOverride")
+
+    def broken_lines(self, selector):
+        """Where lines end within such an element's text: what is before and behind each."""
+        return self.browser.run("""
+            const found = [];
+            for (const each of document.querySelectorAll(args[0])) {
+              const walker = document.createTreeWalker(each, NodeFilter.SHOW_TEXT), letters = [];
+              while (walker.nextNode())
+                for (let i = 0; i < walker.currentNode.length; ++i) {
+                  const range = document.createRange();
+                  range.setStart(walker.currentNode, i);
+                  range.setEnd(walker.currentNode, i + 1);
+                  letters.push([walker.currentNode.data[i], range.getBoundingClientRect().top]);
+                }
+              for (let i = 1; i < letters.length; ++i)
+                if (letters[i][1] > letters[i - 1][1] + 3)
+                  found.push([letters.slice(0, i), letters.slice(i)].map((part) => part.map(([letter]) => letter).join('')));
+            }
+            return found;""", selector)
+
+    def assert_lines_end_between_words(self, selector):
+        lines = self.broken_lines(selector)
+        self.assertTrue(lines, "everything is on one line")
+        for before, behind in lines:
+            self.assertTrue(before[-1] in ": " or behind[0].isupper(), f"{before} | {behind}")
+
     def open_panel(self):
         self.drag((187, 400), (187, 150), 120)
         eventually(lambda: self.report()["panel"], "the panel")

@@ -117,6 +117,27 @@ class Page(PageTest):
         self.await_text("state", "Running")
         self.assertIsNone(self.report()["application"])
 
+    def test_a_phone_lies_on_a_dark_page_with_an_edge(self):
+        self.browser.command("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": "dark"}])
+        self.addCleanup(self.browser.command, "Emulation.setEmulatedMedia", features=[])
+        self.serve()
+        ground, edge, width = self.browser.run("""
+            const brightest = (colour) => Math.max(...colour.match(/\\d+/g).map(Number));
+            const phone = getComputedStyle(document.querySelector('.phone'));
+            return [brightest(getComputedStyle(document.body).backgroundColor), brightest(phone.borderTopColor),
+                    phone.borderTopWidth];""")
+        self.assertEqual(width, "1px")
+        self.assertLess(ground, 40)
+        self.assertGreater(edge, ground + 60)
+
+    def test_what_ends_springboard_is_told_on_a_phones_own_browser_too(self):
+        served = self.serve(*SWITCHED_ON)
+        self.use_window(390, 844)
+        os.kill(served.home_processes()[0], 9)
+        self.await_text("state", "Safe mode")
+        self.assertIn("Killed", self.browser.run("return document.getElementById('trouble').innerText"))
+        self.assertEqual(self.browser.run("return document.getElementById('trouble').getClientRects().length"), 1)
+
     def test_a_wrong_step_is_named(self):
         self.serve()
         self.browser.run("document.getElementById('script').value = 'wait 0\\nfly\\n'")

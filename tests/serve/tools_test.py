@@ -90,6 +90,7 @@ class Tools(PageTest):
         self.assertGreaterEqual(int(row[1]), 6)
         self.assertRegex(row[2], r"^\d+\.\d\d ms$")
         self.assertEqual(row[3], "Tilo.dylib")
+        self.assert_lines_end_between_words("#calls th")
         eventually(lambda: self.calls() == [], "a second without calls")
         self.assertFalse(self.browser.run("return document.getElementById('no-calls').hidden"))
 

@@ -1,5 +1,5 @@
 // The console: lines of the logs as they come, and replaced methods that were called in the last second.
-import {element, made} from './dom.js';
+import {breakable, element, made} from './dom.js';
 import {shownPanel} from './tabs.js';
 
 const pause = 500;  // milliseconds
@@ -59,7 +59,7 @@ export class Console {
 
   #showCalls(calls) {
     element('calls').replaceChildren(...calls.map((each) =>
-        made('tr', {}, made('th', {scope: 'row', text: `${each.method[0]}[${each.class} ${each.method.slice(1)}]`}),
+        made('tr', {}, made('th', {scope: 'row'}, ...breakable(`${each.method[0]}[${each.class} ${each.method.slice(1)}]`)),
              made('td', {text: each.count}), made('td', {text: `${(each.seconds * 1000).toFixed(2)} ms`}),
              made('td', {text: each.libraries.join(', ')}))));
     element('no-calls').hidden = calls.length > 0;

@@ -9,6 +9,12 @@ export function made(name, {text, ...rest} = {}, ...children) {
   return one;
 }
 
+/** A method's or class's name as parts to be made children: its lines break before capitals and behind colons alone. */
+export function breakable(name) {
+  const [first, ...rest] = name.split(/(?<=:)(?=.)|(?<=[a-z0-9])(?=[A-Z])/);
+  return [first, ...rest.flatMap((part) => [made('wbr'), part])];
+}
+
 /** Hands a file to the person at the browser. */
 export function download(name, contents) {
   const link = made('a', {href: URL.createObjectURL(contents), download: name});

@@ -1,5 +1,5 @@
 // What there is to know of a view, as a table, and what the icon list answers that it lies in.
-import {made} from './dom.js';
+import {breakable, made} from './dom.js';
 
 const round = (value) => (typeof value === 'number' ? +value.toFixed(3) : value);
 const numbers = (list) => list.map(round).join(', ');
@@ -12,7 +12,7 @@ export function wordsOf({text, frame}) {
 
 export function showFacts(box, view, {classes = [], list}) {
   const rows = [
-    ['class', classes.join(' : ') || view.class],
+    ['class', made('dd', {}, ...breakable(classes.join(' : ') || view.class))],
     ['frame', numbers(view.frame)],
     ['on screen', numbers(view.onScreen)],
     ['alpha', round(view.alpha)],
@@ -50,7 +50,7 @@ function listTable(list) {
   const body = made('tbody');
   for (const {message, value, given} of list.answers) {
     const how = given.map((each) => `${each.by}: ${round(each.value)}`).join(' → ');
-    body.append(made('tr', {className: given.length > 1 ? 'replaced' : ''}, made('th', {scope: 'row', text: message}),
+    body.append(made('tr', {className: given.length > 1 ? 'replaced' : ''}, made('th', {scope: 'row'}, ...breakable(message)),
                      made('td', {text: round(value)}), made('td', {text: how})));
   }
   const head = ['Message', 'Answer', 'Given by'].map((text) => made('th', {scope: 'col', text}));

@@ -74,17 +74,18 @@ async function decode(data) {
   return frame;
 }
 
-// As large as the devices, side by side, or as the window allows: with one zoom for all, which is answered.
-export function fit(screens) {
+// As large as the devices, side by side, or as the window allows: with one zoom for all that are shown, which is answered.
+export function fit(all) {
+  const screens = all.filter(({canvas}) => canvas.getClientRects().length > 0);
   const {clientWidth, clientHeight} = document.documentElement;  // without scroll bars
-  const narrow = window.innerWidth <= 500;
+  const filled = getComputedStyle(document.documentElement).getPropertyValue('--filled') !== '';
   // Beside it, where there is room for it: what page.css calls `aside`.
   const beside = window.innerWidth > 1000 ? 486 : 0;
-  const gaps = narrow ? 0 : 40 + 54 * screens.length + beside;
-  const room = {width: clientWidth - gaps, height: clientHeight - (narrow ? 0 : 190)};
+  const gaps = filled ? 0 : 40 + 54 * screens.length + beside;
+  const room = {width: clientWidth - gaps, height: clientHeight - (filled ? 0 : 190)};
   const width = screens.reduce((sum, {points}) => sum + points.width, 0);
   const height = Math.max(...screens.map(({points}) => points.height));
-  const zoom = Math.min(narrow ? 4 : 1, room.width / width, room.height / height);
+  const zoom = Math.min(filled ? 4 : 1, room.width / width, room.height / height);
   for (const {canvas, points} of screens) {
     canvas.style.width = `${points.width * zoom}px`;
     canvas.style.height = `${points.height * zoom}px`;
