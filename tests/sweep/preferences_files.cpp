@@ -57,7 +57,7 @@ const Value keys[] = {
     {"page", "<true/>"},
     {"preset", "<integer>-2</integer>"},
     {"custom_preset", "<integer>0</integer>"},
-    {"isDarkMode", "<true/>"},
+    {"isDarkMode", "<false/>"},
     {"qsBackgroundColor", "<integer>4</integer>"},
     {"twoFinger", "<false/>"},
     {"forceTouch", "<true/>"},
