@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/foundation/notification_center.hpp"
+#include "platform/uikit/device.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/library/hud_fixture.hpp"
 #include "tests/library/panel_home.hpp"
@@ -138,6 +139,29 @@ TEST_F(ANoticeThatEverybodyLetGoOf, HearsOfNoTurn) {
   EXPECT_EQ(deadNotices, 1);
   home.step("rotate landscape");
   home.step("rotate portrait");
+}
+
+struct Turning : bridge::Face<"RQProgressHUD", tilo::RQProgressHUD> {
+  MESSAGE Method<"deviceOrientationDidChange:", void(NSNotification)> deviceOrientationDidChange;
+};
+
+int turnsHeard = 0;
+void countTurn(Turning self, NSNotification notification) {
+  ++turnsHeard;
+  original<countTurn>(self, notification);
+}
+void endWithATurn(UIView self) {
+  NSNotificationCenter::defaultCenter().postNotificationName_object(
+      bridge::as<NSString>(UIDeviceOrientationDidChangeNotification), bridge::Object());
+  original<endWithATurn>(self);
+}
+
+TEST_F(ANoticeThatEverybodyLetGoOf, HearsOfNoTurnThatComesWhileItEnds) {
+  bridge::install(bridge::replace<Turning, &Turning::deviceOrientationDidChange, countTurn>());
+  test::standIn<UIView, &NSObject::dealloc, endWithATurn>();
+  letGo();
+  EXPECT_EQ(deadNotices, 1);
+  EXPECT_EQ(turnsHeard, 0);
 }
 
 }  // namespace

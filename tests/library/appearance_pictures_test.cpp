@@ -123,6 +123,22 @@ TEST(PageDots, AreThoseThatSpringBoardNames) {
     EXPECT_NE(std::ranges::find(dots, std::pair<NSInteger, BOOL>(page, page == 0)), dots.end()) << page;
 }
 
+void seenDotWithoutNumber(SBIconListPageControl self, UIImageView image, BOOL enabled) {
+  dots.emplace_back(0, enabled);
+  bridge::original<seenDotWithoutNumber>(self, image, enabled);
+}
+
+TEST(PageDots, AreThoseThatSpringBoardNamesWithoutANumberToo) {
+  test::Home home({"--springboard", "complete", "--set", "enabled=YES", "--set", "page=YES"},
+                  [](sim::Simulation&) {
+                    test::standIn<SBIconListPageControl, &SBIconListPageControl::_setIndicatorImage_toEnabled,
+                                  seenDotWithoutNumber>();
+                  });
+  EXPECT_EQ(std::ranges::count(dots, std::pair<NSInteger, BOOL>(0, YES)) * 2,
+            std::ranges::count(dots, std::pair<NSInteger, BOOL>(0, NO)));
+  EXPECT_FALSE(dots.empty());
+}
+
 int cancelled = 0, shownAlready = 0;
 void countedCancel(tilo::RQPopupView self) {
   ++cancelled;
@@ -130,13 +146,32 @@ void countedCancel(tilo::RQPopupView self) {
   bridge::original<countedCancel>(self);
 }
 
-TEST(Launch, CancelsThePanelBeforeTheApplicationComes) {
-  test::PanelHome home;
+using sim::springboard::LaunchMessage;
+
+struct Launch {
+  const char *name, *springboard, *version;
+  LaunchMessage message = LaunchMessage::fromIcon;
+
+  friend void PrintTo(const Launch& launch, std::ostream* stream) { *stream << launch.name; }
+};
+
+class LaunchByEveryMessage : public testing::TestWithParam<Launch> {};
+
+TEST_P(LaunchByEveryMessage, CancelsThePanelBeforeTheApplicationComes) {
+  test::PanelHome home({}, {"--springboard", GetParam().springboard, "--ios", GetParam().version});
+  sim::springboard::useLaunchMessage(GetParam().message);
   home.open();
   bridge::install(bridge::replace<tilo::RQPopupView, &tilo::RQPopupView::didHitCancel, countedCancel>());
   home.step("launch \"Calendar\"");
   EXPECT_EQ(cancelled, 1);
   EXPECT_EQ(shownAlready, 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(On, LaunchByEveryMessage,
+                         testing::Values(Launch{"FromAnIcon", "real", "10.3.3"},
+                                         Launch{"Plainly", "real", "10.3.3", LaunchMessage::plain},
+                                         Launch{"WithSettings", "real", "11.1"},
+                                         Launch{"Animated", "complete", "10.3.3"}),
+                         [](const auto& launch) { return launch.param.name; });
 
 }  // namespace

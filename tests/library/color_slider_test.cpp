@@ -116,7 +116,7 @@ TEST_F(NumberControl, HasAToolbarOverItsKeyboard) {
 TEST_F(NumberControl, HasARedErrorLabelInTheToolbar) {
   auto fresh = bridge::make<tilo::ColorSlider, &tilo::ColorSlider::initWithFrame_type>(frame, "x"_ns);
   const UILabel label = fresh->errorLabel();
-  EXPECT_EQ(label.frame().size, (CGSize{200, 50}));
+  EXPECT_EQ(label.frame(), (CGRect{{0, 10}, {200, 50}}));
   EXPECT_EQ(colorOf(label.textColor()), (sim::Color{1, 0, 0, 1}));
   EXPECT_EQ(colorOf(label.backgroundColor()), sim::clearColor);
   EXPECT_EQ(label.textAlignment(), NSTextAlignmentCenter);

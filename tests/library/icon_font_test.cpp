@@ -2,8 +2,10 @@
 // cannot be had.
 #include <gtest/gtest.h>
 
+#include "bridge/replace.hpp"
 #include "panel/popup_view.hpp"
 #include "panel/resource_bundle.hpp"
+#include "platform/foundation/data.hpp"
 #include "platform/uikit/font.hpp"
 #include "settings/gesture_controller.hpp"
 #include "tests/library/device_files.hpp"
@@ -70,6 +72,29 @@ TEST(IconFont, IsRefusedToEveryLaterPanelWhichHasItAllTheSame) {
   EXPECT_NE(lines[1].find("already registered"), std::string::npos) << lines[1];
   EXPECT_EQ(lines[2], lines[1]);
   EXPECT_STREQ(panel().toggleButton().titleLabel().font().fontName().UTF8String(), "FontAwesome");
+}
+
+using RetainCount = bridge::Message<"retainCount", NSUInteger()>;
+
+bridge::Strong<NSData> fontBytes;
+NSData seenBytes(Class self, NSString path) {
+  const NSData bytes = bridge::original<seenBytes>(self, path);
+  if (std::string_view(path.UTF8String()).ends_with(".ttf")) fontBytes = bridge::retained(bytes);
+  return bytes;
+}
+
+// A panel that is refused the font keeps none of its bytes either.
+TEST(IconFont, LeavesNobodyHoldingTheFilesBytes) {
+  Home home(withPanel());
+  bridge::install(bridge::replace<NSData, &NSData::dataWithContentsOfFile, seenBytes>());
+  for (int panels = 0; panels < 2; ++panels) {
+    openPanel(home);
+    ASSERT_TRUE(fontBytes);
+    EXPECT_EQ(RetainCount::send(fontBytes.get().raw), 1u);
+    fontBytes.clear();
+    panel().didHitCancel();
+    home.step("wait 1");
+  }
 }
 
 TEST(IconFont, MayBeMissing) {

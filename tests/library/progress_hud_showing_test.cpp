@@ -185,6 +185,18 @@ TEST_F(ProgressHUDShowing, IsAskedForTwiceWithinOneGraceTime) {
   EXPECT_EQ(alpha(), 1);
 }
 
+TEST_F(ProgressHUDShowing, HasOneGraceTimeHoweverOftenItIsAskedFor) {
+  hud->graceTime.set(0.25f);
+  hud->taskInProgress.set(YES);
+  hud->show(NO);
+  pass(0.2);
+  hud->show(NO);
+  pass(0.1);
+  hud->hide(NO);
+  pass(1);
+  EXPECT_EQ(alpha(), 0);
+}
+
 TEST_F(ProgressHUDShowing, AfterTheGraceTimeIsAnimatedAsWasAsked) {
   hud->graceTime.set(0.25f);
   hud->taskInProgress.set(YES);

@@ -203,6 +203,8 @@ TEST(TakenMethods, LeaveTheButtonsTheirIcons) {
   EXPECT_STREQ(panel.toggleButton().currentTitle().UTF8String(), "\uF139");
   EXPECT_STREQ(panel.horSlider().addButton().currentTitle().UTF8String(), "\uF067");
   EXPECT_EQ(panel.toggleButton().titleLabel().font().pointSize(), 25);
+  const tilo::BButton alone = tilo::BButton::awesomeButtonWithOnlyIcon_type_style(0xF068, 0, 1);
+  EXPECT_STREQ(alone.currentTitle().UTF8String(), "\uF068");
 }
 
 TEST(TakenMethods, LeaveTheGesturesTheirExchange) {
