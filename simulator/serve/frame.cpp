@@ -40,28 +40,55 @@ void append(std::string& message, Number number) {
 }
 
 void append(std::string& message, const void* bytes, std::size_t count) {
-  append(message, static_cast<std::uint32_t>(count));
   message.append(static_cast<const char*>(bytes), count);
 }
+
+// Tiles side by side, in rows. A page decodes one picture many times as quickly as one for each of them.
+struct Sheet {
+  int across, width, height;
+  std::vector<std::uint32_t> pixels;
+
+  Sheet(cairo_surface_t* picture, const std::vector<PixelRect>& tiles, int mostAcross)
+      : across(std::min(mostAcross, static_cast<int>(tiles.size()))),
+        width(across * tileSide),
+        height((static_cast<int>(tiles.size()) + across - 1) / across * tileSide),
+        pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {
+    for (int i = 0; i < static_cast<int>(tiles.size()); ++i)
+      for (int y = 0; y < tileSide; ++y)
+        put(picture, tiles[static_cast<std::size_t>(i)], y,
+            pixels.data() + std::ptrdiff_t{i / across * tileSide + y} * width + i % across * tileSide);
+  }
+  const unsigned char* bytes() const { return reinterpret_cast<const unsigned char*>(pixels.data()); }
+  int stride() const { return width * bytesPerPixel; }
+
+ private:
+  // What a smaller tile lacks is its edge again, which changes nothing about the rest of it when it is
+  // compressed.
+  static void put(cairo_surface_t* picture, const PixelRect& tile, int y, std::uint32_t* row) {
+    std::memcpy(row, pixelAt(picture, tile.x, tile.y + std::min(y, tile.height - 1)),
+                static_cast<std::size_t>(tile.width) * bytesPerPixel);
+    std::fill(row + tile.width, row + tileSide, row[tile.width - 1]);
+  }
+};
 
 struct JpegEnd {
   void operator()(void* compressor) const { tjDestroy(compressor); }
 };
 
-// Every pixel has its own colour, or small coloured text would smear.
-void appendJpeg(std::string& message, cairo_surface_t* picture, const PixelRect& rect) {
+// Every pixel has its own colour, or small coloured text would smear; and a tile is whole blocks, so that its
+// neighbours in the sheet do not show in it.
+void appendJpeg(std::string& message, const Sheet& sheet) {
   static const std::unique_ptr<void, JpegEnd> compressor(tjInitCompress());
   unsigned char* bytes = nullptr;
   unsigned long count = 0;
-  const int failed = tjCompress2(compressor.get(), pixelAt(picture, rect.x, rect.y), rect.width,
-                                 cairo_image_surface_get_stride(picture), rect.height, TJPF_BGRX, &bytes,
-                                 &count, TJSAMP_444, jpegQuality, TJFLAG_FASTDCT);
+  const int failed = tjCompress2(compressor.get(), sheet.bytes(), sheet.width, sheet.stride(), sheet.height,
+                                 TJPF_BGRX, &bytes, &count, TJSAMP_444, jpegQuality, TJFLAG_FASTDCT);
   const std::unique_ptr<unsigned char, decltype(&tjFree)> owner(bytes, tjFree);
   if (failed != 0) throw std::runtime_error("no frame: the JPEG compressor has no memory");
   append(message, bytes, count);
 }
 
-void appendWebP(std::string& message, cairo_surface_t* picture, const PixelRect& rect) {
+void appendWebP(std::string& message, const Sheet& sheet) {
   WebPConfig config;
   WebPPicture image;
   WebPMemoryWriter written;
@@ -74,14 +101,11 @@ void appendWebP(std::string& message, cairo_surface_t* picture, const PixelRect&
   config.quality = 0;
   config.method = 0;  // a few per cent larger than the best, and many times as quick
   image.use_argb = 1;
-  image.width = rect.width;
-  image.height = rect.height;
+  image.width = sheet.width;
+  image.height = sheet.height;
   image.writer = WebPMemoryWrite;
   image.custom_ptr = &written;
-  done = done &&
-         WebPPictureImportBGRX(&image, pixelAt(picture, rect.x, rect.y),
-                               cairo_image_surface_get_stride(picture)) &&
-         WebPEncode(&config, &image);
+  done = done && WebPPictureImportBGRX(&image, sheet.bytes(), sheet.stride()) && WebPEncode(&config, &image);
   WebPPictureFree(&image);
   if (!done) throw std::runtime_error("no frame: the WebP compressor has no memory");
   append(message, written.mem, written.size);
@@ -132,43 +156,33 @@ void Tiles::remove(const Tiles& others) {
   for (std::size_t i = 0; i < marked.size(); ++i) marked[i] = marked[i] && !others.marked[i];
 }
 
-// Runs of a row, and those of one width below each other.
 std::vector<PixelRect> Tiles::rectangles() const {
-  std::vector<PixelRect> joined;
+  std::vector<PixelRect> found;
   for (int row = 0; row < rows; ++row)
-    for (int column = 0; column < columns; ++column) {
-      const auto isMarked = [&](int at) {
-        return at < columns && marked[static_cast<std::size_t>(row * columns + at)];
-      };
-      if (!isMarked(column)) continue;
-      PixelRect run = tileAt(column, row);
-      while (isMarked(column + 1)) run.width += tileAt(++column, row).width;
-      const auto above = std::ranges::find_if(joined, [&](const PixelRect& other) {
-        return other.x == run.x && other.width == run.width && other.y + other.height == run.y;
-      });
-      if (above == joined.end())
-        joined.push_back(run);
-      else
-        above->height += run.height;
-    }
-  return joined;
+    for (int column = 0; column < columns; ++column)
+      if (marked[static_cast<std::size_t>(row * columns + column)]) found.push_back(tileAt(column, row));
+  return found;
 }
 
-std::string encodeFrame(std::uint32_t number, cairo_surface_t* picture, CGSize points,
-                        const std::vector<PixelRect>& rectangles, Codec codec) {
+std::string encodeFrame(std::uint32_t number, cairo_surface_t* picture, CGSize points, const Tiles& tiles,
+                        Codec codec) {
+  const std::vector<PixelRect> places = tiles.rectangles();
+  const Sheet sheet(picture, places, tiles.across());
   std::string message;
   append(message, number);
   append(message, static_cast<std::uint16_t>(cairo_image_surface_get_width(picture)));
   append(message, static_cast<std::uint16_t>(cairo_image_surface_get_height(picture)));
   append(message, static_cast<std::uint16_t>(std::lround(points.width)));
   append(message, static_cast<std::uint16_t>(std::lround(points.height)));
-  append(message, static_cast<std::uint16_t>(rectangles.size()));
-  for (const PixelRect& rect : rectangles) {
-    for (const int length : {rect.x, rect.y, rect.width, rect.height})
-      append(message, static_cast<std::uint16_t>(length));
-    append(message, static_cast<std::uint8_t>(codec));
-    codec == Codec::jpeg ? appendJpeg(message, picture, rect) : appendWebP(message, picture, rect);
+  append(message, static_cast<std::uint8_t>(codec));
+  append(message, static_cast<std::uint8_t>(tileSide));
+  append(message, static_cast<std::uint16_t>(sheet.across));
+  append(message, static_cast<std::uint16_t>(places.size()));
+  for (const PixelRect& place : places) {
+    append(message, static_cast<std::uint8_t>(place.x / tileSide));
+    append(message, static_cast<std::uint8_t>(place.y / tileSide));
   }
+  codec == Codec::jpeg ? appendJpeg(message, sheet) : appendWebP(message, sheet);
   return message;
 }
 

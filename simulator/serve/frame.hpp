@@ -1,4 +1,4 @@
-// Pictures of the screen on their way to a page: what has changed, in rectangles of whole tiles, compressed.
+// Pictures of the screen on their way to a page: what has changed, in tiles, compressed as one picture.
 #pragma once
 
 #include <cstdint>
@@ -27,6 +27,8 @@ class Tiles {
   static Tiles changed(cairo_surface_t* before, cairo_surface_t* now, const Region& within);
 
   bool any() const;
+  /** How many a row of the picture has. */
+  int across() const { return columns; }
   /** How many pixels they cover. */
   long area() const;
   bool isShapedAs(const Tiles& others) const { return width == others.width && height == others.height; }
@@ -35,7 +37,7 @@ class Tiles {
   void remove(const Tiles& others);
   /** None of the same picture. */
   Tiles none() const { return {width, height}; }
-  /** Neighbours joined; each tile is in one of them. */
+  /** Where they lie, row by row; at the right and lower edge a tile may be smaller than others. */
   std::vector<PixelRect> rectangles() const;
 
  private:
@@ -49,11 +51,12 @@ class Tiles {
 enum class Codec : std::uint8_t { jpeg, webp };
 
 /**
- * A message to a page: the frame's number, the picture's size in pixels and in points, and the rectangles,
- * each with its codec and its bytes. Numbers are little-endian. Throws std::runtime_error when there is no
- * memory.
+ * A message to a page: the frame's number, the picture's size in pixels and in points, the codec, a tile's
+ * side, how many tiles are side by side in the sheet, how many there are, column and row of each; then the
+ * sheet, a compressed picture with all of them. Numbers are little-endian. There is one tile at least. Throws
+ * std::runtime_error when there is no memory.
  */
-std::string encodeFrame(std::uint32_t number, cairo_surface_t* picture, CGSize points,
-                        const std::vector<PixelRect>& rectangles, Codec codec);
+std::string encodeFrame(std::uint32_t number, cairo_surface_t* picture, CGSize points, const Tiles& tiles,
+                        Codec codec);
 
 }  // namespace sim::serve

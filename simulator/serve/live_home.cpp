@@ -21,7 +21,6 @@
 #include "simulator/springboard/relaunch.hpp"
 #include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/animation/animation.hpp"
-#include "simulator/uikit/base/configuration.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "simulator/uikit/text/text_field.hpp"
 #include "simulator/uikit/views/first_responder.hpp"
@@ -32,14 +31,12 @@ namespace {
 using Seconds = std::chrono::duration<double>;
 
 constexpr double never = std::numeric_limits<double>::infinity();
-constexpr double frameInterval = 1.0 / 60;  // seconds
-constexpr double clockStep = 1e-6;          // seconds: the device's clock has nothing finer
+constexpr double clockStep = 1e-6;  // seconds: the device's clock has nothing finer
+constexpr double longestWait = 60;  // seconds
 // A machine that was asleep, or under a debugger, does not make the device live through the time at once.
 constexpr double longestLag = 0.5;
 // What has been still for so long is shown to the last bit.
 constexpr double stillness = 0.15;
-// Less than this many pixels are sent exactly at once: a blinking caret, a number that steps.
-constexpr long fewPixels = 40'000;
 constexpr int deepest = 20;                       // levels of a message
 constexpr std::size_t longestWaiting = 4u << 20;  // bytes of messages
 
@@ -70,14 +67,17 @@ LiveHome::~LiveHome() { keepTimeBy({}); }
 bool LiveHome::run() {
   while (!isOver) {
     pump(wallClock());
-    while (!waiting.empty() && !isOver) {
-      const Said next = std::move(waiting.front());
-      waiting.pop_front();
-      waitingLength -= next.length;
-      take(next);
-      isDirty = true;
+    if (isOver) break;
+    if (waiting.empty()) {
+      wait(turn());
+      continue;
     }
-    if (!isOver) wait(turn());
+    const Said next = std::move(waiting.front());
+    waiting.pop_front();
+    waitingLength -= next.length;
+    take(next);
+    isDirty = true;
+    listen();
   }
   return isRelaunching;
 }
@@ -85,9 +85,9 @@ bool LiveHome::run() {
 double LiveHome::wallClock() {
   const double wall = sinceThen(start).count(), meant = std::max(clock::now(), nextWaking);
   if (wall - meant <= longestLag) return wall;
-  start +=
-      std::chrono::duration_cast<std::chrono::steady_clock::duration>(Seconds(wall - meant - frameInterval));
-  return meant + frameInterval;
+  start += std::chrono::duration_cast<std::chrono::steady_clock::duration>(
+      Seconds(wall - meant - FramePace::interval));
+  return meant + FramePace::interval;
 }
 
 // Up to a moment, and no further: a step goes on from there.
@@ -111,19 +111,24 @@ void LiveHome::pump(double end) {
 
 // Until something is due, a message has come, or a frame is to be drawn.
 void LiveHome::wait(double until) {
-  if (!waiting.empty() && until == never) return;
-  if (wantsFrame()) until = std::min(until, lastFrame + frameInterval);
+  if (wantsFrame()) until = std::min(until, pace.next());
   for (const auto& [page, viewer] : viewers)
-    if (!isMoving() && viewer.inexact.any() && viewer.isReady())
+    if (!isMoving() && viewer.isInexact() && viewer.isReady())
       until = std::min(until, std::max(lastChange + stillness, clock::now()));
   std::vector<pollfd> all = appsupport::messageDescriptors();
   all.push_back({socket, POLLIN, 0});
   nextWaking = until;
-  const double seconds = until - sinceThen(start).count();
-  const int timeout =
-      until == never ? -1 : std::clamp(static_cast<int>(std::ceil(seconds * 1000)), 0, 60'000);
-  if (::poll(all.data(), all.size(), timeout) <= 0 || all.back().revents == 0) return;
-  isOver = !reader.fill(socket);
+  // In whole milliseconds, as `poll` waits, each frame would be half of one late.
+  const double seconds = std::clamp(until - sinceThen(start).count(), 0.0, longestWait);
+  const timespec timeout{static_cast<time_t>(seconds), static_cast<long>(std::fmod(seconds, 1) * 1e9)};
+  if (::ppoll(all.data(), all.size(), until == never ? nullptr : &timeout, nullptr) <= 0 ||
+      all.back().revents == 0)
+    return;
+  listen();
+}
+
+void LiveHome::listen() {
+  if (!reader.fill(socket)) isOver = true;
   while (const auto envelope = reader.next()) {
     Said said{envelope->page, Json::read(envelope->contents, deepest).value_or(Json()),
               envelope->contents.size()};
@@ -150,9 +155,7 @@ bool LiveHome::isDrawn(const Said& said) {
   if (!said.message.isObject() || said.message.value("type") != Json("drawn")) return false;
   const auto viewer = viewers.find(said.page);
   const Json frame = said.message.value("frame");
-  if (viewer == viewers.end() || !frame.isNumber()) return true;
-  const auto number = static_cast<std::uint32_t>(std::clamp(frame.get<double>(), 0.0, 4e9));
-  viewer->second.drawn = std::clamp(number, viewer->second.drawn, viewer->second.sent);
+  if (viewer != viewers.end() && frame.isNumber()) viewer->second.hasDrawn(frame.get<double>());
   return true;
 }
 
@@ -260,38 +263,23 @@ bool LiveHome::wantsFrame() const {
 
 void LiveHome::drawIfDue() {
   const double now = clock::now();
-  const bool due = wantsFrame() && now >= lastFrame + frameInterval;
+  const bool due = wantsFrame() && now >= pace.next();
   const bool isStill = !isMoving() && now >= lastChange + stillness;
   const bool refine = isStill && std::ranges::any_of(viewers, [](const auto& each) {
-                        return each.second.inexact.any() && each.second.isReady();
+                        return each.second.isInexact() && each.second.isReady();
                       });
   if (!due && !refine) return;
   const Surface picture = uikit::renderScreen(now, screen);
-  lastFrame = now;
+  pace.show(now);
   // A page that is not ready yet sees what it missed when it is.
   isDirty = std::ranges::any_of(viewers, [](const auto& each) { return !each.second.isReady(); });
   for (auto& [page, viewer] : viewers) {
-    for (const PixelRect& rect : screen.changed().rectangles()) viewer.unseen.add(rect);
-    if (viewer.isReady()) show(page, viewer, picture, !isStill);
+    viewer.miss(screen.changed());
+    if (!viewer.isReady()) continue;
+    const auto [isChange, message] = viewer.show(picture, !isStill);
+    if (isChange) lastChange = clock::now();
+    if (message) send({page, false, *message});
   }
-}
-
-void LiveHome::show(std::uint32_t page, Viewer& viewer, const Surface& picture, bool moving) {
-  Tiles wanted = Tiles::changed(viewer.shown.get(), picture.get(), viewer.unseen);
-  if (wanted.any()) lastChange = clock::now();
-  if (!viewer.inexact.isShapedAs(wanted)) viewer.inexact = wanted.none();
-  const Codec codec = viewer.shown && wanted.area() > fewPixels ? Codec::jpeg : Codec::webp;
-  if (codec == Codec::jpeg)
-    viewer.inexact.add(wanted);
-  else {
-    if (!moving) wanted.add(viewer.inexact);
-    viewer.inexact.remove(wanted);
-  }
-  viewer.shown = picture;
-  viewer.unseen.clear();
-  if (!wanted.any()) return;
-  send({page, false,
-        encodeFrame(++viewer.sent, picture.get(), uikit::screenSize(), wanted.rectangles(), codec)});
 }
 
 }  // namespace sim::serve

@@ -10,10 +10,10 @@
 
 #include "simulator/json/json.hpp"
 #include "simulator/quartz/screen.hpp"
-#include "simulator/quartz/surface.hpp"
 #include "simulator/serve/envelope.hpp"
-#include "simulator/serve/frame.hpp"
 #include "simulator/serve/page_fingers.hpp"
+#include "simulator/serve/viewer.hpp"
+#include "simulator/time/frame_pace.hpp"
 
 namespace sim {
 class Simulation;
@@ -33,16 +33,6 @@ class LiveHome {
   bool run();
 
  private:
-  // A page that looks at the screen. It is never sent more than it has drawn, but for a frame or two on the
-  // way.
-  struct Viewer {
-    Surface shown;  // what it was sent last; none at first
-    Region unseen;  // where the screen may have changed since
-    Tiles inexact;  // of which it has only a likeness
-    std::uint32_t sent = 0, drawn = 0;
-    bool isReady() const { return sent - drawn < 2; }
-  };
-
   // What a page says; null for what is no JSON.
   struct Said {
     std::uint32_t page;
@@ -53,6 +43,7 @@ class LiveHome {
   void pump(double end);
   double wallClock();
   void wait(double until);
+  void listen();
   bool isDrawn(const Said& said);
   void take(const Said& said);
   void refuse(const Said& said, const std::exception& error);
@@ -68,7 +59,6 @@ class LiveHome {
 
   bool wantsFrame() const;
   void drawIfDue();
-  void show(std::uint32_t page, Viewer& viewer, const Surface& picture, bool moving);
 
   Simulation& simulation;
   const int socket;
@@ -77,8 +67,9 @@ class LiveHome {
   std::size_t waitingLength = 0;
   std::map<std::uint32_t, Viewer> viewers;
   PageFingers fingers;
-  std::chrono::steady_clock::time_point start;           // when the device's clock stood at zero
-  double lastFrame = 0, lastChange = 0, nextWaking = 0;  // seconds of the device's clock
+  std::chrono::steady_clock::time_point start;  // when the device's clock stood at zero
+  double lastChange = 0, nextWaking = 0;        // seconds of the device's clock
+  FramePace pace;
   PaintedScreen screen;
   bool isDirty = true, isOver = false, isRelaunching = false;
 };

@@ -41,7 +41,14 @@ void Pages::tell(lws* connection, const Json& message) {
   if (Page* page = of(connection)) queue(connection, *page, true, message.dump());
 }
 
-void Pages::tellAll(Place home, const Json& message) { pass(home, {0, true, message.dump()}); }
+void Pages::tellAll(Place home, const Json& message) {
+  for (auto& [connection, page] : pages) {
+    if (page.home != home) continue;
+    Json own = message;
+    own["asked"] = page.asked;
+    queue(connection, page, true, own.dump());
+  }
+}
 
 void Pages::pass(Place home, const Envelope& envelope) {
   for (auto& [connection, page] : pages)

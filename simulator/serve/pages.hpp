@@ -24,6 +24,7 @@ struct Page {
   std::string received;
   std::deque<std::pair<bool, std::string>> queue;  // text or not, with room for the library in front
   std::size_t queued = 0;                          // bytes
+  double asked = 0;                                // the highest number of its questions so far
 };
 
 class Pages {
@@ -36,6 +37,8 @@ class Pages {
   std::vector<std::uint32_t> at(Place home) const;
 
   void tell(lws* connection, const Json& message);
+  /** Of the end or the start of a home screen. In "asked" each is told which questions nobody answers any
+   * more. */
   void tellAll(Place home, const Json& message);
   /** On to the page that it is for, or to all. */
   void pass(Place home, const Envelope& envelope);

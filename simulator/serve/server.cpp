@@ -5,6 +5,7 @@
 #include <libwebsockets.h>
 #include <signal.h>
 
+#include <algorithm>
 #include <iostream>
 #include <map>
 
@@ -126,11 +127,13 @@ class Server {
     return -1;
   }
 
-  int obey(lws* connection, const Page& page, const std::string& text) {
+  int obey(lws* connection, Page& page, const std::string& text) {
     const std::optional<Json> message = Json::read(text, 20);
     if (lws_frame_is_binary(connection) || !message || !message->isObject() ||
         !message->value("type").isString())
       return refuse(connection, "a message is no JSON object with a type");
+    if (const Json id = message->value("id"); id.isNumber())
+      page.asked = std::max(page.asked, id.get<double>());
     try {
       obey(page, *message, text);
     } catch (const UsageError& error) {

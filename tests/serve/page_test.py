@@ -4,6 +4,7 @@
     page_test.py PROGRAM LIBRARY_THAT_ENDS_IT [FOLDER_FOR_PICTURES]
 """
 import os
+import signal
 import sys
 import time
 import unittest
@@ -186,6 +187,16 @@ class Page(PageTest):
         self.press("respring")
         self.await_text("state", "Running")
         self.assertTrue(self.report()["loaded"])
+
+    def test_what_is_asked_of_a_springboard_that_starts_anew_does_not_wait_for_ever(self):
+        served = self.serve()
+        os.kill(served.home_processes()[0], signal.SIGSTOP)
+        self.browser.run("window.asked = tilo.report().then(() => 'answered', (error) => error.message);")
+        before, behind = self.browser.run("""
+            document.getElementById('respring').click();
+            const behind = tilo.report().then((report) => report.device, (error) => error.message);
+            return [await window.asked, await behind];""")
+        self.assertEqual((before, behind), ("SpringBoard has started anew", "iPhone 7"))
 
     def test_a_page_that_is_loaded_again_goes_on(self):
         served = self.serve(*SWITCHED_ON)

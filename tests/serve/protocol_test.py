@@ -7,6 +7,7 @@ import os
 import shutil
 import signal
 import socket
+import struct
 import subprocess
 import sys
 import tempfile
@@ -266,6 +267,18 @@ class Rudeness(unittest.TestCase):
                 with self.assertRaises(Refused) as refusal:
                     page.until("never")
 
+    def test_time_goes_on_while_much_is_asked(self):
+        with Served(PROGRAM) as served, served.socket() as page:
+            page.report()
+            (home,) = served.home_processes()
+            os.kill(home, signal.SIGSTOP)
+            for _ in range(20):
+                page.send(type="report", id=1)
+            time.sleep(0.3)  # until they have all come as far as they can
+            os.kill(home, signal.SIGCONT)
+            times = [page.until("report")["report"]["time"] for _ in range(20)]
+            self.assertEqual(sorted(set(times)), times)
+
     @staticmethod
     def goes_on(page):
         try:
@@ -307,9 +320,24 @@ class Living(unittest.TestCase):
             time.sleep(1)
             page.report()  # what came before it is read
             page.send(type="finger", id=0, phase="move", x=150, y=330)
-            exact = 1  # the codec of a frame's first rectangle
-            self.assertNotEqual(page.frame()[22], exact)
-            self.assertEqual(page.frame()[22], exact)
+            exact = 1  # the codec of a frame
+            self.assertNotEqual(page.frame()[12], exact)
+            self.assertEqual(page.frame()[12], exact)
+
+    def test_a_frame_is_one_picture_with_its_tiles_in_rows(self):
+        with Served(PROGRAM, *SWITCHED_ON) as served, served.socket() as page:
+            frame = page.frame()
+            _, width, height, _, _, codec, side, across, count = struct.unpack("<IHHHHBBHH", frame[:18])
+            self.assertEqual((width, height, codec, side, across, count), (750, 1334, 1, 64, 12, 12 * 21))
+            self.assertEqual(list(frame[18:18 + 2 * count]), [place for row in range(21) for column in range(12)
+                                                              for place in (column, row)])
+            sheet = frame[18 + 2 * count:]
+            self.assertEqual((sheet[:4], sheet[12:16], sheet[20]), (b"RIFF", b"VP8L", 0x2F))
+            size = int.from_bytes(sheet[21:25], "little")
+            self.assertEqual(((size & 0x3FFF) + 1, (size >> 14 & 0x3FFF) + 1), (across * side, 21 * side))
+            page.send(type="step", id=1, step="swipe up")
+            across, count = struct.unpack("<HH", page.frame()[14:18])
+            self.assertTrue(0 < count < 12 * 21 and across == min(count, 12), (across, count))
 
     def test_keys_type_into_the_field_that_is_edited(self):
         with Served(PROGRAM, *SWITCHED_ON) as served, served.socket() as page:

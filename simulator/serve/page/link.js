@@ -14,7 +14,7 @@ export class Link {
     this.#socket.onmessage = ({data}) =>
         (typeof data === 'string' ? this.#hear(JSON.parse(data)) : hearer.frame?.(data));
     this.#socket.onclose = ({reason}) => {
-      this.#giveUp('the connection has ended');
+      this.#giveUp(Infinity, 'the connection has ended');
       hearer.closed?.(reason);
     };
   }
@@ -51,10 +51,11 @@ export class Link {
         break;
       }
       case 'ended':
-        this.#giveUp(message.reason);
+        this.#giveUp(message.asked, message.reason);
         this.#hearer.ended?.(message);
         break;
       case 'started':
+        this.#giveUp(message.asked ?? 0, 'SpringBoard has started anew');
         this.#hearer.started?.(message);
         break;
       case 'refused': {
@@ -67,8 +68,12 @@ export class Link {
     }
   }
 
-  #giveUp(reason) {
-    for (const {reject} of this.#answers.values()) reject(new Error(reason));
-    this.#answers.clear();
+  // Questions up to a number, which nobody answers any more.
+  #giveUp(last, reason) {
+    for (const [id, {reject}] of this.#answers) {
+      if (id > last) continue;
+      this.#answers.delete(id);
+      reject(new Error(reason));
+    }
   }
 }

@@ -1,4 +1,4 @@
-// The screen of a home on a canvas: frames come as changed rectangles, and are drawn in their order, each as a whole.
+// The screen of a home on a canvas: frames come as changed tiles, and are drawn in their order, each as a whole.
 const codecs = ['image/jpeg', 'image/webp'];
 
 export class Screen extends EventTarget {
@@ -24,7 +24,7 @@ export class Screen extends EventTarget {
     this.#last = this.#last.then(async () => {
       const frame = await decoded;
       if (era === this.#era) this.#draw(frame);
-      frame.tiles.forEach(({image}) => image.close());
+      frame.sheet.close();
     }).catch((error) => this.dispatchEvent(new CustomEvent('lost', {detail: error.message})));
   }
 
@@ -36,7 +36,8 @@ export class Screen extends EventTarget {
     }
     const {width, height} = this.points;
     this.points = frame.points;
-    for (const {image, x, y} of frame.tiles) this.#context.drawImage(image, x, y);
+    for (const {from, to, width} of frame.runs)
+      this.#context.drawImage(frame.sheet, from.x, from.y, width, frame.side, to.x, to.y, width, frame.side);
     canvas.dataset.frame = frame.number;
     if (width !== frame.points.width || height !== frame.points.height) this.dispatchEvent(new Event('resize'));
     this.dispatchEvent(new CustomEvent('drawn', {detail: frame.number}));
@@ -52,25 +53,23 @@ export class Screen extends EventTarget {
   }
 }
 
+// All tiles of a frame are in one picture, its sheet. Those that are neighbours there and on the screen are drawn as one.
 async function decode(data) {
   const view = new DataView(data);
   let at = 0;
   const u8 = () => view.getUint8(at++);
   const u16 = () => view.getUint16((at += 2) - 2, true);
   const u32 = () => view.getUint32((at += 4) - 4, true);
-  const frame = {number: u32(), width: u16(), height: u16(), points: {width: u16(), height: u16()}};
-  const count = u16();
-  frame.tiles = [];
+  const frame = {number: u32(), width: u16(), height: u16(), points: {width: u16(), height: u16()}, runs: []};
+  const type = codecs[u8()], side = frame.side = u8(), across = u16(), count = u16();
   for (let i = 0; i < count; ++i) {
-    const tile = {x: u16(), y: u16(), width: u16(), height: u16(), codec: u8()};
-    const length = u32();
-    tile.blob = new Blob([new Uint8Array(data, at, length)], {type: codecs[tile.codec]});
-    at += length;
-    frame.tiles.push(tile);
+    const from = {x: (i % across) * side, y: Math.floor(i / across) * side}, to = {x: u8() * side, y: u8() * side};
+    const run = frame.runs.at(-1);
+    if (run && from.x > 0 && to.y === run.to.y && to.x === run.to.x + run.width) run.width += side;
+    else frame.runs.push({from, to, width: side});
   }
-  await Promise.all(frame.tiles.map(async (tile) => {
-    tile.image = await createImageBitmap(tile.blob, {colorSpaceConversion: 'none', premultiplyAlpha: 'none'});
-  }));
+  const sheet = new Blob([new Uint8Array(data, at)], {type});
+  frame.sheet = await createImageBitmap(sheet, {colorSpaceConversion: 'none', premultiplyAlpha: 'none'});
   return frame;
 }
 
