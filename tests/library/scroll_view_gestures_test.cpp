@@ -141,6 +141,11 @@ bridge::Strong<NSObject> systemInit(SBIconScrollView self) {
   preparedBefore += self.swipeGesture().view() && self.tapGesture();
   return original<systemInit>(self);
 }
+bridge::Strong<UIView> systemInitWithFrame(SBIconScrollView self, CGRect frame) {
+  ++begun;
+  preparedBefore += self.swipeGesture().view() && self.tapGesture();
+  return original<systemInitWithFrame>(self, frame);
+}
 void systemDealloc(SBIconScrollView self) {
   NSNotificationCenter::defaultCenter().postNotificationName_object("PopupViewDidDisappearNotification"_ns,
                                                                     {});
@@ -150,6 +155,16 @@ void systemDealloc(SBIconScrollView self) {
 TEST(ScrollView, IsPreparedBeforeSpringBoardsOwnInitialiserRuns) {
   test::Home home(test::homeOptions("iPhone 7", test::panelSettings()),
                   [](sim::Simulation&) { test::standIn<SBIconScrollView, &NSObject::init, systemInit>(); });
+  EXPECT_GE(begun, 1);
+  EXPECT_EQ(preparedBefore, begun);
+}
+
+TEST(ScrollView, IsPreparedBeforeSpringBoardsOwnInitialiserWithAFrameRuns) {
+  test::Home home(test::homeOptions("iPhone 7", test::panelSettings()), [](sim::Simulation&) {
+    using enum sim::springboard::ScrollViewInitialiser;
+    sim::springboard::useScrollViewInitialiser(initWithFrame);
+    test::standIn<SBIconScrollView, &UIView::initWithFrame, systemInitWithFrame>();
+  });
   EXPECT_GE(begun, 1);
   EXPECT_EQ(preparedBefore, begun);
 }
