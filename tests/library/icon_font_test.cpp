@@ -97,6 +97,18 @@ TEST(IconFont, LeavesNobodyHoldingTheFilesBytes) {
   }
 }
 
+// A font that the simulator makes holds a descriptor for as long as it lives.
+TEST(IconFont, IsLetGoOfByAPanelThatIsRefusedIt) {
+  Home home(withPanel());
+  const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+  openPanel(home);
+  const auto before = open();
+  panel().didHitCancel();
+  home.step("wait 1");
+  openPanel(home);
+  EXPECT_EQ(open(), before);
+}
+
 TEST(IconFont, MayBeMissing) {
   Home home(withPanel(),
             [](sim::Simulation& device) { std::filesystem::remove(device.fileSystem().hostPath(fontPath)); });
