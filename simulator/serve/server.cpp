@@ -25,6 +25,7 @@ namespace sim::serve {
 namespace {
 
 constexpr unsigned mostDescriptors = 128;
+constexpr int mostHeld = mostDescriptors - 20;  // what there is left is for home screens, which start at any time
 constexpr unsigned patience = 10;      // seconds for half a request
 constexpr double watchInterval = 0.5;  // seconds
 
@@ -197,6 +198,14 @@ class Server {
 
   int handle(lws* connection, lws_callback_reasons reason, void* in, std::size_t length) {
     switch (reason) {
+      case LWS_CALLBACK_WSI_CREATE:
+        ++held;
+        return 0;
+      case LWS_CALLBACK_WSI_DESTROY:
+        --held;
+        return 0;
+      case LWS_CALLBACK_FILTER_NETWORK_CONNECTION:
+        return held < mostHeld ? 0 : -1;
       case LWS_CALLBACK_HTTP:
         return respond(connection, header(connection, WSI_TOKEN_GET_URI));
       case LWS_CALLBACK_HTTP_WRITEABLE:
@@ -251,6 +260,7 @@ class Server {
   lws_context* context = nullptr;
   lws_vhost* vhost = nullptr;
   bool isOver = false;
+  int held = 0;  // connections, and ends of home screens
   std::map<lws*, std::string> responses;  // with room for the library in front
   Timer timer{{}, this};
 };

@@ -13,7 +13,7 @@ import unittest
 TREE = os.path.realpath(sys.argv[1])
 sys.path[:0] = [os.path.join(TREE, "tests/serve")]
 from picture import Picture  # pylint: disable=wrong-import-position
-from support import PATIENCE, Served  # pylint: disable=wrong-import-position
+from support import PATIENCE, Served, eventually  # pylint: disable=wrong-import-position
 
 PROGRAM = os.path.join(TREE, "build/tilo-sim")
 OURS = os.path.join(TREE, "build/libTilo.so")
@@ -43,8 +43,8 @@ def run(script, folder):
 class Playing(Served):
     """The page's command that serves a home screen."""
 
-    def __init__(self, line, folder):  # pylint: disable=super-init-not-called
-        self._start(["bash", "-c", "exec " + line], cwd=folder, env=ENVIRONMENT)
+    def __init__(self, line, folder, **more):  # pylint: disable=super-init-not-called
+        self._start(["bash", "-c", "exec " + line], cwd=folder, env={**ENVIRONMENT, **more})
 
 
 class Page(unittest.TestCase):
@@ -90,6 +90,26 @@ class Page(unittest.TestCase):
             pixels = b"".join(bytes(row) for row in Picture(os.path.join(self.folder, made), 300).rows)
             self.assertGreater(pixels.count(bytes(BLUE) * 20), 4 * 10, made)
 
+
+
+class Play(unittest.TestCase):
+    """The command that opens the page."""
+
+    def test_opens_the_address_where_there_is_a_desktop(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        opener, opened = (os.path.join(folder, name) for name in ("xdg-open", "opened"))
+        with open(opener, "w", encoding="utf-8") as script:
+            script.write(f'#!/bin/sh\nprintf %s "$1" >{opened}.part\nmv {opened}.part {opened}\n')
+        os.chmod(opener, 0o755)
+        path = folder + ":" + os.environ["PATH"]
+        with Playing(PLAY + " --root phone", folder, PATH=path, DISPLAY=":7") as served:
+            eventually(lambda: os.path.exists(opened), "the opening")
+            with open(opened, encoding="utf-8") as address:
+                self.assertEqual(address.read(), served.address)
+        os.remove(opened)
+        with Playing(PLAY + " --root phone", folder, PATH=path, DISPLAY="", WAYLAND_DISPLAY="") as served:
+            self.assertEqual(served.get()[0], 200)
+            self.assertFalse(os.path.exists(opened))
 
 
 class Examples(unittest.TestCase):

@@ -253,8 +253,12 @@ class Browser:
             out.write(base64.b64decode(self._call("GET", "/screenshot")))
 
     def act(self, *actions, kind="pointer", **parameters):
-        self._call("POST", "/actions", {"actions": [
-            {"type": kind, "id": kind, **({"parameters": parameters} if parameters else {}), "actions": list(actions)}]})
+        self.perform({"type": kind, "id": kind, **({"parameters": parameters} if parameters else {}),
+                      "actions": list(actions)})
+
+    def perform(self, *sources):
+        """What several pointers and keys do, side by side."""
+        self._call("POST", "/actions", {"actions": sources})
 
     def new_tab(self):
         handle = self._call("POST", "/window/new", {"type": "tab"})["handle"]
