@@ -25,9 +25,9 @@ namespace sim::serve {
 namespace {
 
 constexpr unsigned mostDescriptors = 128;
-constexpr int mostHeld = mostDescriptors - 20;  // what there is left is for home screens, which start at any time
-constexpr unsigned patience = 10;      // seconds for half a request
-constexpr double watchInterval = 0.5;  // seconds
+constexpr int mostHeld = mostDescriptors - 20;  // the rest is for home screens, which start at any time
+constexpr unsigned patience = 10;               // seconds for half a request
+constexpr double watchInterval = 0.5;           // seconds
 
 constexpr const char* secondProtocol = "tilo-second";  // of pages that look at the second home screen
 
@@ -260,7 +260,7 @@ class Server {
   lws_context* context = nullptr;
   lws_vhost* vhost = nullptr;
   bool isOver = false;
-  int held = 0;  // connections, and ends of home screens
+  int held = 0;                           // connections, and ends of home screens
   std::map<lws*, std::string> responses;  // with room for the library in front
   Timer timer{{}, this};
 };
