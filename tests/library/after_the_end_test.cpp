@@ -55,6 +55,17 @@ TEST_F(APanelThatEverybodyLetGoOf, LivesForItsCancel) {
   EXPECT_EQ(deadPanels, 1);
 }
 
+TEST_F(APanelThatEverybodyLetGoOf, LivesForItsHiding) {
+  {
+    const bridge::Pool turn;
+    PanelHome::panel().hide();
+  }
+  letGo();
+  EXPECT_EQ(deadPanels, 0);
+  home.wait(1);
+  EXPECT_EQ(deadPanels, 1);
+}
+
 TEST_F(APanelThatEverybodyLetGoOf, LivesForItsAlert) {
   home.step("tap \"Add\"");
   letGo();
@@ -71,6 +82,47 @@ TEST_F(APanelThatEverybodyLetGoOf, HearsNoSliderAnyMore) {
   EXPECT_EQ(deadPanels, 1);
   NSNotificationCenter::defaultCenter().postNotificationName_object("slider_buttons_pressed"_ns,
                                                                     bridge::Object());
+}
+
+int deadButtons = 0, deadLabels = 0;
+void countButton(tilo::BButton self) {
+  ++deadButtons;
+  original<countButton>(self);
+}
+void countLabel(UILabel self) {
+  ++deadLabels;
+  original<countLabel>(self);
+}
+
+bridge::Strong<tilo::ColorSlider> makeNumberControl() {
+  return bridge::make<tilo::ColorSlider, &tilo::ColorSlider::initWithFrame_type>(CGRect{{0, 0}, {200, 30}},
+                                                                                 "topIconInset"_ns);
+}
+
+TEST(ANumberControlThatEverybodyLetGoOf, KeepsTheButtonThatFlashes) {
+  PanelHome home;
+  bridge::install(bridge::replace<tilo::BButton, &NSObject::dealloc, countButton>());
+  {
+    const bridge::Pool turn;
+    makeNumberControl()->incrementValue(makeNumberControl()->addButton());
+  }
+  EXPECT_EQ(deadButtons, 3);
+  home.wait(1);
+  EXPECT_EQ(deadButtons, 4);
+}
+
+TEST(ANumberControlThatEverybodyLetGoOf, KeepsTheErrorThatFades) {
+  PanelHome home;
+  {
+    const bridge::Pool turn;
+    auto control = makeNumberControl();
+    test::standIn<UILabel, &NSObject::dealloc, countLabel>();
+    deadLabels = 0;
+    control->errorWithMessage("Invalid number"_ns);
+  }
+  const int before = deadLabels;
+  home.wait(1);
+  EXPECT_EQ(deadLabels, before + 1);
 }
 
 TEST(AScrollViewThatEverybodyLetGoOf, HearsOfNoPanelAnyMore) {
