@@ -35,8 +35,8 @@ SBIconScrollView scrollView() {
   static const auto view = [] {
     constexpr CGSize screen{375, 667};
     auto made = bridge::make<SBIconScrollView, &NSObject::init>();
-    made->setFrame({{}, screen});
-    made->setContentSize({pages * screen.width, screen.height});
+    made->frame.set({{}, screen});
+    made->contentSize.set({pages * screen.width, screen.height});
     for (int i = 0; i < pages; ++i) {
       auto list = bridge::make<SBRootIconListView, &UIView::initWithFrame>(CGRect{{}, screen});
       made->addSubview(list);
@@ -49,7 +49,7 @@ SBIconScrollView scrollView() {
 double scrollStep() {
   static CGFloat x = 0;
   x = x > 300 ? 0 : x + 1;
-  scrollView().setContentOffset({x, 0});
+  scrollView().contentOffset.set({x, 0});
   return 0;
 }
 

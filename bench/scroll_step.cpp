@@ -14,8 +14,8 @@ constexpr CGSize screen{375, 667};  // points
 void step(benchmark::State& state) {
   bridge::Pool pool;
   auto view = bridge::make<SBIconScrollView, &NSObject::init>();
-  view->setFrame({{}, screen});
-  view->setContentSize({pages * screen.width, screen.height});
+  view->frame.set({{}, screen});
+  view->contentSize.set({pages * screen.width, screen.height});
   for (int i = 0; i < pages; ++i) {
     auto page = bridge::make<SBRootIconListView, &UIView::initWithFrame>(CGRect{{}, screen});
     view->addSubview(page);
@@ -24,7 +24,7 @@ void step(benchmark::State& state) {
   for (auto _ : state) {
     bridge::Pool each;
     x = x > screen.width ? 0 : x + 1;
-    view->setContentOffset({x, 0});
+    view->contentOffset.set({x, 0});
   }
 }
 

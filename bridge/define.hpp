@@ -24,11 +24,6 @@ MethodEntry method() {
   return {isClassMethod<Member>, D::name, D::types(), implementationOf<Member, Function>()};
 }
 
-// Getter and setter of what is no property of a face.
-struct Accessors {
-  MethodEntry getter, setter;
-};
-
 struct ProtocolEntry {
   const char* name;
 };
@@ -48,10 +43,6 @@ void addMethod(Class cls, const MethodEntry& entry);
 void addProtocol(Class cls, const ProtocolEntry& entry);
 
 inline void addRow(Class cls, const MethodEntry& row) { addMethod(cls, row); }
-inline void addRow(Class cls, const Accessors& row) {
-  addMethod(cls, row.getter);
-  addMethod(cls, row.setter);
-}
 inline void addRow(Class cls, const PropertyEntry& row) { addProperty(cls, row); }
 inline void addRow(Class cls, const ProtocolEntry& row) { addProtocol(cls, row); }
 // Room for `size` bytes of state in every instance, aligned to 8 bytes. The variable's name comes from
@@ -99,18 +90,14 @@ class Implementation {
     return Descriptor<Member>::sendAs(class_getSuperclass(meta), reinterpret_cast<id>(self), arguments...);
   }
 
-  // Of a value kept in the state. A Strong is retained by the setter; nothing is copied or locked.
-  template <auto Member, auto Field>
+  // Of a value kept in the state. A Strong is retained by the setter; nothing is copied or locked. `Told` are
+  // called with the object once it is set.
+  template <auto Member, auto Field, auto... Told>
   static PropertyEntry property() {
-    using Value = std::remove_cvref_t<decltype(std::declval<State&>().*Field)>;
-    constexpr bool owned = !std::is_same_v<Value, typename Borrowed<Value>::Type>;
-    return bridge::property<Member, &get<Value, Field>, &set<Value, Field>>(owned ? Keeping::retained
-                                                                                  : Keeping::assigned);
-  }
-  template <auto Getter, auto Setter, auto Field>
-  static Accessors accessors() {
-    using Value = std::remove_cvref_t<decltype(std::declval<State&>().*Field)>;
-    return {method<Getter, &get<Value, Field>>(), method<Setter, &set<Value, Field>>()};
+    using Value = typename Descriptor<Member>::ValueType;
+    constexpr bool owned = isStrong<std::remove_cvref_t<decltype(std::declval<State&>().*Field)>>;
+    return bridge::property<Member, &get<Value, Field>, &set<Value, Field, Told...>>(
+        owned ? Keeping::retained : Keeping::assigned);
   }
 
   template <class Parent>
@@ -154,26 +141,24 @@ class Implementation {
     Dealloc::sendAs(class_getSuperclass(cls), self.raw);
   }
 
-  template <class Value>
-  struct Borrowed {
-    using Type = Value;
-  };
+  template <class Kept>
+  static constexpr bool isStrong = false;
   template <class U>
-  struct Borrowed<Strong<U>> {
-    using Type = U;
-  };
+  static constexpr bool isStrong<Strong<U>> = true;
 
   template <class Value, auto Field>
-  static typename Borrowed<Value>::Type get(T self) {
+  static Value get(T self) {
     return state(self).*Field;
   }
 
-  template <class Value, auto Field>
-  static void set(T self, typename Borrowed<Value>::Type value) {
-    if constexpr (std::is_same_v<Value, typename Borrowed<Value>::Type>)
-      state(self).*Field = value;
+  template <class Value, auto Field, auto... Told>
+  static void set(T self, Value value) {
+    auto& kept = state(self).*Field;
+    if constexpr (isStrong<std::remove_cvref_t<decltype(kept)>>)
+      kept = retained(value);
     else
-      state(self).*Field = retained(value);
+      kept = value;
+    (Told(self), ...);
   }
 };
 

@@ -2,9 +2,11 @@
 // slot of a replacement all derive from it.
 //
 //   struct UIView : bridge::Face<"UIView", UIResponder> {
-//     MESSAGE Method<"setFrame:", void(CGRect)> setFrame;                     view.setFrame(rect)
+//     MESSAGE Method<"addSubview:", void(UIView)> addSubview;                  view.addSubview(child)
 //     static constexpr bridge::ClassMethod<"UIView", "areAnimationsEnabled", BOOL()> areAnimationsEnabled{};
 //     MESSAGE OptionalMethod<"setSpacing:", void(double)> setSpacing;          view.setSpacing.ifAnswered(10)
+//     MESSAGE Property<"alpha", CGFloat> alpha;                view.alpha(), view.alpha.set(0.5)
+//     MESSAGE Property<"hidden", BOOL, "isHidden"> hidden;     a getter with a name of its own
 //   };
 //
 // The C++ name is the selector with "_" between its parts. Selectors of the alloc, new, copy and mutableCopy
@@ -122,6 +124,25 @@ struct alignas(id) OptionalMethod<Selector, R(A...)> : Message<Selector, R(A...)
   }
 };
 
+template <size_t Size>
+consteval auto capitalised(Name<Size> name) {
+  if (name.text[0] >= 'a' && name.text[0] <= 'z') name.text[0] -= 'a' - 'A';
+  return name;
+}
+
+// A member of a face, like Method, which `&View::color` describes as its getter.
+template <Name Text, class Value, Name GetterName = Text>
+struct alignas(id) Property : Message<GetterName, Value()> {
+  using Getter = Message<GetterName, Value()>;
+  using Setter = Message<Name("set") + capitalised(Text) + Name(":"), void(Value)>;
+  using ValueType = Value;
+  static constexpr const char* propertyName = Text.text;
+  static constexpr auto variable = Name("_") + Text;
+
+  auto operator()() const { return Getter::send(receiverOf(this)); }
+  void set(Value value) const { Setter::send(receiverOf(this), value); }
+};
+
 template <Name ClassName, Name Selector, class Signature>
 struct ClassMethod;
 
@@ -138,7 +159,7 @@ struct ClassMethod<ClassName, Selector, R(A...)> : Message<Selector, R(A...)> {
   auto on(Class cls, A... arguments) const { return Base::send(reinterpret_cast<id>(cls), arguments...); }
 };
 
-// The descriptor behind `&UIView::setFrame` or `&UIView::areAnimationsEnabled`.
+// The descriptor behind `&UIView::frame` or `&UIView::areAnimationsEnabled`.
 template <class T>
 struct DescriptorType;
 template <class C, class D>
@@ -158,6 +179,19 @@ using Descriptor = typename DescriptorType<decltype(Member)>::Type;
 
 template <auto Member>
 inline constexpr bool isClassMethod = DescriptorType<decltype(Member)>::ofClass;
+
+// The setter of a property, where a row or a call names a message: `super<setterOf<&View::color>>(self,
+// red)`.
+template <auto Member>
+struct SetterOf {};
+template <auto Member>
+inline constexpr SetterOf<Member> setterOf{};
+template <auto Member>
+struct DescriptorType<SetterOf<Member>> {
+  using Type = typename Descriptor<Member>::Setter;
+  using Owner = typename DescriptorType<decltype(Member)>::Owner;
+  static constexpr bool ofClass = false;
+};
 
 // A new object that has run no initialiser, of T's class or of one derived from it.
 template <class T>

@@ -1,6 +1,5 @@
-// Properties: getter and setter under one name, in a face and in a class table.
+// Properties of a class table: getter and setter in one row.
 //
-//   MESSAGE Property<"color", UIColor> color;              view.color()    view.color.set(red)
 //   Button::property<&BButton::color, &State::color>()     of a value kept in the state
 //   property<&BButton::color, color, setColor>()           with accessors of one's own
 //
@@ -10,24 +9,6 @@
 #include "bridge/thunk.hpp"
 
 namespace bridge {
-
-template <size_t Size>
-consteval auto capitalised(Name<Size> name) {
-  if (name.text[0] >= 'a' && name.text[0] <= 'z') name.text[0] -= 'a' - 'A';
-  return name;
-}
-
-// A member of a face, like Method.
-template <Name Text, class Value>
-struct alignas(id) Property : Message<Text, Value()> {
-  using Getter = Message<Text, Value()>;
-  using Setter = Message<Name("set") + capitalised(Text) + Name(":"), void(Value)>;
-  using ValueType = Value;
-  static constexpr auto variable = Name("_") + Text;
-
-  auto operator()() const { return Getter::send(receiverOf(this)); }
-  void set(Value value) const { Setter::send(receiverOf(this), value); }
-};
 
 // What becomes of an object that is set.
 enum class Keeping { assigned, retained, copied };
@@ -62,7 +43,7 @@ PropertyEntry property(Keeping keeping = usualKeeping<typename Descriptor<Member
                        bool atomic = false) {
   using P = Descriptor<Member>;
   using S = typename P::Setter;
-  return {P::name,
+  return {P::propertyName,
           attributeType<typename P::ValueType>.text,
           P::variable.text,
           keeping,

@@ -45,7 +45,7 @@ UIBezierPath pill(const CGRect& rect) {
 
 void drawOutline(RQBarProgressView self, const CGRect& bounds) {
   UIBezierPath outline = pill(insetBy(bounds, outlineWidth / 2));
-  outline.setLineWidth(outlineWidth);
+  outline.lineWidth.set(outlineWidth);
   self.progressRemainingColor().setFill();
   outline.fill();
   self.lineColor().setStroke();

@@ -85,11 +85,11 @@ void setStyle(BButton self, NSUInteger style) {
 void setTextAttributes(BButton self, NSUInteger style) {
   UILabel label = self.titleLabel();
   if (style == BButtonStyleBootstrapV2) {
-    label.setShadowOffset({0, -1});
-    label.setFont(UIFont::boldSystemFontOfSize(titleFontSize));
+    label.shadowOffset.set({0, -1});
+    label.font.set(UIFont::boldSystemFontOfSize(titleFontSize));
   } else if (style == BButtonStyleBootstrapV3) {
-    label.setShadowOffset({0, 0});
-    label.setFont(UIFont::systemFontOfSize(titleFontSize));
+    label.shadowOffset.set({0, 0});
+    label.font.set(UIFont::systemFontOfSize(titleFontSize));
   }
 }
 
@@ -120,7 +120,7 @@ void setFlag(BButton self, BOOL value) {
 // Making one.
 
 void setup(BButton self) {
-  self.setBackgroundColor(UIColor::clearColor());
+  self.backgroundColor.set(UIColor::clearColor());
   Button::state(self).shouldShowDisabled = YES;
   Button::state(self).style = BButtonStyleBootstrapV3;
   self.setType(BButtonTypeDefault);
@@ -153,8 +153,8 @@ Strong<BButton> initWithType(BButton self, CGRect frame, NSUInteger type, NSUInt
 }
 
 void showIcon(BButton self, NSUInteger icon, CGFloat fontSize) {
-  self.titleLabel().setFont(awesomeFont(fontSize));
-  self.titleLabel().setTextAlignment(NSTextAlignmentCenter);
+  self.titleLabel().font.set(awesomeFont(fontSize));
+  self.titleLabel().textAlignment.set(NSTextAlignmentCenter);
   self.setTitle_forState(iconString(icon), UIControlStateNormal);
 }
 
@@ -201,7 +201,7 @@ BOOL isEmpty(BButton self, NSString text) {
 void addIcon(BButton self, NSUInteger icon, BOOL before) {
   NSString title = iconString(icon);
   const NSString old = self.currentTitle();
-  self.titleLabel().setFont(awesomeFont(self.titleLabel().font().pointSize()));
+  self.titleLabel().font.set(awesomeFont(self.titleLabel().font().pointSize()));
   if (!self.isStringEmpty(old)) {
     const NSString first = before ? title : old, second = before ? old : title;
     title = first.stringByAppendingString(" "_ns).stringByAppendingString(second);
@@ -236,8 +236,8 @@ void defineButton() {
       method<&Face::colorForV2StyleButtonWithType, colorForV2>(),
       method<&Face::colorForV3StyleButtonWithType, colorForV3>(),
       method<&Face::cornerRadiusForStyle, cornerRadiusForStyle>(),
-      method<&UIControl::setHighlighted, setFlag<&UIControl::setHighlighted>>(),
-      method<&UIControl::setEnabled, setFlag<&UIControl::setEnabled>>(),
+      method<bridge::setterOf<&UIControl::highlighted>, setFlag<bridge::setterOf<&UIControl::highlighted>>>(),
+      method<bridge::setterOf<&UIControl::enabled>, setFlag<bridge::setterOf<&UIControl::enabled>>>(),
       method<&UIView::drawRect, drawButton>(),
       method<&Face::drawBButtonStyleV2InRect_withContext, drawRaised>(),
       method<&Face::drawBButtonStyleV3InRect_withContext, drawFlat>(),

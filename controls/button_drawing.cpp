@@ -19,7 +19,7 @@ UIColor darker(UIColor color, CGFloat by) {
 
 // The colour as it is shown while the button takes touches, or does not.
 UIColor shown(BButton self, UIColor color) {
-  if (self.isEnabled()) return color;
+  if (self.enabled()) return color;
   return bridge::as<ButtonColor>(color).bb_desaturatedColorToPercentSaturation(disabledSaturation);
 }
 
@@ -76,7 +76,7 @@ void drawBorder(BButton self, CGContextRef context, const CGRect& rect, UIColor 
 // A frame around the outline, itself out of sight, casts its shadow into it.
 void drawInnerShadow(BButton self, CGContextRef context, const CGRect& rect, UIBezierPath outline,
                      UIColor color) {
-  const bool pressed = self.isHighlighted();
+  const bool pressed = self.highlighted();
   const UIColor shadow = UIColor::colorWithWhite_alpha(pressed ? 0 : 1, innerShadowAlpha);
   CGContextSetShadowWithColor(context, pressed ? pressedShadowOffset : innerShadowOffset,
                               pressed ? pressedShadowBlur : 0, shadow.CGColor());
@@ -90,12 +90,12 @@ void drawInnerShadow(BButton self, CGContextRef context, const CGRect& rect, UIB
 // Lit from above, or, while it is pressed, from below.
 void drawBody(BButton self, CGContextRef context, const CGRect& rect, UIColor color) {
   const UIBezierPath outline = rounded(rect, radiusOf(self) - border);
-  const bool pressed = self.isHighlighted();
+  const bool pressed = self.highlighted();
   CGContextSaveGState(context);
   outline.addClip();
   drawGradient(context, rect, pressed ? darker(color, 0.15f) : lighter(color, 0.1f),
                pressed ? darker(color, 0.05f) : darker(color, 0.1f));
-  if (self.isEnabled()) drawInnerShadow(self, context, rect, outline, color);
+  if (self.enabled()) drawInnerShadow(self, context, rect, outline, color);
   CGContextRestoreGState(context);
 }
 
@@ -111,7 +111,7 @@ void drawRaised(BButton self, CGRect rect, CGContextRef context) {
 
 void drawFlat(BButton self, CGRect rect, CGContextRef context) {
   const UIColor color = self.color();
-  const bool pressed = self.isHighlighted();
+  const bool pressed = self.highlighted();
   const UIColor fill = shown(self, pressed ? darker(color, 0.06f) : color);
   const UIColor stroke = shown(self, darker(color, pressed ? 0.12f : 0.06f));
   const CGRect outline{{0.5f, 0.5f}, {rect.size.width - 1, rect.size.height - 1}};

@@ -5,11 +5,11 @@ namespace tilo {
 
 bridge::Strong<UILabel> build(const Label& described) {
   auto label = bridge::make<UILabel, &UIView::initWithFrame>(described.frame);
-  if (described.centred) label->setTextAlignment(NSTextAlignmentCenter);
-  if (described.font) label->setFont(described.font);
-  label->setText(described.text);
-  label->setTextColor(described.color);
-  label->setBackgroundColor(UIColor::clearColor());
+  if (described.centred) label->textAlignment.set(NSTextAlignmentCenter);
+  if (described.font) label->font.set(described.font);
+  label->text.set(described.text);
+  label->textColor.set(described.color);
+  label->backgroundColor.set(UIColor::clearColor());
   return label;
 }
 
@@ -19,10 +19,10 @@ bridge::Strong<BButton> build(const IconButton& described) {
                                                                           BButtonStyleBootstrapV3);
   if (described.title) button->setTitle_forState(described.title, UIControlStateNormal);
   button->addAwesomeIcon_beforeTitle(described.icon, YES);
-  button->titleLabel().setFont(UIFont::fontWithName_size("FontAwesome"_ns, described.fontSize));
+  button->titleLabel().font.set(UIFont::fontWithName_size("FontAwesome"_ns, described.fontSize));
   button->setTitleColor_forState(described.color, UIControlStateNormal);
   button->addTarget_action_forControlEvents(described.target, described.action, UIControlEventTouchUpInside);
-  button->setAlpha(described.alpha);
+  button->alpha.set(described.alpha);
   return button;
 }
 

@@ -23,18 +23,18 @@ constexpr NSUInteger flexibleMargins =
 
 Strong<UILabel> makeLabel(RQProgressHUD self, UIFont font, UIColor color) {
   auto label = build(Label{.color = color, .font = font, .centred = true});
-  label->setNumberOfLines(0);
-  label->setOpaque(NO);
+  label->numberOfLines.set(0);
+  label->opaque.set(NO);
   self.addSubview(label);
   return label;
 }
 
 void setUp(RQProgressHUD self) {
   HUDState& state = HUD::state(self);
-  self.setAutoresizingMask(flexibleMargins);
-  self.setContentMode(UIViewContentModeRedraw);
+  self.autoresizingMask.set(flexibleMargins);
+  self.contentMode.set(UIViewContentModeRedraw);
   beTransparent(self);
-  self.setAlpha(0);
+  self.alpha.set(0);
   self.labelFont.set(UIFont::boldSystemFontOfSize(labelFontSize));
   self.labelColor.set(UIColor::whiteColor());
   self.detailsLabelFont.set(UIFont::boldSystemFontOfSize(detailsLabelFontSize));

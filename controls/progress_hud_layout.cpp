@@ -50,8 +50,8 @@ class Column {
     for (int i = 0; i < count; ++i) {
       const CGSize size = sizes[i];
       UIView view = views[i];
-      if (!(view.bounds().size == size)) view.setBounds({{0, 0}, size});
-      view.setCenter({rounded(middle.x - size.width / 2) + size.width / 2, y + size.height / 2});
+      if (!(view.bounds().size == size)) view.bounds.set({{0, 0}, size});
+      view.center.set({rounded(middle.x - size.width / 2) + size.width / 2, y + size.height / 2});
       if (size.width > 0 && size.height > 0) y += size.height + padding;
     }
   }

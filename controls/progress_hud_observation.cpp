@@ -10,12 +10,12 @@ void update(RQProgressHUD self, NSString key) {
   const auto is = [key](NSString other) { return key.isEqualToString(other); };
   UILabel label = HUD::state(self).label, details = HUD::state(self).detailsLabel;
   if (is("mode"_ns) || is("customView"_ns)) updateIndicator(self);
-  if (is("labelText"_ns)) label.setText(self.labelText());
-  if (is("labelFont"_ns)) label.setFont(self.labelFont());
-  if (is("labelColor"_ns)) label.setTextColor(self.labelColor());
-  if (is("detailsLabelText"_ns)) details.setText(self.detailsLabelText());
-  if (is("detailsLabelFont"_ns)) details.setFont(self.detailsLabelFont());
-  if (is("detailsLabelColor"_ns)) details.setTextColor(self.detailsLabelColor());
+  if (is("labelText"_ns)) label.text.set(self.labelText());
+  if (is("labelFont"_ns)) label.font.set(self.labelFont());
+  if (is("labelColor"_ns)) label.textColor.set(self.labelColor());
+  if (is("detailsLabelText"_ns)) details.text.set(self.detailsLabelText());
+  if (is("detailsLabelFont"_ns)) details.font.set(self.detailsLabelFont());
+  if (is("detailsLabelColor"_ns)) details.textColor.set(self.detailsLabelColor());
   if (is("progress"_ns)) passProgress(self);
 }
 

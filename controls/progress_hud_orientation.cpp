@@ -32,7 +32,7 @@ void turn(RQProgressHUD self) {
       inWindow ? turnFor(UIApplication::sharedApplication().statusBarOrientation()) : identityTransform;
   if (wanted == rotation) return;
   rotation = wanted;
-  self.setTransform(rotation);
+  self.transform.set(rotation);
 }
 
 // Over the whole superview again, whose sides may have changed.
@@ -40,8 +40,8 @@ void cover(RQProgressHUD self) {
   const CGRect whole = self.superview().bounds();
   const bool sideways = HUD::state(self).rotationTransform.a == 0;
   const CGSize size = sideways ? CGSize{whole.size.height, whole.size.width} : whole.size;
-  self.setBounds({{0, 0}, size});
-  self.setCenter({whole.origin.x + whole.size.width / 2, whole.origin.y + whole.size.height / 2});
+  self.bounds.set({{0, 0}, size});
+  self.center.set({whole.origin.x + whole.size.width / 2, whole.origin.y + whole.size.height / 2});
   self.setNeedsLayout();
   self.setNeedsDisplay();
 }

@@ -48,13 +48,13 @@ void stop(Strong<NSTimer>& timer) {
 void showNow(RQProgressHUD self) {
   HUDState& state = HUD::state(self);
   const bool animated = state.useAnimation;
-  self.setTransform(animated && zooms(state) ? beforeShowing(state) : state.rotationTransform);
+  self.transform.set(animated && zooms(state) ? beforeShowing(state) : state.rotationTransform);
   state.isFinished = NO;
   state.showStarted = retained(NSDate::date());
-  if (!animated) return self.setAlpha(1);
+  if (!animated) return self.alpha.set(1);
   UIView::animateWithDuration_animations(animationTime, bridge::Block<void()>([self, &state] {
-                                           self.setAlpha(1);
-                                           self.setTransform(state.rotationTransform);
+                                           self.alpha.set(1);
+                                           self.transform.set(state.rotationTransform);
                                          }));
 }
 
@@ -72,12 +72,12 @@ void hideNow(RQProgressHUD self) {
   if (state.useAnimation && started) {
     UIView::animateWithDuration_animations_completion(
         animationTime, bridge::Block<void()>([self, &state] {
-          if (zooms(state)) self.setTransform(afterHiding(state));
-          self.setAlpha(lastAlpha);
+          if (zooms(state)) self.transform.set(afterHiding(state));
+          self.alpha.set(lastAlpha);
         }),
         bridge::Block<void(BOOL)>([alive](BOOL) { bridge::as<Own>(alive.get()).done(); }));
   } else {
-    self.setAlpha(0);
+    self.alpha.set(0);
     bridge::as<Own>(self).done();
   }
 }
@@ -135,7 +135,7 @@ void done(RQProgressHUD self) {
   HUDState& state = HUD::state(self);
   NSDelayedPerforming::cancelPreviousPerformRequestsWithTarget(self);
   state.isFinished = YES;
-  self.setAlpha(0);
+  self.alpha.set(0);
   if (self.removeFromSuperViewOnHide()) self.removeFromSuperview();
   const bridge::Block<void()> completion(self.completionBlock());
   self.completionBlock.set({});

@@ -11,8 +11,8 @@
 namespace tilo {
 
 inline void beTransparent(UIView view) {
-  view.setBackgroundColor(UIColor::clearColor());
-  view.setOpaque(NO);
+  view.backgroundColor.set(UIColor::clearColor());
+  view.opaque.set(NO);
 }
 
 // Answers the view's observation of itself.

@@ -49,7 +49,7 @@ void addArc(UIBezierPath path, const CGRect& bounds, CGFloat radius, CGFloat pro
 
 void strokeRing(const CGRect& bounds, CGFloat progress, UIColor color) {
   UIBezierPath path = UIBezierPath::bezierPath();
-  path.setLineWidth(ringWidth);
+  path.lineWidth.set(ringWidth);
   addArc(path, bounds, (smallerSideOf(bounds) - ringWidth) / 2, progress);
   color.set();
   path.stroke();
@@ -72,7 +72,7 @@ void fillPie(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
 void drawPie(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
   const CGRect disc = insetBy(squareIn(bounds), outlineWidth / 2);
   UIBezierPath outline = UIBezierPath::bezierPathWithOvalInRect(disc);
-  outline.setLineWidth(outlineWidth);
+  outline.lineWidth.set(outlineWidth);
   self.backgroundTintColor().setFill();
   outline.fill();
   self.progressTintColor().setStroke();

@@ -13,11 +13,11 @@ constexpr NSInteger ours = 4711;  // the tag that tells our view from SpringBoar
 UILabel badgeOf(SBIconView icon) {
   if (UIView made = icon.viewWithTag(ours)) return bridge::as<UILabel>(made);
   auto badge = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{{-6, -6}, {30, 16}});
-  badge->setTag(ours);
-  badge->setBackgroundColor(UIColor::redColor());
-  badge->setTextColor(UIColor::whiteColor());
-  badge->setTextAlignment(NSTextAlignmentCenter);
-  badge->setFont(UIFont::boldSystemFontOfSize(11));
+  badge->tag.set(ours);
+  badge->backgroundColor.set(UIColor::redColor());
+  badge->textColor.set(UIColor::whiteColor());
+  badge->textAlignment.set(NSTextAlignmentCenter);
+  badge->font.set(UIFont::boldSystemFontOfSize(11));
   icon.addSubview(badge);
   return badge.get();
 }
@@ -35,7 +35,7 @@ void layOutIcon(SBIconView self) {
   }
   char text[32];
   std::snprintf(text, sizeof text, "%d,%d", row, column);
-  badgeOf(self).setText(NSString::stringWithUTF8String(text));
+  badgeOf(self).text.set(NSString::stringWithUTF8String(text));
 }
 
 [[gnu::constructor]] void load() {

@@ -37,7 +37,7 @@ int numberOfDockIcons(Class) {
 
 void dockLayoutSubviews(SBDockIconListView self) {
   original<dockLayoutSubviews>(self);
-  if (dockIsHidden()) self.setAlpha(0);
+  if (dockIsHidden()) self.alpha.set(0);
   int count = SBDockIconListView::isDockIconsEnabled() ? SBDockIconListView::numberOfDockIcons() : usualCount;
   if (count < usualCount) self.setSpacing.ifAnswered(dockSpacing);
 }

@@ -55,12 +55,12 @@ void attachGestures(SBIconScrollView self, bool twoFingerTap) {
   auto swipe =
       bridge::make<UISwipeGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(self, action);
   setSwipeGesture(self, swipe);
-  swipe->setDirection(UISwipeGestureRecognizerDirectionUp);
-  swipe->setDelegate(gestController);
+  swipe->direction.set(UISwipeGestureRecognizerDirectionUp);
+  swipe->delegate.set(gestController);
   auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(self, action);
   setTapGesture(self, tap);
-  tap->setNumberOfTouchesRequired(twoFingers);
-  tap->setDelegate(gestController);
+  tap->numberOfTouchesRequired.set(twoFingers);
+  tap->delegate.set(gestController);
   attach(self, twoFingerTap ? UIGestureRecognizer(tap) : UIGestureRecognizer(swipe));
 }
 
@@ -117,8 +117,8 @@ void preferencesUpdated(SBIconScrollView self, NSString, NSDictionary info) {
   if (title.isEqualToString("Use Two Finger Tap Instead"_ns)) {
     exchangeGestures(self, flag);
   } else if (title.isEqualToString("Enable Quick Settings"_ns)) {
-    swipeGesture(self).setEnabled(flag);
-    tapGesture(self).setEnabled(flag);
+    swipeGesture(self).enabled.set(flag);
+    tapGesture(self).enabled.set(flag);
   } else if (title.isEqualToString("Quick Settings Dark Mode"_ns)) {
     store(value, keys::isDarkMode);
   }

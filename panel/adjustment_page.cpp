@@ -50,11 +50,11 @@ void addSlider(RQPopupView self, const Row& row, CGFloat top) {
                                             UIControlEventValueChanged);
   slider->addTarget_action_forControlEvents(self, bridge::selector<"endSliding:">(),
                                             UIControlEventTouchUpInside);
-  slider->setBackgroundColor(UIColor::clearColor());
-  slider->setMinimumValue(row.minimum);
-  slider->setMaximumValue(row.maximum);
-  slider->setContinuous(YES);
-  slider->setValue(Values(self.rootObj()).number(row.key));
+  slider->backgroundColor.set(UIColor::clearColor());
+  slider->minimumValue.set(row.minimum);
+  slider->maximumValue.set(row.maximum);
+  slider->continuous.set(YES);
+  slider->value.set(Values(self.rootObj()).number(row.key));
   self.scrollView().addSubview(slider);
 }
 
@@ -83,7 +83,7 @@ NSString keyOf(RQPopupView self, ColorSlider slider) {
 void showValue(ColorSlider slider) {
   char text[64];
   std::snprintf(text, sizeof text, "%0.1f", static_cast<double>(slider.value()));
-  slider.valueLabel().setText(NSString::stringWithUTF8String(text));
+  slider.valueLabel().text.set(NSString::stringWithUTF8String(text));
 }
 
 }  // namespace

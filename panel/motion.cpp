@@ -33,20 +33,20 @@ void spring(double duration, const Block<void()>& animations, const Block<void(B
 
 void fadeTo(RQPopupView self, CGFloat alpha, double seconds) {
   UIView::animateWithDuration_animations(
-      seconds, Block<void()>([self = bridge::retained(self), alpha] { self->setAlpha(alpha); }));
+      seconds, Block<void()>([self = bridge::retained(self), alpha] { self->alpha.set(alpha); }));
 }
 
 void show(RQPopupView self, bridge::Object) {
   UIWindow window = keyWindow();
-  self.setCenter({window.center().x, centerBelow(window)});
+  self.center.set({window.center().x, centerBelow(window)});
   window.addSubview(self);
-  spring(arrival, [self = bridge::retained(self)] { self->setCenter(keyWindow().center()); }, [](BOOL) {});
+  spring(arrival, [self = bridge::retained(self)] { self->center.set(keyWindow().center()); }, [](BOOL) {});
 }
 
 void slideOut(RQPopupView self, const Block<void(BOOL)>& gone) {
   spring(
       departure,
-      [self = bridge::retained(self)] { self->setCenter({self->center().x, centerBelow(keyWindow())}); },
+      [self = bridge::retained(self)] { self->center.set({self->center().x, centerBelow(keyWindow())}); },
       gone);
 }
 
@@ -66,9 +66,9 @@ void toggleHeight(RQPopupView self) {
         CGRect frame = self->frame();
         bool expanded = frame.size.height != collapsedHeight;
         frame.size.height = expanded ? collapsedHeight : expandedHeight;
-        self->toggleButton().setTransform(expanded ? CGAffineTransformMakeRotation(almostHalfTurn)
-                                                   : identityTransform);
-        self->setFrame(frame);
+        self->toggleButton().transform.set(expanded ? CGAffineTransformMakeRotation(almostHalfTurn)
+                                                    : identityTransform);
+        self->frame.set(frame);
       },
       [](BOOL) {});
 }
@@ -76,7 +76,7 @@ void toggleHeight(RQPopupView self) {
 void handlePanGesture(RQPopupView, UIPanGestureRecognizer recognizer) {
   UIView view = recognizer.view();
   CGPoint moved = recognizer.translationInView(view), center = view.center();
-  view.setCenter({center.x + moved.x, center.y + moved.y});
+  view.center.set({center.x + moved.x, center.y + moved.y});
   recognizer.setTranslation_inView({0, 0}, view);
 }
 
@@ -85,8 +85,8 @@ UIView hitTest(RQPopupView self, CGPoint point, UIEvent event) {
   UIView hit = Popup::super<&UIView::hitTest_withEvent>(self, point, event);
   bool onSlider = hit == self.sideSlider() || hit == self.vertSlider() || hit == self.topSlider() ||
                   hit == self.horSlider();
-  self.scrollView().setScrollEnabled(YES);
-  self.pan().setEnabled(!onSlider);
+  self.scrollView().scrollEnabled.set(YES);
+  self.pan().enabled.set(!onSlider);
   return hit;
 }
 

@@ -29,7 +29,7 @@ constexpr double noticeTime = 0.7;  // seconds
 
 UIButton addButton(RQPopupView self, CGFloat x, NSString title, UIColor color, SEL action) {
   UIButton button = UIButton::buttonWithType(UIButtonTypeCustom);
-  button.setFrame({{x, self.frame().size.height - buttonFromBottom}, buttonSize});
+  button.frame.set({{x, self.frame().size.height - buttonFromBottom}, buttonSize});
   button.setTitle_forState(title, UIControlStateNormal);
   button.setTitleColor_forState(color, UIControlStateNormal);
   button.addTarget_action_forControlEvents(self, action, UIControlEventTouchUpInside);
@@ -49,11 +49,11 @@ void addCaption(RQPopupView self, CGFloat pageLeft) {
 bridge::Strong<UIPickerView> makePicker(RQPopupView self, CGFloat pageLeft) {
   auto picker = bridge::make<UIPickerView, &NSObject::init>();
   self.pickerView.set(picker);
-  picker->setDelegate(self);
-  picker->setFrame(
+  picker->delegate.set(self);
+  picker->frame.set(
       {{pageLeft, pickerTop}, {self.frame().size.width, self.scrollView().frame().size.height - pickerLess}});
-  picker->setBackgroundColor(UIColor::colorWithRed_green_blue_alpha(255, 255, 255, 0));
-  picker->setShowsSelectionIndicator(YES);
+  picker->backgroundColor.set(UIColor::colorWithRed_green_blue_alpha(255, 255, 255, 0));
+  picker->showsSelectionIndicator.set(YES);
   return picker;
 }
 
@@ -117,9 +117,9 @@ class Unanswered {
 };
 
 void setUpNameField(UITextField field) {
-  field.setPlaceholder("Name"_ns);
-  field.setClearButtonMode(UITextFieldViewModeWhileEditing);
-  field.setKeyboardAppearance(UIKeyboardAppearanceDark);
+  field.placeholder.set("Name"_ns);
+  field.clearButtonMode.set(UITextFieldViewModeWhileEditing);
+  field.keyboardAppearance.set(UIKeyboardAppearanceDark);
 }
 
 NSDictionary spacingOf(RQPopupView self) {
@@ -200,8 +200,8 @@ void getData(RQPopupView self) {
     names->addObject(named(self.configurations(), i));
   self.data.set(names);
   bool any = names->count() > 0;
-  if (!any) self.pickerLabel().setText("No Saved Presets"_ns);
-  self.select().setEnabled(any);
+  if (!any) self.pickerLabel().text.set("No Saved Presets"_ns);
+  self.select().enabled.set(any);
 }
 
 NSMutableArray items(RQPopupView self) { return self.data(); }
@@ -245,7 +245,7 @@ void deleteSelectedLayout(RQPopupView self, bridge::Object) {
   bridge::Strong<RQPopupView> panel = bridge::retained(self);
   UIView::animateWithDuration_delay_options_animations_completion(
       fading, 0, UIViewAnimationOptionOverrideInheritedDuration,
-      Block<void()>([panel] { panel->setAlpha(blinkAlpha); }),
+      Block<void()>([panel] { panel->alpha.set(blinkAlpha); }),
       Block<void(BOOL)>([panel](BOOL) { fadeTo(panel, 1, fading); }));
   self.getData();
   removeSelected(self);

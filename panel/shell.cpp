@@ -44,13 +44,13 @@ CGSize sizeOf(UIView view) { return view.frame().size; }
 void addContentView(RQPopupView self) {
   auto content = bridge::make<UIView, &UIView::initWithFrame>(cardFrame);
   self.contentView.set(content);
-  content->setClipsToBounds(YES);
-  content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-  self.layer().setCornerRadius(cardCornerRadius);
+  content->clipsToBounds.set(YES);
+  content->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  self.layer().cornerRadius.set(cardCornerRadius);
   // The settings are not known yet: the palette's first colour, until the card is styled.
-  self.setBackgroundColor(self.getBackgroundColor());
+  self.backgroundColor.set(self.getBackgroundColor());
   self.addSubview(content);
-  self.setUserInteractionEnabled(YES);
+  self.userInteractionEnabled.set(YES);
 }
 
 void setUp(RQPopupView self) {
@@ -72,8 +72,8 @@ void addChevron(RQPopupView self, const CGRect& frame) {
     chevron = bridge::make<SBUIChevronView, &SBChevronView::initWithColor>(color);
   else
     chevron = bridge::make<SBChevronView, &SBChevronView::initWithColor>(color);
-  chevron->setAlpha(chevronAlpha);
-  chevron->setFrame(frame);
+  chevron->alpha.set(chevronAlpha);
+  chevron->frame.set(frame);
   self.contentView().addSubview(chevron);
 }
 
@@ -104,9 +104,9 @@ void addToggle(RQPopupView self) {
 void addSeparator(RQPopupView self) {
   auto line =
       bridge::make<UIView, &UIView::initWithFrame>(CGRect{{0, 0}, {sizeOf(self).width, separatorHeight}});
-  line->setCenter({self.center().x, separatorCenterY});
-  line->setBackgroundColor(self.controlColor());
-  line->setAlpha(separatorAlpha);
+  line->center.set({self.center().x, separatorCenterY});
+  line->backgroundColor.set(self.controlColor());
+  line->alpha.set(separatorAlpha);
   self.contentView().addSubview(line);
 }
 
@@ -117,7 +117,7 @@ Values settingsOf(RQPopupView self) { return Values(self.rootObj()); }
 bridge::Strong<NSObject> init(RQPopupView self) {
   auto made = Popup::superInit<&UIView::initWithFrame>(self, cardFrame);
   if (!made) return nullptr;
-  made->setAutoresizesSubviews(YES);
+  made->autoresizesSubviews.set(YES);
   addContentView(made);
   made->rootObj.set(ConfigurationManager::sharedManager().configuration());
   setUp(made);
@@ -128,8 +128,8 @@ bridge::Strong<NSObject> init(RQPopupView self) {
 
 // What follows the settings after construction. Header and captions keep the colour they were built with.
 void styleView(RQPopupView self) {
-  self.setBackgroundColor(self.getBackgroundColor());
-  self.pickerLabel().setTextColor(self.controlColor());
+  self.backgroundColor.set(self.getBackgroundColor());
+  self.pickerLabel().textColor.set(self.controlColor());
   BOOL dark = self.isDarkMode();
   for (ColorSlider slider : {self.horSlider(), self.topSlider(), self.vertSlider(), self.sideSlider()})
     slider.setDarkMode(dark);
@@ -152,12 +152,12 @@ UIColor getBackgroundColor(RQPopupView self) {
 
 void addStyle(RQPopupView self) {
   CALayer layer = self.layer();
-  layer.setShadowColor(UIColor::blackColor().CGColor());
-  layer.setShadowOpacity(shadowOpacity);
-  layer.setShadowRadius(shadowRadius);
-  layer.setShadowOffset(shadowOffset);
-  layer.setShouldRasterize(YES);
-  layer.setRasterizationScale(UIScreen::mainScreen().scale());
+  layer.shadowColor.set(UIColor::blackColor().CGColor());
+  layer.shadowOpacity.set(shadowOpacity);
+  layer.shadowRadius.set(shadowRadius);
+  layer.shadowOffset.set(shadowOffset);
+  layer.shouldRasterize.set(YES);
+  layer.rasterizationScale.set(UIScreen::mainScreen().scale());
 }
 
 void loadMyCustomFont(RQPopupView) { registerIconFont(); }
@@ -175,14 +175,14 @@ void setupScrollView(RQPopupView self) {
   auto view = bridge::make<UIScrollView, &UIView::initWithFrame>(
       CGRect{{0, scrollViewTop}, {card.width, card.height - scrollViewLess}});
   self.scrollView.set(view);
-  view->setShowsHorizontalScrollIndicator(NO);
-  view->setScrollEnabled(YES);
-  view->setPagingEnabled(YES);
-  view->setUserInteractionEnabled(YES);
-  view->setBackgroundColor(UIColor::clearColor());
+  view->showsHorizontalScrollIndicator.set(NO);
+  view->scrollEnabled.set(YES);
+  view->pagingEnabled.set(YES);
+  view->userInteractionEnabled.set(YES);
+  view->backgroundColor.set(UIColor::clearColor());
   CGSize page = sizeOf(view);
-  view->setContentSize({pages * page.width, page.height});
-  view->setDelegate(self);
+  view->contentSize.set({pages * page.width, page.height});
+  view->delegate.set(self);
   self.contentView().addSubview(view);
   self.setupControlsForScrollView();
 }
@@ -192,8 +192,8 @@ void setupPageControl(RQPopupView self) {
   CGPoint origin{card.width / 2 - pageControlFromMiddle, card.height - pageControlFromBottom};
   auto control = bridge::make<UIPageControl, &UIView::initWithFrame>(CGRect{origin, pageControlSize});
   self.pageControl.set(control);
-  control->setNumberOfPages(static_cast<NSInteger>(pages));
-  control->setCurrentPage(0);
+  control->numberOfPages.set(static_cast<NSInteger>(pages));
+  control->currentPage.set(0);
   self.contentView().addSubview(control);
 }
 
@@ -202,7 +202,7 @@ void setupPanGesture(RQPopupView self) {
       self, bridge::selector<"handlePanGesture:">());
   self.pan.set(pan);
   self.addGestureRecognizer(pan);
-  pan->setDelegate(self);
+  pan->delegate.set(self);
 }
 
 void scrollViewDidScroll(RQPopupView self, UIScrollView view) {
@@ -210,7 +210,7 @@ void scrollViewDidScroll(RQPopupView self, UIScrollView view) {
   if (!(width > 0)) return;
   CGFloat page = view.contentOffset().x / width;
   // To the nearest page, halves away from zero.
-  self.pageControl().setCurrentPage(static_cast<NSInteger>(page < 0 ? page - 0.5 : page + 0.5));
+  self.pageControl().currentPage.set(static_cast<NSInteger>(page < 0 ? page - 0.5 : page + 0.5));
 }
 
 }  // namespace tilo::panel

@@ -76,7 +76,7 @@ NSString nameOfNow() {
 void copyLayout(RootController, bridge::Object chosen, PSSpecifier) {
   NSString line = textOfLayout(textAt(layoutNames(), chosen));
   if (!line) return say("This layout cannot be copied: it is damaged."_ns);
-  UIPasteboard::generalPasteboard().setString(line);
+  UIPasteboard::generalPasteboard().string.set(line);
   say(joined("Copied: "_ns, line));
 }
 

@@ -37,10 +37,10 @@ UIView swatchOf(UIView content) {
   CGRect room = content.bounds();
   CGRect frame{{room.size.width - fromRight - side, (room.size.height - side) / 2}, {side, side}};
   auto made = bridge::make<UIView, &UIView::initWithFrame>(frame);
-  made->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin);
-  made->setTag(swatchTag);
-  made->layer().setCornerRadius(corner);
-  made->setUserInteractionEnabled(NO);
+  made->autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin);
+  made->tag.set(swatchTag);
+  made->layer().cornerRadius.set(corner);
+  made->userInteractionEnabled.set(NO);
   content.addSubview(made);
   return std::move(made).autoreleased();
 }
@@ -50,7 +50,8 @@ PSTableCell cell(ColorsController self, UIView table, NSIndexPath path) {
   NSArray colors = listIn(self.specifier().properties(), "validColors"_ns);
   NSUInteger row = path.indexAtPosition(1);
   if (row < colors.count())
-    swatchOf(made.contentView()).setBackgroundColor(colorIn(bridge::as<NSString>(colors.objectAtIndex(row))));
+    swatchOf(made.contentView())
+        .backgroundColor.set(colorIn(bridge::as<NSString>(colors.objectAtIndex(row))));
   return made;
 }
 

@@ -28,8 +28,8 @@ double numberAt(PSSpecifier row, NSString key) {
 }
 
 void show(StepperCell self, double count) {
-  Cell::state(self).stepper->setValue(count);
-  Cell::state(self).count->setText(asText(count));
+  Cell::state(self).stepper->value.set(count);
+  Cell::state(self).count->text.set(asText(count));
 }
 
 void refresh(StepperCell self, PSSpecifier row) {
@@ -45,14 +45,14 @@ bridge::Strong<PSTableCell> init(StepperCell self, NSInteger style, NSString nam
   StepperCellState& state = Cell::state(cell);
   state.stepper =
       bridge::make<UIStepper, &UIView::initWithFrame>(CGRect{{countWidth + gap, 0}, {stepperWidth, height}});
-  state.stepper->setMinimumValue(numberAt(row, "min"_ns));
-  state.stepper->setMaximumValue(numberAt(row, "max"_ns));
+  state.stepper->minimumValue.set(numberAt(row, "min"_ns));
+  state.stepper->maximumValue.set(numberAt(row, "max"_ns));
   state.stepper->addTarget_action_forControlEvents(
       cell, bridge::Descriptor<&StepperCell::stepped>::selector(), UIControlEventValueChanged);
   state.count = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{{0, 0}, {countWidth, height}});
-  state.count->setTextAlignment(NSTextAlignmentRight);
+  state.count->textAlignment.set(NSTextAlignmentRight);
   // As the framework's own values are.
-  state.count->setTextColor(UIColor::colorWithRed_green_blue_alpha(142. / 255, 142. / 255, 147. / 255, 1));
+  state.count->textColor.set(UIColor::colorWithRed_green_blue_alpha(142. / 255, 142. / 255, 147. / 255, 1));
   CGRect room{{0, 0}, {countWidth + gap + stepperWidth, height}};
   auto accessory = bridge::make<UIView, &UIView::initWithFrame>(room);
   accessory->addSubview(state.count);

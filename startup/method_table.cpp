@@ -60,7 +60,7 @@ constexpr bridge::Row table[] = {
     /* 9.2   */ add<Scroll, &Scroll::listCellPreferencesUpdated_withUserInfo, listCellPreferencesUpdated>("v@:@@"),
     /* 9.2   */ add<Scroll, &Scroll::preferencesUpdated_withUserInfo, preferencesUpdated>("v@:@@"),
     /* 9.2   */ add<Scroll, &Scroll::layout, layout>("v@:@"),
-    /* 9.2   */ replace<Scroll, &UIScrollView::setContentOffset, setContentOffset>(),
+    /* 9.2   */ replace<Scroll, bridge::setterOf<&UIScrollView::contentOffset>, setContentOffset>(),
     /* 9.2   */ replace<Scroll, &NSObject::dealloc, deallocScrollView>(),
     /* 9.2   */ add<Scroll, &Scroll::swipe, swipe>("v@:@"),
     /* 9.2   */ replace<Scroll, &NSObject::init, initScrollView>(),

@@ -21,8 +21,7 @@ struct PSTableCell : bridge::Face<"PSTableCell", UIView> {
 };
 
 struct PSViewController : bridge::Face<"PSViewController", UIViewController> {
-  MESSAGE Method<"specifier", PSSpecifier()> specifier;
-  MESSAGE Method<"setSpecifier:", void(PSSpecifier)> setSpecifier;
+  MESSAGE Property<"specifier", PSSpecifier> specifier;
   MESSAGE Method<"readPreferenceValue:", bridge::Object(PSSpecifier)> readPreferenceValue;
   MESSAGE Method<"setPreferenceValue:specifier:", void(bridge::Object, PSSpecifier)>
       setPreferenceValue_specifier;

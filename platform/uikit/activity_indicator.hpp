@@ -13,10 +13,8 @@ enum : NSInteger {
 struct UIActivityIndicatorView : bridge::Face<"UIActivityIndicatorView", UIView> {
   MESSAGE Method<"initWithActivityIndicatorStyle:", UIActivityIndicatorView(NSInteger)>
       initWithActivityIndicatorStyle;
-  MESSAGE Method<"activityIndicatorViewStyle", NSInteger()> activityIndicatorViewStyle;
-  MESSAGE Method<"setActivityIndicatorViewStyle:", void(NSInteger)> setActivityIndicatorViewStyle;
-  MESSAGE Method<"hidesWhenStopped", BOOL()> hidesWhenStopped;
-  MESSAGE Method<"setHidesWhenStopped:", void(BOOL)> setHidesWhenStopped;
+  MESSAGE Property<"activityIndicatorViewStyle", NSInteger> activityIndicatorViewStyle;
+  MESSAGE Property<"hidesWhenStopped", BOOL> hidesWhenStopped;
   MESSAGE Method<"startAnimating", void()> startAnimating;
   MESSAGE Method<"stopAnimating", void()> stopAnimating;
   MESSAGE Method<"isAnimating", BOOL()> isAnimating;

@@ -27,8 +27,7 @@ struct UIBezierPath : bridge::Face<"UIBezierPath", NSObject> {
   MESSAGE Method<"appendPath:", void(UIBezierPath)> appendPath;
   MESSAGE Method<"closePath", void()> closePath;
   MESSAGE Method<"bounds", CGRect()> bounds;
-  MESSAGE Method<"lineWidth", CGFloat()> lineWidth;
-  MESSAGE Method<"setLineWidth:", void(CGFloat)> setLineWidth;
+  MESSAGE Property<"lineWidth", CGFloat> lineWidth;
   MESSAGE Method<"setLineCapStyle:", void(int)> setLineCapStyle;
   MESSAGE Method<"setUsesEvenOddFillRule:", void(BOOL)> setUsesEvenOddFillRule;
   MESSAGE Method<"fill", void()> fill;

@@ -38,12 +38,9 @@ struct UIControl : bridge::Face<"UIControl", UIView> {
   MESSAGE Method<"sendActionsForControlEvents:", void(NSUInteger)> sendActionsForControlEvents;
   MESSAGE Method<"sendAction:to:forEvent:", void(SEL, bridge::Object, UIEvent)> sendAction_to_forEvent;
   MESSAGE Method<"state", NSUInteger()> state;
-  MESSAGE Method<"isEnabled", BOOL()> isEnabled;
-  MESSAGE Method<"setEnabled:", void(BOOL)> setEnabled;
-  MESSAGE Method<"isHighlighted", BOOL()> isHighlighted;
-  MESSAGE Method<"setHighlighted:", void(BOOL)> setHighlighted;
-  MESSAGE Method<"isSelected", BOOL()> isSelected;
-  MESSAGE Method<"setSelected:", void(BOOL)> setSelected;
+  MESSAGE Property<"enabled", BOOL, "isEnabled"> enabled;
+  MESSAGE Property<"highlighted", BOOL, "isHighlighted"> highlighted;
+  MESSAGE Property<"selected", BOOL, "isSelected"> selected;
 
   // While a finger is on it.
   MESSAGE Method<"isTracking", BOOL()> isTracking;

@@ -27,25 +27,19 @@ struct UIGestureRecognizer : bridge::Face<"UIGestureRecognizer", NSObject> {
   MESSAGE Method<"initWithTarget:action:", UIGestureRecognizer(bridge::Object, SEL)> initWithTarget_action;
   MESSAGE Method<"addTarget:action:", void(bridge::Object, SEL)> addTarget_action;
   MESSAGE Method<"removeTarget:action:", void(bridge::Object, SEL)> removeTarget_action;
-  MESSAGE Method<"delegate", bridge::Object()> delegate;
-  MESSAGE Method<"setDelegate:", void(bridge::Object)> setDelegate;
-  MESSAGE Method<"isEnabled", BOOL()> isEnabled;
-  MESSAGE Method<"setEnabled:", void(BOOL)> setEnabled;
-  MESSAGE Method<"state", NSInteger()> state;
+  MESSAGE Property<"delegate", bridge::Object> delegate;
+  MESSAGE Property<"enabled", BOOL, "isEnabled"> enabled;
+  MESSAGE Property<"state", NSInteger> state;
   MESSAGE Method<"view", UIView()> view;
-  MESSAGE Method<"cancelsTouchesInView", BOOL()> cancelsTouchesInView;
-  MESSAGE Method<"setCancelsTouchesInView:", void(BOOL)> setCancelsTouchesInView;
-  MESSAGE Method<"delaysTouchesBegan", BOOL()> delaysTouchesBegan;
-  MESSAGE Method<"setDelaysTouchesBegan:", void(BOOL)> setDelaysTouchesBegan;
-  MESSAGE Method<"delaysTouchesEnded", BOOL()> delaysTouchesEnded;
-  MESSAGE Method<"setDelaysTouchesEnded:", void(BOOL)> setDelaysTouchesEnded;
+  MESSAGE Property<"cancelsTouchesInView", BOOL> cancelsTouchesInView;
+  MESSAGE Property<"delaysTouchesBegan", BOOL> delaysTouchesBegan;
+  MESSAGE Property<"delaysTouchesEnded", BOOL> delaysTouchesEnded;
   MESSAGE Method<"requireGestureRecognizerToFail:", void(UIGestureRecognizer)> requireGestureRecognizerToFail;
   MESSAGE Method<"locationInView:", CGPoint(UIView)> locationInView;
   MESSAGE Method<"numberOfTouches", NSUInteger()> numberOfTouches;
   MESSAGE Method<"locationOfTouch:inView:", CGPoint(NSUInteger, UIView)> locationOfTouch_inView;
 
   // For subclasses.
-  MESSAGE Method<"setState:", void(NSInteger)> setState;
   MESSAGE Method<"reset", void()> reset;
   MESSAGE Method<"canPreventGestureRecognizer:", BOOL(UIGestureRecognizer)> canPreventGestureRecognizer;
   MESSAGE Method<"canBePreventedByGestureRecognizer:", BOOL(UIGestureRecognizer)>
@@ -57,36 +51,27 @@ struct UIGestureRecognizer : bridge::Face<"UIGestureRecognizer", NSObject> {
 };
 
 struct UITapGestureRecognizer : bridge::Face<"UITapGestureRecognizer", UIGestureRecognizer> {
-  MESSAGE Method<"numberOfTapsRequired", NSUInteger()> numberOfTapsRequired;
-  MESSAGE Method<"setNumberOfTapsRequired:", void(NSUInteger)> setNumberOfTapsRequired;
-  MESSAGE Method<"numberOfTouchesRequired", NSUInteger()> numberOfTouchesRequired;
-  MESSAGE Method<"setNumberOfTouchesRequired:", void(NSUInteger)> setNumberOfTouchesRequired;
+  MESSAGE Property<"numberOfTapsRequired", NSUInteger> numberOfTapsRequired;
+  MESSAGE Property<"numberOfTouchesRequired", NSUInteger> numberOfTouchesRequired;
 };
 
 struct UISwipeGestureRecognizer : bridge::Face<"UISwipeGestureRecognizer", UIGestureRecognizer> {
-  MESSAGE Method<"direction", NSUInteger()> direction;
-  MESSAGE Method<"setDirection:", void(NSUInteger)> setDirection;
-  MESSAGE Method<"numberOfTouchesRequired", NSUInteger()> numberOfTouchesRequired;
-  MESSAGE Method<"setNumberOfTouchesRequired:", void(NSUInteger)> setNumberOfTouchesRequired;
+  MESSAGE Property<"direction", NSUInteger> direction;
+  MESSAGE Property<"numberOfTouchesRequired", NSUInteger> numberOfTouchesRequired;
 };
 
 struct UIPanGestureRecognizer : bridge::Face<"UIPanGestureRecognizer", UIGestureRecognizer> {
-  MESSAGE Method<"minimumNumberOfTouches", NSUInteger()> minimumNumberOfTouches;
-  MESSAGE Method<"setMinimumNumberOfTouches:", void(NSUInteger)> setMinimumNumberOfTouches;
-  MESSAGE Method<"maximumNumberOfTouches", NSUInteger()> maximumNumberOfTouches;
-  MESSAGE Method<"setMaximumNumberOfTouches:", void(NSUInteger)> setMaximumNumberOfTouches;
+  MESSAGE Property<"minimumNumberOfTouches", NSUInteger> minimumNumberOfTouches;
+  MESSAGE Property<"maximumNumberOfTouches", NSUInteger> maximumNumberOfTouches;
   MESSAGE Method<"translationInView:", CGPoint(UIView)> translationInView;
   MESSAGE Method<"setTranslation:inView:", void(CGPoint, UIView)> setTranslation_inView;
   MESSAGE Method<"velocityInView:", CGPoint(UIView)> velocityInView;  // points per second
 };
 
 struct UILongPressGestureRecognizer : bridge::Face<"UILongPressGestureRecognizer", UIGestureRecognizer> {
-  MESSAGE Method<"minimumPressDuration", double()> minimumPressDuration;  // seconds
-  MESSAGE Method<"setMinimumPressDuration:", void(double)> setMinimumPressDuration;
-  MESSAGE Method<"allowableMovement", CGFloat()> allowableMovement;
-  MESSAGE Method<"setAllowableMovement:", void(CGFloat)> setAllowableMovement;
-  MESSAGE Method<"numberOfTouchesRequired", NSUInteger()> numberOfTouchesRequired;
-  MESSAGE Method<"setNumberOfTouchesRequired:", void(NSUInteger)> setNumberOfTouchesRequired;
+  MESSAGE Property<"minimumPressDuration", double> minimumPressDuration;  // seconds
+  MESSAGE Property<"allowableMovement", CGFloat> allowableMovement;
+  MESSAGE Property<"numberOfTouchesRequired", NSUInteger> numberOfTouchesRequired;
 };
 
 // What a delegate may implement; it is asked only what it responds to.

@@ -6,6 +6,5 @@
 
 struct UIImageView : bridge::Face<"UIImageView", UIView> {
   MESSAGE Method<"initWithImage:", UIImageView(UIImage)> initWithImage;
-  MESSAGE Method<"image", UIImage()> image;
-  MESSAGE Method<"setImage:", void(UIImage)> setImage;
+  MESSAGE Property<"image", UIImage> image;
 };

@@ -26,20 +26,12 @@ enum : NSInteger {
 };
 
 struct UILabel : bridge::Face<"UILabel", UIView> {
-  MESSAGE Method<"text", NSString()> text;
-  MESSAGE Method<"setText:", void(NSString)> setText;
-  MESSAGE Method<"font", UIFont()> font;
-  MESSAGE Method<"setFont:", void(UIFont)> setFont;
-  MESSAGE Method<"textColor", UIColor()> textColor;
-  MESSAGE Method<"setTextColor:", void(UIColor)> setTextColor;
-  MESSAGE Method<"shadowColor", UIColor()> shadowColor;
-  MESSAGE Method<"setShadowColor:", void(UIColor)> setShadowColor;
-  MESSAGE Method<"shadowOffset", CGSize()> shadowOffset;  // points
-  MESSAGE Method<"setShadowOffset:", void(CGSize)> setShadowOffset;
-  MESSAGE Method<"textAlignment", NSInteger()> textAlignment;
-  MESSAGE Method<"setTextAlignment:", void(NSInteger)> setTextAlignment;
-  MESSAGE Method<"lineBreakMode", NSInteger()> lineBreakMode;
-  MESSAGE Method<"setLineBreakMode:", void(NSInteger)> setLineBreakMode;
-  MESSAGE Method<"numberOfLines", NSInteger()> numberOfLines;  // 0: as many as it takes
-  MESSAGE Method<"setNumberOfLines:", void(NSInteger)> setNumberOfLines;
+  MESSAGE Property<"text", NSString> text;
+  MESSAGE Property<"font", UIFont> font;
+  MESSAGE Property<"textColor", UIColor> textColor;
+  MESSAGE Property<"shadowColor", UIColor> shadowColor;
+  MESSAGE Property<"shadowOffset", CGSize> shadowOffset;  // points
+  MESSAGE Property<"textAlignment", NSInteger> textAlignment;
+  MESSAGE Property<"lineBreakMode", NSInteger> lineBreakMode;
+  MESSAGE Property<"numberOfLines", NSInteger> numberOfLines;  // 0: as many as it takes
 };

@@ -5,8 +5,6 @@
 #include "platform/uikit/image_view.hpp"
 
 struct UIPageControl : bridge::Face<"UIPageControl", UIControl> {
-  MESSAGE Method<"numberOfPages", NSInteger()> numberOfPages;
-  MESSAGE Method<"setNumberOfPages:", void(NSInteger)> setNumberOfPages;
-  MESSAGE Method<"currentPage", NSInteger()> currentPage;
-  MESSAGE Method<"setCurrentPage:", void(NSInteger)> setCurrentPage;
+  MESSAGE Property<"numberOfPages", NSInteger> numberOfPages;
+  MESSAGE Property<"currentPage", NSInteger> currentPage;
 };

@@ -6,6 +6,5 @@
 struct UIPasteboard : bridge::Face<"UIPasteboard", NSObject> {
   static constexpr bridge::ClassMethod<"UIPasteboard", "generalPasteboard", UIPasteboard()>
       generalPasteboard{};
-  MESSAGE Method<"string", NSString()> string;  // nil when something else or nothing was copied
-  MESSAGE Method<"setString:", void(NSString)> setString;
+  MESSAGE Property<"string", NSString> string;  // nil when something else or nothing was copied
 };

@@ -5,12 +5,9 @@
 #include "platform/uikit/view.hpp"
 
 struct UIPickerView : bridge::Face<"UIPickerView", UIView> {
-  MESSAGE Method<"delegate", bridge::Object()> delegate;  // not retained
-  MESSAGE Method<"setDelegate:", void(bridge::Object)> setDelegate;
-  MESSAGE Method<"dataSource", bridge::Object()> dataSource;  // not retained
-  MESSAGE Method<"setDataSource:", void(bridge::Object)> setDataSource;
-  MESSAGE Method<"showsSelectionIndicator", BOOL()> showsSelectionIndicator;
-  MESSAGE Method<"setShowsSelectionIndicator:", void(BOOL)> setShowsSelectionIndicator;
+  MESSAGE Property<"delegate", bridge::Object> delegate;      // not retained
+  MESSAGE Property<"dataSource", bridge::Object> dataSource;  // not retained
+  MESSAGE Property<"showsSelectionIndicator", BOOL> showsSelectionIndicator;
   MESSAGE Method<"numberOfComponents", NSInteger()> numberOfComponents;
   MESSAGE Method<"numberOfRowsInComponent:", NSInteger(NSInteger)> numberOfRowsInComponent;
   MESSAGE Method<"reloadAllComponents", void()> reloadAllComponents;

@@ -10,36 +10,22 @@ inline constexpr CGFloat UIScrollViewDecelerationRateFast = 0.99;
 
 // Lengths in points.
 struct UIScrollView : bridge::Face<"UIScrollView", UIView> {
-  MESSAGE Method<"contentOffset", CGPoint()> contentOffset;
-  MESSAGE Method<"setContentOffset:", void(CGPoint)> setContentOffset;
+  MESSAGE Property<"contentOffset", CGPoint> contentOffset;
   MESSAGE Method<"setContentOffset:animated:", void(CGPoint, BOOL)> setContentOffset_animated;
-  MESSAGE Method<"contentSize", CGSize()> contentSize;
-  MESSAGE Method<"setContentSize:", void(CGSize)> setContentSize;
-  MESSAGE Method<"contentInset", UIEdgeInsets()> contentInset;
-  MESSAGE Method<"setContentInset:", void(UIEdgeInsets)> setContentInset;
-  MESSAGE Method<"isPagingEnabled", BOOL()> isPagingEnabled;
-  MESSAGE Method<"setPagingEnabled:", void(BOOL)> setPagingEnabled;
-  MESSAGE Method<"delegate", bridge::Object()> delegate;
-  MESSAGE Method<"setDelegate:", void(bridge::Object)> setDelegate;
-  MESSAGE Method<"isScrollEnabled", BOOL()> isScrollEnabled;
-  MESSAGE Method<"setScrollEnabled:", void(BOOL)> setScrollEnabled;
-  MESSAGE Method<"bounces", BOOL()> bounces;
-  MESSAGE Method<"setBounces:", void(BOOL)> setBounces;
-  MESSAGE Method<"alwaysBounceHorizontal", BOOL()> alwaysBounceHorizontal;
-  MESSAGE Method<"setAlwaysBounceHorizontal:", void(BOOL)> setAlwaysBounceHorizontal;
-  MESSAGE Method<"alwaysBounceVertical", BOOL()> alwaysBounceVertical;
-  MESSAGE Method<"setAlwaysBounceVertical:", void(BOOL)> setAlwaysBounceVertical;
-  MESSAGE Method<"decelerationRate", CGFloat()> decelerationRate;  // per millisecond
-  MESSAGE Method<"setDecelerationRate:", void(CGFloat)> setDecelerationRate;
-  MESSAGE Method<"delaysContentTouches", BOOL()> delaysContentTouches;
-  MESSAGE Method<"setDelaysContentTouches:", void(BOOL)> setDelaysContentTouches;
-  MESSAGE Method<"canCancelContentTouches", BOOL()> canCancelContentTouches;
-  MESSAGE Method<"setCanCancelContentTouches:", void(BOOL)> setCanCancelContentTouches;
+  MESSAGE Property<"contentSize", CGSize> contentSize;
+  MESSAGE Property<"contentInset", UIEdgeInsets> contentInset;
+  MESSAGE Property<"pagingEnabled", BOOL, "isPagingEnabled"> pagingEnabled;
+  MESSAGE Property<"delegate", bridge::Object> delegate;
+  MESSAGE Property<"scrollEnabled", BOOL, "isScrollEnabled"> scrollEnabled;
+  MESSAGE Property<"bounces", BOOL> bounces;
+  MESSAGE Property<"alwaysBounceHorizontal", BOOL> alwaysBounceHorizontal;
+  MESSAGE Property<"alwaysBounceVertical", BOOL> alwaysBounceVertical;
+  MESSAGE Property<"decelerationRate", CGFloat> decelerationRate;  // per millisecond
+  MESSAGE Property<"delaysContentTouches", BOOL> delaysContentTouches;
+  MESSAGE Property<"canCancelContentTouches", BOOL> canCancelContentTouches;
   MESSAGE Method<"touchesShouldCancelInContentView:", BOOL(UIView)> touchesShouldCancelInContentView;
-  MESSAGE Method<"showsHorizontalScrollIndicator", BOOL()> showsHorizontalScrollIndicator;
-  MESSAGE Method<"setShowsHorizontalScrollIndicator:", void(BOOL)> setShowsHorizontalScrollIndicator;
-  MESSAGE Method<"showsVerticalScrollIndicator", BOOL()> showsVerticalScrollIndicator;
-  MESSAGE Method<"setShowsVerticalScrollIndicator:", void(BOOL)> setShowsVerticalScrollIndicator;
+  MESSAGE Property<"showsHorizontalScrollIndicator", BOOL> showsHorizontalScrollIndicator;
+  MESSAGE Property<"showsVerticalScrollIndicator", BOOL> showsVerticalScrollIndicator;
   MESSAGE Method<"isTracking", BOOL()> isTracking;
   MESSAGE Method<"isDragging", BOOL()> isDragging;
   MESSAGE Method<"isDecelerating", BOOL()> isDecelerating;

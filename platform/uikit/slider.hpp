@@ -5,20 +5,14 @@
 #include "platform/uikit/control.hpp"
 
 struct UISlider : bridge::Face<"UISlider", UIControl> {
-  MESSAGE Method<"value", float()> value;
-  MESSAGE Method<"setValue:", void(float)> setValue;  // kept within the range
+  MESSAGE Property<"value", float> value;  // kept within the range
   MESSAGE Method<"setValue:animated:", void(float, BOOL)> setValue_animated;
-  MESSAGE Method<"minimumValue", float()> minimumValue;
-  MESSAGE Method<"setMinimumValue:", void(float)> setMinimumValue;
-  MESSAGE Method<"maximumValue", float()> maximumValue;
-  MESSAGE Method<"setMaximumValue:", void(float)> setMaximumValue;
+  MESSAGE Property<"minimumValue", float> minimumValue;
+  MESSAGE Property<"maximumValue", float> maximumValue;
   // Whether a drag tells of every change, or of the last one only.
-  MESSAGE Method<"isContinuous", BOOL()> isContinuous;
-  MESSAGE Method<"setContinuous:", void(BOOL)> setContinuous;
-  MESSAGE Method<"minimumTrackTintColor", UIColor()> minimumTrackTintColor;
-  MESSAGE Method<"setMinimumTrackTintColor:", void(UIColor)> setMinimumTrackTintColor;
-  MESSAGE Method<"maximumTrackTintColor", UIColor()> maximumTrackTintColor;
-  MESSAGE Method<"setMaximumTrackTintColor:", void(UIColor)> setMaximumTrackTintColor;
+  MESSAGE Property<"continuous", BOOL, "isContinuous"> continuous;
+  MESSAGE Property<"minimumTrackTintColor", UIColor> minimumTrackTintColor;
+  MESSAGE Property<"maximumTrackTintColor", UIColor> maximumTrackTintColor;
   MESSAGE Method<"trackRectForBounds:", CGRect(CGRect)> trackRectForBounds;
   MESSAGE Method<"thumbRectForBounds:trackRect:value:", CGRect(CGRect, CGRect, float)>
       thumbRectForBounds_trackRect_value;

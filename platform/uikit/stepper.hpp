@@ -5,8 +5,7 @@
 
 // From 0 to 100, by 1, unless told otherwise.
 struct UIStepper : bridge::Face<"UIStepper", UIControl> {
-  MESSAGE Method<"value", double()> value;
-  MESSAGE Method<"setValue:", void(double)> setValue;  // kept within the range
-  MESSAGE Method<"setMinimumValue:", void(double)> setMinimumValue;
-  MESSAGE Method<"setMaximumValue:", void(double)> setMaximumValue;
+  MESSAGE Property<"value", double> value;  // kept within the range
+  MESSAGE Property<"minimumValue", double> minimumValue;
+  MESSAGE Property<"maximumValue", double> maximumValue;
 };

@@ -39,35 +39,23 @@ enum : NSInteger {
 };
 
 struct UITextField : bridge::Face<"UITextField", UIControl> {
-  MESSAGE Method<"text", NSString()> text;  // never nil
-  MESSAGE Method<"setText:", void(NSString)> setText;
-  MESSAGE Method<"placeholder", NSString()> placeholder;
-  MESSAGE Method<"setPlaceholder:", void(NSString)> setPlaceholder;
-  MESSAGE Method<"font", UIFont()> font;
-  MESSAGE Method<"setFont:", void(UIFont)> setFont;
-  MESSAGE Method<"textColor", UIColor()> textColor;
-  MESSAGE Method<"setTextColor:", void(UIColor)> setTextColor;
-  MESSAGE Method<"textAlignment", NSInteger()> textAlignment;
-  MESSAGE Method<"setTextAlignment:", void(NSInteger)> setTextAlignment;
-  MESSAGE Method<"borderStyle", NSInteger()> borderStyle;
-  MESSAGE Method<"setBorderStyle:", void(NSInteger)> setBorderStyle;
-  MESSAGE Method<"clearButtonMode", NSInteger()> clearButtonMode;
-  MESSAGE Method<"setClearButtonMode:", void(NSInteger)> setClearButtonMode;
-  MESSAGE Method<"delegate", bridge::Object()> delegate;  // not retained
-  MESSAGE Method<"setDelegate:", void(bridge::Object)> setDelegate;
+  MESSAGE Property<"text", NSString> text;  // never nil
+  MESSAGE Property<"placeholder", NSString> placeholder;
+  MESSAGE Property<"font", UIFont> font;
+  MESSAGE Property<"textColor", UIColor> textColor;
+  MESSAGE Property<"textAlignment", NSInteger> textAlignment;
+  MESSAGE Property<"borderStyle", NSInteger> borderStyle;
+  MESSAGE Property<"clearButtonMode", NSInteger> clearButtonMode;
+  MESSAGE Property<"delegate", bridge::Object> delegate;  // not retained
   MESSAGE Method<"isEditing", BOOL()> isEditing;
   MESSAGE Method<"setInputView:", void(UIView)> setInputView;
   MESSAGE Method<"setInputAccessoryView:", void(UIView)> setInputAccessoryView;
 
   // The keyboard.
-  MESSAGE Method<"keyboardType", NSInteger()> keyboardType;
-  MESSAGE Method<"setKeyboardType:", void(NSInteger)> setKeyboardType;
-  MESSAGE Method<"keyboardAppearance", NSInteger()> keyboardAppearance;
-  MESSAGE Method<"setKeyboardAppearance:", void(NSInteger)> setKeyboardAppearance;
-  MESSAGE Method<"returnKeyType", NSInteger()> returnKeyType;
-  MESSAGE Method<"setReturnKeyType:", void(NSInteger)> setReturnKeyType;
-  MESSAGE Method<"enablesReturnKeyAutomatically", BOOL()> enablesReturnKeyAutomatically;
-  MESSAGE Method<"setEnablesReturnKeyAutomatically:", void(BOOL)> setEnablesReturnKeyAutomatically;
+  MESSAGE Property<"keyboardType", NSInteger> keyboardType;
+  MESSAGE Property<"keyboardAppearance", NSInteger> keyboardAppearance;
+  MESSAGE Property<"returnKeyType", NSInteger> returnKeyType;
+  MESSAGE Property<"enablesReturnKeyAutomatically", BOOL> enablesReturnKeyAutomatically;
   MESSAGE Method<"hasText", BOOL()> hasText;
   MESSAGE Method<"insertText:", void(NSString)> insertText;
   MESSAGE Method<"deleteBackward", void()> deleteBackward;

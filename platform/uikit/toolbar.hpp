@@ -31,8 +31,6 @@ struct UIBarButtonItem : bridge::Face<"UIBarButtonItem", NSObject> {
 };
 
 struct UIToolbar : bridge::Face<"UIToolbar", UIView> {
-  MESSAGE Method<"barStyle", NSInteger()> barStyle;
-  MESSAGE Method<"setBarStyle:", void(NSInteger)> setBarStyle;
-  MESSAGE Method<"items", NSArray()> items;
-  MESSAGE Method<"setItems:", void(NSArray)> setItems;
+  MESSAGE Property<"barStyle", NSInteger> barStyle;
+  MESSAGE Property<"items", NSArray> items;
 };

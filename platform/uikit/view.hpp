@@ -59,36 +59,23 @@ struct UIView : bridge::Face<"UIView", UIResponder> {
   MESSAGE Method<"initWithFrame:", UIView(CGRect)> initWithFrame;
 
   // Geometry.
-  MESSAGE Method<"frame", CGRect()> frame;
-  MESSAGE Method<"setFrame:", void(CGRect)> setFrame;
-  MESSAGE Method<"bounds", CGRect()> bounds;
-  MESSAGE Method<"setBounds:", void(CGRect)> setBounds;
-  MESSAGE Method<"center", CGPoint()> center;
-  MESSAGE Method<"setCenter:", void(CGPoint)> setCenter;
-  MESSAGE Method<"transform", CGAffineTransform()> transform;
-  MESSAGE Method<"setTransform:", void(CGAffineTransform)> setTransform;
-  MESSAGE Method<"autoresizingMask", NSUInteger()> autoresizingMask;
-  MESSAGE Method<"setAutoresizingMask:", void(NSUInteger)> setAutoresizingMask;
-  MESSAGE Method<"autoresizesSubviews", BOOL()> autoresizesSubviews;
-  MESSAGE Method<"setAutoresizesSubviews:", void(BOOL)> setAutoresizesSubviews;
+  MESSAGE Property<"frame", CGRect> frame;
+  MESSAGE Property<"bounds", CGRect> bounds;
+  MESSAGE Property<"center", CGPoint> center;
+  MESSAGE Property<"transform", CGAffineTransform> transform;
+  MESSAGE Property<"autoresizingMask", NSUInteger> autoresizingMask;
+  MESSAGE Property<"autoresizesSubviews", BOOL> autoresizesSubviews;
   MESSAGE Method<"sizeThatFits:", CGSize(CGSize)> sizeThatFits;
   MESSAGE Method<"sizeToFit", void()> sizeToFit;
 
   // Appearance.
-  MESSAGE Method<"alpha", CGFloat()> alpha;
-  MESSAGE Method<"setAlpha:", void(CGFloat)> setAlpha;
-  MESSAGE Method<"isHidden", BOOL()> isHidden;
-  MESSAGE Method<"setHidden:", void(BOOL)> setHidden;
-  MESSAGE Method<"backgroundColor", UIColor()> backgroundColor;
-  MESSAGE Method<"setBackgroundColor:", void(UIColor)> setBackgroundColor;
-  MESSAGE Method<"clipsToBounds", BOOL()> clipsToBounds;
-  MESSAGE Method<"setClipsToBounds:", void(BOOL)> setClipsToBounds;
-  MESSAGE Method<"isOpaque", BOOL()> isOpaque;
-  MESSAGE Method<"setOpaque:", void(BOOL)> setOpaque;
-  MESSAGE Method<"tintColor", UIColor()> tintColor;
-  MESSAGE Method<"setTintColor:", void(UIColor)> setTintColor;
-  MESSAGE Method<"contentMode", NSInteger()> contentMode;
-  MESSAGE Method<"setContentMode:", void(NSInteger)> setContentMode;
+  MESSAGE Property<"alpha", CGFloat> alpha;
+  MESSAGE Property<"hidden", BOOL, "isHidden"> hidden;
+  MESSAGE Property<"backgroundColor", UIColor> backgroundColor;
+  MESSAGE Property<"clipsToBounds", BOOL> clipsToBounds;
+  MESSAGE Property<"opaque", BOOL, "isOpaque"> opaque;
+  MESSAGE Property<"tintColor", UIColor> tintColor;
+  MESSAGE Property<"contentMode", NSInteger> contentMode;
   MESSAGE Method<"layer", CALayer()> layer;
   MESSAGE Method<"setNeedsDisplay", void()> setNeedsDisplay;
   MESSAGE Method<"drawRect:", void(CGRect)> drawRect;
@@ -103,8 +90,7 @@ struct UIView : bridge::Face<"UIView", UIResponder> {
   MESSAGE Method<"sendSubviewToBack:", void(UIView)> sendSubviewToBack;
   MESSAGE Method<"removeFromSuperview", void()> removeFromSuperview;
   MESSAGE Method<"isDescendantOfView:", BOOL(UIView)> isDescendantOfView;
-  MESSAGE Method<"tag", NSInteger()> tag;
-  MESSAGE Method<"setTag:", void(NSInteger)> setTag;
+  MESSAGE Property<"tag", NSInteger> tag;
   MESSAGE Method<"viewWithTag:", UIView(NSInteger)> viewWithTag;
   // The first responder among the view and those below it gives up; with YES even against its will.
   MESSAGE Method<"endEditing:", BOOL(BOOL)> endEditing;
@@ -127,12 +113,10 @@ struct UIView : bridge::Face<"UIView", UIResponder> {
   MESSAGE Method<"convertRect:fromView:", CGRect(CGRect, UIView)> convertRect_fromView;
 
   // Touches.
-  MESSAGE Method<"isUserInteractionEnabled", BOOL()> isUserInteractionEnabled;
-  MESSAGE Method<"setUserInteractionEnabled:", void(BOOL)> setUserInteractionEnabled;
+  MESSAGE Property<"userInteractionEnabled", BOOL, "isUserInteractionEnabled"> userInteractionEnabled;
   MESSAGE Method<"hitTest:withEvent:", UIView(CGPoint, UIEvent)> hitTest_withEvent;
   MESSAGE Method<"pointInside:withEvent:", BOOL(CGPoint, UIEvent)> pointInside_withEvent;
-  MESSAGE Method<"isMultipleTouchEnabled", BOOL()> isMultipleTouchEnabled;
-  MESSAGE Method<"setMultipleTouchEnabled:", void(BOOL)> setMultipleTouchEnabled;
+  MESSAGE Property<"multipleTouchEnabled", BOOL, "isMultipleTouchEnabled"> multipleTouchEnabled;
   MESSAGE Method<"gestureRecognizers", NSArray()> gestureRecognizers;
   MESSAGE Method<"addGestureRecognizer:", void(UIGestureRecognizer)> addGestureRecognizer;
   MESSAGE Method<"removeGestureRecognizer:", void(UIGestureRecognizer)> removeGestureRecognizer;

@@ -8,8 +8,7 @@
 struct UIViewController : bridge::Face<"UIViewController", UIResponder> {
   // Both may be nil. `init` leads here.
   MESSAGE Method<"initWithNibName:bundle:", UIViewController(NSString, NSBundle)> initWithNibName_bundle;
-  MESSAGE Method<"view", UIView()> view;  // loads it
-  MESSAGE Method<"setView:", void(UIView)> setView;
+  MESSAGE Property<"view", UIView> view;  // loads it
   MESSAGE Method<"isViewLoaded", BOOL()> isViewLoaded;
   MESSAGE Method<"loadView", void()> loadView;
   MESSAGE Method<"viewDidLoad", void()> viewDidLoad;

@@ -13,8 +13,6 @@ struct UIWindow : bridge::Face<"UIWindow", UIView> {
   MESSAGE Method<"makeKeyWindow", void()> makeKeyWindow;
   MESSAGE Method<"sendEvent:", void(UIEvent)> sendEvent;
   MESSAGE Method<"isKeyWindow", BOOL()> isKeyWindow;
-  MESSAGE Method<"windowLevel", CGFloat()> windowLevel;
-  MESSAGE Method<"setWindowLevel:", void(CGFloat)> setWindowLevel;
-  MESSAGE Method<"rootViewController", UIViewController()> rootViewController;
-  MESSAGE Method<"setRootViewController:", void(UIViewController)> setRootViewController;
+  MESSAGE Property<"windowLevel", CGFloat> windowLevel;
+  MESSAGE Property<"rootViewController", UIViewController> rootViewController;
 };

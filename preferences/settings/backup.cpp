@@ -10,6 +10,7 @@
 #include "preferences/settings/layouts.hpp"
 #include "preferences/settings/specifiers.hpp"
 #include "settings/store/keys.hpp"
+#include "settings/store/presets_file.hpp"
 #include "settings/store/restoration.hpp"
 
 namespace tilo::pane {
@@ -141,7 +142,7 @@ Text between(Text head, Text text, Text tail) {
 
 // The presets file that a backup's layouts make: with their very letters, where these are found.
 NSData presetsOf(NSData backup, NSArray layouts) {
-  NSData plain = presetsDocument(layouts);
+  NSData plain = presets::document(layouts);
   Text letters = between(layoutsHead, textOf(backup), layoutsTail);
   if (letters.empty()) return plain;
   NSData same = dataOf(joined(stringOf(documentHead), stringOf(letters), stringOf(documentTail)));
@@ -156,7 +157,7 @@ NSData presetsOf(NSData backup, NSArray layouts) {
 // The layouts as the presets file has them; made anew where not all of them are layouts.
 NSString lettersOfLayouts() {
   NSArray kept = layoutsToKeep();
-  NSData file = presetsFile();
+  NSData file = NSData::dataWithContentsOfFile(presets::path());
   Text letters = file ? between(documentHead, textOf(file), documentTail) : Text();
   bool plain = letters.starts_with('[') && textOf(file).starts_with(documentHead);
   if (plain) {
@@ -164,7 +165,7 @@ NSString lettersOfLayouts() {
         NSJSONSerialization::JSONObjectWithData_options_error(dataOf(stringOf(letters)), 0, nullptr);
     if (bridge::as<NSObject>(all).isEqual(kept)) return stringOf(letters);
   }
-  return stringOf(between(documentHead, textOf(presetsDocument(kept)), documentTail));
+  return stringOf(between(documentHead, textOf(presets::document(kept)), documentTail));
 }
 
 Judged judged(NSData bytes) {

@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "platform/foundation/dictionary.hpp"
-#include "platform/foundation/json.hpp"
 #include "preferences/settings/checks.hpp"
 #include "preferences/settings/specifiers.hpp"
 #include "settings/store/presets_file.hpp"
@@ -15,8 +14,6 @@ namespace {
 
 constexpr const Key<Kind::number>* order[] = {&keys::horizontalPadding, &keys::verticalPadding,
                                               &keys::sideInset, &keys::topInset};
-
-NSString file() { return "/var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
 
 NSString prefix() { return "tilo:1:"_ns; }
 
@@ -115,13 +112,6 @@ NSArray layoutsToKeep() {
   return kept;
 }
 
-NSData presetsDocument(NSArray layouts) {
-  NSDictionary document = NSDictionary::dictionaryWithObject_forKey(layouts, NSString(keys::configurations));
-  return NSJSONSerialization::dataWithJSONObject_options_error(document, 0, nullptr);
-}
-
-NSData presetsFile() { return NSData::dataWithContentsOfFile(file()); }
-
 NSString textOfLayout(NSString name) {
   NSArray layouts = layoutsToKeep();
   for (NSUInteger i = 0; i < layouts.count(); ++i) {
@@ -143,7 +133,7 @@ NSString pasteLayout(NSString text) {
   if (!layout) return "this is no layout"_ns;
   NSMutableArray all = NSMutableArray::arrayWithArray(layouts);
   all.addObject(layout);
-  bool written = presetsDocument(all).writeToFile_atomically(file(), YES);
+  bool written = presets::document(all).writeToFile_atomically(presets::path(), YES);
   return written ? NSString{} : "the presets file cannot be written"_ns;
 }
 

@@ -5,7 +5,6 @@
 #pragma once
 
 #include "platform/foundation/array.hpp"
-#include "platform/foundation/data.hpp"
 
 namespace tilo::pane {
 
@@ -14,11 +13,6 @@ NSString faultInLayouts(NSArray layouts);
 
 // Those of the presets file that are layouts.
 NSArray layoutsToKeep();
-
-// A presets file with these.
-NSData presetsDocument(NSArray layouts);
-// The presets file as it is, nil when there is none.
-NSData presetsFile();
 
 // The first layout of that name as a line; nil when there is none.
 NSString textOfLayout(NSString name);

@@ -54,7 +54,7 @@ void animate(double duration, const bridge::Block<void()>& animations,
 }
 
 void fade(UIView view, CGFloat alpha, double duration, const bridge::Block<void(BOOL)>& completion = {}) {
-  animate(duration, [view = retained(view), alpha] { view->setAlpha(alpha); }, completion);
+  animate(duration, [view = retained(view), alpha] { view->alpha.set(alpha); }, completion);
 }
 
 void postPressed(ColorSlider self) {
@@ -88,7 +88,7 @@ Strong<UIBarButtonItem> makeItem(ColorSlider self, NSString title, NSInteger sty
 // Cancel, the error in the middle, Apply.
 Strong<UIToolbar> makeToolbar(ColorSlider self) {
   auto toolbar = bridge::make<UIToolbar, &UIView::initWithFrame>(CGRect{{0, 0}, {320, 50}});
-  toolbar->setBarStyle(UIBarStyleBlackTranslucent);
+  toolbar->barStyle.set(UIBarStyleBlackTranslucent);
   auto items = bridge::make<NSMutableArray, &NSObject::init>();
   items->addObject(
       makeItem(self, "Cancel"_ns, UIBarButtonItemStylePlain, selectorOf<&ColorSlider::cancelNumberPad>())
@@ -100,7 +100,7 @@ Strong<UIToolbar> makeToolbar(ColorSlider self) {
   items->addObject(
       makeItem(self, "Apply"_ns, UIBarButtonItemStyleDone, selectorOf<&ColorSlider::doneWithNumberPad>())
           .get());
-  toolbar->setItems(items);
+  toolbar->items.set(items);
   toolbar->sizeToFit();
   return toolbar;
 }
@@ -112,14 +112,14 @@ float storedValue(NSString type) {
 Strong<UITextField> makeNumberField(ColorSlider self, CGFloat width) {
   auto field = bridge::make<UITextField, &UIView::initWithFrame>(
       CGRect{{width / 2 - 15, partsTop}, {fieldWidth, buttonSize}});
-  field->setDelegate(self);
-  field->setKeyboardType(UIKeyboardTypeNumbersAndPunctuation);
-  field->setEnablesReturnKeyAutomatically(YES);
-  field->setReturnKeyType(UIReturnKeyDone);
-  field->setText(textOf(storedValue(self.type())));
-  field->setTextColor(UIColor::blackColor());
-  field->setBackgroundColor(UIColor::clearColor());
-  field->setAlpha(quietAlpha);
+  field->delegate.set(self);
+  field->keyboardType.set(UIKeyboardTypeNumbersAndPunctuation);
+  field->enablesReturnKeyAutomatically.set(YES);
+  field->returnKeyType.set(UIReturnKeyDone);
+  field->text.set(textOf(storedValue(self.type())));
+  field->textColor.set(UIColor::blackColor());
+  field->backgroundColor.set(UIColor::clearColor());
+  field->alpha.set(quietAlpha);
   return field;
 }
 
@@ -127,8 +127,8 @@ Strong<ColorSlider> initWithFrameType(ColorSlider self, CGRect frame, NSString t
   const CGRect grown{{frame.origin.x + 10, frame.origin.y - 30}, {frame.size.width, frame.size.height + 50}};
   auto made = Slider::superInit<&UIView::initWithFrame>(self, grown);
   made->type.set(type);
-  made->setMinimumTrackTintColor(rgbColor(13, 247, 255));
-  made->setMaximumTrackTintColor(rgbColor(48, 55, 182));
+  made->minimumTrackTintColor.set(rgbColor(13, 247, 255));
+  made->maximumTrackTintColor.set(rgbColor(48, 55, 182));
   const CGFloat width = frame.size.width;
   made->addButton.set(
       makeButton(made, width - buttonSize, plusIcon, selectorOf<&ColorSlider::incrementValue>()).get());
@@ -146,7 +146,7 @@ void setDarkMode(ColorSlider self, BOOL dark) {
   const UIColor color = dark ? UIColor::whiteColor() : UIColor::blackColor();
   self.addButton().setTitleColor_forState(color, UIControlStateNormal);
   self.subtractButton().setTitleColor_forState(color, UIControlStateNormal);
-  self.valueLabel().setTextColor(color);
+  self.valueLabel().textColor.set(color);
 }
 
 // Stepping.
@@ -159,7 +159,7 @@ void flash(UIView view) {
 // The range clamps the value.
 void step(ColorSlider self, float by, bridge::Object sender) {
   self.setValue_animated(self.value() + by, YES);
-  self.valueLabel().setText(textOf(self.value()));
+  self.valueLabel().text.set(textOf(self.value()));
   flash(bridge::as<UIView>(sender));
   postPressed(self);
 }
@@ -214,8 +214,8 @@ BOOL shouldChange(ColorSlider self, UITextField, NSRange, NSString replacement) 
 void errorWithMessage(ColorSlider self, NSString message) {
   constexpr double comes = 0.4, goes = 2.4;  // seconds
   const UILabel label = self.errorLabel();
-  label.setText(message);
-  label.setAlpha(0);
+  label.text.set(message);
+  label.alpha.set(0);
   fade(label, 1, comes, [label = retained(label)](BOOL) { fade(label, 0, goes); });
 }
 

@@ -13,19 +13,16 @@ namespace tilo::presets {
 namespace {
 
 NSString directory() { return "/var/mobile/Documents/com.wexor.tilo3/custom/"_ns; }
-NSString path() { return "/var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
 
 // The bytes that were to be written. That they could not be changes nothing for the caller.
 NSData write(NSArray presets) {
-  NSDictionary document = NSDictionary::dictionaryWithObject_forKey(presets, keys::configurations);
-  NSData bytes = NSJSONSerialization::dataWithJSONObject_options_error(document, 0, nullptr);
+  NSData bytes = document(presets);
   bytes.writeToFile_atomically(path(), YES);
   return bytes;
 }
 
 NSData create(NSArray presets) {
-  NSFileManager::defaultManager().createDirectoryAtPath_withIntermediateDirectories_attributes_error(
-      directory(), YES, {}, nullptr);
+  makeFolder();
   return write(presets ? presets : NSArray::array());
 }
 
@@ -80,6 +77,18 @@ bridge::Object writable(bridge::Object object) {
 }
 
 }  // namespace
+
+NSString path() { return "/var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
+
+void makeFolder() {
+  NSFileManager::defaultManager().createDirectoryAtPath_withIntermediateDirectories_attributes_error(
+      directory(), YES, {}, nullptr);
+}
+
+NSData document(NSArray presets) {
+  NSDictionary whole = NSDictionary::dictionaryWithObject_forKey(presets, keys::configurations);
+  return NSJSONSerialization::dataWithJSONObject_options_error(whole, 0, nullptr);
+}
 
 NSArray load(NSArray initial) {
   NSData bytes = NSData::dataWithContentsOfFile(path());

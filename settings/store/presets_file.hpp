@@ -5,8 +5,15 @@
 #pragma once
 
 #include "platform/foundation/array.hpp"
+#include "platform/foundation/data.hpp"
 
 namespace tilo::presets {
+
+NSString path();
+// Makes the folder that the file lies in, where there is none.
+void makeFolder();
+// What the file holds where these are its presets; nil where JSON has no form for them.
+NSData document(NSArray presets);
 
 // The presets in file order, or nil when the file cannot be read or is of another shape. A file that is
 // missing is created with the presets that are given, or without any; one that exists is never changed by

@@ -4,19 +4,14 @@
 
 #include "platform/foundation/file_manager.hpp"
 #include "settings/store/domain.hpp"
+#include "settings/store/presets_file.hpp"
 
 namespace tilo::restoration {
 namespace {
 
-NSString folder() { return "/var/mobile/Documents/com.wexor.tilo3/custom/"_ns; }
-NSString presetsPath() { return "/var/mobile/Documents/com.wexor.tilo3/custom/config.json"_ns; }
 NSString notePath() { return "/var/mobile/Documents/com.wexor.tilo3/restoring.plist"_ns; }
 
 NSFileManager files() { return NSFileManager::defaultManager(); }
-
-void makeFolder() {
-  files().createDirectoryAtPath_withIntermediateDirectories_attributes_error(folder(), YES, {}, nullptr);
-}
 
 template <class T>
 T part(NSDictionary note, NSString name) {
@@ -36,12 +31,12 @@ NSArray keysAdded(NSDictionary values, NSDictionary before) {
 // Does it, or undoes it where the disk refuses, and forgets the note unless it can do neither.
 bool putInPlace(NSDictionary note) {
   auto values = part<NSDictionary>(note, "values"_ns), before = part<NSDictionary>(note, "before"_ns);
-  auto presets = part<NSData>(note, "presets"_ns);
+  auto layouts = part<NSData>(note, "presets"_ns);
   bool done = false, kept = true;
   // One that somebody has edited is no decision of ours.
-  if (values && before && presets) {
+  if (values && before && layouts) {
     bool stored = storeInDomain(values, keysAdded(before, values));
-    done = stored && presets.writeToFile_atomically(presetsPath(), YES);
+    done = stored && layouts.writeToFile_atomically(presets::path(), YES);
     if (!done) kept = storeInDomain(before, keysAdded(values, before)) || !stored;
   }
   if (kept) files().removeItemAtPath_error(notePath(), nullptr);
@@ -50,20 +45,20 @@ bool putInPlace(NSDictionary note) {
 
 }  // namespace
 
-bool carryOut(NSDictionary values, NSData presets) {
+bool carryOut(NSDictionary values, NSData layouts) {
   synchroniseDomain();
   NSDictionary before = valuesOfDomain();
   NSMutableDictionary note = NSMutableDictionary::dictionary();
   note.setObject_forKey(values, "values"_ns);
   note.setObject_forKey(before ? before : NSDictionary::dictionary(), "before"_ns);
-  note.setObject_forKey(presets, "presets"_ns);
-  makeFolder();
+  note.setObject_forKey(layouts, "presets"_ns);
+  presets::makeFolder();
   return note.writeToFile_atomically(notePath(), YES) && putInPlace(note);
 }
 
 void finish() {
   if (!files().fileExistsAtPath(notePath())) return;
-  makeFolder();
+  presets::makeFolder();
   putInPlace(NSDictionary::dictionaryWithContentsOfFile(notePath()));
 }
 

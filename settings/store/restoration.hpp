@@ -8,9 +8,9 @@
 
 namespace tilo::restoration {
 
-// All values that there are to be, and the bytes of the presets file. False when the disk refuses;
-// then all is as it was.
-bool carryOut(NSDictionary values, NSData presets);
+// All values that there are to be, and the presets file's bytes with the layouts. False when the disk
+// refuses; then all is as it was.
+bool carryOut(NSDictionary values, NSData layouts);
 
 // Brings to its end what a process was killed at. What the disk refuses is tried again the next time.
 void finish();

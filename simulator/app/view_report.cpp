@@ -52,7 +52,7 @@ Json describe(UIView view) {
   return {{"class", class_getName(bridge::classOf(view.raw))},
           {"frame", frame(uikit::layerOf(view).frame(clock::now()))},
           {"alpha", number(values.opacity)},
-          {"hidden", static_cast<bool>(view.isHidden())},
+          {"hidden", static_cast<bool>(view.hidden())},
           {"transform", transform(values.transform)},
           {"background", color(values.backgroundColor)},
           {"textColor", textColorOf(view)},

@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <type_traits>
 
 #include "simulator/device/redirection.hpp"
 
@@ -66,6 +67,14 @@ FILE* openStream(Function* function, const HostPath& host, const char* mode) {
   return descriptor < 0 ? nullptr : ::fdopen(descriptor, mode);
 }
 
+// What answers 0 or -1, with the device's file in the place of `path`.
+template <Name name, typename... More>
+int onFile(int (*function)(const char*, More...), Faults use, const char* path,
+           std::type_identity_t<More>... more) {
+  HostPath host(path, use);
+  return host ? next<name>(function)(host, more...) : -1;
+}
+
 // The X's become letters in the caller's own text.
 template <typename Function>
 int makeTemporary(Function* function, char* text) {
@@ -104,23 +113,17 @@ extern "C" {
 int access(const char* path, int mode) noexcept {
   const Faults use =
       ((mode & R_OK) ? Faults::reading : Faults::none) | ((mode & W_OK) ? Faults::writing : Faults::none);
-  HostPath host(path, use);
-  return host ? next<"access">(&::access)(host, mode) : -1;
+  return onFile<"access">(&::access, use, path, mode);
 }
 
-int chdir(const char* path) noexcept {
-  HostPath host(path, Faults::none);
-  return host ? next<"chdir">(&::chdir)(host) : -1;
-}
+int chdir(const char* path) noexcept { return onFile<"chdir">(&::chdir, Faults::none, path); }
 
 int chmod(const char* path, mode_t mode) noexcept {
-  HostPath host(path, Faults::writing);
-  return host ? next<"chmod">(&::chmod)(host, mode) : -1;
+  return onFile<"chmod">(&::chmod, Faults::writing, path, mode);
 }
 
 int chown(const char* path, uid_t owner, gid_t group) noexcept {
-  HostPath host(path, Faults::writing);
-  return host ? next<"chown">(&::chown)(host, owner, group) : -1;
+  return onFile<"chown">(&::chown, Faults::writing, path, owner, group);
 }
 
 // The dynamic linker opens files by itself, so refusals do not reach it; a path too long is left to fail
@@ -146,18 +149,15 @@ int link(const char* from, const char* to) noexcept {
 }
 
 int lstat(const char* path, struct stat* result) noexcept {
-  HostPath host(path, Faults::none);
-  return host ? next<"lstat">(&::lstat)(host, result) : -1;
+  return onFile<"lstat">(&::lstat, Faults::none, path, result);
 }
 
 int lstat64(const char* path, struct stat64* result) noexcept {
-  HostPath host(path, Faults::none);
-  return host ? next<"lstat64">(&::lstat64)(host, result) : -1;
+  return onFile<"lstat64">(&::lstat64, Faults::none, path, result);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {
-  HostPath host(path, Faults::writing);
-  return host ? next<"mkdir">(&::mkdir)(host, mode) : -1;
+  return onFile<"mkdir">(&::mkdir, Faults::writing, path, mode);
 }
 
 int mkstemp(char* text) { return makeTemporary(next<"mkstemp">(&::mkstemp), text); }
@@ -217,29 +217,22 @@ int rename(const char* from, const char* to) noexcept {
   return hostFrom && hostTo ? next<"rename">(&::rename)(hostFrom, hostTo) : -1;
 }
 
-int rmdir(const char* path) noexcept {
-  HostPath host(path, Faults::writing);
-  return host ? next<"rmdir">(&::rmdir)(host) : -1;
-}
+int rmdir(const char* path) noexcept { return onFile<"rmdir">(&::rmdir, Faults::writing, path); }
 
 int stat(const char* path, struct stat* result) noexcept {
-  HostPath host(path, Faults::none);
-  return host ? next<"stat">(&::stat)(host, result) : -1;
+  return onFile<"stat">(&::stat, Faults::none, path, result);
 }
 
 int stat64(const char* path, struct stat64* result) noexcept {
-  HostPath host(path, Faults::none);
-  return host ? next<"stat64">(&::stat64)(host, result) : -1;
+  return onFile<"stat64">(&::stat64, Faults::none, path, result);
 }
 
 int statvfs(const char* path, struct statvfs* result) noexcept {
-  HostPath host(path, Faults::none);
-  return host ? next<"statvfs">(&::statvfs)(host, result) : -1;
+  return onFile<"statvfs">(&::statvfs, Faults::none, path, result);
 }
 
 int statvfs64(const char* path, struct statvfs64* result) noexcept {
-  HostPath host(path, Faults::none);
-  return host ? next<"statvfs64">(&::statvfs64)(host, result) : -1;
+  return onFile<"statvfs64">(&::statvfs64, Faults::none, path, result);
 }
 
 int symlink(const char* target, const char* path) noexcept {
@@ -247,10 +240,7 @@ int symlink(const char* target, const char* path) noexcept {
   return hostTarget && host ? next<"symlink">(&::symlink)(hostTarget, host) : -1;
 }
 
-int unlink(const char* path) noexcept {
-  HostPath host(path, Faults::writing);
-  return host ? next<"unlink">(&::unlink)(host) : -1;
-}
+int unlink(const char* path) noexcept { return onFile<"unlink">(&::unlink, Faults::writing, path); }
 
 int utimensat(int folder, const char* path, const struct timespec times[2], int flags) noexcept {
   HostPath host(path, Faults::writing);

@@ -26,7 +26,7 @@ UIAlertController frontAlert() {
   UIAlertController front;
   for (const UIWindow window : uikit::windows())
     // An application that is left takes its alerts along.
-    if (!window.isHidden() && window.alpha() > 0)
+    if (!window.hidden() && window.alpha() > 0)
       for (UIViewController one = window.rootViewController(); one; one = one.presentedViewController())
         if (bridge::isKindOf<UIAlertController>(one) && !uikit::stateOf(one).beingDismissed)
           front = bridge::as<UIAlertController>(one);

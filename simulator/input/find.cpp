@@ -89,16 +89,16 @@ std::vector<Thing> thingsNamed(std::string_view name, const std::vector<UIView>&
 
 bool isHidden(UIView view) {
   for (; view; view = view.superview())
-    if (view.isHidden() || view.alpha() < leastAlpha) return true;
+    if (view.hidden() || view.alpha() < leastAlpha) return true;
   return false;
 }
 
 bool isDisabled(UIView view) {
-  if (bridge::isKindOf<UIControl>(view) && !bridge::as<UIControl>(view).isEnabled()) return true;
+  if (bridge::isKindOf<UIControl>(view) && !bridge::as<UIControl>(view).enabled()) return true;
   // A plain label takes no touches itself; those above it do.
   if (bridge::isKindOf<UILabel>(view)) view = view.superview();
   for (; view; view = view.superview())
-    if (!view.isUserInteractionEnabled()) return true;
+    if (!view.userInteractionEnabled()) return true;
   return false;
 }
 

@@ -83,7 +83,7 @@ void typeText(UITextField field, std::string_view text) {
 
 void pasteText(UITextField field, std::string_view text) {
   const bridge::Pool pool;
-  UIPasteboard::generalPasteboard().setString(string(text));
+  UIPasteboard::generalPasteboard().string.set(string(text));
   field.paste({});
   settle();
 }

@@ -119,7 +119,7 @@ void reloadSpecifier(PSListController self, PSSpecifier row) {
 
 void loadView(PSListController self) {
   const auto table = makeTable([self] { build(self); }, [self] { followScrolling(self); });
-  self.setView(table);
+  self.view.set(table);
 }
 
 // What another page has changed meanwhile.
@@ -171,7 +171,7 @@ void open(PSListController self, PSSpecifier row) {
   const Class cls = objc_getClass(name.c_str());
   if (!cls) throw UsageError("Settings finds no page '" + name + "'");
   const auto page = bridge::makeOf<PSListController, &NSObject::init>(cls);
-  page->setSpecifier(row);
+  page->specifier.set(row);
   push(page.get(), self, row.name());
   if (!standsBeside(self)) return;
   ListController::state(self).chosen = bridge::retained(row);
@@ -213,8 +213,7 @@ void defineListControllers() {
   using bridge::method;
   using List = PSListController;
   ViewController::define<UIViewController>(
-      method<&PSViewController::specifier, specifier>(),
-      method<&PSViewController::setSpecifier, setSpecifier>(),
+      bridge::property<&PSViewController::specifier, specifier, setSpecifier>(),
       method<&PSViewController::readPreferenceValue, readPreferenceValue>(),
       method<&PSViewController::setPreferenceValue_specifier, setPreferenceValue>());
   ListController::define<PSViewController>(

@@ -30,17 +30,17 @@ inline CGFloat pixel() { return 1 / UIScreen::mainScreen().scale(); }
 
 inline bridge::Strong<UILabel> makeLabel(NSString text, UIFont font, const Color& color) {
   auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-  label->setText(text);
-  label->setFont(font);
+  label->text.set(text);
+  label->font.set(font);
   const auto ink = uikit::makeColor(color);
-  label->setTextColor(ink);
+  label->textColor.set(ink);
   return label;
 }
 
 inline bridge::Strong<UIView> makeBox(CGRect frame, const Color& color) {
   auto box = bridge::make<UIView, &UIView::initWithFrame>(frame);
   const auto paint = uikit::makeColor(color);
-  box->setBackgroundColor(paint);
+  box->backgroundColor.set(paint);
   return box;
 }
 

@@ -51,14 +51,14 @@ Current& current() {
 Strong<UIButton> makeBackButton(Navigation self, NSString title) {
   auto button = bridge::make<UIButton, &UIView::initWithFrame>(CGRect{});
   const auto ink = uikit::makeColor(blue);
-  button->titleLabel().setFont(UIFont::systemFontOfSize(textSize));
+  button->titleLabel().font.set(UIFont::systemFontOfSize(textSize));
   button->setTitle_forState(title, UIControlStateNormal);
   button->setTitleColor_forState(ink, UIControlStateNormal);
   button->addTarget_action_forControlEvents(self, bridge::Descriptor<&Navigation::back>::selector(),
                                             UIControlEventTouchUpInside);
   const CGSize size = button->sizeThatFits({200, barHeight});
   const CGFloat top = springboard::device().statusBarHeight();
-  button->setFrame({{arrowLeft + arrowWidth + arrowGap, top}, {size.width, barHeight}});
+  button->frame.set({{arrowLeft + arrowWidth + arrowGap, top}, {size.width, barHeight}});
   return button;
 }
 
@@ -66,7 +66,7 @@ Strong<UIView> makeArrow() {
   auto view = bridge::make<UIImageView, &UIView::initWithFrame>(
       CGRect{{arrowLeft, springboard::device().statusBarHeight() + (barHeight - arrowHeight) / 2},
              {arrowWidth, arrowHeight}});
-  view->setImage(springboard::drawnImage({arrowWidth, arrowHeight}, [](cairo_t* context, CGSize) {
+  view->image.set(springboard::drawnImage({arrowWidth, arrowHeight}, [](cairo_t* context, CGSize) {
     setSource(context, blue);
     cairo_set_line_width(context, 3);
     for (const CGPoint& point : {CGPoint{11, 1}, CGPoint{2, 10.5}, CGPoint{11, 20}})
@@ -83,7 +83,7 @@ void buildBar(Navigation self) {
     bridge::as<UIView>(old.objectAtIndex(i - 1)).removeFromSuperview();
   const CGFloat width = state.bar->bounds().size.width, height = state.bar->bounds().size.height;
   state.line = makeBox({{0, height - pixel()}, {width, pixel()}}, barLineColor);
-  state.line->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  state.line->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   state.bar->addSubview(state.line);
   CGFloat left = barEnd;
   if (state.pages.size() > 1) {
@@ -97,8 +97,8 @@ void buildBar(Navigation self) {
   const auto title = makeLabel(state.pages.back().title, UIFont::boldSystemFontOfSize(textSize), textColor);
   const CGFloat wanted = std::ceil(title->sizeThatFits({width, barHeight}).width);
   const CGFloat x = std::max(std::min((width - wanted) / 2, width - barEnd - wanted), left);
-  title->setFrame({{x, height - barHeight}, {std::min(wanted, width - barEnd - x), barHeight}});
-  title->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
+  title->frame.set({{x, height - barHeight}, {std::min(wanted, width - barEnd - x), barHeight}});
+  title->autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
   state.bar->addSubview(title);
   state.title = title;
   followScrolling(state.pages.back().controller);
@@ -111,7 +111,7 @@ CGRect roomOf(Navigation self, CGFloat x) {
 
 void slide(UIView view, CGRect to, std::function<void()> after) {
   UIView::animateWithDuration_animations_completion(
-      pushDuration, bridge::Block<void()>([view, to] { view.setFrame(to); }),
+      pushDuration, bridge::Block<void()>([view, to] { view.frame.set(to); }),
       bridge::Block<void(BOOL)>([after = std::move(after)](BOOL) { after(); }));
 }
 
@@ -121,7 +121,7 @@ void add(Navigation self, PSListController page, NSString title, bool animated) 
       state.pages.empty() ? nullptr : bridge::retained(state.pages.back().controller->view());
   state.pages.push_back({bridge::retained(page), bridge::retained(title)});
   const CGFloat width = state.room->bounds().size.width;
-  page.view().setFrame(roomOf(self, animated ? width : 0));
+  page.view().frame.set(roomOf(self, animated ? width : 0));
   page.viewWillAppear(animated);
   state.room->addSubview(page.view());
   buildBar(self);
@@ -138,7 +138,7 @@ void back(Navigation self, bridge::Object) {
   const Page left = std::move(state.pages.back());
   state.pages.pop_back();
   const Page& page = state.pages.back();
-  page.controller->view().setFrame(roomOf(self, 0));
+  page.controller->view().frame.set(roomOf(self, 0));
   page.controller->viewWillAppear(YES);
   state.room->insertSubview_atIndex(page.controller->view(), 0);
   buildBar(self);
@@ -151,15 +151,15 @@ void back(Navigation self, bridge::Object) {
 UIViewController makeNavigation(CGRect frame, PSListController first, NSString title) {
   const auto made = bridge::as<Navigation>(bridge::make<Navigation, &NSObject::init>().leak());
   const auto view = bridge::make<UIView, &UIView::initWithFrame>(frame);
-  made.setView(view);
-  view->setClipsToBounds(YES);
+  made.view.set(view);
+  view->clipsToBounds.set(YES);
   const CGFloat top = springboard::device().statusBarHeight() + barHeight;
   NavigationState& state = NavigationClass::state(made);
   state.bar = makeBox({{}, {frame.size.width, top}}, barColor);
-  state.bar->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  state.bar->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   state.room = makeBox({{0, top}, {frame.size.width, frame.size.height - top}}, background);
-  state.room->setClipsToBounds(YES);
-  state.room->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  state.room->clipsToBounds.set(YES);
+  state.room->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   view->addSubview(state.room);
   view->addSubview(state.bar);
   if (first) add(made, first, title, false);
@@ -190,8 +190,8 @@ void followScrolling(PSListController controller) {
   const NavigationState& state = NavigationClass::state(self);
   if (!state.title || state.pages.back().controller.get() != controller) return;
   const CGFloat alpha = largeTitleSeen(controller) > 0 ? 0 : 1;
-  state.title->setAlpha(alpha);
-  state.line->setAlpha(alpha);
+  state.title->alpha.set(alpha);
+  state.line->alpha.set(alpha);
 }
 
 PSListController topPage() {

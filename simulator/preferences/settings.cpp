@@ -54,11 +54,11 @@ bool isTablet() { return uikit::configuration().idiom == 1; }
 void addBeside(UIViewController container, CGSize screen, PSListController list) {
   shown().beside = bridge::retained(makeNavigation({{}, {listWidth, screen.height}}, list, "Settings"_ns));
   const UIView left = shown().beside->view();
-  left.setAutoresizingMask(UIViewAutoresizingFlexibleHeight);
+  left.autoresizingMask.set(UIViewAutoresizingFlexibleHeight);
   const CGFloat x = listWidth + pixel();
   shown().pages = bridge::retained(makeNavigation({{x, 0}, {screen.width - x, screen.height}}, {}, {}));
-  shown().pages->view().setAutoresizingMask(UIViewAutoresizingFlexibleHeight |
-                                            UIViewAutoresizingFlexibleWidth);
+  shown().pages->view().autoresizingMask.set(UIViewAutoresizingFlexibleHeight |
+                                             UIViewAutoresizingFlexibleWidth);
   container.view().addSubview(left);
   container.view().addSubview(shown().pages->view());
 }
@@ -73,12 +73,12 @@ Strong<UIWindow> makeWindow() {
   if (isTablet()) {
     const auto container = bridge::make<UIViewController, &NSObject::init>();
     const auto view = makeBox(screen, separatorColor);
-    container->setView(view);
+    container->view.set(view);
     addBeside(container, screen.size, now.list);
-    now.window->setRootViewController(container);
+    now.window->rootViewController.set(container);
   } else {
     now.pages = bridge::retained(makeNavigation(screen, now.list, "Settings"_ns));
-    now.window->setRootViewController(now.pages);
+    now.window->rootViewController.set(now.pages);
   }
   pushInto(now.pages, isTablet() ? now.list.get() : PSListController{});
   springboard::showStatusBar(blackColor);

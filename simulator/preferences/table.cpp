@@ -50,7 +50,7 @@ struct Builder {
     const auto ground = makeBox({{0, -width}, {width, width + largeTitleHeight}}, barColor);
     table.addSubview(ground);
     const auto label = makeLabel(text, UIFont::boldSystemFontOfSize(largeTitleSize), textColor);
-    label->setFrame({{margin(), 0}, {width - 2 * margin(), largeTitleHeight - 8}});
+    label->frame.set({{margin(), 0}, {width - 2 * margin(), largeTitleHeight - 8}});
     table.addSubview(label);
     y = largeTitleHeight;
     const auto made = makeBox({{0, y - pixel()}, {width, pixel()}}, barLineColor);
@@ -60,10 +60,10 @@ struct Builder {
   // A paragraph in the captions' style, from y on.
   void caption(NSString text) {
     const auto label = makeLabel(text, UIFont::systemFontOfSize(captionSize), captionColor);
-    label->setNumberOfLines(0);
+    label->numberOfLines.set(0);
     const CGFloat room = width - 2 * margin();
     const CGSize size = label->sizeThatFits({room, 10000});
-    label->setFrame({{margin(), y}, {room, std::ceil(size.height)}});
+    label->frame.set({{margin(), y}, {room, std::ceil(size.height)}});
     table.addSubview(label);
     y += std::ceil(size.height);
   }
@@ -97,7 +97,7 @@ struct Builder {
     const auto sectionPath = bridge::as<RowPath>(NSIndexPath::indexPathWithIndex(section));
     const NSIndexPath path = sectionPath.indexPathByAddingIndex(row);
     const PSTableCell cell = controller.tableView_cellForRowAtIndexPath(table, path);
-    cell.setFrame({{0, y}, {width, rowHeight}});
+    cell.frame.set({{0, y}, {width, rowHeight}});
     table.addSubview(cell);
     line(row == 0 ? 0 : textLeft(cell.specifier()));
     cells.push_back(cell);
@@ -123,9 +123,9 @@ Strong<UIScrollView> makeTable(std::function<void()> build, std::function<void()
   TableClass::state(made.get()).build = std::move(build);
   TableClass::state(made.get()).scrolled = std::move(scrolled);
   const auto paint = uikit::makeColor(background);
-  made->setBackgroundColor(paint);
-  made->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-  made->setAlwaysBounceVertical(YES);
+  made->backgroundColor.set(paint);
+  made->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  made->alwaysBounceVertical.set(YES);
   return made;
 }
 
@@ -144,7 +144,7 @@ std::vector<PSTableCell> buildTable(UIScrollView table, PSListController control
       builder.addRow();
   }
   builder.endGroup();
-  table.setContentSize({builder.width, builder.y + lastSpace});
+  table.contentSize.set({builder.width, builder.y + lastSpace});
   return std::move(builder.cells);
 }
 

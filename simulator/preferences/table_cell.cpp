@@ -49,7 +49,7 @@ PSSpecifier specifier(PSTableCell self) { return CellClass::state(self).specifie
 
 Strong<UIView> makeMark(CGSize size, const Color& color, std::vector<CGPoint> line, double width) {
   auto view = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{{}, size});
-  view->setImage(springboard::drawnImage(size, [color, line, width](cairo_t* context, CGSize) {
+  view->image.set(springboard::drawnImage(size, [color, line, width](cairo_t* context, CGSize) {
     setSource(context, color);
     cairo_set_line_width(context, width);
     for (const CGPoint& point : line) cairo_line_to(context, point.x, point.y);
@@ -66,7 +66,7 @@ Strong<UIView> makeCheck() {
 }
 
 void put(PSTableCell self, UIView view, CGRect frame) {
-  view.setFrame(frame);
+  view.frame.set(frame);
   contentView(self).addSubview(view);
 }
 
@@ -78,7 +78,7 @@ std::string shown(double value) {
 
 void showNumber(PSTableCell self, float value) {
   const CellState& state = CellClass::state(self);
-  if (state.detail) state.detail->setText(NSString::stringWithUTF8String(shown(value).c_str()));
+  if (state.detail) state.detail->text.set(NSString::stringWithUTF8String(shown(value).c_str()));
 }
 
 void tell(UIControl control, PSTableCell self) {
@@ -97,16 +97,16 @@ void addSlider(PSTableCell self, CGFloat width) {
   CellState& state = CellClass::state(self);
   const auto made = bridge::make<UISlider, &UIView::initWithFrame>(CGRect{});
   const bool showsValue = numberOf(state.specifier, "showValue"_ns, 0) != 0;
-  made->setMinimumValue(static_cast<float>(numberOf(state.specifier, "min"_ns, 0)));
-  made->setMaximumValue(static_cast<float>(numberOf(state.specifier, "max"_ns, 1)));
-  made->setContinuous(numberOf(state.specifier, "isContinuous"_ns, 0) != 0);
+  made->minimumValue.set(static_cast<float>(numberOf(state.specifier, "min"_ns, 0)));
+  made->maximumValue.set(static_cast<float>(numberOf(state.specifier, "max"_ns, 1)));
+  made->continuous.set(numberOf(state.specifier, "isContinuous"_ns, 0) != 0);
   const CGFloat room = width - 2 * margin() - (showsValue ? valueWidth : 0);
   put(self, made, inMiddle(margin(), {room, 31}));
   state.control = made;
   tell(made, self);
   if (!showsValue) return;
   state.detail = makeLabel(""_ns, UIFont::systemFontOfSize(textSize), grey);
-  state.detail->setTextAlignment(NSTextAlignmentRight);
+  state.detail->textAlignment.set(NSTextAlignmentRight);
   put(self, state.detail, inMiddle(width - margin() - valueWidth + gap, {valueWidth - gap, 22}));
 }
 
@@ -119,7 +119,7 @@ void addText(PSTableCell self, const Color& color) {
 
 void addIcon(PSTableCell self, UIImage icon) {
   const auto view = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{{}, {iconSide, iconSide}});
-  view->setImage(icon);
+  view->image.set(icon);
   put(self, view, inMiddle(margin(), {iconSide, iconSide}));
 }
 
@@ -133,7 +133,7 @@ void addChevron(PSTableCell self, CGFloat width) {
 void addChosen(PSTableCell self, CGFloat width) {
   CellState& state = CellClass::state(self);
   state.detail = makeLabel(""_ns, UIFont::systemFontOfSize(textSize), grey);
-  state.detail->setTextAlignment(NSTextAlignmentRight);
+  state.detail->textAlignment.set(NSTextAlignmentRight);
   const CGRect title = state.text->frame();
   const CGFloat left = title.origin.x + title.size.width + gap;
   put(self, state.detail, inMiddle(left, {width - margin() - chevronWidth - gap - left, 22}));
@@ -148,7 +148,7 @@ void tapped(CellFace self, UIGestureRecognizer) {
 
 NSNumber valueIn(UIControl control) {
   if (bridge::isKindOf<UISwitch>(control))
-    return NSNumber::numberWithBool(bridge::as<UISwitch>(control).isOn());
+    return NSNumber::numberWithBool(bridge::as<UISwitch>(control).on());
   return NSNumber::numberWithFloat(bridge::as<UISlider>(control).value());
 }
 
@@ -179,7 +179,7 @@ Strong<PSTableCell> makeCell(PSSpecifier specifier, PSListController controller,
   const PSTableCell self = made.get();
   CellState& state = CellClass::state(self);
   state.controller = controller;
-  self.setFrame({{}, {width, rowHeight}});
+  self.frame.set({{}, {width, rowHeight}});
   const Cell kind = rowOf(specifier).cell;
   if (kind != Cell::slider) addText(self, kind == Cell::button ? blue : textColor);
   if (kind == Cell::onOff) addSwitch(self, width);
@@ -204,9 +204,9 @@ Strong<PSTableCell> init(PSTableCell self, NSInteger, NSString, PSSpecifier spec
   CellState& state = CellClass::state(cell);
   state.specifier = bridge::retained(specifier);
   const auto white = uikit::makeColor(cellColor);
-  cell.setBackgroundColor(white);
+  cell.backgroundColor.set(white);
   state.content = makeBox(room, cellColor);
-  state.content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  state.content->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   cell.addSubview(state.content);
   return made;
 }
@@ -214,7 +214,7 @@ Strong<PSTableCell> init(PSTableCell self, NSInteger, NSString, PSSpecifier spec
 void setAccessoryView(PSTableCell self, UIView view) {
   const CGSize size = view.bounds().size;
   put(self, view, inMiddle(contentView(self).bounds().size.width - margin() - size.width, size));
-  view.setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin);
+  view.autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin);
 }
 
 void showValue(PSTableCell cell, PSSpecifier) {
@@ -223,15 +223,15 @@ void showValue(PSTableCell cell, PSSpecifier) {
   if (kind != Cell::onOff && kind != Cell::slider && kind != Cell::linkList) return;
   const bridge::Object value = valueOf(state.specifier);
   const auto number = bridge::as<NSNumber>(bridge::isKindOf<NSNumber>(value) ? value : bridge::Object{});
-  if (kind == Cell::onOff) bridge::as<UISwitch>(state.control.get()).setOn(number.boolValue());
+  if (kind == Cell::onOff) bridge::as<UISwitch>(state.control.get()).on.set(number.boolValue());
   if (kind == Cell::slider) {
     const auto slider = bridge::as<UISlider>(state.control.get());
-    slider.setValue(number.floatValue());
+    slider.value.set(number.floatValue());
     showNumber(cell, slider.value());
   }
   if (kind == Cell::linkList)
-    state.detail->setText(value ? bridge::as<NSString>(state.specifier->titleDictionary().objectForKey(value))
-                                : ""_ns);
+    state.detail->text.set(
+        value ? bridge::as<NSString>(state.specifier->titleDictionary().objectForKey(value)) : ""_ns);
 }
 
 // A stepper that a class of its own brings.
@@ -249,7 +249,7 @@ CGFloat textLeft(PSSpecifier row) { return margin() + (iconOf(row) ? iconSide + 
 
 void setSelected(PSTableCell cell, bool selected) {
   const auto paint = uikit::makeColor(selected ? selectedColor : cellColor);
-  cell.contentView().setBackgroundColor(paint);
+  cell.contentView().backgroundColor.set(paint);
 }
 
 UIView controlOf(PSTableCell cell) {

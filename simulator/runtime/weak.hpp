@@ -12,9 +12,11 @@ class Weak {
   explicit Weak(bridge::Object object);
   Weak(const Weak& other) : Weak(other.object) {}
   Weak& operator=(const Weak& other);
+  Weak& operator=(bridge::Object other) { return *this = Weak(other); }
   ~Weak();
 
   bridge::Object get() const { return object; }
+  operator bridge::Object() const { return object; }
 
  private:
   friend void forgetWeak(id dead);

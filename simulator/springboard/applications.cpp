@@ -60,21 +60,21 @@ bridge::Strong<UIWindow> makeWindow(const std::string& name) {
   if (const auto maker = makers().find(name); maker != makers().end()) {
     auto window = maker->second();
     window->makeKeyWindow();
-    window->setWindowLevel(windowLevel);
+    window->windowLevel.set(windowLevel);
     return window;
   }
   CGRect screen = UIScreen::mainScreen().bounds();
   auto window = bridge::make<UIWindow, &UIView::initWithFrame>(screen);
-  window->setWindowLevel(windowLevel);
-  window->setBackgroundColor(UIColor::colorWithWhite_alpha(0.08, 1));
+  window->windowLevel.set(windowLevel);
+  window->backgroundColor.set(UIColor::colorWithWhite_alpha(0.08, 1));
   auto artwork = bridge::make<UIImageView, &UIView::initWithFrame>(
       CGRect{{(screen.size.width - artworkSide) / 2, (screen.size.height - artworkSide) / 2},
              {artworkSide, artworkSide}});
-  artwork->setImage(drawnImage({artworkSide, artworkSide}, [name](cairo_t* context, CGSize size) {
+  artwork->image.set(drawnImage({artworkSide, artworkSide}, [name](cairo_t* context, CGSize size) {
     drawAppIcon(context, name, size.width, IconCorners::rounded);
   }));
-  artwork->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
-                               UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin);
+  artwork->autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
+                                UIViewAutoresizingFlexibleTopMargin | UIViewAutoresizingFlexibleBottomMargin);
   window->addSubview(artwork);
   return window;
 }
@@ -86,22 +86,22 @@ constexpr NSInteger onHomeScreen = 1;  // an icon's location; nothing here depen
 // With its transform its bounds would grow whenever the device turns, which sets frames.
 void putAway(const bridge::Strong<UIWindow>& window) {
   if (!window) return;
-  window->setHidden(YES);
-  window->setTransform(identityTransform);
+  window->hidden.set(YES);
+  window->transform.set(identityTransform);
 }
 
 void show(SBApplication application) {
   uikit::resignForcibly(uikit::firstResponder());
   auto window = makeWindow(application.displayName().UTF8String());
-  window->setTransform({startScale, 0, 0, startScale, 0, 0});
-  window->setAlpha(0);
-  window->setHidden(NO);
+  window->transform.set({startScale, 0, 0, startScale, 0, 0});
+  window->alpha.set(0);
+  window->hidden.set(NO);
   const auto covered = shown().window;
   shown() = {bridge::retained(application), window};
   UIView::animateWithDuration_animations_completion(
       launchDuration, bridge::Block<void()>([window] {
-        window->setTransform(identityTransform);
-        window->setAlpha(1);
+        window->transform.set(identityTransform);
+        window->alpha.set(1);
       }),
       bridge::Block<void(BOOL)>([covered](BOOL) { putAway(covered); }));
 }
@@ -165,8 +165,8 @@ void leaveApplication() {
   layOutHomeScreen();
   UIView::animateWithDuration_animations_completion(
       launchDuration, bridge::Block<void()>([window] {
-        window->setTransform({startScale, 0, 0, startScale, 0, 0});
-        window->setAlpha(0);
+        window->transform.set({startScale, 0, 0, startScale, 0, 0});
+        window->alpha.set(0);
       }),
       bridge::Block<void(BOOL)>([window](BOOL) { putAway(window); }));
 }

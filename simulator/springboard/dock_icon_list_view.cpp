@@ -94,7 +94,7 @@ void placeDockIcons(SBDockIconListView list) {
   for (auto& view : iconViews(list)) {
     CGPoint origin = dock.upright ? CGPoint{(area.width - size.width) / 2, position}
                                   : CGPoint{position, (area.height - visibleHeight(dock)) / 2};
-    view->setFrame({origin, size});
+    view->frame.set({origin, size});
     hideLabel(view.get(), !dock.labels);
     position += spread.pitch;
   }

@@ -26,7 +26,7 @@ CGFloat defaultHeight(Class) { return stockDock(UIInterfaceOrientationPortrait).
 void drawBackground(DockState& state, CGSize size, bool floating) {
   if (state.drawnFor == size || size.width <= 0 || size.height <= 0) return;
   state.drawnFor = size;
-  state.background->setImage(drawnImage(size, [floating](cairo_t* context, CGSize area) {
+  state.background->image.set(drawnImage(size, [floating](cairo_t* context, CGSize area) {
     drawDockBackground(context, area, floating ? floatingCornerRadius : 0);
   }));
 }
@@ -35,12 +35,12 @@ void layoutSubviews(SBDockView self) {
   Panel::super<&UIView::layoutSubviews>(self);
   auto& state = Panel::state(self);
   CGRect bounds = self.bounds();
-  state.background->setFrame(bounds);
-  state.list->setFrame(bounds);
+  state.background->frame.set(bounds);
+  state.list->frame.set(bounds);
   drawBackground(state, bounds.size, stockDock(currentOrientation()).floating);
 }
 
-void setBackgroundAlpha(SBDockView self, CGFloat alpha) { Panel::state(self).background->setAlpha(alpha); }
+void setBackgroundAlpha(SBDockView self, CGFloat alpha) { Panel::state(self).background->alpha.set(alpha); }
 
 }  // namespace
 

@@ -25,8 +25,8 @@ bridge::Strong<UIView>& overlay() {
 }
 
 void showPages(bool shown) {
-  homeScreen().scrollView->setAlpha(shown ? 1 : 0);
-  homeScreen().pageDots->setAlpha(shown ? 1 : 0);
+  homeScreen().scrollView->alpha.set(shown ? 1 : 0);
+  homeScreen().pageDots->alpha.set(shown ? 1 : 0);
 }
 
 // As large as its grid takes.
@@ -40,13 +40,13 @@ CGSize panelSize() {
 
 bridge::Strong<UIView> makePanel(const CGRect& frame) {
   auto panel = bridge::make<UIView, &UIView::initWithFrame>(frame);
-  panel->setBackgroundColor(UIColor::colorWithWhite_alpha(1, 0.35));
+  panel->backgroundColor.set(UIColor::colorWithWhite_alpha(1, 0.35));
   uikit::layerOf(panel.get()).cornerRadius = cornerRadius;
-  panel->setClipsToBounds(YES);
+  panel->clipsToBounds.set(YES);
   auto scrollView = makeScrollView();
-  scrollView->setFrame({{0, 0}, frame.size});
-  scrollView->setContentSize(frame.size);
-  homeScreen().folder->setFrame({{0, 0}, frame.size});
+  scrollView->frame.set({{0, 0}, frame.size});
+  scrollView->contentSize.set(frame.size);
+  homeScreen().folder->frame.set({{0, 0}, frame.size});
   scrollView->addSubview(homeScreen().folder);
   panel->addSubview(scrollView);
   return panel;
@@ -55,10 +55,10 @@ bridge::Strong<UIView> makePanel(const CGRect& frame) {
 bridge::Strong<UILabel> makeTitle(const CGRect& panel) {
   auto title = bridge::make<UILabel, &UIView::initWithFrame>(
       CGRect{{panel.origin.x, panel.origin.y - titleGap - titleHeight}, {panel.size.width, titleHeight}});
-  title->setText(NSString::stringWithUTF8String(folderName));
-  title->setFont(UIFont::systemFontOfSize(titleSize));
-  title->setTextColor(UIColor::whiteColor());
-  title->setTextAlignment(NSTextAlignmentCenter);
+  title->text.set(NSString::stringWithUTF8String(folderName));
+  title->font.set(UIFont::systemFontOfSize(titleSize));
+  title->textColor.set(UIColor::whiteColor());
+  title->textAlignment.set(NSTextAlignmentCenter);
   return title;
 }
 
@@ -71,20 +71,20 @@ void openFolder() {
   UIView home = homeScreen().scrollView->superview();
   CGRect whole = home.bounds();
   auto dim = bridge::make<UIView, &UIView::initWithFrame>(whole);
-  dim->setBackgroundColor(UIColor::colorWithWhite_alpha(0, dimming));
+  dim->backgroundColor.set(UIColor::colorWithWhite_alpha(0, dimming));
   CGSize size = panelSize();
   CGRect frame{{(whole.size.width - size.width) / 2, (whole.size.height - size.height) / 2}, size};
   auto panel = makePanel(frame);
   auto title = makeTitle(frame);
   dim->addSubview(panel);
   dim->addSubview(title);
-  dim->setAlpha(0);
+  dim->alpha.set(0);
   home.insertSubview_atIndex(dim, 2);  // over pages and dots, under the dock
   overlay() = dim;
   homeScreen().dockView->setBackgroundAlpha(dimmedDock);
   UIView::animateWithDuration_animations(folderDuration, bridge::Block<void()>([dim] {
                                            showPages(false);
-                                           dim->setAlpha(1);
+                                           dim->alpha.set(1);
                                          }));
 }
 
@@ -95,7 +95,7 @@ void closeFolder() {
   homeScreen().dockView->setBackgroundAlpha(1);
   UIView::animateWithDuration_animations_completion(folderDuration, bridge::Block<void()>([dim] {
                                                       showPages(true);
-                                                      dim->setAlpha(0);
+                                                      dim->alpha.set(0);
                                                     }),
                                                     bridge::Block<void(BOOL)>([dim](BOOL) {
                                                       homeScreen().folder->removeFromSuperview();

@@ -64,25 +64,25 @@ void layoutHomeScreen(SBFolderView self) {
   CGFloat dock = SBDockView::defaultHeight();
   CGRect page = pageFrame(size, currentOrientation(), dock);
   NSInteger shown = SBIconController::sharedInstance().currentIconListIndex();
-  home.scrollView->setFrame(page);
-  home.scrollView->setContentSize(
+  home.scrollView->frame.set(page);
+  home.scrollView->contentSize.set(
       {page.size.width * static_cast<CGFloat>(home.pages.size()), page.size.height});
   for (size_t i = 0; i < home.pages.size(); ++i)
-    home.pages[i]->setFrame({{page.size.width * static_cast<CGFloat>(i), 0}, page.size});
-  home.dockView->setFrame(dockFrame(size, currentOrientation(), dock));
-  home.pageDots->setFrame(
+    home.pages[i]->frame.set({{page.size.width * static_cast<CGFloat>(i), 0}, page.size});
+  home.dockView->frame.set(dockFrame(size, currentOrientation(), dock));
+  home.pageDots->frame.set(
       {{0, page.origin.y + page.size.height - pageDotsHeight}, {page.size.width, pageDotsHeight}});
   // The page that was shown stays the page that is shown. Nothing scrolls, so nobody is told.
-  home.scrollView->setBounds({{page.size.width * static_cast<CGFloat>(shown), 0}, page.size});
+  home.scrollView->bounds.set({{page.size.width * static_cast<CGFloat>(shown), 0}, page.size});
 }
 
 void loadView(SBIconController self) {
   HomeScreen& home = homeScreen();
   auto view = bridge::make<SBRootFolderView, &UIView::initWithFrame>(CGRect{});
-  view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  view->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   home.scrollView = makeScrollView();
-  home.scrollView->setDelegate(view);
-  home.scrollView->setPagingEnabled(YES);
+  home.scrollView->delegate.set(view);
+  home.scrollView->pagingEnabled.set(YES);
   home.dock = bridge::make<SBDockIconListView, &UIView::initWithFrame>(CGRect{});
   home.folder = bridge::make<SBFolderIconListView, &UIView::initWithFrame>(CGRect{});
   home.dockView = makeDockView(home.dock);
@@ -90,7 +90,7 @@ void loadView(SBIconController self) {
   view->addSubview(home.scrollView);
   view->addSubview(home.pageDots);
   view->addSubview(home.dockView);
-  self.setView(view);
+  self.view.set(view);
 }
 
 NSInteger currentIconListIndex(SBIconController) {
@@ -133,11 +133,11 @@ void iconTapped(SBIconController self, SBIconView view) {
 
 // The dots follow the page that is most on screen.
 void didScroll(SBFolderView, UIScrollView) {
-  homeScreen().pageDots->setCurrentPage(SBIconController::sharedInstance().currentIconListIndex());
+  homeScreen().pageDots->currentPage.set(SBIconController::sharedInstance().currentIconListIndex());
 }
 
 void scrollTo(SBIconScrollView self, CGPoint offset) {
-  ScrollView::super<&UIScrollView::setContentOffset>(self, offset);
+  ScrollView::super<bridge::setterOf<&UIScrollView::contentOffset>>(self, offset);
 }
 
 void willTransition(SBIconController self, CGSize size, bridge::Object coordinator) {
@@ -245,13 +245,13 @@ void fillHomeScreen(const Icons& icons, int leastPages) {
   } while (next < left.size() || static_cast<int>(home.pages.size()) < leastPages);
   setIcons(home.dock.get(), makeIcons(icons.dock));
   setIcons(home.folder.get(), makeIcons(icons.folder));
-  home.pageDots->setNumberOfPages(static_cast<NSInteger>(home.pages.size()));
+  home.pageDots->numberOfPages.set(static_cast<NSInteger>(home.pages.size()));
   home.scrollView->superview().setNeedsLayout();
 }
 
 void defineIconController() {
   using Face = SBIconController;
-  defineSystemClass<ScrollView>(own<&UIScrollView::setContentOffset, scrollTo>());
+  defineSystemClass<ScrollView>(own<bridge::setterOf<&UIScrollView::contentOffset>, scrollTo>());
   defineSystemClass<PageDots>(
       own<&SBIconListPageControl::_setIndicatorImage_toEnabled_index, setIndicator>(),
       own<&SBIconListPageControl::_setIndicatorImage_toEnabled, setUnnumberedIndicator>());

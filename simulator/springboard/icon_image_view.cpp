@@ -76,7 +76,7 @@ void layoutSubviews(SBIconImageView self) {
 bridge::Strong<SBIconImageView> makeIconImageView(const std::string& name) {
   auto view = bridge::make<SBIconImageView, &UIView::initWithFrame>(CGRect{{0, 0}, iconImageSize()});
   ImageView::state(view.get()).name = name;
-  view->setUserInteractionEnabled(NO);  // touches are the icon view's
+  view->userInteractionEnabled.set(NO);  // touches are the icon view's
   return view;
 }
 

@@ -64,13 +64,13 @@ void placeIcons(SBIconListView self) {
     CGPoint origin{start.x + along(place % across, size.width + horizontal),
                    start.y + along(place / across, size.height + vertical)};
     // A place that is no number is no place: the icon stays where it is.
-    if (!std::isnan(origin.x) && !std::isnan(origin.y)) state.views[i]->setFrame({origin, size});
+    if (!std::isnan(origin.x) && !std::isnan(origin.y)) state.views[i]->frame.set({origin, size});
   }
 }
 
 // Icons follow the list's size at once.
 void setFrame(SBIconListView self, CGRect frame) {
-  List::super<&UIView::setFrame>(self, frame);
+  List::super<bridge::setterOf<&UIView::frame>>(self, frame);
   auto& state = List::state(self);
   if (state.iconsNeedLayout || state.laidOutFor != self.bounds().size) placeIcons(self);
 }
@@ -142,7 +142,7 @@ void defineIconListView() {
       own<&Face::verticalIconPadding, verticalPadding>(),
       own<&Face::horizontalIconPadding, horizontalPadding>(), own<&Face::sideIconInset, sideInset>(),
       own<&Face::topIconInset, topInset>(), own<&Face::icons, icons>(),
-      own<&Face::viewForIcon, viewForIcon>(), own<&UIView::setFrame, setFrame>(),
+      own<&Face::viewForIcon, viewForIcon>(), own<bridge::setterOf<&UIView::frame>, setFrame>(),
       own<&PlacedList::layoutIconsNow, layoutIconsNow>(),
       own<&Dock::iconAtPoint_index_proposedOrder_grabbedIcon, iconAtPoint>(),
       own<&Face::setIconsNeedLayout, setIconsNeedLayout>(),

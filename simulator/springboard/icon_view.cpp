@@ -44,8 +44,8 @@ void layOutLabel(SBIconView self) {
   CGRect room{{-labelOverhang, iconImageSize().height},
               {iconImageSize().width + 2 * labelOverhang, labelHeight}};
   LabelPicture picture = labelPicture(state.parameters.get(), room);
-  state.label->setFrame(picture.image ? room : picture.frame);
-  state.label->setImage(picture.image);
+  state.label->frame.set(picture.image ? room : picture.frame);
+  state.label->image.set(picture.image);
   state.shown = {picture.frame, picture.image && !picture.clear};
 }
 
@@ -53,7 +53,7 @@ void layoutView(SBIconView self) {
   bridge::Pool pool;
   View::super<&UIView::layoutSubviews>(self);
   auto& state = View::state(self);
-  state.image->setFrame({{0, 0}, iconImageSize()});
+  state.image->frame.set({{0, 0}, iconImageSize()});
   state.image->setNeedsLayout();
   layOutLabel(self);
 }
@@ -96,10 +96,10 @@ SBIconImageView imageViewOf(SBIconView view) { return View::state(view).image.ge
 
 ShownLabel labelOf(SBIconView view) {
   auto& state = View::state(view);
-  return {state.shown.frame, state.shown.visible && !state.label->isHidden()};
+  return {state.shown.frame, state.shown.visible && !state.label->hidden()};
 }
 
-void hideLabel(SBIconView view, bool hidden) { View::state(view).label->setHidden(hidden); }
+void hideLabel(SBIconView view, bool hidden) { View::state(view).label->hidden.set(hidden); }
 
 void showEditingBadge(SBIconView view, bool shown) {
   auto& state = View::state(view);
@@ -111,7 +111,7 @@ void showEditingBadge(SBIconView view, bool shown) {
   if (state.badge) return;
   CGRect corner{{-badgeSide / 3, -badgeSide / 3}, {badgeSide, badgeSide}};
   state.badge = bridge::make<UIImageView, &UIView::initWithFrame>(corner);
-  state.badge->setImage(drawnImage(corner.size, drawBadge));
+  state.badge->image.set(drawnImage(corner.size, drawBadge));
   view.addSubview(state.badge);
 }
 

@@ -52,13 +52,13 @@ void loadView(UIViewController self) {
   auto view = makeWallpaperView(UIScreen::mainScreen().bounds().size);
   auto clock = bridge::make<UILabel, &UIView::initWithFrame>(
       CGRect{{0, clockTop}, {view->bounds().size.width, clockHeight}});
-  clock->setText("9:41"_ns);
-  clock->setFont(UIFont::systemFontOfSize(clockFontSize));
-  clock->setTextColor(UIColor::whiteColor());
-  clock->setTextAlignment(NSTextAlignmentCenter);
-  clock->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  clock->text.set("9:41"_ns);
+  clock->font.set(UIFont::systemFontOfSize(clockFontSize));
+  clock->textColor.set(UIColor::whiteColor());
+  clock->textAlignment.set(NSTextAlignmentCenter);
+  clock->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   view->addSubview(clock);
-  self.setView(view);
+  self.view.set(view);
 }
 
 SBLockScreenManager sharedInstance(Class) {
@@ -77,11 +77,11 @@ void show(bool visible) {
   Screen& shown = screen();
   if (!shown.window) {
     shown.window = bridge::make<UIWindow, &UIView::initWithFrame>(UIScreen::mainScreen().bounds());
-    shown.window->setWindowLevel(windowLevel);
-    shown.window->setRootViewController(SBLockScreenManager::sharedInstance().lockScreenViewController());
+    shown.window->windowLevel.set(windowLevel);
+    shown.window->rootViewController.set(SBLockScreenManager::sharedInstance().lockScreenViewController());
   }
   shown.visible = visible;
-  shown.window->setHidden(!visible);
+  shown.window->hidden.set(!visible);
 }
 
 }  // namespace

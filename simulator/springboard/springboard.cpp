@@ -57,7 +57,7 @@ void turnWindows(NSInteger to) {
   for (NSUInteger i = 0; i < all.count(); ++i) {
     auto window = bridge::as<UIWindow>(all.objectAtIndex(i));
     CGFloat own = window.bounds().size.height;
-    window.setFrame({{0, 0}, {size.width, own == height ? size.height : own}});
+    window.frame.set({{0, 0}, {size.width, own == height ? size.height : own}});
   }
   showStatusBar();
   uikit::postDeviceOrientation();
@@ -104,14 +104,14 @@ void defineClasses() {
 void start(const Contents& contents) {
   bridge::Pool pool;
   windows().wallpaper = makeWindow();
-  windows().wallpaper->setWindowLevel(wallpaperLevel);
+  windows().wallpaper->windowLevel.set(wallpaperLevel);
   windows().wallpaper->addSubview(makeWallpaperView(UIScreen::mainScreen().bounds().size).get());
-  windows().wallpaper->setHidden(NO);
+  windows().wallpaper->hidden.set(NO);
 
   SBIconController controller = SBIconController::sharedInstance();
   windows().home = makeWindow();
   controller.view();  // loads it
-  windows().home->setRootViewController(controller);
+  windows().home->rootViewController.set(controller);
   fillHomeScreen(namedIcons(contents), contents.pages);
   windows().home->makeKeyAndVisible();
   showStatusBar();

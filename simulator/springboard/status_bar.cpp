@@ -19,8 +19,8 @@ struct StatusBar {
 StatusBar make() {
   StatusBar bar{bridge::make<UIWindow, &UIView::initWithFrame>(CGRect{}),
                 bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{})};
-  bar.window->setWindowLevel(UIWindowLevelStatusBar);
-  bar.window->setUserInteractionEnabled(NO);
+  bar.window->windowLevel.set(UIWindowLevelStatusBar);
+  bar.window->userInteractionEnabled.set(NO);
   bar.window->addSubview(bar.picture);
   return bar;
 }
@@ -30,12 +30,12 @@ StatusBar make() {
 void showStatusBar(const Color& color) {
   static auto& bar = *new StatusBar(make());
   CGRect frame{{0, 0}, {UIScreen::mainScreen().bounds().size.width, device().statusBarHeight()}};
-  bar.window->setFrame(frame);
-  bar.picture->setFrame(frame);
-  bar.picture->setImage(drawnImage(frame.size, [color](cairo_t* context, CGSize size) {
+  bar.window->frame.set(frame);
+  bar.picture->frame.set(frame);
+  bar.picture->image.set(drawnImage(frame.size, [color](cairo_t* context, CGSize size) {
     drawStatusBar(context, size, {.color = color});
   }));
-  bar.window->setHidden(NO);
+  bar.window->hidden.set(NO);
 }
 
 }  // namespace sim::springboard

@@ -9,10 +9,10 @@ namespace sim::springboard {
 
 bridge::Strong<UIImageView> makeWallpaperView(CGSize size) {
   auto view = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{{0, 0}, size});
-  view->setContentMode(UIViewContentModeScaleAspectFill);
-  view->setClipsToBounds(YES);
-  view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-  view->setImage(drawnImage(size, [](cairo_t* context, CGSize area) {
+  view->contentMode.set(UIViewContentModeScaleAspectFill);
+  view->clipsToBounds.set(YES);
+  view->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  view->image.set(drawnImage(size, [](cairo_t* context, CGSize area) {
     const Surface picture = wallpaper(area, uikit::configuration().scale);
     cairo_identity_matrix(context);
     cairo_set_source_surface(context, picture.get(), 0, 0);

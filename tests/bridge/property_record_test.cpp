@@ -61,9 +61,11 @@ void setNote(Radio self, NSString text) { RadioClass::state(self).note = retaine
 
 struct CarRadio : bridge::Face<"RecordTestCarRadio", Radio> {
   MESSAGE Property<"fuse", int> fuse;
+  MESSAGE Property<"playing", BOOL, "isPlaying"> playing;
 };
 struct CarState {
   int fuse = 0;
+  BOOL playing = NO;
 };
 using CarClass = bridge::Implementation<CarRadio, CarState>;
 
@@ -80,7 +82,8 @@ void defineRadios() {
                                RadioClass::property<&Radio::listener, &State::listener>(),
                                bridge::property<&Radio::whenHeard, whenHeard, setWhenHeard>(),
                                bridge::property<&Radio::note, note, setNote>(bridge::Keeping::copied, true));
-  CarClass::define<Radio>(CarClass::property<&CarRadio::fuse, &CarState::fuse>());
+  CarClass::define<Radio>(CarClass::property<&CarRadio::fuse, &CarState::fuse>(),
+                          CarClass::property<&CarRadio::playing, &CarState::playing>());
 }
 
 std::vector<std::string> namesOf(Class cls) {
@@ -102,7 +105,13 @@ TEST(PropertyRecords, AreThoseOfTheClassInTheOrderOfItsTable) {
   EXPECT_EQ(namesOf(RadioClass::cls),
             (std::vector<std::string>{"station", "loudness", "on", "presets", "size", "anything", "listener",
                                       "whenHeard", "note"}));
-  EXPECT_EQ(namesOf(CarClass::cls), std::vector<std::string>{"fuse"});
+  EXPECT_EQ(namesOf(CarClass::cls), (std::vector<std::string>{"fuse", "playing"}));
+}
+
+TEST(PropertyRecords, NameAGetterOfItsOwnName) {
+  defineRadios();
+  EXPECT_EQ(attributes("playing", CarClass::cls),
+            std::string("T") + bridge::Encoding<BOOL>::text.text + ",N,GisPlaying,V_playing");
 }
 
 TEST(PropertyRecords, OfAParentAreFoundByNameAlone) {

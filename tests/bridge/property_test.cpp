@@ -41,6 +41,8 @@ struct Box : bridge::Face<"PropertyTestBox", NSObject> {
   MESSAGE Property<"size", int> size;
   MESSAGE Property<"weight", double> weight;
   MESSAGE Property<"open", BOOL> open;
+  MESSAGE Property<"sealed", BOOL, "isSealed"> sealed;
+  MESSAGE Property<"label", NSObject> label;
   MESSAGE Method<"pad", void()> pad;
 };
 struct BoxState {
@@ -48,8 +50,22 @@ struct BoxState {
   int size = 5;
   double weight = 1.5;
   BOOL open = NO;
+  BOOL sealed = NO;
+  Strong<NSObject> label;
+  int labelsSeen = 0;
 };
 using BoxClass = Implementation<Box, BoxState>;
+
+void seeLabel(Box self) {
+  BoxState& state = BoxClass::state(self);
+  if (state.label) ++state.labelsSeen;
+}
+
+struct TallBox : bridge::Face<"PropertyTestTallBox", Box> {};
+using TallClass = Implementation<TallBox>;
+
+// A tall box is twice the size that it is told.
+void setSize(TallBox self, int size) { TallClass::super<bridge::setterOf<&Box::size>>(self, 2 * size); }
 
 void pad(Box self) { ++BoxClass::state(self).size; }
 
@@ -59,7 +75,10 @@ void defineBox() {
       BoxClass::property<&Box::item, &BoxState::item>(), BoxClass::property<&Box::lid, &BoxState::lid>(),
       BoxClass::property<&Box::size, &BoxState::size>(),
       BoxClass::property<&Box::weight, &BoxState::weight>(),
-      BoxClass::property<&Box::open, &BoxState::open>(), bridge::method<&Box::pad, pad>());
+      BoxClass::property<&Box::open, &BoxState::open>(),
+      BoxClass::property<&Box::sealed, &BoxState::sealed>(),
+      BoxClass::property<&Box::label, &BoxState::label, seeLabel>(), bridge::method<&Box::pad, pad>());
+  TallClass::define<Box>(bridge::method<bridge::setterOf<&Box::size>, setSize>());
 }
 
 Strong<Box> newBox() {
@@ -85,6 +104,30 @@ TEST(Property, OfAPlainTypeAnswersWhatWasSet) {
   EXPECT_EQ(box->size(), -3);
   EXPECT_EQ(box->weight(), 0.25);
   EXPECT_EQ(box->open(), YES);
+}
+
+TEST(Property, HasAGetterOfAnotherNameWhereItIsGivenOne) {
+  auto box = newBox();
+  box->sealed.set(YES);
+  EXPECT_EQ(box->sealed(), YES);
+  EXPECT_TRUE(box->respondsToSelector(bridge::selector<"isSealed">()));
+  EXPECT_TRUE(box->respondsToSelector(bridge::selector<"setSealed:">()));
+  EXPECT_FALSE(box->respondsToSelector(bridge::selector<"sealed">()));
+}
+
+TEST(Property, TellsWhoIsToHearOnceItIsSet) {
+  auto box = newBox();
+  box->label.set(box.get());
+  EXPECT_EQ(BoxClass::state(box.get()).labelsSeen, 1);
+  box->label.set({});
+  EXPECT_EQ(BoxClass::state(box.get()).labelsSeen, 1);
+}
+
+TEST(Property, IsSetBySubclassesInTheirOwnWay) {
+  defineBox();
+  auto box = make<TallBox, &NSObject::init>();
+  box->size.set(4);
+  EXPECT_EQ(box->size(), 8);
 }
 
 TEST(Property, OfAnObjectIsRetainedBySettingAndNotByGetting) {

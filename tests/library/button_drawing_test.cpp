@@ -26,7 +26,7 @@ constexpr CGRect frame{{20, 100}, {100, 40}};
 class Screen {
  public:
   Screen() {
-    back->setBackgroundColor(UIColor::blackColor());
+    back->backgroundColor.set(UIColor::blackColor());
     UIApplication::sharedApplication().keyWindow().addSubview(back);
   }
 
@@ -87,10 +87,10 @@ TEST(FlatButton, IsDarkerWhileItIsHighlighted) {
   Screen screen;
   auto button = screen.add(orange(), 1);
   expectNear(screen.fill(), orange());
-  button->setHighlighted(YES);
+  button->highlighted.set(YES);
   expectNear(screen.fill(), darker(0.06f));
   expectNear(screen.outline(), darker(0.12f));
-  button->setHighlighted(NO);
+  button->highlighted.set(NO);
   expectNear(screen.fill(), orange());
 }
 
@@ -98,18 +98,18 @@ TEST(FlatButton, IsPalerWhileItIsDisabled) {
   Screen screen;
   auto button = screen.add(orange(), 1);
   expectNear(screen.fill(), orange());
-  button->setEnabled(NO);
+  button->enabled.set(NO);
   expectNear(screen.fill(), paler(orange()));
   expectNear(screen.outline(), paler(darker(0.06f)));
-  button->setEnabled(YES);
+  button->enabled.set(YES);
   expectNear(screen.fill(), orange());
 }
 
 TEST(FlatButton, IsDarkerAndPalerWhenItIsBoth) {
   Screen screen;
   auto button = screen.add(orange(), 1);
-  button->setHighlighted(YES);
-  button->setEnabled(NO);
+  button->highlighted.set(YES);
+  button->enabled.set(NO);
   expectNear(screen.fill(), paler(darker(0.06f)));
   expectNear(screen.outline(), paler(darker(0.12f)));
 }
@@ -140,8 +140,8 @@ TEST(ClearButton, ShowsNothingButItsTitle) {
   const Pixel black = pixelOf(UIColor::blackColor());
   for (const bool highlighted : {false, true})
     for (const bool enabled : {false, true}) {
-      button->setHighlighted(highlighted);
-      button->setEnabled(enabled);
+      button->highlighted.set(highlighted);
+      button->enabled.set(enabled);
       EXPECT_EQ(screen.fill(), black);
       EXPECT_EQ(screen.outline(), black);
     }
@@ -186,7 +186,7 @@ TEST(RaisedButton, IsDarkerAboveWhileItIsHighlighted) {
   Screen screen;
   auto button = screen.add(orange(), 0);
   const int before = screen.at(50, 4).red;
-  button->setHighlighted(YES);
+  button->highlighted.set(YES);
   EXPECT_LT(screen.at(50, 4).red, before - 40);
   EXPECT_LT(screen.at(50, 3).red, screen.at(50, 20).red);
 }
@@ -195,7 +195,7 @@ TEST(RaisedButton, IsPalerWhileItIsDisabled) {
   Screen screen;
   auto button = screen.add(orange(), 0);
   const Pixel before = screen.fill();
-  button->setEnabled(NO);
+  button->enabled.set(NO);
   const Pixel after = screen.fill();
   EXPECT_NEAR(after.red - after.blue, 0.6 * (before.red - before.blue), 4);
 }

@@ -169,9 +169,9 @@ TEST(ArchivedButton, KeepsItsPlaceAndTitleAndIsSetUpAnew) {
   Home home;
   auto original = colored(dark(), 0);
   original->setTitle_forState("Title"_ns, UIControlStateNormal);
-  original->setTag(7);
+  original->tag.set(7);
   original->shouldShowDisabled.set(NO);
-  original->setBackgroundColor(UIColor::redColor());
+  original->backgroundColor.set(UIColor::redColor());
   const BButton button = archivedAndBack(original);
   ASSERT_TRUE(bridge::isKindOf<BButton>(button));
   EXPECT_EQ(button.frame(), frame);
@@ -210,8 +210,8 @@ TEST(Button, KeepsItsColorAndFontInAnotherStyle) {
 TEST(Button, LeavesItsTitleAsItIsForAnUnknownStyle) {
   Home home;
   auto button = makeButton();
-  button->titleLabel().setFont(UIFont::systemFontOfSize(9));
-  button->titleLabel().setShadowOffset({3, 4});
+  button->titleLabel().font.set(UIFont::systemFontOfSize(9));
+  button->titleLabel().shadowOffset.set({3, 4});
   button->setTextAttributesForStyle(2);
   EXPECT_EQ(button->titleLabel().font().pointSize(), 9);
   EXPECT_EQ(button->titleLabel().shadowOffset(), (CGSize{3, 4}));
@@ -259,10 +259,10 @@ TEST(Button, ThatHidesItsDisabledStateKeepsThatTitleColorWithAnotherColor) {
 TEST(Button, IsHighlightedAndEnabledAsAnyControl) {
   Home home;
   auto button = makeButton();
-  button->setHighlighted(YES);
-  EXPECT_TRUE(button->isHighlighted());
-  button->setEnabled(NO);
-  EXPECT_FALSE(button->isEnabled());
+  button->highlighted.set(YES);
+  EXPECT_TRUE(button->highlighted());
+  button->enabled.set(NO);
+  EXPECT_FALSE(button->enabled());
   EXPECT_EQ(button->state(), UIControlStateHighlighted | UIControlStateDisabled);
 }
 
@@ -346,7 +346,7 @@ TEST(Icon, TakesTheTitlesSizeInItsOwnFont) {
   Home home;
   loadIconFont();
   auto button = makeButton();
-  button->titleLabel().setFont(UIFont::systemFontOfSize(23));
+  button->titleLabel().font.set(UIFont::systemFontOfSize(23));
   button->addAwesomeIcon_beforeTitle(icon, YES);
   EXPECT_STREQ(button->titleLabel().font().fontName().UTF8String(), "FontAwesome");
   EXPECT_EQ(button->titleLabel().font().pointSize(), 23);

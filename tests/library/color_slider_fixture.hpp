@@ -29,14 +29,14 @@ class ColorSlider : public testing::Test {
   void show(float minimum = -20, float maximum = 100, float value = 5) {
     sim::uikit::registerFont("FontAwesome", "FontAwesome");  // as the panel does
     card = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{40, 100}, {300, 200}});
-    card->setBackgroundColor(UIColor::whiteColor());
+    card->backgroundColor.set(UIColor::whiteColor());
     slider =
         bridge::make<tilo::ColorSlider, &tilo::ColorSlider::initWithFrame_type>(frame, "topIconInset"_ns);
-    slider->setMinimumValue(minimum);
-    slider->setMaximumValue(maximum);
-    slider->setValue(value);
+    slider->minimumValue.set(minimum);
+    slider->maximumValue.set(maximum);
+    slider->value.set(value);
     caption = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{{10, 15}, {170, 30}});
-    caption->setText("Row"_ns);
+    caption->text.set("Row"_ns);
     card->addSubview(caption);
     card->addSubview(slider);
     UIApplication::sharedApplication().keyWindow().addSubview(card);

@@ -205,7 +205,7 @@ TEST_F(NumberControl, StepsNoFurtherThanItsEnds) {
   tap(slider->addButton());
   EXPECT_EQ(slider->value(), 100);
   EXPECT_EQ(fieldText(), "100.0");
-  slider->setValue(-19.5f);
+  slider->value.set(-19.5f);
   tap(slider->subtractButton());
   EXPECT_EQ(slider->value(), -20);
   EXPECT_EQ(fieldText(), "-20.0");
@@ -226,7 +226,7 @@ TEST_F(NumberControl, HoldingAButtonStepsOnce) {
 TEST_F(NumberControl, ThePressedButtonFlashes) {
   show();
   const tilo::BButton plus = slider->addButton();
-  plus.setAlpha(1);
+  plus.alpha.set(1);
   plus.sendActionsForControlEvents(UIControlEventTouchUpInside);
   EXPECT_EQ(alphaOf(plus), 1);
   home.step("wait 0.05");

@@ -97,7 +97,7 @@ TEST_F(NumberField, AppliedLetsTheThumbGlideThere) {
   apply("5");
   home.step("wait 0.3");
   const double start = x();
-  slider->valueLabel().setText("90"_ns);
+  slider->valueLabel().text.set("90"_ns);
   slider->doneWithNumberPad();
   EXPECT_NEAR(x(), start, 1);
   home.step("wait 0.3");
@@ -235,7 +235,7 @@ TEST_F(NumberField, AlertIsBuiltButNotPresented) {
 
 TEST_F(NumberField, KeyboardGoesWhenAnApplicationOpensOrTheDeviceIsLocked) {
   show();
-  card->setFrame({{40, 300}, {300, 200}});
+  card->frame.set({{40, 300}, {300, 200}});
   home.step("type \"Row\" \"1\"");
   home.step("launch \"Messages\"");
   EXPECT_FALSE(isEdited());

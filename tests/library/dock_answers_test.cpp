@@ -88,7 +88,7 @@ TEST(DockLayout, DoesTheSameEveryTime) {
   Home home(
       test::homeOptions("iPhone 7", {"dockIconsEnabled=YES", "dockIcons=3", "dock=YES"}, {"--ios", "12.1"}));
   home.dock().setSpacing.ifAnswered(25);
-  home.dock().setAlpha(1);
+  home.dock().alpha.set(1);
   home.dock().setNeedsLayout();
   home.dock().layoutIfNeeded();
   EXPECT_EQ(home.dock().spacing.ifAnswered(), 10);

@@ -62,7 +62,7 @@ struct Declared {
 std::vector<Declared> declarations(const std::string& source) {
   static const std::regex comment("//[^\n]*");
   static const std::regex form(
-      R"re(\b(Face|Protocol|Method|OptionalMethod|ClassMethod)<\s*"([^"]+)"(?:,\s*"([^"]+)")?)re");
+      R"re(\b(Face|Protocol|Method|OptionalMethod|ClassMethod|Property)<\s*"([^"]+)"(?:,\s*"([^"]+)")?(?:,\s*[\w:]+,\s*"([^"]+)")?)re");
   const std::string code = std::regex_replace(source, comment, "");
   std::vector<Declared> found;
   std::string of;
@@ -72,7 +72,13 @@ std::vector<Declared> declarations(const std::string& source) {
       of = first;
     else if (kind == "ClassMethod")
       found.push_back({first, '+' + second, false});
-    else
+    else if (kind == "Property") {
+      const std::string getter = (*it)[4].matched ? std::string((*it)[4]) : first;
+      found.push_back({of, '-' + getter, false});
+      found.push_back(
+          {of, std::string("-set") + static_cast<char>(std::toupper(first[0])) + first.substr(1) + ':',
+           false});
+    } else
       found.push_back({of, '-' + first, kind == "OptionalMethod"});
   }
   return found;
@@ -115,6 +121,7 @@ TEST(Messages, AreAllFound) {
   const std::string source = platform();
   size_t count = 0;
   for (size_t at = 0; (at = source.find("Method<", at)) != source.npos; ++at) ++count;
+  for (size_t at = 0; (at = source.find("Property<", at)) != source.npos; ++at) count += 2;
   EXPECT_EQ(declarations(source).size(), count);
   EXPECT_GT(count, 600u);
 }

@@ -58,7 +58,7 @@ void replacePassedOn() {
   Other<SBRootIconListView, &List::sideIconInset>::install();
   Other<SBIconLabelImage, &SBIconLabelImage::_rectWithDrawing_inRect_fromParameters>::install();
   Other<Label, &Label::textColor>::install();
-  Other<Scroll, &UIScrollView::setContentOffset>::install();
+  Other<Scroll, bridge::setterOf<&UIScrollView::contentOffset>>::install();
   Other<Dock, &UIView::layoutSubviews>::install();
   Other<Dock, &Dock::iconsInRowForSpacingCalculation>::install();
   Other<Dock, &Dock::maxIcons>::install();

@@ -92,7 +92,7 @@ TEST(AdjustmentPage, TakesAnAbsentValueForZero) {
 TEST(AdjustmentPage, LetsItsSlidersTellOfEveryChange) {
   PanelHome home;
   home.open();
-  for (size_t i = 0; i < 4; ++i) EXPECT_TRUE(sliderOf(home.panel(), i).isContinuous());
+  for (size_t i = 0; i < 4; ++i) EXPECT_TRUE(sliderOf(home.panel(), i).continuous());
 }
 
 class AddButton : public testing::TestWithParam<bool> {};
@@ -210,10 +210,10 @@ TEST(Values, AreStoredAsFloats) {
 TEST(Values, AreShownWithOneDecimal) {
   PanelHome home({"topIconInset=30"});
   home.open();
-  home.panel().topSlider().setValue(47.26f);
+  home.panel().topSlider().value.set(47.26f);
   home.panel().moveIcons(home.panel().topSlider());
   EXPECT_EQ(home.shown()["rows"]["Top Inset"]["text"], "47.3");
-  home.panel().horSlider().setValue(-0.04f);
+  home.panel().horSlider().value.set(-0.04f);
   home.panel().moveIcons(home.panel().horSlider());
   EXPECT_EQ(home.shown()["rows"]["Horizontal Padding"]["text"], "-0.0");
 }
@@ -277,7 +277,7 @@ TEST(Values, StayWhenThePanelIsCancelled) {
 TEST(Values, ThatAreTypedAreAppliedLikePressedOnes) {
   PanelHome home;
   home.open();
-  home.panel().topSlider().valueLabel().setText("123"_ns);
+  home.panel().topSlider().valueLabel().text.set("123"_ns);
   home.panel().topSlider().doneWithNumberPad();
   EXPECT_EQ(home.stored("topIconInset"_ns), 123);
   EXPECT_EQ(home.shown()["rows"]["Top Inset"]["text"], "123.0");
@@ -289,8 +289,8 @@ TEST(Notification, OfAnotherControlMarksFadesAndLaysOutButStoresNoValue) {
   home.open();
   auto other = bridge::make<ColorSlider, &ColorSlider::initWithFrame_type>(CGRect{{0, 0}, {100, 30}},
                                                                            "topIconInset"_ns);
-  other->setMaximumValue(900);
-  other->setValue(700);
+  other->maximumValue.set(900);
+  other->value.set(700);
   Json before = home.report()["preferences"];
   NSNotificationCenter::defaultCenter().postNotificationName_object("slider_buttons_pressed"_ns, other.get());
   home.wait(0.3);

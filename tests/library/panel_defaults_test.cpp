@@ -13,39 +13,39 @@ using test::PanelHome;
 
 bridge::Strong<UIView> idleView(UIView self, CGRect frame) {
   auto made = original<idleView>(self, frame);
-  made->setUserInteractionEnabled(NO);
-  made->setAutoresizesSubviews(NO);
+  made->userInteractionEnabled.set(NO);
+  made->autoresizesSubviews.set(NO);
   return made;
 }
 
 bridge::Strong<UIView> idleScrollView(UIScrollView self, CGRect frame) {
   auto made = original<idleScrollView>(self, frame);
   auto view = bridge::as<UIScrollView>(made.get());
-  view.setScrollEnabled(NO);
-  view.setUserInteractionEnabled(NO);
-  view.setBackgroundColor(UIColor::redColor());
+  view.scrollEnabled.set(NO);
+  view.userInteractionEnabled.set(NO);
+  view.backgroundColor.set(UIColor::redColor());
   return made;
 }
 
 bridge::Strong<UIView> pageControlOnItsThirdPage(UIPageControl self, CGRect frame) {
   auto made = original<pageControlOnItsThirdPage>(self, frame);
   auto control = bridge::as<UIPageControl>(made.get());
-  control.setNumberOfPages(3);
-  control.setCurrentPage(2);
+  control.numberOfPages.set(3);
+  control.currentPage.set(2);
   return made;
 }
 
 bridge::Strong<UIView> lateSlider(UISlider self, CGRect frame) {
   auto made = original<lateSlider>(self, frame);
   auto slider = bridge::as<UISlider>(made.get());
-  slider.setContinuous(NO);
-  slider.setBackgroundColor(UIColor::redColor());
+  slider.continuous.set(NO);
+  slider.backgroundColor.set(UIColor::redColor());
   return made;
 }
 
 bridge::Strong<UIView> redField(UITextField self, CGRect frame) {
   auto made = original<redField>(self, frame);
-  made->setBackgroundColor(UIColor::redColor());
+  made->backgroundColor.set(UIColor::redColor());
   return made;
 }
 
@@ -59,7 +59,7 @@ TEST(PanelDefaults, OfItsCardAreItsOwn) {
   PanelHome home;
   test::standIn<UIView, &UIView::initWithFrame, idleView>();
   home.open();
-  EXPECT_TRUE(home.panel().isUserInteractionEnabled());
+  EXPECT_TRUE(home.panel().userInteractionEnabled());
   EXPECT_TRUE(home.panel().autoresizesSubviews());
 }
 
@@ -68,8 +68,8 @@ TEST(PanelDefaults, OfItsPagesAreItsOwn) {
   test::standIn<UIScrollView, &UIView::initWithFrame, idleScrollView>();
   home.open();
   UIScrollView view = home.panel().scrollView();
-  EXPECT_TRUE(view.isScrollEnabled());
-  EXPECT_TRUE(view.isUserInteractionEnabled());
+  EXPECT_TRUE(view.scrollEnabled());
+  EXPECT_TRUE(view.userInteractionEnabled());
   EXPECT_TRUE(isClear(view.backgroundColor()));
 }
 
@@ -87,7 +87,7 @@ TEST(PanelDefaults, OfItsSlidersAreItsOwn) {
   home.open();
   for (tilo::ColorSlider slider : {home.panel().horSlider(), home.panel().vertSlider(),
                                    home.panel().sideSlider(), home.panel().topSlider()}) {
-    EXPECT_TRUE(slider.isContinuous());
+    EXPECT_TRUE(slider.continuous());
     EXPECT_TRUE(isClear(slider.backgroundColor()));
   }
 }

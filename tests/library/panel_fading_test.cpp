@@ -67,7 +67,7 @@ void noteAlpha(RQPopupView self, CGFloat value) {
 TEST(PanelFading, HappensOnceForFivePresses) {
   PanelHome home;
   home.open();
-  test::standIn<RQPopupView, &UIView::setAlpha, noteAlpha>();
+  test::standIn<RQPopupView, bridge::setterOf<&UIView::alpha>, noteAlpha>();
   home.step("increment \"Top Inset\" 5");
   home.wait(4);
   EXPECT_EQ(faded, (std::vector<double>{0.5, 1}));

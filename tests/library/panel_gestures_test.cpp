@@ -156,8 +156,8 @@ TEST(Press, OpensNothingOnASystemOlderThanForce) {
 TEST(Messages, DisableBothRecognizersAndLeaveThemAttached) {
   Home home(settings());
   home.step("message PreferencesDidChangeNotification name=\"Enable Quick Settings\" value=NO");
-  EXPECT_FALSE(scrollView().swipeGesture().isEnabled());
-  EXPECT_FALSE(scrollView().tapGesture().isEnabled());
+  EXPECT_FALSE(scrollView().swipeGesture().enabled());
+  EXPECT_FALSE(scrollView().tapGesture().enabled());
   EXPECT_TRUE(scrollView().swipeGesture().view());
   home.step("swipe up");
   EXPECT_FALSE(panelIsShown(home));

@@ -307,7 +307,7 @@ TEST_P(PanelHeight, GoesToTheHeaderUnlessItIsThere) {
   PanelHome home;
   home.open();
   auto [height, expected] = GetParam();
-  home.panel().setFrame({{10, 20}, {300, height}});
+  home.panel().frame.set({{10, 20}, {300, height}});
   home.step("tap \"collapse\"");
   home.wait(1);
   EXPECT_EQ(home.panel().frame(), (CGRect{{10, 20}, {300, expected}}));

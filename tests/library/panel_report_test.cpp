@@ -58,7 +58,7 @@ TEST(PanelReport, ShowsAColourInTheMiddleOfItsAnimation) {
   home.open();
   UIView panel = home.panel();
   UIView::animateWithDuration_animations(
-      1, bridge::Block<void()>([panel] { panel.setBackgroundColor(UIColor::blackColor()); }));
+      1, bridge::Block<void()>([panel] { panel.backgroundColor.set(UIColor::blackColor()); }));
   home.wait(0.5);
   EXPECT_EQ(home.shown()["background"], Json({125, 125, 125}));
   home.wait(0.5);

@@ -34,7 +34,7 @@ TEST_F(APanelThatAsksForAName, ComesBackWhereTheAlertIsRefused) {
 
 TEST_F(APanelThatAsksForAName, ComesBackWhereThereIsNoRootController) {
   const auto kept = bridge::retained(root());
-  UIApplication::sharedApplication().keyWindow().setRootViewController({});
+  UIApplication::sharedApplication().keyWindow().rootViewController.set({});
   add();
   home.wait(0.5);
   EXPECT_EQ(alpha(), 1);

@@ -78,7 +78,7 @@ TEST(PanelShell, ClipsItsContentAndResizesItWithTheCard) {
   home.open();
   RQPopupView panel = home.panel();
   EXPECT_TRUE(panel.autoresizesSubviews());
-  EXPECT_TRUE(panel.isUserInteractionEnabled());
+  EXPECT_TRUE(panel.userInteractionEnabled());
   EXPECT_FALSE(panel.clipsToBounds());
   EXPECT_TRUE(panel.contentView().clipsToBounds());
   EXPECT_EQ(panel.contentView().autoresizingMask(), 18u);
@@ -111,9 +111,9 @@ TEST(PanelShell, PagesItsTwoPagesSideways) {
   EXPECT_EQ(view.contentSize(), (CGSize{600, 350}));
   EXPECT_EQ(view.contentOffset(), (CGPoint{0, 0}));
   EXPECT_FALSE(view.showsHorizontalScrollIndicator());
-  EXPECT_TRUE(view.isScrollEnabled());
-  EXPECT_TRUE(view.isPagingEnabled());
-  EXPECT_TRUE(view.isUserInteractionEnabled());
+  EXPECT_TRUE(view.scrollEnabled());
+  EXPECT_TRUE(view.pagingEnabled());
+  EXPECT_TRUE(view.userInteractionEnabled());
   EXPECT_EQ(view.delegate(), home.panel());
   EXPECT_EQ(components(view.backgroundColor()), components(UIColor::clearColor()));
 }
@@ -283,7 +283,7 @@ void noteBackground(RQPopupView self, UIColor color) {
 
 TEST(PanelShell, BeginsWithThePalettesFirstColourWhateverIsStored) {
   PanelHome home({"qsBackgroundColor=6", "isDarkMode=NO"});
-  test::standIn<RQPopupView, &UIView::setBackgroundColor, noteBackground>();
+  test::standIn<RQPopupView, bridge::setterOf<&UIView::backgroundColor>, noteBackground>();
   home.open();
   EXPECT_EQ(given, (std::vector<Given>{{{250, 250, 250, 1}, false}, {{249, 84, 115, 1}, true}}));
 }

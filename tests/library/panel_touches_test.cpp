@@ -140,11 +140,11 @@ TEST(PanelHitTest, SwitchesTheCardsPanOffOverEachOfTheSliders) {
   RQPopupView panel = home.panel();
   for (tilo::ColorSlider slider :
        {panel.horSlider(), panel.vertSlider(), panel.sideSlider(), panel.topSlider()}) {
-    panel.pan().setEnabled(YES);
-    panel.scrollView().setScrollEnabled(NO);
+    panel.pan().enabled.set(YES);
+    panel.scrollView().scrollEnabled.set(NO);
     EXPECT_EQ(hit(home, slider), slider);
-    EXPECT_FALSE(panel.pan().isEnabled());
-    EXPECT_TRUE(panel.scrollView().isScrollEnabled());
+    EXPECT_FALSE(panel.pan().enabled());
+    EXPECT_TRUE(panel.scrollView().scrollEnabled());
   }
 }
 
@@ -155,12 +155,12 @@ TEST(PanelHitTest, LeavesItOnOverASlidersParts) {
   tilo::ColorSlider slider = panel.vertSlider();
   for (UIView part :
        {UIView(slider.addButton()), UIView(slider.subtractButton()), UIView(slider.valueLabel())}) {
-    panel.pan().setEnabled(NO);
-    panel.scrollView().setScrollEnabled(NO);
+    panel.pan().enabled.set(NO);
+    panel.scrollView().scrollEnabled.set(NO);
     UIView found = hit(home, part);
     EXPECT_TRUE(found && found.isDescendantOfView(part));
-    EXPECT_TRUE(panel.pan().isEnabled());
-    EXPECT_TRUE(panel.scrollView().isScrollEnabled());
+    EXPECT_TRUE(panel.pan().enabled());
+    EXPECT_TRUE(panel.scrollView().scrollEnabled());
   }
 }
 
@@ -169,10 +169,10 @@ TEST(PanelHitTest, SwitchesItOnElsewhereAndOutside) {
   home.open();
   RQPopupView panel = home.panel();
   for (CGPoint place : {CGPoint{100, 15}, CGPoint{195, 47}, CGPoint{-20, -20}}) {
-    panel.pan().setEnabled(NO);
+    panel.pan().enabled.set(NO);
     UIView found = panel.hitTest_withEvent(place, {});
     EXPECT_EQ(static_cast<bool>(found), place.x > 0);
-    EXPECT_TRUE(panel.pan().isEnabled());
+    EXPECT_TRUE(panel.pan().enabled());
   }
 }
 
@@ -189,11 +189,11 @@ TEST(PanelTouch, OnASliderSwitchesTheCardsPanOffUntilTheNextElsewhere) {
   PanelHome home;
   home.open();
   home.finger("down", onSlider);
-  EXPECT_FALSE(home.panel().pan().isEnabled());
+  EXPECT_FALSE(home.panel().pan().enabled());
   home.finger("up", onSlider);
-  EXPECT_FALSE(home.panel().pan().isEnabled());
+  EXPECT_FALSE(home.panel().pan().enabled());
   home.finger("down", onHeader);
-  EXPECT_TRUE(home.panel().pan().isEnabled());
+  EXPECT_TRUE(home.panel().pan().enabled());
   home.finger("up", onHeader);
 }
 
@@ -216,7 +216,7 @@ TEST_P(PageDot, IsThatOfTheNearestPage) {
   PanelHome home;
   home.open();
   auto [to, page] = GetParam();
-  home.panel().scrollView().setContentOffset({to, 0});
+  home.panel().scrollView().contentOffset.set({to, 0});
   EXPECT_EQ(home.shown()["page"], page);
 }
 
@@ -292,7 +292,7 @@ TEST(PanelThings, TakeNoFingerWhileThePanelSlides) {
 TEST(PanelThings, ThatAreDisabledCannotBePressed) {
   PanelHome home;
   home.open();
-  home.panel().topSlider().addButton().setEnabled(NO);
+  home.panel().topSlider().addButton().enabled.set(NO);
   EXPECT_THROW(home.step("increment \"Top Inset\""), sim::UsageError);
   home.step("decrement \"Top Inset\"");
   EXPECT_EQ(home.stored("topIconInset"_ns), 29);

@@ -110,7 +110,7 @@ TEST(PresetsPage, AnswersItsPicker) {
   EXPECT_EQ(counts.pickerView_numberOfRowsInComponent(picker, 0), 2);
   EXPECT_STREQ(answers.pickerView_titleForRow_forComponent(picker, 1, 0).UTF8String(), "Away");
   EXPECT_TRUE(panel.items() == panel.data());
-  picker.setFrame({{300, 20}, {299.9, 280}});
+  picker.frame.set({{300, 20}, {299.9, 280}});
   EXPECT_EQ(answers.pickerView_widthForComponent(picker, 0), 299);
 }
 

@@ -50,14 +50,14 @@ TEST_F(ProgressHUD, BeginsWithItsDefaults) {
 
 TEST_F(ProgressHUD, IsAnInvisibleViewThatLetsItsViewThrough) {
   EXPECT_EQ(hud->autoresizingMask(), 45u);
-  EXPECT_FALSE(hud->isOpaque());
+  EXPECT_FALSE(hud->opaque());
   EXPECT_TRUE(hud->backgroundColor() == UIColor::clearColor());
   EXPECT_EQ(hud->alpha(), 0);
   EXPECT_EQ(hud->transform(), identityTransform);
 }
 
 TEST_F(ProgressHUD, TakesTheBoundsOfItsView) {
-  view->setBounds({{5, 6}, {200, 100}});
+  view->bounds.set({{5, 6}, {200, 100}});
   auto made = bridge::make<RQProgressHUD, &RQProgressHUD::initWithView>(view.get());
   EXPECT_EQ(made->frame(), (CGRect{{5, 6}, {200, 100}}));
 }

@@ -11,7 +11,7 @@ using sim::test::Pixel;
 class ProgressHUDDrawing : public HUD {
  protected:
   ProgressHUDDrawing() {
-    view->setBackgroundColor(UIColor::whiteColor());
+    view->backgroundColor.set(UIColor::whiteColor());
     hud->show(NO);
   }
 

@@ -13,7 +13,7 @@ using tilo::RQRoundProgressView;
 class ProgressHUDLayout : public HUD {
  protected:
   explicit ProgressHUDLayout(std::vector<std::string> options = {}) : HUD(std::move(options)) {
-    view->setBackgroundColor(UIColor::blackColor());
+    view->backgroundColor.set(UIColor::blackColor());
     hud->color.set(UIColor::greenColor());
     hud->opacity.set(1);
     hud->cornerRadius.set(0);
@@ -174,19 +174,19 @@ TEST_F(ProgressHUDLayout, MayBeSquare) {
 }
 
 TEST_F(ProgressHUDLayout, FollowsTheSizeOfTheHUD) {
-  hud->setFrame({{0, 0}, {200, 300}});
+  hud->frame.set({{0, 0}, {200, 300}});
   EXPECT_TRUE(near(box(), {{(200 - 77) / 2.0, (300 - 77) / 2.0}, {77, 77}}));
 }
 
 TEST_F(ProgressHUDLayout, StaysInTheMiddleOfAViewThatGrows) {
-  view->setFrame({{0, 0}, {300, 400}});
+  view->frame.set({{0, 0}, {300, 400}});
   EXPECT_TRUE(near(box(), {{(300 - 77) / 2.0, (400 - 77) / 2.0}, {77, 77}}));
 }
 
 TEST_F(ProgressHUDLayout, HasRoomForAViewSmallerThanItsMargins) {
   hud->labelText.set("Loading"_ns);
   hud->detailsLabelText.set("Soon"_ns);
-  hud->setFrame({{0, 0}, {50, 40}});
+  hud->frame.set({{0, 0}, {50, 40}});
   layOut();
   EXPECT_EQ(label(0).frame().size.width, 0);
 }

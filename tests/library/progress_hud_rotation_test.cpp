@@ -38,7 +38,7 @@ TEST_F(ProgressHUDRotation, OfAHUDInTheWindowLetsItCoverTheWindow) {
 }
 
 TEST_F(ProgressHUDRotation, OfAHUDInAViewLeavesTheTurningToTheView) {
-  view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  view->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   home.step("rotate landscape");
   EXPECT_EQ(hud->transform(), identityTransform);
   EXPECT_EQ(hud->frame(), view->bounds());

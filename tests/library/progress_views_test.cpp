@@ -33,11 +33,11 @@ template <class View>
 class ProgressView : public testing::Test {
  protected:
   ProgressView() {
-    ground->setBackgroundColor(UIColor::blackColor());
+    ground->backgroundColor.set(UIColor::blackColor());
     ground->addSubview(view);
     CGRect frame = view->frame();
     frame.origin = {100, 100};
-    view->setFrame(frame);
+    view->frame.set(frame);
     UIApplication::sharedApplication().keyWindow().addSubview(ground);
   }
 
@@ -70,7 +70,7 @@ TEST_F(RoundProgressView, BeginsWithItsDefaults) {
   expectColor(view->progressTintColor(), 1, 1);
   expectColor(view->backgroundTintColor(), 1, 0.1f);
   EXPECT_FALSE(view->annular());
-  EXPECT_FALSE(view->isOpaque());
+  EXPECT_FALSE(view->opaque());
   EXPECT_TRUE(view->backgroundColor() == UIColor::clearColor());
 }
 
@@ -141,7 +141,7 @@ TEST_F(BarProgressView, BeginsWithItsDefaults) {
   expectColor(view->lineColor(), 1, 1);
   expectColor(view->progressColor(), 1, 1);
   expectColor(view->progressRemainingColor(), 0, 0);
-  EXPECT_FALSE(view->isOpaque());
+  EXPECT_FALSE(view->opaque());
   EXPECT_TRUE(view->backgroundColor() == UIColor::clearColor());
 }
 

@@ -29,7 +29,7 @@ void forgetController() { test::libraryVariable<bridge::Strong<SBIconController>
 
 void showPage(int index) {
   auto& scrollView = sim::springboard::homeScreen().scrollView;
-  scrollView->setContentOffset({index * scrollView->bounds().size.width, 0});
+  scrollView->contentOffset.set({index * scrollView->bounds().size.width, 0});
 }
 
 Json pagesLaidOut(test::Home& home) {

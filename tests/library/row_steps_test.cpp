@@ -45,17 +45,17 @@ TEST_F(RowStep, SaysThatThereIsNoSuchRow) {
 
 TEST_F(RowStep, SaysWhatIsInTheWayOfTheThumb) {
   show();
-  slider->setEnabled(NO);
+  slider->enabled.set(NO);
   EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is disabled");
-  slider->setEnabled(YES);
-  slider->setHidden(YES);
+  slider->enabled.set(YES);
+  slider->hidden.set(YES);
   EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is hidden");
-  slider->setHidden(NO);
+  slider->hidden.set(NO);
   auto cover = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 200}});
   card->addSubview(cover);
   EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is covered by a UIView");
   cover->removeFromSuperview();
-  card->setFrame({{-400, 100}, {300, 200}});
+  card->frame.set({{-400, 100}, {300, 200}});
   EXPECT_EQ(errorOf("slide \"Row\" 3"), "test:1: the thumb of \"Row\" is not on the screen");
 }
 
@@ -112,7 +112,7 @@ TEST_F(RowStep, ApplyAndCancelWantTheFieldToBeEdited) {
 
 TEST_F(RowStep, TypeSaysWhatIsInTheWayOfTheField) {
   show();
-  slider->valueLabel().setHidden(YES);
+  slider->valueLabel().hidden.set(YES);
   EXPECT_EQ(errorOf("type \"Row\" \"3\""), "test:1: the number field of \"Row\" is hidden");
 }
 

@@ -77,8 +77,8 @@ TEST(Message, EnablesBothRecognisersAgain) {
   PanelHome home;
   tell(home, quick, "NO");
   tell(home, quick, "YES");
-  EXPECT_TRUE(scrollView().swipeGesture().isEnabled());
-  EXPECT_TRUE(scrollView().tapGesture().isEnabled());
+  EXPECT_TRUE(scrollView().swipeGesture().enabled());
+  EXPECT_TRUE(scrollView().tapGesture().enabled());
 }
 
 TEST(Message, EndsTheDarkMode) {
@@ -95,7 +95,7 @@ TEST_P(SwitchedOff, LeavesRecognisersAndSettingsToThemselves) {
   PanelHome home;
   home.save(NSString::stringWithUTF8String(GetParam()), NSNumber::numberWithBool(NO));
   tell(home, quick, "NO");
-  EXPECT_TRUE(scrollView().swipeGesture().isEnabled());
+  EXPECT_TRUE(scrollView().swipeGesture().enabled());
   tell(home, tapInstead, "YES");
   EXPECT_TRUE(scrollView().swipeGesture().view());
   EXPECT_FALSE(scrollView().tapGesture().view());

@@ -107,7 +107,7 @@ void systemOffset(SBIconScrollView self, CGPoint offset) {
 void countTheSystemsOwn(sim::Simulation&) {
   install(replace<SBIconScrollView, &UIResponder::touchesMoved_withEvent, systemMoved>());
   install(replace<SBIconScrollView, &UIResponder::touchesEnded_withEvent, systemEnded>());
-  install(replace<SBIconScrollView, &UIScrollView::setContentOffset, systemOffset>());
+  install(replace<SBIconScrollView, bridge::setterOf<&UIScrollView::contentOffset>, systemOffset>());
 }
 
 TEST(Touches, ReachTheSystemsOwnMethodsWithoutTheLibrary) {
@@ -171,7 +171,7 @@ void storedValue(tilo::ConfigurationManager self, NSString key, bridge::Object v
 
 TEST(Scrolling, StoresThePageCountAsAFloatAtEveryStep) {
   Home home(settings);
-  install(replace<SBIconScrollView, &UIScrollView::setContentOffset, outermostOffset>());
+  install(replace<SBIconScrollView, bridge::setterOf<&UIScrollView::contentOffset>, outermostOffset>());
   install(replace<tilo::ConfigurationManager, &tilo::ConfigurationManager::saveWithKey_value, storedValue>());
   home.step("drag 300 400 80 400 0.5");
   home.step("wait 1");

@@ -40,7 +40,7 @@ TEST(PaneButton, PastesALayoutThatCanBeChosenThen) {
   PaneHome home;
   {
     bridge::Pool pool;
-    UIPasteboard::generalPasteboard().setString("tilo:1:1,2,3,4:Narrow"_ns);
+    UIPasteboard::generalPasteboard().string.set("tilo:1:1,2,3,4:Narrow"_ns);
   }
   press(home, "Paste Layout");
   EXPECT_EQ(message(home), "Added: Narrow");
@@ -57,7 +57,7 @@ TEST(PaneButton, SaysThatRubbishIsNoLayout) {
   answer(home, "OK");
   {
     bridge::Pool pool;
-    UIPasteboard::generalPasteboard().setString("a shopping list"_ns);
+    UIPasteboard::generalPasteboard().string.set("a shopping list"_ns);
   }
   press(home, "Paste Layout");
   EXPECT_EQ(message(home), "Nothing was added: this is no layout.");

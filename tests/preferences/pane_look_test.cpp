@@ -70,7 +70,7 @@ TEST(SettingsLook, HasALargeTitleFromElevenOnThatBecomesTheBarsWhenScrolled) {
   ASSERT_TRUE(large);
   EXPECT_EQ(label("Settings", 17).alpha(), 0);
   const auto list = bridge::as<UIScrollView>(large.superview());
-  list.setContentOffset({0, 60});
+  list.contentOffset.set({0, 60});
   home.step("wait 0.1");
   EXPECT_EQ(label("Settings", 17).alpha(), 1);
 }

@@ -13,7 +13,7 @@ namespace {
 using sim::Json;
 using test::PaneHome;
 
-BOOL isOn(const char* title) { return bridge::as<UISwitch>(PaneHome::control(title)).isOn(); }
+BOOL isOn(const char* title) { return bridge::as<UISwitch>(PaneHome::control(title)).on(); }
 float value(const char* title) { return bridge::as<UISlider>(PaneHome::control(title)).value(); }
 double count(const char* title) { return PaneHome::stepper(title).value(); }
 

@@ -46,8 +46,8 @@ UIColor colorOf(NSInteger style) {
 
 void layoutSubviews(AlertButton self) {
   const CGSize size = self.bounds().size;
-  ButtonClass::state(self).label->setFrame({{titleMargin, 0}, {size.width - 2 * titleMargin, size.height}});
-  self.setBackgroundColor(UIColor::colorWithWhite_alpha(0, self.isHighlighted() ? 0.1 : 0));
+  ButtonClass::state(self).label->frame.set({{titleMargin, 0}, {size.width - 2 * titleMargin, size.height}});
+  self.backgroundColor.set(UIColor::colorWithWhite_alpha(0, self.highlighted() ? 0.1 : 0));
 }
 
 }  // namespace
@@ -62,11 +62,11 @@ Strong<AlertButton> makeAlertButton(UIAlertAction action) {
   ButtonState& state = ButtonClass::state(button.get());
   state.action = retained(action);
   state.label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-  state.label->setText(action.title());
-  state.label->setTextColor(colorOf(action.style()));
-  state.label->setTextAlignment(NSTextAlignmentCenter);
+  state.label->text.set(action.title());
+  state.label->textColor.set(colorOf(action.style()));
+  state.label->textAlignment.set(NSTextAlignmentCenter);
   const bool bold = action.style() == UIAlertActionStyleCancel;
-  state.label->setFont(bold ? UIFont::boldSystemFontOfSize(titleSize) : UIFont::systemFontOfSize(titleSize));
+  state.label->font.set(bold ? UIFont::boldSystemFontOfSize(titleSize) : UIFont::systemFontOfSize(titleSize));
   button->addSubview(state.label);
   return button;
 }

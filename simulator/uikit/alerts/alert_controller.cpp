@@ -66,7 +66,7 @@ NSArray textFields(UIAlertController self) { return makeArray(AlertClass::state(
 
 void addTextField(UIAlertController self, bridge::BlockRef<void(UITextField)> configure) {
   const auto field = bridge::make<UITextField, &UIView::initWithFrame>(CGRect{});
-  field->setFont(UIFont::systemFontOfSize(fieldTextSize));
+  field->font.set(UIFont::systemFontOfSize(fieldTextSize));
   AlertClass::state(self).fields.push_back(field);
   if (configure) configure(field);
   if (self.isViewLoaded()) addField(cardOf(self), field);
@@ -81,7 +81,7 @@ void viewDidAppear(UIAlertController self, BOOL) {
 void loadView(UIAlertController self) {
   const AlertState& state = AlertClass::state(self);
   const Strong<AlertView> card = makeAlertView(state.title, state.message);
-  self.setView(card);
+  self.view.set(card);
   for (const Strong<UITextField>& field : state.fields) addField(card, field);
   for (const Strong<UIAlertAction>& action : state.actions) showAction(self, action);
 }

@@ -39,11 +39,11 @@ double pixel() { return 1 / configuration().scale; }
 
 Strong<UILabel> makeText(NSString text, UIFont font) {
   auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-  label->setText(text);
-  label->setFont(font);
-  label->setNumberOfLines(0);
-  label->setLineBreakMode(NSLineBreakByWordWrapping);
-  label->setTextAlignment(NSTextAlignmentCenter);
+  label->text.set(text);
+  label->font.set(font);
+  label->numberOfLines.set(0);
+  label->lineBreakMode.set(NSLineBreakByWordWrapping);
+  label->textAlignment.set(NSTextAlignmentCenter);
   return label;
 }
 
@@ -85,23 +85,23 @@ void placeLines(AlertView self, const std::vector<CGRect>& frames) {
   auto& lines = AlertClass::state(self).lines;
   while (lines.size() < frames.size()) {
     auto line = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
-    line->setBackgroundColor(UIColor::colorWithWhite_alpha(0, 0.2));
+    line->backgroundColor.set(UIColor::colorWithWhite_alpha(0, 0.2));
     self.addSubview(line);
     lines.push_back(std::move(line));
   }
-  for (std::size_t i = 0; i < frames.size(); ++i) lines[i]->setFrame(frames[i]);
+  for (std::size_t i = 0; i < frames.size(); ++i) lines[i]->frame.set(frames[i]);
 }
 
 void layoutSubviews(AlertView self) {
   const AlertState& state = AlertClass::state(self);
   const AlertLayout layout = layoutWithin(self, self.bounds().size.height);
-  state.header->setFrame(layout.header);
-  state.header->setContentSize({layout.header.size.width, layout.headerContentHeight});
-  state.title->setFrame(layout.title);
-  state.message->setFrame(layout.message);
-  for (std::size_t i = 0; i < state.fields.size(); ++i) state.fields[i]->setFrame(layout.fields[i]);
+  state.header->frame.set(layout.header);
+  state.header->contentSize.set({layout.header.size.width, layout.headerContentHeight});
+  state.title->frame.set(layout.title);
+  state.message->frame.set(layout.message);
+  for (std::size_t i = 0; i < state.fields.size(); ++i) state.fields[i]->frame.set(layout.fields[i]);
   const auto buttons = inOrder(self);
-  for (std::size_t i = 0; i < buttons.size(); ++i) buttons[i]->setFrame(layout.buttons[i]);
+  for (std::size_t i = 0; i < buttons.size(); ++i) buttons[i]->frame.set(layout.buttons[i]);
   placeLines(self, layout.lines);
 }
 
@@ -109,9 +109,9 @@ void layoutSubviews(AlertView self) {
 
 Strong<AlertView> makeAlertView(NSString title, NSString message) {
   auto card = bridge::make<AlertView, &UIView::initWithFrame>(CGRect{});
-  card->setBackgroundColor(UIColor::colorWithWhite_alpha(0.973, 1));
-  card->setClipsToBounds(YES);
-  card->layer().setCornerRadius(cornerRadius);
+  card->backgroundColor.set(UIColor::colorWithWhite_alpha(0.973, 1));
+  card->clipsToBounds.set(YES);
+  card->layer().cornerRadius.set(cornerRadius);
   AlertState& state = AlertClass::state(card);
   state.header = bridge::make<UIScrollView, &UIView::initWithFrame>(CGRect{});
   state.title = makeText(title, UIFont::boldSystemFontOfSize(titleSize));
@@ -130,11 +130,11 @@ void addButton(AlertView card, Strong<AlertButton> button) {
 
 void addField(AlertView card, UITextField field) {
   auto box = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{}, {alertTextWidth, fieldHeight}});
-  box->setBackgroundColor(UIColor::whiteColor());
+  box->backgroundColor.set(UIColor::whiteColor());
   layerOf(box.get()).borderWidth = pixel();
   layerOf(box.get()).borderColor = fieldBorderColor;
-  field.setFrame({{fieldMargin, 0}, {alertTextWidth - 2 * fieldMargin, fieldHeight}});
-  field.setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  field.frame.set({{fieldMargin, 0}, {alertTextWidth - 2 * fieldMargin, fieldHeight}});
+  field.autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   box->addSubview(field);
   AlertState& state = AlertClass::state(card);
   state.header->addSubview(box);

@@ -44,12 +44,12 @@ using StageClass = bridge::Implementation<StageView, StageState>;
 void layoutSubviews(StageView self) {
   const StageState& state = StageClass::state(self);
   const CGRect bounds = self.bounds();
-  state.shade->setFrame(bounds);
-  if (!state.isAlert) return state.content->setFrame(bounds);
+  state.shade->frame.set(bounds);
+  if (!state.isAlert) return state.content->frame.set(bounds);
   const CGRect room = roomForAlerts(self);
   const CGSize size = state.content->sizeThatFits(room.size);
-  state.content->setBounds({{}, size});
-  state.content->setCenter(alertCenter(room, size));
+  state.content->bounds.set({{}, size});
+  state.content->center.set(alertCenter(room, size));
 }
 
 void animate(double duration, NSUInteger options, auto changes, auto completion) {
@@ -84,8 +84,8 @@ Strong<StageView> makeStage(UIViewController presented, CGRect frame) {
   state.isAlert = bridge::isKindOf<UIAlertController>(presented);
   state.shade = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{}, frame.size});
   state.content = retained(presented.view());
-  if (state.isAlert) state.shade->setBackgroundColor(UIColor::colorWithWhite_alpha(0, dimming));
-  stage->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  if (state.isAlert) state.shade->backgroundColor.set(UIColor::colorWithWhite_alpha(0, dimming));
+  stage->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   stage->addSubview(state.shade);
   stage->addSubview(state.content);
   if (state.isAlert) listenToKeyboard(stage);
@@ -95,9 +95,9 @@ Strong<StageView> makeStage(UIViewController presented, CGRect frame) {
 // How the stage looks before its content has come, or after it has gone.
 void setGone(UIView stage, bool gone, double scale) {
   const StageState& state = StageClass::state(bridge::as<StageView>(stage));
-  state.shade->setAlpha(gone ? 0 : 1);
-  state.content->setAlpha(gone ? 0 : 1);
-  if (state.isAlert) state.content->setTransform({scale, 0, 0, scale, 0, 0});
+  state.shade->alpha.set(gone ? 0 : 1);
+  state.content->alpha.set(gone ? 0 : 1);
+  if (state.isAlert) state.content->transform.set({scale, 0, 0, scale, 0, 0});
 }
 
 void warn(UIViewController self, UIViewController other, const std::string& why) {
@@ -158,7 +158,7 @@ void takeDown(UIViewController presenter, BOOL animated, bridge::Block<void()> c
   stateOf(presented).beingDismissed = true;
   const Strong<UIView> stage = stateOf(presenter).stage;
   StageClass::state(bridge::as<StageView>(stage.get())).followsKeyboard = false;
-  presented.view().setUserInteractionEnabled(NO);
+  presented.view().userInteractionEnabled.set(NO);
   presented.view().endEditing(YES);
   animate(
       animated ? dismissingDuration : 0, UIViewAnimationOptionAllowUserInteraction,
@@ -185,7 +185,7 @@ void present(UIViewController self, UIViewController other, BOOL animated,
   stateOf(self).presented = retained(other);
   stateOf(self).stage = retained(UIView(stage));
   stateOf(other).presenting = self;
-  other.view().setUserInteractionEnabled(YES);
+  other.view().userInteractionEnabled.set(YES);
   window.addSubview(stage);
   stage->layoutIfNeeded();
   StageClass::state(stage).followsKeyboard = StageClass::state(stage).isAlert;

@@ -32,10 +32,10 @@ void encodeLooks(UIView view, NSCoder coder) {
   coder.encodeDouble_forKey(view.center().x, "UICenterX"_ns);
   coder.encodeDouble_forKey(view.center().y, "UICenterY"_ns);
   coder.encodeDouble_forKey(view.alpha(), "UIAlpha"_ns);
-  coder.encodeInteger_forKey(view.isHidden(), "UIHidden"_ns);
-  coder.encodeInteger_forKey(view.isOpaque(), "UIOpaque"_ns);
+  coder.encodeInteger_forKey(view.hidden(), "UIHidden"_ns);
+  coder.encodeInteger_forKey(view.opaque(), "UIOpaque"_ns);
   coder.encodeInteger_forKey(view.clipsToBounds(), "UIClipsToBounds"_ns);
-  coder.encodeInteger_forKey(view.isUserInteractionEnabled(), "UIUserInteractionEnabled"_ns);
+  coder.encodeInteger_forKey(view.userInteractionEnabled(), "UIUserInteractionEnabled"_ns);
   coder.encodeInteger_forKey(static_cast<NSInteger>(view.autoresizingMask()), "UIAutoresizingMask"_ns);
   coder.encodeInteger_forKey(view.contentMode(), "UIContentMode"_ns);
   coder.encodeInteger_forKey(view.tag(), "UITag"_ns);
@@ -43,17 +43,17 @@ void encodeLooks(UIView view, NSCoder coder) {
 }
 
 void decodeView(UIView view, NSCoder coder) {
-  view.setBounds(decodeRect(coder));
-  view.setCenter({coder.decodeDoubleForKey("UICenterX"_ns), coder.decodeDoubleForKey("UICenterY"_ns)});
-  view.setAlpha(coder.decodeDoubleForKey("UIAlpha"_ns));
-  view.setHidden(coder.decodeIntegerForKey("UIHidden"_ns) != 0);
-  view.setOpaque(coder.decodeIntegerForKey("UIOpaque"_ns) != 0);
-  view.setClipsToBounds(coder.decodeIntegerForKey("UIClipsToBounds"_ns) != 0);
-  view.setUserInteractionEnabled(coder.decodeIntegerForKey("UIUserInteractionEnabled"_ns) != 0);
-  view.setAutoresizingMask(static_cast<NSUInteger>(coder.decodeIntegerForKey("UIAutoresizingMask"_ns)));
-  view.setContentMode(coder.decodeIntegerForKey("UIContentMode"_ns));
-  view.setTag(coder.decodeIntegerForKey("UITag"_ns));
-  view.setBackgroundColor(bridge::as<UIColor>(coder.decodeObjectForKey("UIBackgroundColor"_ns)));
+  view.bounds.set(decodeRect(coder));
+  view.center.set({coder.decodeDoubleForKey("UICenterX"_ns), coder.decodeDoubleForKey("UICenterY"_ns)});
+  view.alpha.set(coder.decodeDoubleForKey("UIAlpha"_ns));
+  view.hidden.set(coder.decodeIntegerForKey("UIHidden"_ns) != 0);
+  view.opaque.set(coder.decodeIntegerForKey("UIOpaque"_ns) != 0);
+  view.clipsToBounds.set(coder.decodeIntegerForKey("UIClipsToBounds"_ns) != 0);
+  view.userInteractionEnabled.set(coder.decodeIntegerForKey("UIUserInteractionEnabled"_ns) != 0);
+  view.autoresizingMask.set(static_cast<NSUInteger>(coder.decodeIntegerForKey("UIAutoresizingMask"_ns)));
+  view.contentMode.set(coder.decodeIntegerForKey("UIContentMode"_ns));
+  view.tag.set(coder.decodeIntegerForKey("UITag"_ns));
+  view.backgroundColor.set(bridge::as<UIColor>(coder.decodeObjectForKey("UIBackgroundColor"_ns)));
 }
 
 }  // namespace sim::uikit

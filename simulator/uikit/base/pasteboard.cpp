@@ -32,8 +32,7 @@ void setString(UIPasteboard self, NSString text) {
 void definePasteboard() {
   using bridge::method;
   PasteboardClass::define<NSObject>(method<&UIPasteboard::generalPasteboard, generalPasteboard>(),
-                                    method<&UIPasteboard::string, string>(),
-                                    method<&UIPasteboard::setString, setString>());
+                                    bridge::property<&UIPasteboard::string, string, setString>());
 }
 
 }  // namespace sim::uikit

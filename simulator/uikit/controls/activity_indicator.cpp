@@ -52,7 +52,7 @@ const Look& lookOf(UIActivityIndicatorView self) { return looks[IndicatorClass::
 
 void hideIfStopped(UIActivityIndicatorView self) {
   const IndicatorState& state = IndicatorClass::state(self);
-  if (state.hidesWhenStopped) self.setHidden(!state.animating);
+  if (state.hidesWhenStopped) self.hidden.set(!state.animating);
 }
 
 NSInteger style(UIActivityIndicatorView self) { return IndicatorClass::state(self).style; }
@@ -62,21 +62,21 @@ void setStyle(UIActivityIndicatorView self, NSInteger style) {
   IndicatorClass::state(self).style = style;
   CGRect bounds = self.bounds();
   bounds.size = {lookOf(self).size, lookOf(self).size};
-  self.setBounds(bounds);
+  self.bounds.set(bounds);
   self.setNeedsDisplay();
 }
 
 Strong<UIView> initWithFrame(UIActivityIndicatorView self, CGRect frame) {
   auto made = IndicatorClass::super<&UIView::initWithFrame>(self, frame);
-  made->setUserInteractionEnabled(NO);
+  made->userInteractionEnabled.set(NO);
   hideIfStopped(bridge::as<UIActivityIndicatorView>(made.get()));
   return made;
 }
 
 Strong<UIActivityIndicatorView> initWithStyle(UIActivityIndicatorView self, NSInteger style) {
   auto made = bridge::initialised<&UIView::initWithFrame>(self, CGRect{});
-  made->setActivityIndicatorViewStyle(style);
-  made->setFrame({{}, made->bounds().size});
+  made->activityIndicatorViewStyle.set(style);
+  made->frame.set({{}, made->bounds().size});
   return made;
 }
 
@@ -87,7 +87,7 @@ void setHidesWhenStopped(UIActivityIndicatorView self, BOOL hides) {
   if (hides)
     hideIfStopped(self);
   else
-    self.setHidden(NO);
+    self.hidden.set(NO);
 }
 
 BOOL isAnimating(UIActivityIndicatorView self) { return IndicatorClass::state(self).animating; }
@@ -153,10 +153,8 @@ void defineActivityIndicator() {
   IndicatorClass::define<UIView>(
       method<&UIView::initWithFrame, initWithFrame>(),
       method<&Face::initWithActivityIndicatorStyle, initWithStyle>(),
-      method<&Face::activityIndicatorViewStyle, style>(),
-      method<&Face::setActivityIndicatorViewStyle, setStyle>(),
-      method<&Face::hidesWhenStopped, hidesWhenStopped>(),
-      method<&Face::setHidesWhenStopped, setHidesWhenStopped>(),
+      bridge::property<&Face::activityIndicatorViewStyle, style, setStyle>(),
+      bridge::property<&Face::hidesWhenStopped, hidesWhenStopped, setHidesWhenStopped>(),
       method<&Face::startAnimating, startAnimating>(), method<&Face::stopAnimating, stopAnimating>(),
       method<&Face::isAnimating, isAnimating>(), method<&UIView::drawRect, drawRect>(),
       method<&UIView::sizeThatFits, sizeThatFits>());

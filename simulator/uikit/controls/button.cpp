@@ -68,9 +68,9 @@ UILabel titleLabel(UIButton self) {
   Strong<UILabel>& label = stateOf(self).titleLabel;
   if (!label) {
     label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-    label->setFont(UIFont::systemFontOfSize(titleFontSize));
-    label->setLineBreakMode(NSLineBreakByTruncatingMiddle);
-    label->setShadowOffset({});
+    label->font.set(UIFont::systemFontOfSize(titleFontSize));
+    label->lineBreakMode.set(NSLineBreakByTruncatingMiddle);
+    label->shadowOffset.set({});
     self.addSubview(label);
   }
   return label;
@@ -88,10 +88,10 @@ UIImageView imageViewOf(UIButton self) {
 void showTitle(UIButton self) {
   if (!stateOf(self).titleLabel && !self.currentTitle()) return;
   const UILabel label = self.titleLabel();
-  label.setText(self.currentTitle());
-  label.setTextColor(self.currentTitleColor());
-  label.setShadowColor(self.currentTitleShadowColor());
-  label.setAlpha(isSystem(self) && self.isHighlighted() ? pressedAlpha : 1);
+  label.text.set(self.currentTitle());
+  label.textColor.set(self.currentTitleColor());
+  label.shadowColor.set(self.currentTitleShadowColor());
+  label.alpha.set(isSystem(self) && self.highlighted() ? pressedAlpha : 1);
 }
 
 void showImage(UIButton self) {
@@ -99,9 +99,9 @@ void showImage(UIButton self) {
   const UIImage image = images.at(self.state());
   if (!stateOf(self).imageView && !image) return;
   const UIImageView view = imageViewOf(self);
-  view.setImage(image);
+  view.image.set(image);
   const bool pressedOrDisabled = self.state() & (UIControlStateHighlighted | UIControlStateDisabled);
-  view.setAlpha(pressedOrDisabled && !images.own(self.state()) ? dimmedAlpha : 1);
+  view.alpha.set(pressedOrDisabled && !images.own(self.state()) ? dimmedAlpha : 1);
 }
 
 // What is shown follows the state at once, its place with the next layout.
@@ -171,8 +171,8 @@ CGRect imageRect(UIButton self, CGRect content) {
 void layoutSubviews(UIButton self) {
   showTitle(self);
   const ButtonState& state = stateOf(self);
-  if (state.titleLabel) state.titleLabel->setFrame(self.titleRectForContentRect(self.bounds()));
-  if (state.imageView) state.imageView->setFrame(imageRect(self, self.bounds()));
+  if (state.titleLabel) state.titleLabel->frame.set(self.titleRectForContentRect(self.bounds()));
+  if (state.imageView) state.imageView->frame.set(imageRect(self, self.bounds()));
 }
 
 CGSize sizeThatFits(UIButton self, CGSize) {
@@ -191,7 +191,7 @@ void setFlag(UIButton self, BOOL value) {
 
 Strong<UIView> initWithFrame(UIButton self, CGRect frame) {
   auto made = ButtonClass::super<&UIView::initWithFrame>(self, frame);
-  made->setOpaque(NO);
+  made->opaque.set(NO);
   return made;
 }
 
@@ -262,9 +262,9 @@ void defineButton() {
       method<&Face::setImage_forState, setValue<&ButtonState::images, UIImage>>(),
       method<&Face::currentTitle, currentTitle>(), method<&Face::currentTitleColor, currentTitleColor>(),
       method<&Face::currentTitleShadowColor, currentTitleShadowColor>(),
-      method<&UIControl::setEnabled, setFlag<&UIControl::setEnabled>>(),
-      method<&UIControl::setHighlighted, setFlag<&UIControl::setHighlighted>>(),
-      method<&UIControl::setSelected, setFlag<&UIControl::setSelected>>(),
+      method<bridge::setterOf<&UIControl::enabled>, setFlag<bridge::setterOf<&UIControl::enabled>>>(),
+      method<bridge::setterOf<&UIControl::highlighted>, setFlag<bridge::setterOf<&UIControl::highlighted>>>(),
+      method<bridge::setterOf<&UIControl::selected>, setFlag<bridge::setterOf<&UIControl::selected>>>(),
       // Layout.
       method<&Face::titleRectForContentRect, titleRect>(), method<&UIView::layoutSubviews, layoutSubviews>(),
       method<&UIView::sizeThatFits, sizeThatFits>());

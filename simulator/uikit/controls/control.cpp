@@ -61,9 +61,9 @@ void sendActionsForControlEvents(UIControl self, NSUInteger events) { sendAction
 
 NSUInteger state(UIControl self) {
   NSUInteger bits = UIControlStateNormal;
-  if (!self.isEnabled()) bits |= UIControlStateDisabled;
-  if (self.isHighlighted()) bits |= UIControlStateHighlighted;
-  if (self.isSelected()) bits |= UIControlStateSelected;
+  if (!self.enabled()) bits |= UIControlStateDisabled;
+  if (self.highlighted()) bits |= UIControlStateHighlighted;
+  if (self.selected()) bits |= UIControlStateSelected;
   return bits;
 }
 
@@ -94,7 +94,7 @@ void stopTracking(UIControl self) {
   state.tracking = NO;
   state.touchInside = NO;
   state.touch = {};
-  self.setHighlighted(NO);
+  self.highlighted.set(NO);
 }
 
 // The tracked touch, when it is one of the set.
@@ -105,12 +105,12 @@ UITouch trackedOf(UIControl self, NSSet touches) {
 
 void touchesBegan(UIControl self, NSSet touches, UIEvent event) {
   ControlState& state = ControlClass::state(self);
-  if (!self.isEnabled() || state.tracking) return;
+  if (!self.enabled() || state.tracking) return;
   const UITouch touch = bridge::as<UITouch>(touches.anyObject());
   state.touch = touch;
   state.tracking = YES;
   state.touchInside = YES;
-  self.setHighlighted(YES);
+  self.highlighted.set(YES);
   if (!self.beginTrackingWithTouch_withEvent(touch, event)) return stopTracking(self);
   sendActions(self, UIControlEventTouchDown | (touch.tapCount() > 1 ? UIControlEventTouchDownRepeat : 0),
               event);
@@ -123,7 +123,7 @@ void touchesMoved(UIControl self, NSSet touches, UIEvent event) {
   const bool was = state.touchInside;
   const bool is = isInside(self, touch);
   state.touchInside = is;
-  if (was != is) self.setHighlighted(is);
+  if (was != is) self.highlighted.set(is);
   if (!self.continueTrackingWithTouch_withEvent(touch, event)) return stopTracking(self);
   if (was != is) sendActions(self, is ? UIControlEventTouchDragEnter : UIControlEventTouchDragExit, event);
   sendActions(self, is ? UIControlEventTouchDragInside : UIControlEventTouchDragOutside, event);
@@ -149,7 +149,7 @@ void touchesCancelled(UIControl self, NSSet touches, UIEvent event) {
 
 // A control that takes taps keeps a view above it from taking a single tap of one finger as well.
 BOOL gestureRecognizerShouldBegin(UIControl self, UIGestureRecognizer recognizer) {
-  if (recognizer.view() == self || !self.isEnabled()) return YES;
+  if (recognizer.view() == self || !self.enabled()) return YES;
   if (!bridge::isKindOf<UITapGestureRecognizer>(recognizer)) return YES;
   const auto tap = bridge::as<UITapGestureRecognizer>(recognizer);
   return tap.numberOfTapsRequired() > 1 || tap.numberOfTouchesRequired() > 1;
@@ -174,29 +174,27 @@ NSUInteger eventsOf(UIControl control) {
 void defineControl() {
   using bridge::method;
   using Face = UIControl;
-  ControlClass::define<UIView>(method<&Face::addTarget_action_forControlEvents, addTarget>(),
-                               method<&Face::removeTarget_action_forControlEvents, removeTarget>(),
-                               method<&Face::sendActionsForControlEvents, sendActionsForControlEvents>(),
-                               method<&Face::sendAction_to_forEvent, sendAction>(),
-                               method<&Face::state, state>(),
-                               method<&Face::isEnabled, flag<&ControlState::enabled>>(),
-                               method<&Face::setEnabled, setFlag<&ControlState::enabled>>(),
-                               method<&Face::isHighlighted, flag<&ControlState::highlighted>>(),
-                               method<&Face::setHighlighted, setFlag<&ControlState::highlighted>>(),
-                               method<&Face::isSelected, flag<&ControlState::selected>>(),
-                               method<&Face::setSelected, setFlag<&ControlState::selected>>(),
-                               // Tracking.
-                               method<&Face::isTracking, flag<&ControlState::tracking>>(),
-                               method<&Face::isTouchInside, flag<&ControlState::touchInside>>(),
-                               method<&Face::beginTrackingWithTouch_withEvent, beginTracking>(),
-                               method<&Face::continueTrackingWithTouch_withEvent, beginTracking>(),
-                               method<&Face::endTrackingWithTouch_withEvent, endTracking>(),
-                               method<&Face::cancelTrackingWithEvent, cancelTracking>(),
-                               method<&UIResponder::touchesBegan_withEvent, touchesBegan>(),
-                               method<&UIResponder::touchesMoved_withEvent, touchesMoved>(),
-                               method<&UIResponder::touchesEnded_withEvent, touchesEnded>(),
-                               method<&UIResponder::touchesCancelled_withEvent, touchesCancelled>(),
-                               method<&UIView::gestureRecognizerShouldBegin, gestureRecognizerShouldBegin>());
+  ControlClass::define<UIView>(
+      method<&Face::addTarget_action_forControlEvents, addTarget>(),
+      method<&Face::removeTarget_action_forControlEvents, removeTarget>(),
+      method<&Face::sendActionsForControlEvents, sendActionsForControlEvents>(),
+      method<&Face::sendAction_to_forEvent, sendAction>(), method<&Face::state, state>(),
+      bridge::property<&Face::enabled, flag<&ControlState::enabled>, setFlag<&ControlState::enabled>>(),
+      bridge::property<&Face::highlighted, flag<&ControlState::highlighted>,
+                       setFlag<&ControlState::highlighted>>(),
+      bridge::property<&Face::selected, flag<&ControlState::selected>, setFlag<&ControlState::selected>>(),
+      // Tracking.
+      method<&Face::isTracking, flag<&ControlState::tracking>>(),
+      method<&Face::isTouchInside, flag<&ControlState::touchInside>>(),
+      method<&Face::beginTrackingWithTouch_withEvent, beginTracking>(),
+      method<&Face::continueTrackingWithTouch_withEvent, beginTracking>(),
+      method<&Face::endTrackingWithTouch_withEvent, endTracking>(),
+      method<&Face::cancelTrackingWithEvent, cancelTracking>(),
+      method<&UIResponder::touchesBegan_withEvent, touchesBegan>(),
+      method<&UIResponder::touchesMoved_withEvent, touchesMoved>(),
+      method<&UIResponder::touchesEnded_withEvent, touchesEnded>(),
+      method<&UIResponder::touchesCancelled_withEvent, touchesCancelled>(),
+      method<&UIView::gestureRecognizerShouldBegin, gestureRecognizerShouldBegin>());
 }
 
 }  // namespace sim::uikit

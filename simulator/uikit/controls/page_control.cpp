@@ -40,7 +40,7 @@ Strong<UIImage> dot(const Color& color) {
 
 void setIndicatorImage(UIPageControl, UIImageView indicator, BOOL enabled, NSInteger) {
   const Strong<UIImage> image = dot(withAlpha(whiteColor, enabled ? 1 : otherDotAlpha));
-  indicator.setImage(image);
+  indicator.image.set(image);
 }
 
 void showIndicator(UIPageControl self, NSInteger page) {
@@ -90,7 +90,8 @@ void layoutSubviews(UIPageControl self) {
   const PageControlState& state = PageControlClass::state(self);
   const CGSize room = self.bounds().size;
   for (std::size_t page = 0; page < state.indicators.size(); ++page)
-    state.indicators[page]->setFrame(indicatorFrame(room, static_cast<NSInteger>(page), state.numberOfPages));
+    state.indicators[page]->frame.set(
+        indicatorFrame(room, static_cast<NSInteger>(page), state.numberOfPages));
 }
 
 }  // namespace
@@ -103,10 +104,8 @@ std::vector<UIImageView> indicatorsOf(UIPageControl control) {
 void definePageControl() {
   using bridge::method;
   PageControlClass::define<UIControl>(
-      method<&UIPageControl::numberOfPages, numberOfPages>(),
-      method<&UIPageControl::setNumberOfPages, setNumberOfPages>(),
-      method<&UIPageControl::currentPage, currentPage>(),
-      method<&UIPageControl::setCurrentPage, setCurrentPage>(),
+      bridge::property<&UIPageControl::numberOfPages, numberOfPages, setNumberOfPages>(),
+      bridge::property<&UIPageControl::currentPage, currentPage, setCurrentPage>(),
       method<&PageIndicators::setIndicatorImage_toEnabled_index, setIndicatorImage>(),
       method<&UIView::layoutSubviews, layoutSubviews>());
 }

@@ -67,8 +67,8 @@ UILabel labelOf(PickerColumn self, NSInteger row) {
   Strong<UILabel>& label = state.labels[row];
   if (label) return label;
   label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
-  label->setFont(UIFont::systemFontOfSize(titleSize));
-  label->setTextAlignment(NSTextAlignmentCenter);
+  label->font.set(UIFont::systemFontOfSize(titleSize));
+  label->textAlignment.set(NSTextAlignmentCenter);
   self.addSubview(label);
   if (state.owner.fill) state.owner.fill(row, label);
   return label;
@@ -79,10 +79,10 @@ void placeRow(PickerColumn self, NSInteger row, const physics::WheelRow& place, 
   const CGSize size = self.bounds().size;
   const double nearness = std::max(0.0, 1 - std::abs(way) / state.rowHeight);
   const UILabel label = labelOf(self, row);
-  label.setBounds({{}, {std::max(size.width - 2 * sideMargin, 0.0), state.rowHeight}});
-  label.setCenter({size.width / 2, size.height / 2 + place.distance});
-  label.setTransform({0.9 + 0.1 * place.flatness, 0, 0, place.flatness, 0, 0});
-  label.setAlpha(place.flatness * (otherRowAlpha + (1 - otherRowAlpha) * nearness));
+  label.bounds.set({{}, {std::max(size.width - 2 * sideMargin, 0.0), state.rowHeight}});
+  label.center.set({size.width / 2, size.height / 2 + place.distance});
+  label.transform.set({0.9 + 0.1 * place.flatness, 0, 0, place.flatness, 0, 0});
+  label.alpha.set(place.flatness * (otherRowAlpha + (1 - otherRowAlpha) * nearness));
 }
 
 // Shows the rows on the side that is seen, and lets go of the others.
@@ -214,7 +214,7 @@ void attach(PickerColumn self) {
 Strong<PickerColumn> makePickerColumn(PickerColumnOwner owner) {
   auto column = bridge::make<PickerColumn, &UIView::initWithFrame>(CGRect{});
   ColumnClass::state(column).owner = std::move(owner);
-  column->setClipsToBounds(YES);
+  column->clipsToBounds.set(YES);
   attach<ColumnPan, &ColumnGestures::handlePan>(column);
   attach<UITapGestureRecognizer, &ColumnGestures::handleTap>(column);
   return column;

@@ -81,13 +81,13 @@ void fill(UIPickerView self, NSInteger component, NSInteger row, UILabel label) 
     const auto title =
         bridge::as<D>(taker).pickerView_attributedTitleForRow_forComponent(self, row, component);
     if (title) {
-      label.setText(title.string());
-      if (const UIColor color = colorOf(title)) label.setTextColor(color);
+      label.text.set(title.string());
+      if (const UIColor color = colorOf(title)) label.textColor.set(color);
       return;
     }
   }
   if (const bridge::Object taker = takerOf<&D::pickerView_titleForRow_forComponent>(delegate))
-    label.setText(bridge::as<D>(taker).pickerView_titleForRow_forComponent(self, row, component));
+    label.text.set(bridge::as<D>(taker).pickerView_titleForRow_forComponent(self, row, component));
 }
 
 void tellSelected(UIPickerView self, NSInteger component, NSInteger row) {
@@ -155,14 +155,8 @@ PickerColumn columnAt(UIPickerView self, NSInteger component) {
   return state.columns[static_cast<std::size_t>(component)];
 }
 
-bridge::Object delegate(UIPickerView self) { return PickerClass::state(self).delegate.get(); }
-bridge::Object dataSource(UIPickerView self) { return PickerClass::state(self).dataSource.get(); }
-
-template <auto Field>
-void setAsked(UIPickerView self, bridge::Object object) {
-  PickerState& state = PickerClass::state(self);
-  state.*Field = Weak(object);
-  state.loaded = false;
+void asksOthers(UIPickerView self) {
+  PickerClass::state(self).loaded = false;
   self.setNeedsLayout();
 }
 
@@ -181,8 +175,8 @@ void selectRow(UIPickerView self, NSInteger row, NSInteger component, BOOL anima
 
 Strong<UIView> makeLine() {
   auto line = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
-  line->setBackgroundColor(UIColor::colorWithWhite_alpha(0.5, 0.5));
-  line->setUserInteractionEnabled(NO);
+  line->backgroundColor.set(UIColor::colorWithWhite_alpha(0.5, 0.5));
+  line->userInteractionEnabled.set(NO);
   return line;
 }
 
@@ -209,7 +203,7 @@ void layoutColumns(UIPickerView self) {
   }
   double x = (size.width - all) / 2;
   for (std::size_t i = 0; i < state.columns.size(); ++i) {
-    state.columns[i]->setFrame({{x, 0}, {widths[i], size.height}});
+    state.columns[i]->frame.set({{x, 0}, {widths[i], size.height}});
     x += widths[i];
   }
 }
@@ -221,8 +215,8 @@ void layoutSubviews(UIPickerView self) {
   const CGSize size = self.bounds().size;
   const double half = (state.columns.empty() ? usualRowHeight : rowHeight(self, 0)) / 2;
   const double pixel = 1 / configuration().scale;
-  state.lines[0]->setFrame({{0, size.height / 2 - half}, {size.width, pixel}});
-  state.lines[1]->setFrame({{0, size.height / 2 + half - pixel}, {size.width, pixel}});
+  state.lines[0]->frame.set({{0, size.height / 2 - half}, {size.width, pixel}});
+  state.lines[1]->frame.set({{0, size.height / 2 + half - pixel}, {size.width, pixel}});
 }
 
 }  // namespace
@@ -235,11 +229,9 @@ void definePickerView() {
   definePickerColumn();
   PickerClass::define<UIView>(
       method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::layoutSubviews, layoutSubviews>(),
-      method<&Face::delegate, delegate>(), method<&Face::setDelegate, setAsked<&PickerState::delegate>>(),
-      method<&Face::dataSource, dataSource>(),
-      method<&Face::setDataSource, setAsked<&PickerState::dataSource>>(),
-      PickerClass::accessors<&Face::showsSelectionIndicator, &Face::setShowsSelectionIndicator,
-                             &PickerState::showsSelectionIndicator>(),
+      PickerClass::property<&Face::delegate, &PickerState::delegate, asksOthers>(),
+      PickerClass::property<&Face::dataSource, &PickerState::dataSource, asksOthers>(),
+      PickerClass::property<&Face::showsSelectionIndicator, &PickerState::showsSelectionIndicator>(),
       method<&Face::numberOfComponents, numberOfComponents>(),
       method<&Face::numberOfRowsInComponent, numberOfRows>(),
       method<&Face::reloadAllComponents, reloadAllComponents>(),

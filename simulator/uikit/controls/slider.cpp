@@ -71,18 +71,18 @@ void placeParts(UISlider self) {
   const CGRect thumb = thumbRectOf(self, state.value);
   const CGFloat middle = thumb.origin.x + thumb.size.width / 2;
   const CGFloat end = track.origin.x + track.size.width;
-  state.thumb->setFrame(thumb);
-  state.minimumTrack->setFrame(
+  state.thumb->frame.set(thumb);
+  state.minimumTrack->frame.set(
       {track.origin, {std::max<CGFloat>(middle - track.origin.x, 0.0), track.size.height}});
-  state.maximumTrack->setFrame(
+  state.maximumTrack->frame.set(
       {{middle, track.origin.y}, {std::max<CGFloat>(end - middle, 0.0), track.size.height}});
 }
 
 void layoutSubviews(UISlider self) {
   const SliderState& state = stateOf(self);
   const auto gray = makeColor(trackColor);
-  state.minimumTrack->setBackgroundColor(orElse(state.minimumTint, self.tintColor()));
-  state.maximumTrack->setBackgroundColor(orElse(state.maximumTint, gray));
+  state.minimumTrack->backgroundColor.set(orElse(state.minimumTint, self.tintColor()));
+  state.maximumTrack->backgroundColor.set(orElse(state.maximumTint, gray));
   placeParts(self);
 }
 
@@ -133,16 +133,7 @@ void setMaximumValue(UISlider self, float maximum) {
   setRange(self, std::min(maximum, stateOf(self).minimum), maximum);
 }
 
-template <auto Field>
-UIColor tint(UISlider self) {
-  return stateOf(self).*Field;
-}
-
-template <auto Field>
-void setTint(UISlider self, UIColor color) {
-  stateOf(self).*Field = retained(color);
-  self.setNeedsLayout();
-}
+void tinted(UISlider self) { self.setNeedsLayout(); }
 
 // Dragging.
 
@@ -207,7 +198,7 @@ BOOL gestureRecognizerShouldBegin(UISlider self, UIGestureRecognizer recognizer)
   const bool strokes = bridge::isKindOf<UIPanGestureRecognizer>(recognizer) ||
                        bridge::isKindOf<UISwipeGestureRecognizer>(recognizer);
   if (!strokes) return SliderClass::super<&UIView::gestureRecognizerShouldBegin>(self, recognizer);
-  if (recognizer.view() == self || !self.isEnabled()) return YES;
+  if (recognizer.view() == self || !self.enabled()) return YES;
   const Stroke stroke = strokeOf(self, recognizer);
   return !stroke.horizontal || !(self.isTracking() || isOnThumb(self, stroke.start));
 }
@@ -216,13 +207,13 @@ BOOL gestureRecognizerShouldBegin(UISlider self, UIGestureRecognizer recognizer)
 
 Strong<UIView> addPart(UISlider self) {
   auto part = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
-  part->setUserInteractionEnabled(NO);
+  part->userInteractionEnabled.set(NO);
   self.addSubview(part);
   return part;
 }
 
 void drawThumb(UIView thumb) {
-  thumb.setBackgroundColor(UIColor::whiteColor());
+  thumb.backgroundColor.set(UIColor::whiteColor());
   Layer& layer = layerOf(thumb);
   layer.cornerRadius = thumbSize / 2;
   layer.borderWidth = edgeWidth;
@@ -257,15 +248,13 @@ void defineSlider() {
   using Face = UISlider;
   SliderClass::define<UIControl>(
       method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::sizeThatFits, sizeThatFits>(),
-      method<&UIView::layoutSubviews, layoutSubviews>(), method<&Face::value, value>(),
-      method<&Face::setValue, setValue>(), method<&Face::setValue_animated, setValueAnimated>(),
-      method<&Face::minimumValue, minimumValue>(), method<&Face::setMinimumValue, setMinimumValue>(),
-      method<&Face::maximumValue, maximumValue>(), method<&Face::setMaximumValue, setMaximumValue>(),
-      SliderClass::accessors<&Face::isContinuous, &Face::setContinuous, &SliderState::continuous>(),
-      method<&Face::minimumTrackTintColor, tint<&SliderState::minimumTint>>(),
-      method<&Face::setMinimumTrackTintColor, setTint<&SliderState::minimumTint>>(),
-      method<&Face::maximumTrackTintColor, tint<&SliderState::maximumTint>>(),
-      method<&Face::setMaximumTrackTintColor, setTint<&SliderState::maximumTint>>(),
+      method<&UIView::layoutSubviews, layoutSubviews>(), bridge::property<&Face::value, value, setValue>(),
+      method<&Face::setValue_animated, setValueAnimated>(),
+      bridge::property<&Face::minimumValue, minimumValue, setMinimumValue>(),
+      bridge::property<&Face::maximumValue, maximumValue, setMaximumValue>(),
+      SliderClass::property<&Face::continuous, &SliderState::continuous>(),
+      SliderClass::property<&Face::minimumTrackTintColor, &SliderState::minimumTint, tinted>(),
+      SliderClass::property<&Face::maximumTrackTintColor, &SliderState::maximumTint, tinted>(),
       method<&Face::trackRectForBounds, trackRect>(),
       method<&Face::thumbRectForBounds_trackRect_value, thumbRect>(),
       // Dragging.

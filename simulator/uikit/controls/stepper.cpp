@@ -36,8 +36,8 @@ using StepperClass = bridge::Implementation<UIStepper, StepperState>;
 Strong<UIView> makeBar(CGRect frame) {
   auto bar = bridge::make<UIView, &UIView::initWithFrame>(frame);
   const auto paint = makeColor(tint);
-  bar->setBackgroundColor(paint);
-  bar->setUserInteractionEnabled(NO);
+  bar->backgroundColor.set(paint);
+  bar->userInteractionEnabled.set(NO);
   return bar;
 }
 
@@ -60,8 +60,8 @@ Strong<UIButton> makeHalf(UIStepper self, CGFloat left, bool upright, SEL action
 void show(UIStepper self) {
   const StepperState& state = StepperClass::state(self);
   const auto enable = [](UIButton half, bool enabled) {
-    half.setEnabled(enabled);
-    half.setAlpha(enabled ? 1 : dimmed);
+    half.enabled.set(enabled);
+    half.alpha.set(enabled ? 1 : dimmed);
   };
   enable(state.minus.get(), state.value > state.minimum);
   enable(state.plus.get(), state.value < state.maximum);
@@ -85,10 +85,12 @@ Strong<UIView> initWithFrame(UIStepper self, CGRect frame) {
 
 CGSize sizeThatFits(UIStepper, CGSize) { return size; }
 void setFrame(UIStepper self, CGRect frame) {
-  StepperClass::super<&UIView::setFrame>(self, CGRect{frame.origin, size});
+  StepperClass::super<bridge::setterOf<&UIView::frame>>(self, CGRect{frame.origin, size});
 }
 
 double value(UIStepper self) { return StepperClass::state(self).value; }
+double minimumValue(UIStepper self) { return StepperClass::state(self).minimum; }
+double maximumValue(UIStepper self) { return StepperClass::state(self).maximum; }
 
 void setValue(UIStepper self, double value) {
   StepperState& state = StepperClass::state(self);
@@ -116,11 +118,11 @@ void up(StepperFace self) { step(self, 1); }
 void defineStepper() {
   using bridge::method;
   StepperClass::define<UIControl>(
-      method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::setFrame, setFrame>(),
-      method<&UIView::sizeThatFits, sizeThatFits>(), method<&UIStepper::value, value>(),
-      method<&UIStepper::setValue, setValue>(), method<&UIStepper::setMinimumValue, setMinimumValue>(),
-      method<&UIStepper::setMaximumValue, setMaximumValue>(), method<&StepperFace::down, down>(),
-      method<&StepperFace::up, up>());
+      method<&UIView::initWithFrame, initWithFrame>(), method<bridge::setterOf<&UIView::frame>, setFrame>(),
+      method<&UIView::sizeThatFits, sizeThatFits>(), bridge::property<&UIStepper::value, value, setValue>(),
+      bridge::property<&UIStepper::minimumValue, minimumValue, setMinimumValue>(),
+      bridge::property<&UIStepper::maximumValue, maximumValue, setMaximumValue>(),
+      method<&StepperFace::down, down>(), method<&StepperFace::up, up>());
 }
 
 }  // namespace sim::uikit

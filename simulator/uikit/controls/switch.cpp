@@ -29,16 +29,16 @@ using SwitchClass = bridge::Implementation<UISwitch, SwitchState>;
 void place(UISwitch self) {
   const SwitchState& state = SwitchClass::state(self);
   const CGFloat x = state.on ? size.width - thumbSize - margin : margin;
-  state.thumb->setFrame({{x, margin}, {thumbSize, thumbSize}});
+  state.thumb->frame.set({{x, margin}, {thumbSize, thumbSize}});
   const auto color = makeColor(state.on ? onColor : thumbColor);
-  self.setBackgroundColor(color);
+  self.backgroundColor.set(color);
   layerOf(self).borderColor = state.on ? onColor : offColor;
 }
 
 CGSize sizeThatFits(UISwitch, CGSize) { return size; }
 
 void setFrame(UISwitch self, CGRect frame) {
-  SwitchClass::super<&UIView::setFrame>(self, CGRect{frame.origin, size});
+  SwitchClass::super<bridge::setterOf<&UIView::frame>>(self, CGRect{frame.origin, size});
 }
 
 Strong<UIView> initWithFrame(UISwitch self, CGRect frame) {
@@ -46,9 +46,9 @@ Strong<UIView> initWithFrame(UISwitch self, CGRect frame) {
   const auto control = bridge::as<UISwitch>(made.get());
   SwitchState& state = SwitchClass::state(control);
   state.thumb = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
-  state.thumb->setUserInteractionEnabled(NO);
+  state.thumb->userInteractionEnabled.set(NO);
   const auto white = makeColor(thumbColor);
-  state.thumb->setBackgroundColor(white);
+  state.thumb->backgroundColor.set(white);
   Layer& thumb = layerOf(state.thumb.get());
   thumb.cornerRadius = thumbSize / 2;
   thumb.shadowOpacity = 0.2;
@@ -85,9 +85,9 @@ void endTracking(UISwitch self, UITouch, UIEvent event) {
 void defineSwitch() {
   using bridge::method;
   SwitchClass::define<UIControl>(
-      method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::setFrame, setFrame>(),
-      method<&UIView::sizeThatFits, sizeThatFits>(), method<&UISwitch::isOn, isOn>(),
-      method<&UISwitch::setOn, setOn>(), method<&UISwitch::setOn_animated, setOnAnimated>(),
+      method<&UIView::initWithFrame, initWithFrame>(), method<bridge::setterOf<&UIView::frame>, setFrame>(),
+      method<&UIView::sizeThatFits, sizeThatFits>(), bridge::property<&UISwitch::on, isOn, setOn>(),
+      method<&UISwitch::setOn_animated, setOnAnimated>(),
       method<&UIControl::endTrackingWithTouch_withEvent, endTracking>());
 }
 

@@ -48,15 +48,8 @@ void showStyle(UIToolbar self) {
   const double alpha = style == UIBarStyleBlackTranslucent ? translucentAlpha : 1;
   const auto color = makeColor(isDark ? withAlpha(blackColorOfBar, alpha) : lightColor);
   const auto edge = makeColor(isDark ? darkEdge : lightEdge);
-  self.setBackgroundColor(color);
-  stateOf(self).edge->setBackgroundColor(edge);
-}
-
-NSInteger barStyle(UIToolbar self) { return stateOf(self).barStyle; }
-
-void setBarStyle(UIToolbar self, NSInteger style) {
-  stateOf(self).barStyle = style;
-  showStyle(self);
+  self.backgroundColor.set(color);
+  stateOf(self).edge->backgroundColor.set(edge);
 }
 
 NSArray items(UIToolbar self) { return stateOf(self).items; }
@@ -91,7 +84,7 @@ CGSize sizeOf(const Place& place, CGFloat height) {
 void layoutSubviews(UIToolbar self) {
   const ToolbarState& state = stateOf(self);
   const CGSize bar = self.bounds().size;
-  state.edge->setFrame({{0, 0}, {bar.width, hairline}});
+  state.edge->frame.set({{0, 0}, {bar.width, hairline}});
   CGFloat used = 0;
   CGFloat spaces = 0;
   for (const Place& place : state.places) {
@@ -104,7 +97,7 @@ void layoutSubviews(UIToolbar self) {
   CGFloat x = margin;
   for (const Place& place : state.places) {
     const CGSize size = sizeOf(place, bar.height);
-    if (place.view) place.view->setFrame({{x, (bar.height - size.height) / 2}, size});
+    if (place.view) place.view->frame.set({{x, (bar.height - size.height) / 2}, size});
     x += place.view ? size.width : space;
   }
 }
@@ -115,7 +108,7 @@ Strong<UIView> initWithFrame(UIToolbar self, CGRect frame) {
   auto made = ToolbarClass::super<&UIView::initWithFrame>(self, frame);
   const auto bar = bridge::as<UIToolbar>(made.get());
   stateOf(bar).edge = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
-  stateOf(bar).edge->setUserInteractionEnabled(NO);
+  stateOf(bar).edge->userInteractionEnabled.set(NO);
   bar.addSubview(stateOf(bar).edge);
   showStyle(bar);
   return made;
@@ -129,8 +122,8 @@ void defineToolbar() {
   ToolbarClass::define<UIView>(method<&UIView::initWithFrame, initWithFrame>(),
                                method<&UIView::sizeThatFits, sizeThatFits>(),
                                method<&UIView::layoutSubviews, layoutSubviews>(),
-                               method<&Face::barStyle, barStyle>(), method<&Face::setBarStyle, setBarStyle>(),
-                               method<&Face::items, items>(), method<&Face::setItems, setItems>());
+                               ToolbarClass::property<&Face::barStyle, &ToolbarState::barStyle, showStyle>(),
+                               bridge::property<&Face::items, items, setItems>());
 }
 
 }  // namespace sim::uikit

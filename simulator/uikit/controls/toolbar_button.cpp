@@ -50,8 +50,8 @@ Strong<UIButton> makeToolbarButton(UIBarButtonItem item) {
   auto button = bridge::make<ToolbarButton, &UIView::initWithFrame>(CGRect{});
   ButtonClass::state(button.get()).item = retained(item);
   const bool isDone = item.style() == UIBarButtonItemStyleDone;
-  button->titleLabel().setFont(isDone ? UIFont::boldSystemFontOfSize(fontSize)
-                                      : UIFont::systemFontOfSize(fontSize));
+  button->titleLabel().font.set(isDone ? UIFont::boldSystemFontOfSize(fontSize)
+                                       : UIFont::systemFontOfSize(fontSize));
   button->setTitle_forState(item.title(), UIControlStateNormal);
   button->addTarget_action_forControlEvents(
       button, bridge::Descriptor<&ToolbarButton::performItemAction_event>::selector(),

@@ -137,8 +137,7 @@ void defineBezierPath() {
       method<&Face::addLineToPoint, addLine>(),
       method<&Face::addArcWithCenter_radius_startAngle_endAngle_clockwise, addArc>(),
       method<&Face::appendPath, appendPath>(), method<&Face::closePath, closePath>(),
-      method<&Face::bounds, bounds>(),
-      PathClass::accessors<&Face::lineWidth, &Face::setLineWidth, &PathState::lineWidth>(),
+      method<&Face::bounds, bounds>(), PathClass::property<&Face::lineWidth, &PathState::lineWidth>(),
       method<&Face::setLineCapStyle, setLineCapStyle>(),
       method<&Face::setUsesEvenOddFillRule, setUsesEvenOdd>(), method<&Face::fill, fill>(),
       method<&Face::stroke, stroke>(), method<&Face::addClip, addClip>());

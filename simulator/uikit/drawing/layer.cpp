@@ -53,8 +53,6 @@ CGRect frame(CALayer self) { return layerOf(self).frame(); }
 CGPoint anchorPoint(CALayer self) { return layerOf(self).anchorPoint; }
 CGFloat cornerRadius(CALayer self) { return layerOf(self).cornerRadius; }
 float opacity(CALayer self) { return static_cast<float>(layerOf(self).opacity); }
-BOOL isHidden(CALayer self) { return layerOf(self).hidden; }
-BOOL masksToBounds(CALayer self) { return layerOf(self).masksToBounds; }
 
 void setBoundsOf(CALayer self, CGRect value) { setBounds(self, value); }
 void setPositionOf(CALayer self, CGPoint value) { setPosition(self, value); }
@@ -71,8 +69,6 @@ void setCornerRadius(CALayer self, CGFloat value) {
 }
 
 void setOpacityOf(CALayer self, float value) { setOpacity(self, value); }
-void setHidden(CALayer self, BOOL value) { layerOf(self).hidden = value; }
-void setMasksToBounds(CALayer self, BOOL value) { layerOf(self).masksToBounds = value; }
 void removeAllAnimations(CALayer self) { cancelAnimations(self); }
 
 CGColorRef shadowColor(CALayer self) { return &LayerClass::state(self).shadowColor; }
@@ -83,14 +79,20 @@ void setShadowColor(CALayer self, CGColorRef value) {
 }
 
 // A value of the layer that no animation follows.
-template <class Result, auto Field>
-Result plain(CALayer self) {
-  return static_cast<Result>(layerOf(self).*Field);
+template <class Value, auto Field>
+Value valueOf(CALayer self) {
+  return static_cast<Value>(layerOf(self).*Field);
 }
 
 template <class Value, auto Field>
-void setPlain(CALayer self, Value value) {
+void setValueOf(CALayer self, Value value) {
   layerOf(self).*Field = value;
+}
+
+template <auto Member, auto Field>
+bridge::PropertyEntry plain() {
+  using Value = typename bridge::Descriptor<Member>::ValueType;
+  return bridge::property<Member, valueOf<Value, Field>, setValueOf<Value, Field>>();
 }
 
 }  // namespace
@@ -137,28 +139,21 @@ void setBackgroundColor(CALayer layer, const Color& color) {
 
 void defineLayer() {
   using bridge::method;
-  LayerClass::define<NSObject>(
-      method<&CALayer::bounds, bounds>(), method<&CALayer::setBounds, setBoundsOf>(),
-      method<&CALayer::position, position>(), method<&CALayer::setPosition, setPositionOf>(),
-      method<&CALayer::frame, frame>(), method<&CALayer::setFrame, setFrameOf>(),
-      method<&CALayer::anchorPoint, anchorPoint>(), method<&CALayer::setAnchorPoint, setAnchorPoint>(),
-      method<&CALayer::cornerRadius, cornerRadius>(), method<&CALayer::setCornerRadius, setCornerRadius>(),
-      method<&CALayer::opacity, opacity>(), method<&CALayer::setOpacity, setOpacityOf>(),
-      method<&CALayer::isHidden, isHidden>(), method<&CALayer::setHidden, setHidden>(),
-      method<&CALayer::masksToBounds, masksToBounds>(),
-      method<&CALayer::setMasksToBounds, setMasksToBounds>(), method<&CALayer::shadowColor, shadowColor>(),
-      method<&CALayer::setShadowColor, setShadowColor>(),
-      method<&CALayer::shadowOpacity, plain<float, &Layer::shadowOpacity>>(),
-      method<&CALayer::setShadowOpacity, setPlain<float, &Layer::shadowOpacity>>(),
-      method<&CALayer::shadowRadius, plain<CGFloat, &Layer::shadowRadius>>(),
-      method<&CALayer::setShadowRadius, setPlain<CGFloat, &Layer::shadowRadius>>(),
-      method<&CALayer::shadowOffset, plain<CGSize, &Layer::shadowOffset>>(),
-      method<&CALayer::setShadowOffset, setPlain<CGSize, &Layer::shadowOffset>>(),
-      method<&CALayer::shouldRasterize, plain<BOOL, &Layer::shouldRasterize>>(),
-      method<&CALayer::setShouldRasterize, setPlain<BOOL, &Layer::shouldRasterize>>(),
-      method<&CALayer::rasterizationScale, plain<CGFloat, &Layer::rasterizationScale>>(),
-      method<&CALayer::setRasterizationScale, setPlain<CGFloat, &Layer::rasterizationScale>>(),
-      method<&CALayer::removeAllAnimations, removeAllAnimations>());
+  LayerClass::define<NSObject>(bridge::property<&CALayer::bounds, bounds, setBoundsOf>(),
+                               bridge::property<&CALayer::position, position, setPositionOf>(),
+                               bridge::property<&CALayer::frame, frame, setFrameOf>(),
+                               bridge::property<&CALayer::anchorPoint, anchorPoint, setAnchorPoint>(),
+                               bridge::property<&CALayer::cornerRadius, cornerRadius, setCornerRadius>(),
+                               bridge::property<&CALayer::opacity, opacity, setOpacityOf>(),
+                               plain<&CALayer::hidden, &Layer::hidden>(),
+                               plain<&CALayer::masksToBounds, &Layer::masksToBounds>(),
+                               bridge::property<&CALayer::shadowColor, shadowColor, setShadowColor>(),
+                               plain<&CALayer::shadowOpacity, &Layer::shadowOpacity>(),
+                               plain<&CALayer::shadowRadius, &Layer::shadowRadius>(),
+                               plain<&CALayer::shadowOffset, &Layer::shadowOffset>(),
+                               plain<&CALayer::shouldRasterize, &Layer::shouldRasterize>(),
+                               plain<&CALayer::rasterizationScale, &Layer::rasterizationScale>(),
+                               method<&CALayer::removeAllAnimations, removeAllAnimations>());
 }
 
 }  // namespace sim::uikit

@@ -33,16 +33,8 @@ void removeTarget(UIGestureRecognizer self, bridge::Object target, SEL action) {
   });
 }
 
-bridge::Object delegate(UIGestureRecognizer self) { return stateOf(self).delegate.get(); }
-void setDelegate(UIGestureRecognizer self, bridge::Object delegate) {
-  stateOf(self).delegate = Weak(delegate);
-}
-
-BOOL isEnabled(UIGestureRecognizer self) { return stateOf(self).enabled; }
-
-void setEnabled(UIGestureRecognizer self, BOOL enabled) {
-  stateOf(self).enabled = enabled;
-  if (!enabled) abandonGesture(self);
+void enabledOrNot(UIGestureRecognizer self) {
+  if (!stateOf(self).enabled) abandonGesture(self);
 }
 
 NSInteger state(UIGestureRecognizer self) { return stateOf(self).state; }
@@ -121,9 +113,9 @@ void stopTimer(UIGestureRecognizer recognizer) { stopFrames(&stateOf(recognizer)
 void giveUp(UIGestureRecognizer recognizer) {
   const NSInteger state = recognizer.state();
   if (state == UIGestureRecognizerStatePossible)
-    recognizer.setState(UIGestureRecognizerStateFailed);
+    recognizer.state.set(UIGestureRecognizerStateFailed);
   else if (state == UIGestureRecognizerStateBegan || state == UIGestureRecognizerStateChanged)
-    recognizer.setState(UIGestureRecognizerStateCancelled);
+    recognizer.state.set(UIGestureRecognizerStateCancelled);
 }
 
 void defineGestureRecognizer() {
@@ -131,19 +123,18 @@ void defineGestureRecognizer() {
   using Face = UIGestureRecognizer;
   RecognizerClass::define<NSObject>(
       method<&Face::initWithTarget_action, initWithTarget>(), method<&Face::addTarget_action, addTarget>(),
-      method<&Face::removeTarget_action, removeTarget>(), method<&Face::delegate, delegate>(),
-      method<&Face::setDelegate, setDelegate>(), method<&Face::isEnabled, isEnabled>(),
-      method<&Face::setEnabled, setEnabled>(), method<&Face::state, state>(), method<&Face::view, view>(),
-      RecognizerClass::accessors<&Face::cancelsTouchesInView, &Face::setCancelsTouchesInView,
-                                 &RecognizerState::cancelsTouchesInView>(),
-      RecognizerClass::accessors<&Face::delaysTouchesBegan, &Face::setDelaysTouchesBegan,
-                                 &RecognizerState::delaysTouchesBegan>(),
-      RecognizerClass::accessors<&Face::delaysTouchesEnded, &Face::setDelaysTouchesEnded,
-                                 &RecognizerState::delaysTouchesEnded>(),
+      method<&Face::removeTarget_action, removeTarget>(),
+      RecognizerClass::property<&Face::delegate, &RecognizerState::delegate>(),
+      RecognizerClass::property<&Face::enabled, &RecognizerState::enabled, enabledOrNot>(),
+      method<&Face::state, state>(), method<&Face::view, view>(),
+      RecognizerClass::property<&Face::cancelsTouchesInView, &RecognizerState::cancelsTouchesInView>(),
+      RecognizerClass::property<&Face::delaysTouchesBegan, &RecognizerState::delaysTouchesBegan>(),
+      RecognizerClass::property<&Face::delaysTouchesEnded, &RecognizerState::delaysTouchesEnded>(),
       method<&Face::requireGestureRecognizerToFail, requireToFail>(),
       method<&Face::locationInView, locationInView>(), method<&Face::numberOfTouches, numberOfTouches>(),
-      method<&Face::locationOfTouch_inView, locationOfTouch>(), method<&Face::setState, setState>(),
-      method<&Face::reset, reset>(), method<&Face::canPreventGestureRecognizer, canPrevent>(),
+      method<&Face::locationOfTouch_inView, locationOfTouch>(),
+      method<bridge::setterOf<&Face::state>, setState>(), method<&Face::reset, reset>(),
+      method<&Face::canPreventGestureRecognizer, canPrevent>(),
       method<&Face::canBePreventedByGestureRecognizer, canPrevent>(),
       method<&Face::touchesBegan_withEvent, touchesGoOn>(),
       method<&Face::touchesMoved_withEvent, touchesGoOn>(),

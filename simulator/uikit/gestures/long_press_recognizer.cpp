@@ -29,18 +29,18 @@ void touchesBegan(UILongPressGestureRecognizer self, NSSet, UIEvent) {
   if (down > state.touchesRequired) return giveUp(self);
   state.start = centroid(self);
   if (down == state.touchesRequired)
-    startTimer(self, state.minimumDuration, [self] { self.setState(UIGestureRecognizerStateBegan); });
+    startTimer(self, state.minimumDuration, [self] { self.state.set(UIGestureRecognizerStateBegan); });
 }
 
 void touchesMoved(UILongPressGestureRecognizer self, NSSet, UIEvent) {
   const LongPressState& state = LongPressClass::state(self);
-  if (!isPossible(self)) return self.setState(UIGestureRecognizerStateChanged);
+  if (!isPossible(self)) return self.state.set(UIGestureRecognizerStateChanged);
   const CGPoint now = centroid(self);
   if (std::hypot(now.x - state.start.x, now.y - state.start.y) > state.allowableMovement) giveUp(self);
 }
 
 void touchesEnded(UILongPressGestureRecognizer self, NSSet, UIEvent) {
-  isPossible(self) ? giveUp(self) : self.setState(UIGestureRecognizerStateEnded);
+  isPossible(self) ? giveUp(self) : self.state.set(UIGestureRecognizerStateEnded);
 }
 
 void touchesCancelled(UILongPressGestureRecognizer self, NSSet, UIEvent) { giveUp(self); }
@@ -51,12 +51,9 @@ void defineLongPressGestureRecognizer() {
   using bridge::method;
   using Face = UILongPressGestureRecognizer;
   LongPressClass::define<UIGestureRecognizer>(
-      LongPressClass::accessors<&Face::minimumPressDuration, &Face::setMinimumPressDuration,
-                                &LongPressState::minimumDuration>(),
-      LongPressClass::accessors<&Face::allowableMovement, &Face::setAllowableMovement,
-                                &LongPressState::allowableMovement>(),
-      LongPressClass::accessors<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
-                                &LongPressState::touchesRequired>(),
+      LongPressClass::property<&Face::minimumPressDuration, &LongPressState::minimumDuration>(),
+      LongPressClass::property<&Face::allowableMovement, &LongPressState::allowableMovement>(),
+      LongPressClass::property<&Face::numberOfTouchesRequired, &LongPressState::touchesRequired>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesEnded>(),

@@ -58,16 +58,16 @@ void touchesMoved(UIPanGestureRecognizer self, NSSet, UIEvent) {
   const double now = clock::now();
   std::erase_if(state.samples, [now](const Sample& one) { return one.time < now - velocityMemory; });
   state.samples.push_back({now, state.current});
-  if (isActive(self)) return self.setState(UIGestureRecognizerStateChanged);
+  if (isActive(self)) return self.state.set(UIGestureRecognizerStateChanged);
   const double moved = std::hypot(state.current.x - state.start.x, state.current.y - state.start.y);
   if (moved >= leastMovement && downTouches(self).size() >= state.minimumTouches)
-    self.setState(UIGestureRecognizerStateBegan);
+    self.state.set(UIGestureRecognizerStateBegan);
 }
 
 void touchesEnded(UIPanGestureRecognizer self, NSSet, UIEvent) {
   const NSUInteger down = downTouches(self).size();
   if (isActive(self) && down < PanClass::state(self).minimumTouches)
-    return self.setState(UIGestureRecognizerStateEnded);
+    return self.state.set(UIGestureRecognizerStateEnded);
   if (down == 0) return giveUp(self);
   countFingers(self);
 }
@@ -108,10 +108,8 @@ void definePanGestureRecognizer() {
   using bridge::method;
   using Face = UIPanGestureRecognizer;
   PanClass::define<UIGestureRecognizer>(
-      PanClass::accessors<&Face::minimumNumberOfTouches, &Face::setMinimumNumberOfTouches,
-                          &PanState::minimumTouches>(),
-      PanClass::accessors<&Face::maximumNumberOfTouches, &Face::setMaximumNumberOfTouches,
-                          &PanState::maximumTouches>(),
+      PanClass::property<&Face::minimumNumberOfTouches, &PanState::minimumTouches>(),
+      PanClass::property<&Face::maximumNumberOfTouches, &PanState::maximumTouches>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesEnded>(),

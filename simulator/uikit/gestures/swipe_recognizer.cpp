@@ -61,7 +61,7 @@ void touchesMoved(UISwipeGestureRecognizer self, NSSet, UIEvent) {
     if (way.across > mostDeviation) continue;
     onTheWay = true;
     if (way.along < leastDistance || way.along <= way.across) continue;
-    return self.setState(UIGestureRecognizerStateRecognized);
+    return self.state.set(UIGestureRecognizerStateRecognized);
   }
   if (!onTheWay) giveUp(self);
 }
@@ -81,9 +81,8 @@ void defineSwipeGestureRecognizer() {
   using bridge::method;
   using Face = UISwipeGestureRecognizer;
   SwipeClass::define<UIGestureRecognizer>(
-      SwipeClass::accessors<&Face::direction, &Face::setDirection, &SwipeState::direction>(),
-      SwipeClass::accessors<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
-                            &SwipeState::touchesRequired>(),
+      SwipeClass::property<&Face::direction, &SwipeState::direction>(),
+      SwipeClass::property<&Face::numberOfTouchesRequired, &SwipeState::touchesRequired>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesStop>(),

@@ -56,7 +56,7 @@ void touchesEnded(UITapGestureRecognizer self, NSSet, UIEvent) {
   state.complete = false;
   if (++state.taps < state.tapsRequired) return startTimer(self, longestGap, [self] { giveUp(self); });
   stopTimer(self);
-  self.setState(UIGestureRecognizerStateRecognized);
+  self.state.set(UIGestureRecognizerStateRecognized);
 }
 
 void touchesCancelled(UITapGestureRecognizer self, NSSet, UIEvent) { giveUp(self); }
@@ -81,10 +81,8 @@ void defineTapGestureRecognizer() {
   using bridge::method;
   using Face = UITapGestureRecognizer;
   TapClass::define<UIGestureRecognizer>(
-      TapClass::accessors<&Face::numberOfTapsRequired, &Face::setNumberOfTapsRequired,
-                          &TapState::tapsRequired>(),
-      TapClass::accessors<&Face::numberOfTouchesRequired, &Face::setNumberOfTouchesRequired,
-                          &TapState::touchesRequired>(),
+      TapClass::property<&Face::numberOfTapsRequired, &TapState::tapsRequired>(),
+      TapClass::property<&Face::numberOfTouchesRequired, &TapState::touchesRequired>(),
       method<&Face::touchesBegan_withEvent, touchesBegan>(),
       method<&Face::touchesMoved_withEvent, touchesMoved>(),
       method<&Face::touchesEnded_withEvent, touchesEnded>(),

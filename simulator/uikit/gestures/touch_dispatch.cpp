@@ -48,7 +48,7 @@ Strong<UITouch> findTouch(int finger) {
 // A view that wants one finger at a time does not hear of a second one.
 bool isLeftOut(UITouch touch) {
   const UIView view = stateOf(touch).view;
-  if (view.isMultipleTouchEnabled()) return false;
+  if (view.multipleTouchEnabled()) return false;
   return std::ranges::any_of(liveTouches(), [&](const auto& other) {
     const TouchState& state = stateOf(other.get());
     return state.view == retained(view) && state.delivery != TouchDelivery::over && isDown(other);

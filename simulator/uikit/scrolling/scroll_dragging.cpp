@@ -71,7 +71,7 @@ void decelerate(UIScrollView view, const Motions& motions) {
   everyFrame(&state, [view, motions, start = clock::now()](double time) {
     const Strong<UIScrollView> alive = retained(view);
     const double elapsed = time - start;
-    view.setContentOffset({motions.x.position(elapsed), motions.y.position(elapsed)});
+    view.contentOffset.set({motions.x.position(elapsed), motions.y.position(elapsed)});
     if (elapsed < motions.duration()) return true;
     stateOf(view).decelerating = false;
     tellDelegate<&UIScrollViewDelegate::scrollViewDidEndDecelerating>(view);
@@ -111,8 +111,8 @@ double dragged(const Axis& axis, double start, double translation, bool bounces)
 
 void drag(UIScrollView view, CGPoint translation) {
   const ScrollViewState& state = stateOf(view);
-  view.setContentOffset({dragged(horizontalAxis(view, 0), state.dragStart.x, translation.x, state.bounces),
-                         dragged(verticalAxis(view, 0), state.dragStart.y, translation.y, state.bounces)});
+  view.contentOffset.set({dragged(horizontalAxis(view, 0), state.dragStart.x, translation.x, state.bounces),
+                          dragged(verticalAxis(view, 0), state.dragStart.y, translation.y, state.bounces)});
 }
 
 void endDragging(UIScrollView view, CGPoint velocity) {

@@ -24,8 +24,8 @@ void touchesBegan(ScrollPan self, NSSet touches, UIEvent event) {
       for (const UITouch touch : touchesOf(touches)) stateOf(touch).cancelled = true;
     const UIView touched = bridge::as<UITouch>(touches.anyObject()).view();
     if (view.delaysContentTouches() && !(touched == view)) {
-      self.setDelaysTouchesBegan(YES);
-      startTimer(self, contentDelay, [self] { self.setDelaysTouchesBegan(NO); });
+      self.delaysTouchesBegan.set(YES);
+      startTimer(self, contentDelay, [self] { self.delaysTouchesBegan.set(NO); });
     }
   }
   ScrollPanClass::super<&UIGestureRecognizer::touchesBegan_withEvent>(self, touches, event);
@@ -33,7 +33,7 @@ void touchesBegan(ScrollPan self, NSSet touches, UIEvent event) {
 
 void reset(ScrollPan self) {
   ScrollPanClass::super<&UIGestureRecognizer::reset>(self);
-  self.setDelaysTouchesBegan(NO);
+  self.delaysTouchesBegan.set(NO);
   if (self.view()) fingersGone(scrollViewOf(self));
 }
 

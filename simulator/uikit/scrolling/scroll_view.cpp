@@ -21,21 +21,21 @@ constexpr double scrollDuration = 0.3;  // seconds, of an animated change of the
 // The offset is where the bounds begin.
 CGPoint contentOffset(UIScrollView self) { return self.bounds().origin; }
 
-void setContentOffset(UIScrollView self, CGPoint offset) { self.setBounds({offset, self.bounds().size}); }
+void setContentOffset(UIScrollView self, CGPoint offset) { self.bounds.set({offset, self.bounds().size}); }
 
 // Frame by frame, so that whoever looks at the offset sees it move.
 void setContentOffsetAnimated(UIScrollView self, CGPoint offset, BOOL animated) {
   stopScrolling(self);
-  if (!animated || !self.window()) return self.setContentOffset(offset);
+  if (!animated || !self.window()) return self.contentOffset.set(offset);
   const CGPoint from = self.contentOffset();
   const double start = clock::now();
   everyFrame(&stateOf(self), [self, from, offset, start](double time) {
     const Strong<UIScrollView> alive = retained(self);
     const double elapsed = time - start;
     const double progress = progressAt(easeInOutCurve, elapsed, scrollDuration);
-    self.setContentOffset(progress < 1 ? CGPoint{from.x + (offset.x - from.x) * progress,
-                                                 from.y + (offset.y - from.y) * progress}
-                                       : offset);
+    self.contentOffset.set(progress < 1 ? CGPoint{from.x + (offset.x - from.x) * progress,
+                                                  from.y + (offset.y - from.y) * progress}
+                                        : offset);
     if (progress < 1) return true;
     tellDelegate<&UIScrollViewDelegate::scrollViewDidEndScrollingAnimation>(self);
     return false;
@@ -46,7 +46,7 @@ void setContentOffsetAnimated(UIScrollView self, CGPoint offset, BOOL animated) 
 // for.
 void setBounds(UIScrollView self, CGRect bounds) {
   const CGPoint old = self.bounds().origin;
-  ScrollViewClass::super<&UIView::setBounds>(self, bounds);
+  ScrollViewClass::super<bridge::setterOf<&UIView::bounds>>(self, bounds);
   if (self.bounds().origin == old) return;
   self.setNeedsLayout();
   tellDelegate<&UIScrollViewDelegate::scrollViewDidScroll>(self);
@@ -54,18 +54,16 @@ void setBounds(UIScrollView self, CGRect bounds) {
 
 Strong<UIView> initWithFrame(UIScrollView self, CGRect frame) {
   auto made = ScrollViewClass::super<&UIView::initWithFrame>(self, frame);
-  made->setClipsToBounds(YES);
+  made->clipsToBounds.set(YES);
   const auto view = bridge::as<UIScrollView>(made.get());
   stateOf(view).pan = makeScrollPan(view);
   view.addGestureRecognizer(stateOf(view).pan);
   return made;
 }
 
-bridge::Object delegate(UIScrollView self) { return stateOf(self).delegate.get(); }
-void setDelegate(UIScrollView self, bridge::Object delegate) { stateOf(self).delegate = Weak(delegate); }
 UIPanGestureRecognizer panGestureRecognizer(UIScrollView self) { return stateOf(self).pan; }
-BOOL isScrollEnabled(UIScrollView self) { return self.panGestureRecognizer().isEnabled(); }
-void setScrollEnabled(UIScrollView self, BOOL enabled) { self.panGestureRecognizer().setEnabled(enabled); }
+BOOL isScrollEnabled(UIScrollView self) { return self.panGestureRecognizer().enabled(); }
+void setScrollEnabled(UIScrollView self, BOOL enabled) { self.panGestureRecognizer().enabled.set(enabled); }
 BOOL isTracking(UIScrollView self) { return stateOf(self).tracking; }
 BOOL isDragging(UIScrollView self) { return stateOf(self).dragging; }
 BOOL isDecelerating(UIScrollView self) { return stateOf(self).decelerating; }
@@ -74,9 +72,9 @@ physics::ScrollRange rangeOf(double insetBefore, double content, double insetAft
   return {-insetBefore, std::max(-insetBefore, content + insetAfter - room)};
 }
 
-template <auto Getter, auto Setter, auto Field>
-bridge::Accessors accessors() {
-  return ScrollViewClass::accessors<Getter, Setter, Field>();
+template <auto Member, auto Field>
+bridge::PropertyEntry property() {
+  return ScrollViewClass::property<Member, Field>();
 }
 
 }  // namespace
@@ -123,27 +121,22 @@ void defineScrollView() {
   using State = ScrollViewState;
   defineScrollPan();
   ScrollViewClass::define<UIView>(
-      method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::setBounds, setBounds>(),
-      method<&Face::contentOffset, contentOffset>(), method<&Face::setContentOffset, setContentOffset>(),
+      method<&UIView::initWithFrame, initWithFrame>(), method<bridge::setterOf<&UIView::bounds>, setBounds>(),
+      bridge::property<&Face::contentOffset, contentOffset, setContentOffset>(),
       method<&Face::setContentOffset_animated, setContentOffsetAnimated>(),
-      accessors<&Face::contentSize, &Face::setContentSize, &State::contentSize>(),
-      accessors<&Face::contentInset, &Face::setContentInset, &State::contentInset>(),
-      accessors<&Face::isPagingEnabled, &Face::setPagingEnabled, &State::pagingEnabled>(),
-      accessors<&Face::bounces, &Face::setBounces, &State::bounces>(),
-      accessors<&Face::alwaysBounceHorizontal, &Face::setAlwaysBounceHorizontal,
-                &State::alwaysBounceHorizontal>(),
-      accessors<&Face::alwaysBounceVertical, &Face::setAlwaysBounceVertical, &State::alwaysBounceVertical>(),
-      accessors<&Face::decelerationRate, &Face::setDecelerationRate, &State::decelerationRate>(),
-      accessors<&Face::delaysContentTouches, &Face::setDelaysContentTouches, &State::delaysContentTouches>(),
-      accessors<&Face::canCancelContentTouches, &Face::setCanCancelContentTouches,
-                &State::canCancelContentTouches>(),
-      accessors<&Face::showsHorizontalScrollIndicator, &Face::setShowsHorizontalScrollIndicator,
-                &State::showsHorizontalIndicator>(),
-      accessors<&Face::showsVerticalScrollIndicator, &Face::setShowsVerticalScrollIndicator,
-                &State::showsVerticalIndicator>(),
-      method<&Face::delegate, delegate>(), method<&Face::setDelegate, setDelegate>(),
+      property<&Face::contentSize, &State::contentSize>(),
+      property<&Face::contentInset, &State::contentInset>(),
+      property<&Face::pagingEnabled, &State::pagingEnabled>(), property<&Face::bounces, &State::bounces>(),
+      property<&Face::alwaysBounceHorizontal, &State::alwaysBounceHorizontal>(),
+      property<&Face::alwaysBounceVertical, &State::alwaysBounceVertical>(),
+      property<&Face::decelerationRate, &State::decelerationRate>(),
+      property<&Face::delaysContentTouches, &State::delaysContentTouches>(),
+      property<&Face::canCancelContentTouches, &State::canCancelContentTouches>(),
+      property<&Face::showsHorizontalScrollIndicator, &State::showsHorizontalIndicator>(),
+      property<&Face::showsVerticalScrollIndicator, &State::showsVerticalIndicator>(),
+      property<&Face::delegate, &State::delegate>(),
       method<&Face::panGestureRecognizer, panGestureRecognizer>(),
-      method<&Face::isScrollEnabled, isScrollEnabled>(), method<&Face::setScrollEnabled, setScrollEnabled>(),
+      bridge::property<&Face::scrollEnabled, isScrollEnabled, setScrollEnabled>(),
       method<&Face::isTracking, isTracking>(), method<&Face::isDragging, isDragging>(),
       method<&Face::isDecelerating, isDecelerating>(),
       // Dragging.

@@ -42,8 +42,8 @@ void drawRect(ClearButton self, CGRect) {
 
 bridge::Strong<UIControl> makeClearButton() {
   auto button = bridge::make<ClearButton, &UIView::initWithFrame>(CGRect{});
-  button->setContentMode(UIViewContentModeRedraw);
-  button->setHidden(YES);
+  button->contentMode.set(UIViewContentModeRedraw);
+  button->hidden.set(YES);
   return button;
 }
 

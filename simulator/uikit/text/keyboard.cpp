@@ -90,7 +90,7 @@ void addKey(const Key& key) {
   const bool isEnter = key.kind == KeyKind::enter;
   const bool isProminent = isEnter && field().returnKeyType() == UIReturnKeyDone && mayEnter();
   keyboard().keys.push_back(makeKey(key, isDark, isProminent, pressed));
-  if (isEnter) keyboard().keys.back()->setEnabled(mayEnter());
+  if (isEnter) keyboard().keys.back()->enabled.set(mayEnter());
   keyboard().pad->addSubview(keyboard().keys.back());
 }
 
@@ -111,7 +111,7 @@ Strong<UIView> makePad() {
   auto pad = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
   const bool isDark = field().keyboardAppearance() == UIKeyboardAppearanceDark;
   const auto color = makeColor(isDark ? darkColor : lightColor);
-  pad->setBackgroundColor(color);
+  pad->backgroundColor.set(color);
   return pad;
 }
 
@@ -153,10 +153,10 @@ void place() {
   if (!all.pad) return;
   const CGSize screen = screenSize();
   const CGFloat above = accessoryHeight(), height = padHeight();
-  if (all.accessory) all.accessory->setFrame({{0, 0}, {screen.width, above}});
-  all.pad->setFrame({{0, above}, {screen.width, height}});
+  if (all.accessory) all.accessory->frame.set({{0, 0}, {screen.width, above}});
+  all.pad->frame.set({{0, above}, {screen.width, height}});
   const CGFloat top = all.isUp ? screen.height - above - height : screen.height;
-  all.host->setFrame({{0, top}, {screen.width, above + height}});
+  all.host->frame.set({{0, top}, {screen.width, above + height}});
 }
 
 // Where the screen has turned, the keys have other places.
@@ -180,7 +180,7 @@ void makeWindow() {
   if (all.window) return;
   const CGSize screen = screenSize();
   all.window = bridge::make<KeyboardWindow, &UIView::initWithFrame>(CGRect{{0, 0}, screen});
-  all.window->setWindowLevel(windowLevel);
+  all.window->windowLevel.set(windowLevel);
   all.host = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
   all.window->addSubview(all.host);
 }
@@ -196,14 +196,14 @@ void move(bridge::Block<void(BOOL)> then) {
 void raise(UIResponder responder) {
   makeWindow();
   Keyboard& all = keyboard();
-  all.window->setFrame({{0, 0}, screenSize()});
+  all.window->frame.set({{0, 0}, screenSize()});
   const bool wasUp = all.isUp;
   UIView::performWithoutAnimation(bridge::Block<void()>([responder] {
     bringParts(responder);
     place();
   }));
   all.isUp = true;
-  all.window->setHidden(NO);
+  all.window->hidden.set(NO);
   if (wasUp) return place();
   post("UIKeyboardWillShowNotification"_ns);
   move([](BOOL) {
@@ -218,7 +218,7 @@ void lower() {
   move([](BOOL) {
     if (keyboard().isUp) return;
     takeParts();
-    keyboard().window->setHidden(YES);
+    keyboard().window->hidden.set(YES);
     post("UIKeyboardDidHideNotification"_ns);
   });
 }
@@ -281,7 +281,7 @@ NextKey nextKeyFor(const std::string& character) {
 void keyboardHears(UITextField changed) {
   if (!(changed == firstResponder())) return;
   Strong<UIControl>* const place = findKey([](const Key& key) { return key.kind == KeyKind::enter; });
-  if (!place || (*place)->isEnabled() == mayEnter()) return;
+  if (!place || (*place)->enabled() == mayEnter()) return;
   const Strong<UIControl> old = *place;
   const Key key = keyOf(old);
   std::erase(keyboard().keys, old);

@@ -59,7 +59,7 @@ CGRect capRect(KeyView self) {
 
 Color inkOf(KeyView self) {
   const Color ink = KeyClass::state(self).colors.text;
-  return self.isEnabled() ? ink : withAlpha(ink, disabledAlpha);
+  return self.enabled() ? ink : withAlpha(ink, disabledAlpha);
 }
 
 void layoutSubviews(KeyView self) {
@@ -67,8 +67,8 @@ void layoutSubviews(KeyView self) {
   self.setNeedsDisplay();
   if (!state.label) return;
   const auto ink = makeColor(inkOf(self));
-  state.label->setFrame(capRect(self));
-  state.label->setTextColor(ink);
+  state.label->frame.set(capRect(self));
+  state.label->textColor.set(ink);
 }
 
 void polygon(cairo_t* context, std::initializer_list<CGPoint> points) {
@@ -113,7 +113,7 @@ void drawRect(KeyView self, CGRect) {
   setSource(context, state.colors.edge);
   cairo_fill(context);
   addRoundedRect(context, cap, cornerRadius);
-  setSource(context, self.isHighlighted() ? state.colors.pressed : state.colors.cap);
+  setSource(context, self.highlighted() ? state.colors.pressed : state.colors.cap);
   cairo_fill(context);
   if (!isGlyph(state.key.kind)) return;
   const SavedState saved(context);
@@ -133,9 +133,9 @@ void endTracking(KeyView self, UITouch, UIEvent) {
 Strong<UILabel> makeLabel(const Key& key) {
   auto label = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{});
   const bool isWord = key.kind != KeyKind::text;
-  label->setText(NSString::stringWithUTF8String(key.text.c_str()));
-  label->setFont(UIFont::systemFontOfSize(isWord ? wordSize : letterSize));
-  label->setTextAlignment(NSTextAlignmentCenter);
+  label->text.set(NSString::stringWithUTF8String(key.text.c_str()));
+  label->font.set(UIFont::systemFontOfSize(isWord ? wordSize : letterSize));
+  label->textAlignment.set(NSTextAlignmentCenter);
   return label;
 }
 

@@ -109,28 +109,10 @@ void setTextColor(UILabel self, UIColor color) {
   changed(self);
 }
 
-UIColor shadowColor(UILabel self) { return LabelClass::state(self).shadowColor; }
-
-void setShadowColor(UILabel self, UIColor color) {
-  LabelClass::state(self).shadowColor = retained(color);
-  changed(self);
-}
-
-template <auto Field, class Value>
-Value get(UILabel self) {
-  return LabelClass::state(self).*Field;
-}
-
-template <auto Field, class Value>
-void set(UILabel self, Value value) {
-  LabelClass::state(self).*Field = value;
-  changed(self);
-}
-
 Strong<UIView> initWithFrame(UILabel self, CGRect frame) {
   auto made = LabelClass::super<&UIView::initWithFrame>(self, frame);
-  made->setUserInteractionEnabled(NO);
-  made->setContentMode(UIViewContentModeRedraw);
+  made->userInteractionEnabled.set(NO);
+  made->contentMode.set(UIViewContentModeRedraw);
   return made;
 }
 
@@ -152,19 +134,14 @@ void defineLabel() {
   using bridge::method;
   LabelClass::define<UIView>(
       method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::drawRect, drawRect>(),
-      method<&UIView::sizeThatFits, sizeThatFits>(), method<&UILabel::text, text>(),
-      method<&UILabel::setText, setText>(), method<&UILabel::font, font>(),
-      method<&UILabel::setFont, setFont>(), method<&UILabel::textColor, textColor>(),
-      method<&UILabel::setTextColor, setTextColor>(), method<&UILabel::shadowColor, shadowColor>(),
-      method<&UILabel::setShadowColor, setShadowColor>(),
-      method<&UILabel::shadowOffset, get<&LabelState::shadowOffset, CGSize>>(),
-      method<&UILabel::setShadowOffset, set<&LabelState::shadowOffset, CGSize>>(),
-      method<&UILabel::textAlignment, get<&LabelState::textAlignment, NSInteger>>(),
-      method<&UILabel::setTextAlignment, set<&LabelState::textAlignment, NSInteger>>(),
-      method<&UILabel::lineBreakMode, get<&LabelState::lineBreakMode, NSInteger>>(),
-      method<&UILabel::setLineBreakMode, set<&LabelState::lineBreakMode, NSInteger>>(),
-      method<&UILabel::numberOfLines, get<&LabelState::numberOfLines, NSInteger>>(),
-      method<&UILabel::setNumberOfLines, set<&LabelState::numberOfLines, NSInteger>>());
+      method<&UIView::sizeThatFits, sizeThatFits>(), bridge::property<&UILabel::text, text, setText>(),
+      bridge::property<&UILabel::font, font, setFont>(),
+      bridge::property<&UILabel::textColor, textColor, setTextColor>(),
+      LabelClass::property<&UILabel::shadowColor, &LabelState::shadowColor, changed>(),
+      LabelClass::property<&UILabel::shadowOffset, &LabelState::shadowOffset, changed>(),
+      LabelClass::property<&UILabel::textAlignment, &LabelState::textAlignment, changed>(),
+      LabelClass::property<&UILabel::lineBreakMode, &LabelState::lineBreakMode, changed>(),
+      LabelClass::property<&UILabel::numberOfLines, &LabelState::numberOfLines, changed>());
 }
 
 }  // namespace sim::uikit

@@ -80,7 +80,7 @@ void typeReturn(UITextField field) {
 void clearText(UITextField field) {
   const Strong<UITextField> alive = retained(field);
   if (!ask<&Delegate::textFieldShouldClear>(field)) return;
-  field.setText(""_ns);
+  field.text.set(""_ns);
   textChanged(field);
 }
 
@@ -114,14 +114,14 @@ BOOL resignFirstResponder(UITextField self) {
 }
 
 void insertText(UITextField self, NSString text) {
-  self.setText(self.text().stringByAppendingString(text));
+  self.text.set(self.text().stringByAppendingString(text));
   textChanged(self);
 }
 
 void deleteBackward(UITextField self) {
   const Strong<NSString> text = retained(self.text());
   if (text->length() == 0) return;
-  self.setText(bridge::as<Cuttable>(text.get()).substringToIndex(lastCharacter(text).location));
+  self.text.set(bridge::as<Cuttable>(text.get()).substringToIndex(lastCharacter(text).location));
   textChanged(self);
 }
 

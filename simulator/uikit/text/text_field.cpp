@@ -90,18 +90,18 @@ CGFloat endOfText(UITextField self) {
 
 void placeCaret(UITextField self) {
   const TextFieldState& state = stateOf(self);
-  state.caret->setHidden(!state.editing);
+  state.caret->hidden.set(!state.editing);
   if (!state.editing) return;
   const CGFloat height = fontMetrics(fontOf(self.font())).lineHeight;
-  state.caret->setBackgroundColor(self.tintColor());
-  state.caret->setFrame({{endOfText(self), (self.bounds().size.height - height) / 2}, {caretWidth, height}});
+  state.caret->backgroundColor.set(self.tintColor());
+  state.caret->frame.set({{endOfText(self), (self.bounds().size.height - height) / 2}, {caretWidth, height}});
 }
 
 void layoutSubviews(UITextField self) {
   const CGSize size = self.bounds().size;
   const Strong<UIControl>& clear = stateOf(self).clearButton;
-  clear->setHidden(!showsClearButton(self));
-  clear->setFrame({{size.width - clearButtonWidth, 0}, {clearButtonWidth, size.height}});
+  clear->hidden.set(!showsClearButton(self));
+  clear->frame.set({{size.width - clearButtonWidth, 0}, {clearButtonWidth, size.height}});
   placeCaret(self);
 }
 
@@ -164,6 +164,13 @@ void setFont(UITextField self, UIFont font) {
   textFieldChanged(self);
 }
 
+UIView inputView(UITextField self) { return stateOf(self).inputView; }
+void setInputView(UITextField self, UIView view) { stateOf(self).inputView = retained(view); }
+UIView inputAccessoryView(UITextField self) { return stateOf(self).inputAccessoryView; }
+void setInputAccessoryView(UITextField self, UIView view) {
+  stateOf(self).inputAccessoryView = retained(view);
+}
+
 UIColor textColor(UITextField self) {
   const Strong<UIColor>& color = stateOf(self).textColor;
   return color ? color.get() : UIColor::blackColor();
@@ -174,24 +181,11 @@ void setTextColor(UITextField self, UIColor color) {
   textFieldChanged(self);
 }
 
-template <auto Field>
-NSInteger look(UITextField self) {
-  return stateOf(self).*Field;
-}
-
-template <auto Field>
-void setLook(UITextField self, NSInteger value) {
-  stateOf(self).*Field = value;
-  textFieldChanged(self);
-}
-
 // Editing.
 
-bridge::Object delegate(UITextField self) { return stateOf(self).delegate.get(); }
-void setDelegate(UITextField self, bridge::Object delegate) { stateOf(self).delegate = Weak(delegate); }
 BOOL isEditing(UITextField self) { return stateOf(self).editing; }
 BOOL hasText(UITextField self) { return self.text().length() > 0; }
-BOOL canBecomeFirstResponder(UITextField self) { return self.isEnabled(); }
+BOOL canBecomeFirstResponder(UITextField self) { return self.enabled(); }
 
 // A tap begins to edit.
 void endTracking(UITextField self, UITouch, UIEvent) {
@@ -201,10 +195,10 @@ void endTracking(UITextField self, UITouch, UIEvent) {
 Strong<UIView> initWithFrame(UITextField self, CGRect frame) {
   auto made = TextFieldClass::super<&UIView::initWithFrame>(self, frame);
   const auto field = bridge::as<UITextField>(made.get());
-  field.setContentMode(UIViewContentModeRedraw);
+  field.contentMode.set(UIViewContentModeRedraw);
   TextFieldState& state = stateOf(field);
   state.caret = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
-  state.caret->setUserInteractionEnabled(NO);
+  state.caret->userInteractionEnabled.set(NO);
   state.clearButton = makeClearButton();
   field.addSubview(state.caret);
   field.addSubview(state.clearButton);
@@ -228,21 +222,16 @@ void defineTextField() {
   defineClearButton();
   TextFieldClass::define<UIControl>(
       method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::drawRect, drawRect>(),
-      method<&UIView::layoutSubviews, layoutSubviews>(), method<&Face::text, text>(),
-      method<&Face::setText, setText>(), method<&Face::placeholder, placeholder>(),
-      method<&Face::setPlaceholder, setPlaceholder>(), method<&Face::font, font>(),
-      method<&Face::setFont, setFont>(), method<&Face::textColor, textColor>(),
-      method<&Face::setTextColor, setTextColor>(),
-      method<&Face::textAlignment, look<&State::textAlignment>>(),
-      method<&Face::setTextAlignment, setLook<&State::textAlignment>>(),
-      method<&Face::borderStyle, look<&State::borderStyle>>(),
-      method<&Face::setBorderStyle, setLook<&State::borderStyle>>(),
-      method<&Face::clearButtonMode, look<&State::clearButtonMode>>(),
-      method<&Face::setClearButtonMode, setLook<&State::clearButtonMode>>(),
+      method<&UIView::layoutSubviews, layoutSubviews>(), bridge::property<&Face::text, text, setText>(),
+      bridge::property<&Face::placeholder, placeholder, setPlaceholder>(),
+      bridge::property<&Face::font, font, setFont>(),
+      bridge::property<&Face::textColor, textColor, setTextColor>(),
+      TextFieldClass::property<&Face::textAlignment, &State::textAlignment, textFieldChanged>(),
+      TextFieldClass::property<&Face::borderStyle, &State::borderStyle, textFieldChanged>(),
+      TextFieldClass::property<&Face::clearButtonMode, &State::clearButtonMode, textFieldChanged>(),
       // Editing.
-      method<&Face::delegate, delegate>(), method<&Face::setDelegate, setDelegate>(),
-      method<&Face::isEditing, isEditing>(), method<&Face::hasText, hasText>(),
-      method<&UIControl::endTrackingWithTouch_withEvent, endTracking>(),
+      TextFieldClass::property<&Face::delegate, &State::delegate>(), method<&Face::isEditing, isEditing>(),
+      method<&Face::hasText, hasText>(), method<&UIControl::endTrackingWithTouch_withEvent, endTracking>(),
       method<&UIResponder::canBecomeFirstResponder, canBecomeFirstResponder>(),
       method<&UIResponder::becomeFirstResponder, text_field::becomeFirstResponder>(),
       method<&UIResponder::resignFirstResponder, text_field::resignFirstResponder>(),
@@ -250,15 +239,14 @@ void defineTextField() {
       method<&Face::deleteBackward, text_field::deleteBackward>(),
       method<&UIResponder::paste, text_field::paste>(),
       // The keyboard.
-      TextFieldClass::accessors<&UIResponder::inputView, &Face::setInputView, &State::inputView>(),
-      TextFieldClass::accessors<&UIResponder::inputAccessoryView, &Face::setInputAccessoryView,
-                                &State::inputAccessoryView>(),
-      TextFieldClass::accessors<&Face::keyboardType, &Face::setKeyboardType, &State::keyboardType>(),
-      TextFieldClass::accessors<&Face::keyboardAppearance, &Face::setKeyboardAppearance,
-                                &State::keyboardAppearance>(),
-      TextFieldClass::accessors<&Face::returnKeyType, &Face::setReturnKeyType, &State::returnKeyType>(),
-      TextFieldClass::accessors<&Face::enablesReturnKeyAutomatically, &Face::setEnablesReturnKeyAutomatically,
-                                &State::enablesReturnKeyAutomatically>());
+      method<&Face::inputView, inputView>(), method<&Face::setInputView, setInputView>(),
+      method<&Face::inputAccessoryView, inputAccessoryView>(),
+      method<&Face::setInputAccessoryView, setInputAccessoryView>(),
+      TextFieldClass::property<&Face::keyboardType, &State::keyboardType>(),
+      TextFieldClass::property<&Face::keyboardAppearance, &State::keyboardAppearance>(),
+      TextFieldClass::property<&Face::returnKeyType, &State::returnKeyType>(),
+      TextFieldClass::property<&Face::enablesReturnKeyAutomatically,
+                               &State::enablesReturnKeyAutomatically>());
 }
 
 }  // namespace sim::uikit

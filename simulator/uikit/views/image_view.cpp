@@ -29,13 +29,13 @@ void setImage(UIImageView self, UIImage image) {
 
 Strong<UIView> initWithFrame(UIImageView self, CGRect frame) {
   auto made = ImageViewClass::super<&UIView::initWithFrame>(self, frame);
-  made->setUserInteractionEnabled(NO);
+  made->userInteractionEnabled.set(NO);
   return made;
 }
 
 Strong<UIImageView> initWithImage(UIImageView self, UIImage image) {
   auto made = bridge::initialised<&UIView::initWithFrame>(self, CGRect{{}, image.size()});
-  made->setImage(image);
+  made->image.set(image);
   return made;
 }
 
@@ -45,10 +45,10 @@ CGSize sizeThatFits(UIImageView self, CGSize) { return self.image().size(); }
 
 void defineImageView() {
   using bridge::method;
-  ImageViewClass::define<UIView>(
-      method<&UIView::initWithFrame, initWithFrame>(), method<&UIImageView::initWithImage, initWithImage>(),
-      method<&UIImageView::image, image>(), method<&UIImageView::setImage, setImage>(),
-      method<&UIView::sizeThatFits, sizeThatFits>());
+  ImageViewClass::define<UIView>(method<&UIView::initWithFrame, initWithFrame>(),
+                                 method<&UIImageView::initWithImage, initWithImage>(),
+                                 bridge::property<&UIImageView::image, image, setImage>(),
+                                 method<&UIView::sizeThatFits, sizeThatFits>());
 }
 
 }  // namespace sim::uikit

@@ -67,11 +67,9 @@ BOOL isHidden(UIView self) { return layerOf(self).hidden; }
 void setHidden(UIView self, BOOL hidden) { layerOf(self).hidden = hidden; }
 BOOL clipsToBounds(UIView self) { return layerOf(self).masksToBounds; }
 void setClipsToBounds(UIView self, BOOL clips) { layerOf(self).masksToBounds = clips; }
-UIColor backgroundColor(UIView self) { return stateOf(self).backgroundColor; }
 
-void setViewBackgroundColor(UIView self, UIColor color) {
-  stateOf(self).backgroundColor = retained(color);
-  setBackgroundColor(layerObjectOf(self), colorOf(color));
+void showBackgroundColor(UIView self) {
+  setBackgroundColor(layerObjectOf(self), colorOf(stateOf(self).backgroundColor));
 }
 
 // That of the nearest ancestor that has one, or the system's blue.
@@ -151,30 +149,26 @@ void defineView() {
       method<&Coding::initWithCoder, initWithCoder>(), method<&Coding::encodeWithCoder, encodeView>(),
       method<&UIResponder::nextResponder, nextResponder>(),
       // Geometry.
-      method<&UIView::frame, view::frame>(), method<&UIView::setFrame, view::setFrame>(),
-      method<&UIView::bounds, view::bounds>(), method<&UIView::setBounds, view::setBounds>(),
-      method<&UIView::center, view::center>(), method<&UIView::setCenter, view::setCenter>(),
-      method<&UIView::transform, view::transform>(), method<&UIView::setTransform, view::setTransform>(),
-      ViewClass::accessors<&UIView::autoresizingMask, &UIView::setAutoresizingMask,
-                           &ViewState::autoresizingMask>(),
-      ViewClass::accessors<&UIView::autoresizesSubviews, &UIView::setAutoresizesSubviews,
-                           &ViewState::autoresizesSubviews>(),
+      bridge::property<&UIView::frame, view::frame, view::setFrame>(),
+      bridge::property<&UIView::bounds, view::bounds, view::setBounds>(),
+      bridge::property<&UIView::center, view::center, view::setCenter>(),
+      bridge::property<&UIView::transform, view::transform, view::setTransform>(),
+      ViewClass::property<&UIView::autoresizingMask, &ViewState::autoresizingMask>(),
+      ViewClass::property<&UIView::autoresizesSubviews, &ViewState::autoresizesSubviews>(),
       method<&UIView::sizeThatFits, view::sizeThatFits>(), method<&UIView::sizeToFit, view::sizeToFit>(),
       method<&UIView::convertPoint_toView, view::convertPointTo>(),
       method<&UIView::convertPoint_fromView, view::convertPointFrom>(),
       method<&UIView::convertRect_toView, view::convertRectTo>(),
       method<&UIView::convertRect_fromView, view::convertRectFrom>(),
       // Looks.
-      method<&UIView::alpha, alpha>(), method<&UIView::setAlpha, setAlpha>(),
-      method<&UIView::isHidden, isHidden>(), method<&UIView::setHidden, setHidden>(),
-      method<&UIView::backgroundColor, backgroundColor>(),
-      method<&UIView::setBackgroundColor, setViewBackgroundColor>(),
-      method<&UIView::clipsToBounds, clipsToBounds>(), method<&UIView::setClipsToBounds, setClipsToBounds>(),
-      ViewClass::accessors<&UIView::isOpaque, &UIView::setOpaque, &ViewState::opaque>(),
-      method<&UIView::tintColor, tintColor>(), method<&UIView::setTintColor, setTintColor>(),
-      method<&UIView::contentMode, contentMode>(), method<&UIView::setContentMode, setContentMode>(),
-      method<&UIView::layer, layer>(), method<&UIView::setNeedsDisplay, setNeedsDisplay>(),
-      method<&UIView::drawRect, drawRect>(),
+      bridge::property<&UIView::alpha, alpha, setAlpha>(),
+      bridge::property<&UIView::hidden, isHidden, setHidden>(),
+      ViewClass::property<&UIView::backgroundColor, &ViewState::backgroundColor, showBackgroundColor>(),
+      bridge::property<&UIView::clipsToBounds, clipsToBounds, setClipsToBounds>(),
+      ViewClass::property<&UIView::opaque, &ViewState::opaque>(),
+      bridge::property<&UIView::tintColor, tintColor, setTintColor>(),
+      bridge::property<&UIView::contentMode, contentMode, setContentMode>(), method<&UIView::layer, layer>(),
+      method<&UIView::setNeedsDisplay, setNeedsDisplay>(), method<&UIView::drawRect, drawRect>(),
       // The tree.
       method<&UIView::superview, view::superview>(), method<&UIView::subviews, view::subviews>(),
       method<&UIView::window, view::window>(), method<&UIView::addSubview, view::addSubview>(),
@@ -183,9 +177,8 @@ void defineView() {
       method<&UIView::sendSubviewToBack, view::sendSubviewToBack>(),
       method<&UIView::removeFromSuperview, view::removeFromSuperview>(),
       method<&UIView::isDescendantOfView, view::isDescendantOfView>(),
-      ViewClass::accessors<&UIView::tag, &UIView::setTag, &ViewState::tag>(),
-      method<&UIView::viewWithTag, view::viewWithTag>(), method<&UIView::endEditing, endEditing>(),
-      method<&UIView::willMoveToSuperview, movesToSuperview>(),
+      ViewClass::property<&UIView::tag, &ViewState::tag>(), method<&UIView::viewWithTag, view::viewWithTag>(),
+      method<&UIView::endEditing, endEditing>(), method<&UIView::willMoveToSuperview, movesToSuperview>(),
       method<&UIView::didMoveToSuperview, movedToSuperview>(),
       method<&UIView::willMoveToWindow, movesToWindow>(), method<&UIView::didMoveToWindow, movedToWindow>(),
       method<&UIView::didAddSubview, subviewChanges>(), method<&UIView::willRemoveSubview, subviewChanges>(),
@@ -194,12 +187,10 @@ void defineView() {
       method<&UIView::layoutIfNeeded, view::layoutIfNeeded>(),
       method<&UIView::layoutSubviews, layoutSubviews>(),
       // Touches.
-      ViewClass::accessors<&UIView::isUserInteractionEnabled, &UIView::setUserInteractionEnabled,
-                           &ViewState::userInteractionEnabled>(),
+      ViewClass::property<&UIView::userInteractionEnabled, &ViewState::userInteractionEnabled>(),
       method<&UIView::hitTest_withEvent, view::hitTest>(),
       method<&UIView::pointInside_withEvent, view::pointInside>(),
-      ViewClass::accessors<&UIView::isMultipleTouchEnabled, &UIView::setMultipleTouchEnabled,
-                           &ViewState::multipleTouchEnabled>(),
+      ViewClass::property<&UIView::multipleTouchEnabled, &ViewState::multipleTouchEnabled>(),
       method<&UIView::gestureRecognizers, view::gestureRecognizers>(),
       method<&UIView::addGestureRecognizer, view::addGestureRecognizer>(),
       method<&UIView::removeGestureRecognizer, view::removeGestureRecognizer>(),

@@ -44,8 +44,8 @@ void setView(UIViewController self, UIView view) {
 
 void loadView(UIViewController self) {
   const auto view = bridge::make<UIView, &UIView::initWithFrame>(UIScreen::mainScreen().bounds());
-  view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-  self.setView(view);
+  view->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  self.view.set(view);
 }
 
 UIResponder nextResponder(UIViewController self) {
@@ -87,8 +87,9 @@ void defineViewController() {
   using bridge::method;
   ViewControllerClass::define<UIResponder>(
       method<&NSObject::init, init>(), method<&UIViewController::initWithNibName_bundle, initWithNibName>(),
-      method<&UIResponder::nextResponder, nextResponder>(), method<&UIViewController::view, view>(),
-      method<&UIViewController::setView, setView>(), method<&UIViewController::isViewLoaded, isViewLoaded>(),
+      method<&UIResponder::nextResponder, nextResponder>(),
+      bridge::property<&UIViewController::view, view, setView>(),
+      method<&UIViewController::isViewLoaded, isViewLoaded>(),
       method<&UIViewController::loadView, loadView>(), method<&UIViewController::viewDidLoad, viewDidLoad>(),
       method<&UIViewController::viewWillAppear, appearance>(),
       method<&UIViewController::viewDidAppear, appearance>(),

@@ -37,7 +37,7 @@ void autoresizeSubviews(UIView view, CGSize oldSize) {
   for (const auto& subview : subviews) {
     const CGRect frame = subview->frame();
     const CGRect moved = autoresized(frame, stateOf(subview).autoresizingMask, oldSize, newSize);
-    if (!(moved == frame)) subview->setFrame(moved);
+    if (!(moved == frame)) subview->frame.set(moved);
   }
 }
 
@@ -91,9 +91,9 @@ void sizeToFit(UIView self) {
   const CGRect bounds = self.bounds();
   // Keeps the upper left corner, as setting the bounds alone would not.
   if (self.transform() == identityTransform)
-    self.setFrame({self.frame().origin, self.sizeThatFits(bounds.size)});
+    self.frame.set({self.frame().origin, self.sizeThatFits(bounds.size)});
   else
-    self.setBounds({bounds.origin, self.sizeThatFits(bounds.size)});
+    self.bounds.set({bounds.origin, self.sizeThatFits(bounds.size)});
 }
 
 CGPoint convertPointTo(UIView self, CGPoint point, UIView view) {

@@ -9,7 +9,7 @@ namespace {
 constexpr double leastAlpha = 0.01;
 
 bool takesTouches(UIView view) {
-  return !view.isHidden() && view.isUserInteractionEnabled() && view.alpha() >= leastAlpha &&
+  return !view.hidden() && view.userInteractionEnabled() && view.alpha() >= leastAlpha &&
          !ignoresTouches(layerObjectOf(view));
 }
 

@@ -40,10 +40,10 @@ using WindowClass = bridge::Implementation<UIWindow, WindowState>;
 // The controller's view comes in with the window's first showing, so that it is not loaded before.
 void showRootView(UIWindow self) {
   const Strong<UIViewController>& controller = WindowClass::state(self).rootViewController;
-  if (!controller || self.isHidden()) return;
+  if (!controller || self.hidden()) return;
   const UIView view = controller->view();
   if (view.superview() == self) return;
-  view.setFrame(self.bounds());
+  view.frame.set(self.bounds());
   self.insertSubview_atIndex(view, 0);
 }
 
@@ -57,8 +57,8 @@ Strong<UIView> initWithFrame(UIWindow self, CGRect frame) {
 }
 
 void setHidden(UIWindow self, BOOL hidden) {
-  const bool appears = self.isHidden() && !hidden;
-  WindowClass::super<&UIView::setHidden>(self, hidden);
+  const bool appears = self.hidden() && !hidden;
+  WindowClass::super<bridge::setterOf<&UIView::hidden>>(self, hidden);
   if (!appears) return;
   std::erase(known(), self);
   known().push_back(self);
@@ -69,7 +69,7 @@ void makeKeyWindow(UIWindow self) { key() = self; }
 
 void makeKeyAndVisible(UIWindow self) {
   self.makeKeyWindow();
-  self.setHidden(NO);
+  self.hidden.set(NO);
 }
 
 BOOL isKeyWindow(UIWindow self) { return key() == self; }
@@ -104,13 +104,12 @@ UIWindow keyWindow() { return key(); }
 void defineWindow() {
   using bridge::method;
   WindowClass::define<UIView>(
-      method<&UIView::initWithFrame, initWithFrame>(), method<&UIView::setHidden, setHidden>(),
+      method<&UIView::initWithFrame, initWithFrame>(), method<bridge::setterOf<&UIView::hidden>, setHidden>(),
       method<&UIWindow::makeKeyWindow, makeKeyWindow>(),
       method<&UIWindow::makeKeyAndVisible, makeKeyAndVisible>(),
       method<&UIWindow::isKeyWindow, isKeyWindow>(), method<&UIWindow::sendEvent, sendEvent>(),
-      WindowClass::accessors<&UIWindow::windowLevel, &UIWindow::setWindowLevel, &WindowState::level>(),
-      method<&UIWindow::rootViewController, rootViewController>(),
-      method<&UIWindow::setRootViewController, setRootViewController>(),
+      WindowClass::property<&UIWindow::windowLevel, &WindowState::level>(),
+      bridge::property<&UIWindow::rootViewController, rootViewController, setRootViewController>(),
       method<&UIResponder::nextResponder, nextResponder>());
 }
 

@@ -52,9 +52,9 @@ TEST(OpenFolder, LooksAsItDoesOverAnEmptyPage) {
   home.step("open \"Extras\"");
   home.step("wait 1");
   const std::string open = pictureOf(home);
-  pages().setHidden(YES);
+  pages().hidden.set(YES);
   EXPECT_TRUE(pictureOf(home) == open);
-  pages().setHidden(NO);
+  pages().hidden.set(NO);
   home.step("home");
   home.step("wait 1");
   EXPECT_TRUE(pictureOf(home) == closed);

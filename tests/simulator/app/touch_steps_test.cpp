@@ -50,8 +50,8 @@ void watchTouches() {
       method<&UIGestureRecognizer::touchesMoved_withEvent, watch>(),
       method<&UIGestureRecognizer::touchesEnded_withEvent, watch>());
   auto watcher = bridge::make<Watcher, &NSObject::init>();
-  watcher->setCancelsTouchesInView(NO);
-  watcher->setDelaysTouchesEnded(NO);
+  watcher->cancelsTouchesInView.set(NO);
+  watcher->delaysTouchesEnded.set(NO);
   UIApplication::sharedApplication().keyWindow().addGestureRecognizer(watcher);
 }
 
@@ -196,7 +196,7 @@ TEST(TouchSteps, RecognisersOfTheScrollViewHearOfFingersOnIcons) {
   const SEL action = bridge::selector<"fired">();
   auto swipe = bridge::make<UISwipeGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
       bridge::Object(counter.get()), action);
-  bridge::as<UISwipeGestureRecognizer>(swipe.get()).setDirection(UISwipeGestureRecognizerDirectionUp);
+  bridge::as<UISwipeGestureRecognizer>(swipe.get()).direction.set(UISwipeGestureRecognizerDirectionUp);
   const UIView scrollView = sim::springboard::homeScreen().scrollView.get();
   scrollView.addGestureRecognizer(swipe);
   const CGPoint icon = sim::input::findNamed(
@@ -212,7 +212,7 @@ TEST(TouchSteps, RecognisersOfTheScrollViewHearOfFingersOnIcons) {
   scrollView.removeGestureRecognizer(swipe);
   auto tap = bridge::make<UITapGestureRecognizer, &UIGestureRecognizer::initWithTarget_action>(
       bridge::Object(counter.get()), action);
-  bridge::as<UITapGestureRecognizer>(tap.get()).setNumberOfTouchesRequired(2);
+  bridge::as<UITapGestureRecognizer>(tap.get()).numberOfTouchesRequired.set(2);
   scrollView.addGestureRecognizer(tap);
   home.step("two-finger-tap");
   EXPECT_EQ(fired, 3);
@@ -278,17 +278,17 @@ TEST_F(Named, FailureSaysWhy) {
   EXPECT_EQ(errorOfTap(nameOnPage(1)), "test:1: \"" + nameOnPage(1) + "\" is not on the screen");
   auto control = bridge::make<UIControl, &UIView::initWithFrame>(CGRect{{50, 300}, {100, 44}});
   auto label = bridge::make<UILabel, &UIView::initWithFrame>(control->bounds());
-  label->setText(NSString::stringWithUTF8String("\xEF\x84\xB9 Go "));
+  label->text.set(NSString::stringWithUTF8String("\xEF\x84\xB9 Go "));
   control->addSubview(label);
   const UIWindow window = UIApplication::sharedApplication().keyWindow();
   window.addSubview(control);
   EXPECT_EQ(sim::input::findNamed("Go"), (CGPoint{100, 322}));
-  control->setEnabled(NO);
+  control->enabled.set(NO);
   EXPECT_EQ(errorOfTap("Go"), "test:1: \"Go\" is disabled");
-  control->setEnabled(YES);
-  control->setHidden(YES);
+  control->enabled.set(YES);
+  control->hidden.set(YES);
   EXPECT_EQ(errorOfTap("Go"), "test:1: \"Go\" is hidden");
-  control->setHidden(NO);
+  control->hidden.set(NO);
   auto cover = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{0, 0}, {375, 667}});
   window.addSubview(cover);
   EXPECT_EQ(errorOfTap("Go"), "test:1: \"Go\" is covered by a UIView");

@@ -13,7 +13,7 @@ class Pages : public testing::Test {
 
   static void scrollTo(double pages) {
     auto& scrollView = sim::springboard::homeScreen().scrollView;
-    scrollView->setContentOffset({pages * scrollView->bounds().size.width, 0});
+    scrollView->contentOffset.set({pages * scrollView->bounds().size.width, 0});
   }
 
   SBIconListView listAt(NSUInteger index) {
@@ -76,7 +76,7 @@ TEST_F(Pages, HaveADotEach) { EXPECT_EQ(home.report()["pageDots"]["count"], 4); 
 TEST(TurnedPages, KeepThePageOnScreen) {
   test::Home home({"--stock", "--device", "iPad Air 2", "--pages", "3"});
   auto& scrollView = sim::springboard::homeScreen().scrollView;
-  scrollView->setContentOffset({2 * scrollView->bounds().size.width, 0});
+  scrollView->contentOffset.set({2 * scrollView->bounds().size.width, 0});
   home.step("rotate landscape");
   EXPECT_EQ(SBIconController::sharedInstance().currentIconListIndex(), 2);
   EXPECT_EQ(scrollView->bounds().size.width, 1024);

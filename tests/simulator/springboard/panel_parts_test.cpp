@@ -38,7 +38,7 @@ UIWindow homeWindow() { return UIApplication::sharedApplication().keyWindow(); }
 // A plain view over the whole home screen.
 bridge::Strong<UIView> makeBackground() {
   auto view = bridge::make<UIView, &UIView::initWithFrame>(homeWindow().bounds());
-  view->setBackgroundColor(UIColor::whiteColor());
+  view->backgroundColor.set(UIColor::whiteColor());
   homeWindow().addSubview(view);
   return view;
 }
@@ -56,7 +56,7 @@ TEST(Chevron, IsDrawnInItsColourAndPointsDown) {
   test::Home home({"--stock"});
   auto background = makeBackground();
   auto chevron = bridge::make<SBUIChevronView, &SBChevronView::initWithColor>(UIColor::redColor());
-  chevron->setFrame({{100, 100}, {50, 30}});
+  chevron->frame.set({{100, 100}, {50, 30}});
   background->addSubview(chevron);
   EXPECT_EQ(pixelAt(125, 119), 0xff0000u);  // the tip, below the middle
   EXPECT_EQ(pixelAt(108, 111), 0xff0000u);  // the ends, above it
@@ -70,9 +70,9 @@ TEST(Chevron, FollowsItsFrame) {
   auto background = makeBackground();
   auto chevron = bridge::make<SBUIChevronView, &SBChevronView::initWithColor>(UIColor::blackColor());
   background->addSubview(chevron);
-  chevron->setFrame({{100, 100}, {50, 30}});
+  chevron->frame.set({{100, 100}, {50, 30}});
   ASSERT_EQ(pixelAt(125, 119), 0u);
-  chevron->setFrame({{100, 200}, {80, 60}});
+  chevron->frame.set({{100, 200}, {80, 60}});
   EXPECT_EQ(pixelAt(125, 119), 0xffffffu);
   EXPECT_EQ(pixelAt(140, 234), 0u);
 }

@@ -27,22 +27,22 @@ TEST_F(ActivityIndicators, HaveTheSizeOfTheirStyle) {
 TEST_F(ActivityIndicators, AreHiddenWhileTheyStandStill) {
   auto indicator = made();
   EXPECT_FALSE(indicator->isAnimating());
-  EXPECT_TRUE(indicator->isHidden());  // confirmed: documentation of hidesWhenStopped
+  EXPECT_TRUE(indicator->hidden());  // confirmed: documentation of hidesWhenStopped
   indicator->startAnimating();
   EXPECT_TRUE(indicator->isAnimating());
-  EXPECT_FALSE(indicator->isHidden());
+  EXPECT_FALSE(indicator->hidden());
   indicator->stopAnimating();
   EXPECT_FALSE(indicator->isAnimating());
-  EXPECT_TRUE(indicator->isHidden());
+  EXPECT_TRUE(indicator->hidden());
 }
 
 TEST_F(ActivityIndicators, MayBeSeenStandingStill) {
   auto indicator = made();
-  indicator->setHidesWhenStopped(NO);
-  EXPECT_FALSE(indicator->isHidden());  // confirmed: documentation of hidesWhenStopped
+  indicator->hidesWhenStopped.set(NO);
+  EXPECT_FALSE(indicator->hidden());  // confirmed: documentation of hidesWhenStopped
   indicator->startAnimating();
   indicator->stopAnimating();
-  EXPECT_FALSE(indicator->isHidden());
+  EXPECT_FALSE(indicator->hidden());
 }
 
 // How bright the spoke that points to the hour of a clock face is on the screen.
@@ -56,7 +56,7 @@ int brightness(int hour, double now) {
 TEST_F(ActivityIndicators, GoRoundOnceASecondInTwelveSteps) {
   auto window = makeWindow();
   auto indicator = made();
-  indicator->setFrame({{100, 100}, {37, 37}});
+  indicator->frame.set({{100, 100}, {37, 37}});
   window->addSubview(indicator);
   indicator->startAnimating();
   EXPECT_GT(brightness(0, 0), 240);  // assumed

@@ -17,7 +17,7 @@ using sim::uikit::layOutAlert;
 
 class Alert : public Fingers {
  protected:
-  Alert() : root(make<UIViewController, &NSObject::init>()) { window->setRootViewController(root); }
+  Alert() : root(make<UIViewController, &NSObject::init>()) { window->rootViewController.set(root); }
 
   static Strong<UIAlertController> makeAlert(NSString title = "Title"_ns, NSString message = "Message"_ns) {
     return retained(UIAlertController::alertControllerWithTitle_message_preferredStyle(
@@ -259,7 +259,7 @@ TEST_F(Alert, StaysInTheMiddleWhenTheWindowTurns) {
   auto alert = makeAlert();
   present(alert);
   pass(1);
-  window->setFrame({{0, 0}, {667, 375}});
+  window->frame.set({{0, 0}, {667, 375}});
   sim::uikit::layoutPass();
   const CGRect frame = onScreen(alert->view());
   EXPECT_NEAR(frame.origin.x + frame.size.width / 2, 333.5, 0.5);
@@ -349,7 +349,7 @@ class AlertWithField : public Alert {
   AlertWithField() {
     alert = makeAlert();
     alert->addTextFieldWithConfigurationHandler(
-        Block<void(UITextField)>([](UITextField field) { field.setPlaceholder("Name"_ns); }));
+        Block<void(UITextField)>([](UITextField field) { field.placeholder.set("Name"_ns); }));
     addAction(alert, "Okay"_ns);
   }
   ~AlertWithField() override {

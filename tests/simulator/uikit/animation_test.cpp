@@ -22,7 +22,7 @@ class Animation : public UIKit {
   }
 
   Block<void()> fade(double alpha) {
-    return [this, alpha] { view.setAlpha(alpha); };
+    return [this, alpha] { view.alpha.set(alpha); };
   }
   // Writes down `mark` when it finished, its negative when it was cut short.
   Block<void(BOOL)> note(int mark) {
@@ -105,7 +105,7 @@ TEST_F(Animation, WithoutChangesCompletesOnTheNextTurn) {
 TEST_F(Animation, OutsideTheWindowNothingIsAnimated) {
   auto loose = makeView();
   const UIView target = loose;
-  UIView::animateWithDuration_animations_completion(1, Block<void()>([=] { target.setAlpha(0); }), note(1));
+  UIView::animateWithDuration_animations_completion(1, Block<void()>([=] { target.alpha.set(0); }), note(1));
   EXPECT_EQ(shown(loose).opacity, 0);  // assumed
   turn();
   EXPECT_EQ(completions, std::vector{1});
@@ -123,13 +123,13 @@ TEST_F(Animation, WhatACompletionStartsWaitsForTheNextTurn) {
 }
 
 TEST_F(Animation, AllAnimatableValuesMove) {
-  view.setBackgroundColor(UIColor::blackColor());
+  view.backgroundColor.set(UIColor::blackColor());
   UIView::animateWithDuration_delay_options_animations_completion(
       1, 0, UIViewAnimationOptionCurveLinear, Block<void()>([this] {
-        view.setFrame({{100, 0}, {200, 100}});
-        view.setBackgroundColor(UIColor::whiteColor());
-        view.layer().setCornerRadius(10);
-        view.setTransform({3, 0, 0, 3, 0, 0});
+        view.frame.set({{100, 0}, {200, 100}});
+        view.backgroundColor.set(UIColor::whiteColor());
+        view.layer().cornerRadius.set(10);
+        view.transform.set({3, 0, 0, 3, 0, 0});
       }),
       {});
   pass(0.5);
@@ -170,8 +170,8 @@ TEST_F(Animation, FromTheCurrentStateTakesTheOldOnesPlace) {
 TEST_F(Animation, FromTheCurrentStateMayChangeAValueTwice) {
   UIView::animateWithDuration_delay_options_animations_completion(
       1, 0, UIViewAnimationOptionBeginFromCurrentState, Block<void()>([this] {
-        view.setAlpha(0.5);
-        view.setAlpha(0);
+        view.alpha.set(0.5);
+        view.alpha.set(0);
       }),
       note(1));
   EXPECT_EQ(alpha(), 1);
@@ -238,10 +238,10 @@ TEST_F(Animation, PerformWithoutAnimationHoldsItOff) {
   UIView::animateWithDuration_animations(1, Block<void()>([this] {
                                            UIView::performWithoutAnimation(Block<void()>([this] {
                                              EXPECT_FALSE(UIView::areAnimationsEnabled());
-                                             view.setAlpha(0);
+                                             view.alpha.set(0);
                                            }));
                                            EXPECT_TRUE(UIView::areAnimationsEnabled());
-                                           view.setCenter({500, 50});
+                                           view.center.set({500, 50});
                                          }));
   EXPECT_EQ(alpha(), 0);  // confirmed: Apple documentation of performWithoutAnimation:
   EXPECT_EQ(shown(view).position.x, 50);
@@ -270,7 +270,7 @@ TEST_F(Animation, BlockThatRaisesLeavesNothingBehind) {
   EXPECT_THROW(
       UIView::animateWithDuration_animations(1, Block<void()>([] { throw std::runtime_error("no"); })),
       std::runtime_error);
-  view.setAlpha(0);
+  view.alpha.set(0);
   EXPECT_EQ(alpha(), 0);
   turn();
   EXPECT_EQ(sim::uikit::nextAnimationEvent(), std::nullopt);

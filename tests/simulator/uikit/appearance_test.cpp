@@ -9,8 +9,7 @@ namespace {
 // A view with a property of its own, and a view that derives from it.
 struct RoundView : bridge::Face<"TestRoundView", UIView> {
   static constexpr bridge::ClassMethod<"TestRoundView", "appearance", RoundView()> appearance{};
-  MESSAGE Method<"roundness", NSNumber()> roundness;
-  MESSAGE Method<"setRoundness:", void(NSNumber)> setRoundness;
+  MESSAGE Property<"roundness", NSNumber> roundness;
 };
 struct RounderView : bridge::Face<"TestRounderView", RoundView> {};
 
@@ -22,10 +21,9 @@ using RoundClass = bridge::Implementation<RoundView, RoundState>;
 class Appearance : public UIKit {
  protected:
   Appearance() {
-    RoundClass::define<UIView>(
-        RoundClass::accessors<&RoundView::roundness, &RoundView::setRoundness, &RoundState::roundness>());
+    RoundClass::define<UIView>(RoundClass::property<&RoundView::roundness, &RoundState::roundness>());
     bridge::Implementation<RounderView>::define<RoundView>();
-    of<RoundView>().setRoundness({});
+    of<RoundView>().roundness.set({});
   }
 
   template <class T>
@@ -36,7 +34,7 @@ class Appearance : public UIKit {
 
 TEST_F(Appearance, RemembersWhatIsWantedOfAClass) {
   EXPECT_FALSE(of<RoundView>().roundness());
-  of<RoundView>().setRoundness(NSNumber::numberWithInt(5));
+  of<RoundView>().roundness.set(NSNumber::numberWithInt(5));
   EXPECT_EQ(of<RoundView>().roundness().intValue(), 5);
 }
 
@@ -47,21 +45,21 @@ TEST_F(Appearance, IsOneForEachClass) {
 
 TEST_F(Appearance, OfAClassIsThatOfItsSubclassesUnlessTheyWantAnother) {
   // confirmed: Apple documentation of UIAppearance
-  of<RoundView>().setRoundness(NSNumber::numberWithInt(5));
+  of<RoundView>().roundness.set(NSNumber::numberWithInt(5));
   EXPECT_EQ(of<RounderView>().roundness().intValue(), 5);
-  of<RounderView>().setRoundness(NSNumber::numberWithInt(9));
+  of<RounderView>().roundness.set(NSNumber::numberWithInt(9));
   EXPECT_EQ(of<RounderView>().roundness().intValue(), 9);
   EXPECT_EQ(of<RoundView>().roundness().intValue(), 5);
 }
 
 TEST_F(Appearance, IsNoneOfItsViews) {
   auto view = make<RoundView, &UIView::initWithFrame>(CGRect{});
-  view->setRoundness(NSNumber::numberWithInt(1));
+  view->roundness.set(NSNumber::numberWithInt(1));
   EXPECT_FALSE(of<RoundView>().roundness());
 }
 
 TEST_F(Appearance, RaisesForWhatTheSimulatorWouldNotApply) {
-  EXPECT_ANY_THROW(of<RoundView>().setBackgroundColor(UIColor::redColor()));
+  EXPECT_ANY_THROW(of<RoundView>().backgroundColor.set(UIColor::redColor()));
   EXPECT_ANY_THROW(of<RoundView>().layoutIfNeeded());
 }
 

@@ -45,17 +45,17 @@ TEST_F(Arbiter, DelegateOfEitherMayLetBothRun) {
   auto pan = attach<UIPanGestureRecognizer>(view, "pan");
   happenings().simultaneous = [](auto, auto) { return true; };
   for (const UIGestureRecognizer asked : {UIGestureRecognizer(swipe.get()), UIGestureRecognizer(pan.get())}) {
-    asked.setDelegate(listener);
+    asked.delegate.set(listener);
     const Log log = drag();
     EXPECT_EQ(only(log, "pan").back(), "pan ended");
     EXPECT_EQ(only(log, "swipe"), Log{"swipe ended"});  // confirmed: YES of either is enough
-    asked.setDelegate({});
+    asked.delegate.set({});
   }
 }
 
 TEST_F(Arbiter, DelegateMayRefuseATouch) {
   auto pan = attach<UIPanGestureRecognizer>(view, "pan");
-  pan->setDelegate(listener);
+  pan->delegate.set(listener);
   happenings().shouldReceive = [this](auto, UITouch touch) { return touch.locationInView(view).x > 60; };
   EXPECT_EQ(only(drag(), "pan"), Log{});  // confirmed: gestureRecognizer:shouldReceiveTouch:
   inside = {170, 150};
@@ -64,7 +64,7 @@ TEST_F(Arbiter, DelegateMayRefuseATouch) {
 
 TEST_F(Arbiter, DelegateMayForbidTheBeginning) {
   auto pan = attach<UIPanGestureRecognizer>(view, "pan");
-  pan->setDelegate(listener);
+  pan->delegate.set(listener);
   int asked = 0;
   happenings().shouldBegin = [&](auto) { return ++asked > 1; };
   const Log log = drag();
@@ -77,15 +77,15 @@ TEST_F(Arbiter, DelegateMayForbidTheBeginning) {
 TEST_F(Arbiter, AsksOnlyWhatTheDelegateAnswers) {
   auto silent = make<SilentDelegate, &NSObject::init>();
   auto pan = attach<UIPanGestureRecognizer>(view, "pan");
-  attach<UISwipeGestureRecognizer>(view, "swipe")->setDelegate(silent);
-  pan->setDelegate(silent);
+  attach<UISwipeGestureRecognizer>(view, "swipe")->delegate.set(silent);
+  pan->delegate.set(silent);
   EXPECT_EQ(only(drag(), "pan").front(), "pan began");
 }
 
 TEST_F(Arbiter, AsksInTheDocumentedOrder) {
   attach<UISwipeGestureRecognizer>(view, "swipe");
   auto pan = attach<UIPanGestureRecognizer>(view, "pan");
-  pan->setDelegate(listener);
+  pan->delegate.set(listener);
   Log asked;
   happenings().shouldReceive = [&](auto, auto) { return asked.push_back("receive"), true; };
   happenings().shouldBegin = [&](auto) { return asked.push_back("begin"), true; };
@@ -101,7 +101,7 @@ TEST_F(Arbiter, AsksInTheDocumentedOrder) {
 
 TEST_F(Arbiter, SingleTapDoesNotWaitByItself) {
   attach<UITapGestureRecognizer>(view, "single");
-  attach<UITapGestureRecognizer>(view, "double")->setNumberOfTapsRequired(2);
+  attach<UITapGestureRecognizer>(view, "double")->numberOfTapsRequired.set(2);
   tap(inside);
   EXPECT_EQ(only(takeLog(), "single"), Log{"single ended"});  // confirmed: only if it is required to
   pass(0.1);
@@ -116,9 +116,9 @@ class RequiringArbiter : public Arbiter, public testing::WithParamInterface<int>
 
   // Three ways to ask for the same.
   RequiringArbiter() {
-    twice->setNumberOfTapsRequired(2);
-    single->setDelegate(listener);
-    twice->setDelegate(listener);
+    twice->numberOfTapsRequired.set(2);
+    single->delegate.set(listener);
+    twice->delegate.set(listener);
     if (GetParam() == 0) single->requireGestureRecognizerToFail(twice);
     if (GetParam() == 1) happenings().shouldRequire = [this](auto one, auto) { return one == single.get(); };
     if (GetParam() == 2)
@@ -170,7 +170,7 @@ TEST_F(Arbiter, CancelsTouchesInTheView) {
   move({170, 150});
   up({170, 150});
   EXPECT_EQ(takeLog(), (Log{"pan changed", "pan ended"}));
-  pan->setCancelsTouchesInView(NO);
+  pan->cancelsTouchesInView.set(NO);
   down(inside);
   move({165, 150});
   up({165, 150});
@@ -179,7 +179,7 @@ TEST_F(Arbiter, CancelsTouchesInTheView) {
 
 TEST_F(Arbiter, MayDelayTheBeginning) {
   auto pan = attach<UIPanGestureRecognizer>(view, "pan");
-  pan->setDelaysTouchesBegan(YES);
+  pan->delaysTouchesBegan.set(YES);
   down(inside);
   move({152, 150});
   EXPECT_EQ(takeLog(), Log{});  // confirmed: delaysTouchesBegan
@@ -193,12 +193,12 @@ TEST_F(Arbiter, MayDelayTheBeginning) {
 
 TEST_F(Arbiter, DelaysTheEndUntilItIsClear) {
   auto twice = attach<UITapGestureRecognizer>(view, "double");
-  twice->setNumberOfTapsRequired(2);
+  twice->numberOfTapsRequired.set(2);
   tap(inside);
   EXPECT_EQ(takeLog(), Log{"view began 1"});  // confirmed: delaysTouchesEnded
   pass(0.4);
   EXPECT_EQ(takeLog(), Log{"view ended 1"});
-  twice->setDelaysTouchesEnded(NO);
+  twice->delaysTouchesEnded.set(NO);
   tap(inside);
   EXPECT_EQ(takeLog(), (Log{"view began 1", "view ended 1"}));
 }

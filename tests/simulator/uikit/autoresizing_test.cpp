@@ -10,9 +10,9 @@ class Autoresizing : public UIKit {
   static CGRect grown(NSUInteger mask) {
     auto parent = makeView({{0, 0}, {100, 200}});
     auto child = makeView({{10, 20}, {30, 40}});
-    child->setAutoresizingMask(mask);
+    child->autoresizingMask.set(mask);
     parent->addSubview(child);
-    parent->setFrame({{0, 0}, {200, 300}});
+    parent->frame.set({{0, 0}, {200, 300}});
     return child->frame();
   }
 };
@@ -44,19 +44,19 @@ TEST_F(Autoresizing, FlexiblePartsShareInProportionToTheirLengths) {
 TEST_F(Autoresizing, EmptyFlexiblePartsShareEqually) {
   auto parent = makeView({{0, 0}, {30, 30}});
   auto child = makeView({{0, 0}, {30, 30}});
-  child->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
+  child->autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin);
   parent->addSubview(child);
-  parent->setBounds({{0, 0}, {50, 50}});
+  parent->bounds.set({{0, 0}, {50, 50}});
   EXPECT_EQ(child->frame(), (CGRect{{10, 0}, {30, 30}}));  // confirmed: device-facts 7.4
 }
 
 TEST_F(Autoresizing, RunsOnlyWhereItIsWanted) {
   auto parent = makeView({{0, 0}, {30, 30}});
   auto child = makeView({{0, 0}, {30, 30}});
-  child->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  child->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   parent->addSubview(child);
-  parent->setAutoresizesSubviews(NO);
-  parent->setFrame({{0, 0}, {60, 60}});
+  parent->autoresizesSubviews.set(NO);
+  parent->frame.set({{0, 0}, {60, 60}});
   EXPECT_EQ(child->frame().size.width, 30);  // confirmed: Apple documentation of autoresizesSubviews
 }
 
@@ -64,21 +64,21 @@ TEST_F(Autoresizing, GoesDownTheTree) {
   auto parent = makeView({{0, 0}, {100, 100}});
   auto child = makeView({{0, 0}, {100, 100}});
   auto grandchild = makeView({{0, 0}, {100, 100}});
-  child->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-  grandchild->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  child->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
+  grandchild->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   child->addSubview(grandchild);
   parent->addSubview(child);
-  parent->setFrame({{0, 0}, {150, 100}});
+  parent->frame.set({{0, 0}, {150, 100}});
   EXPECT_EQ(grandchild->frame().size.width, 150);  // confirmed: device-facts 7.4
 }
 
 TEST_F(Autoresizing, TellsTheSubviewByItsFrame) {
   auto parent = makeView({{0, 0}, {100, 100}});
   auto child = makeRecordingView({{0, 0}, {100, 100}});
-  child->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
+  child->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   parent->addSubview(child);
   linesOf(child).clear();
-  parent->setFrame({{0, 0}, {150, 100}});
+  parent->frame.set({{0, 0}, {150, 100}});
   EXPECT_EQ(linesOf(child), std::vector<std::string>{"frame"});  // assumed
 }
 

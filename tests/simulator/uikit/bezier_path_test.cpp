@@ -105,7 +105,7 @@ TEST_F(BezierPath, StrokesWithItsOwnWidthAndCaps) {
     const UIBezierPath path = UIBezierPath::bezierPath();
     path.moveToPoint({30, y});
     path.addLineToPoint({60, y});
-    path.setLineWidth(10);
+    path.lineWidth.set(10);
     path.setLineCapStyle(cap);
     path.stroke();
   };
@@ -119,7 +119,7 @@ TEST_F(BezierPath, StrokesWithItsOwnWidthAndCaps) {
 
 TEST_F(BezierPath, LeavesTheContextsLineAsItWas) {
   const UIBezierPath thick = UIBezierPath::bezierPathWithRect({{60, 60}, {20, 20}});
-  thick.setLineWidth(8);
+  thick.lineWidth.set(8);
   CGContextMoveToPoint(context, 10, 10.5);
   CGContextAddLineToPoint(context, 50, 10.5);
   thick.stroke();

@@ -26,11 +26,11 @@ TEST_F(Button, ShowsTheNormalTitleWhereAStateHasNone) {
   // confirmed: Apple documentation of setTitle:forState:
   EXPECT_STREQ(button->titleForState(UIControlStateDisabled).UTF8String(), "Normal");
   EXPECT_STREQ(button->currentTitle().UTF8String(), "Normal");
-  button->setHighlighted(YES);
+  button->highlighted.set(YES);
   EXPECT_STREQ(button->currentTitle().UTF8String(), "Pressed");
   EXPECT_STREQ(button->titleLabel().text().UTF8String(), "Pressed");
-  button->setHighlighted(NO);
-  button->setEnabled(NO);
+  button->highlighted.set(NO);
+  button->enabled.set(NO);
   EXPECT_STREQ(button->titleLabel().text().UTF8String(), "Normal");
 }
 
@@ -41,7 +41,7 @@ TEST_F(Button, ColorsItsTitleByState) {
   button->setTitleColor_forState(UIColor::grayColor(), UIControlStateDisabled);
   button->setTitleShadowColor_forState(UIColor::blueColor(), UIControlStateNormal);
   EXPECT_TRUE(button->titleLabel().textColor() == UIColor::redColor());
-  button->setEnabled(NO);
+  button->enabled.set(NO);
   EXPECT_TRUE(button->titleLabel().textColor() == UIColor::grayColor());
   EXPECT_TRUE(button->titleLabel().shadowColor() == UIColor::blueColor());
 }
@@ -70,7 +70,7 @@ TEST_F(Button, TitleLabelStartsAsDocumented) {
   EXPECT_EQ(button->titleLabel().lineBreakMode(), NSLineBreakByTruncatingMiddle);
   // confirmed: Apple documentation of titleShadowOffset
   EXPECT_EQ(button->titleLabel().shadowOffset(), (CGSize{0, 0}));
-  EXPECT_FALSE(button->isOpaque());
+  EXPECT_FALSE(button->opaque());
   EXPECT_EQ(button->buttonType(), UIButtonTypeCustom);
 }
 
@@ -80,7 +80,7 @@ TEST_F(Button, OfTheSystemsTypeIsInItsTint) {
   system->setTitle_forState("Title"_ns, UIControlStateNormal);
   const auto shown = [&] { return sim::uikit::colorOf(system->currentTitleColor()); };
   EXPECT_EQ(shown(), sim::rgb(0x007aff));  // confirmed: Apple documentation of tintColor
-  system->setTintColor(UIColor::redColor());
+  system->tintColor.set(UIColor::redColor());
   EXPECT_EQ(shown(), sim::uikit::colorOf(UIColor::redColor()));
   system->setTitleColor_forState(UIColor::greenColor(), UIControlStateNormal);
   EXPECT_EQ(shown(), sim::uikit::colorOf(UIColor::greenColor()));
@@ -90,24 +90,24 @@ TEST_F(Button, OfTheSystemsTypeFadesWhileItIsPressed) {
   auto system = makeButton(UIButtonTypeSystem);
   for (const UIButton one : {system.get(), button.get()}) {
     one.setTitle_forState("Title"_ns, UIControlStateNormal);
-    one.setHighlighted(YES);
+    one.highlighted.set(YES);
   }
   EXPECT_EQ(system->titleLabel().alpha(), 0.2);  // assumed
   EXPECT_EQ(button->titleLabel().alpha(), 1);    // assumed
-  system->setHighlighted(NO);
+  system->highlighted.set(NO);
   EXPECT_EQ(system->titleLabel().alpha(), 1);
 }
 
 TEST_F(Button, OfTheSystemsTypeIsGreyWhileItIsDisabled) {
   auto system = makeButton(UIButtonTypeSystem);
-  system->setEnabled(NO);
+  system->enabled.set(NO);
   const sim::Color shown = sim::uikit::colorOf(system->currentTitleColor());
   EXPECT_EQ(shown.red, shown.blue);  // assumed
   EXPECT_LT(shown.alpha, 0.5);
 }
 
 TEST_F(Button, HasItsTitleInTheMiddle) {
-  button->setFrame({{0, 0}, {200, 60}});
+  button->frame.set({{0, 0}, {200, 60}});
   button->setTitle_forState("Title"_ns, UIControlStateNormal);
   button->layoutIfNeeded();
   const CGSize room = button->titleLabel().sizeThatFits({});
@@ -117,7 +117,7 @@ TEST_F(Button, HasItsTitleInTheMiddle) {
 }
 
 TEST_F(Button, CutsATitleThatIsTooLong) {
-  button->setFrame({{0, 0}, {60, 60}});
+  button->frame.set({{0, 0}, {60, 60}});
   button->setTitle_forState("A title that is far too long"_ns, UIControlStateNormal);
   button->layoutIfNeeded();
   EXPECT_EQ(button->titleLabel().frame().size.width, 60);
@@ -126,7 +126,7 @@ TEST_F(Button, CutsATitleThatIsTooLong) {
 class ButtonWithImage : public Button {
  protected:
   ButtonWithImage() {
-    button->setFrame({{0, 0}, {200, 60}});
+    button->frame.set({{0, 0}, {200, 60}});
     button->setImage_forState(image, UIControlStateNormal);
     button->layoutIfNeeded();
   }
@@ -151,7 +151,7 @@ TEST_F(ButtonWithImage, HasItLeftOfTheTitle) {
 }
 
 TEST_F(ButtonWithImage, DimsItWhereAStateHasNoneOfItsOwn) {
-  button->setEnabled(NO);
+  button->enabled.set(NO);
   EXPECT_LT(imageView().alpha(), 1);  // confirmed: Apple documentation of adjustsImageWhenDisabled
   EXPECT_TRUE(imageView().image() == image);
   auto other = sim::uikit::makeImage(sim::makeImage(40, 20), 2);
@@ -171,7 +171,7 @@ using PressedButton = Fingers;
 
 TEST_F(PressedButton, ShowsItsStateWhileTheFingerIsOnIt) {
   const UIButton button = UIButton::buttonWithType(UIButtonTypeCustom);
-  button.setFrame({{100, 100}, {100, 50}});
+  button.frame.set({{100, 100}, {100, 50}});
   button.setTitle_forState("Up"_ns, UIControlStateNormal);
   button.setTitle_forState("Down"_ns, UIControlStateHighlighted);
   window->addSubview(button);
@@ -186,13 +186,13 @@ UIButton archivedAndBack(UIView view) { return bridge::as<UIButton>(test::archiv
 
 TEST_F(Button, IsArchivedWithItsLooks) {
   auto original = makeButton(UIButtonTypeSystem);
-  original->setFrame({{10, 20}, {30, 40}});
-  original->setAlpha(0.5);
+  original->frame.set({{10, 20}, {30, 40}});
+  original->alpha.set(0.5);
   original->setTitle_forState("Title"_ns, UIControlStateNormal);
   original->setTitle_forState("Off"_ns, UIControlStateDisabled);
   original->setTitleColor_forState(UIColor::redColor(), UIControlStateNormal);
-  original->setBackgroundColor(UIColor::grayColor());
-  original->setAutoresizingMask(18);
+  original->backgroundColor.set(UIColor::grayColor());
+  original->autoresizingMask.set(18);
   const UIButton copy = archivedAndBack(original);
   EXPECT_EQ(copy.buttonType(), UIButtonTypeSystem);
   EXPECT_EQ(copy.frame(), (CGRect{{10, 20}, {30, 40}}));
@@ -202,7 +202,7 @@ TEST_F(Button, IsArchivedWithItsLooks) {
   EXPECT_STREQ(copy.titleForState(UIControlStateDisabled).UTF8String(), "Off");
   EXPECT_EQ(sim::uikit::colorOf(copy.currentTitleColor()), sim::uikit::colorOf(UIColor::redColor()));
   EXPECT_EQ(sim::uikit::colorOf(copy.backgroundColor()), sim::uikit::colorOf(UIColor::grayColor()));
-  EXPECT_FALSE(copy.isOpaque());
+  EXPECT_FALSE(copy.opaque());
   EXPECT_EQ(copy.subviews().count(), 1u);
 }
 

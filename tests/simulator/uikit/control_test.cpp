@@ -124,10 +124,10 @@ TEST_F(Control, FollowsAFinger) {
   move({180, 320});
   move({290, 320});
   EXPECT_FALSE(control->isTouchInside());
-  EXPECT_FALSE(control->isHighlighted());  // confirmed: Apple documentation of highlighted
+  EXPECT_FALSE(control->highlighted());  // confirmed: Apple documentation of highlighted
   move({295, 320});
   move({190, 320});
-  EXPECT_TRUE(control->isHighlighted());
+  EXPECT_TRUE(control->highlighted());
   up({190, 320});
   EXPECT_FALSE(control->isTracking());
   EXPECT_EQ(control->state(), UIControlStateNormal);
@@ -162,16 +162,16 @@ TEST_F(Control, TellsOfACancelledTouch) {
   down(inside);
   move({190, 320});
   EXPECT_EQ(takeLog(), (Log{"down:", "pan began", "cancel:"}));
-  EXPECT_FALSE(control->isHighlighted());
+  EXPECT_FALSE(control->highlighted());
 }
 
 TEST_F(Control, TakesNoTouchesWhileDisabled) {
   logEvents();
-  control->setEnabled(NO);
+  control->enabled.set(NO);
   EXPECT_EQ(control->state(), UIControlStateDisabled);
   tap(inside);
   EXPECT_EQ(takeLog(), Log{});  // confirmed: enabled
-  control->setSelected(YES);
+  control->selected.set(YES);
   EXPECT_EQ(control->state(), UIControlStateDisabled | UIControlStateSelected);
 }
 

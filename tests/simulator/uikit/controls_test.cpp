@@ -13,18 +13,18 @@ class PageControl : public UIKit {
 TEST_F(PageControl, StaysWithinItsPages) {
   EXPECT_EQ(control->numberOfPages(), 0);  // confirmed: Apple documentation of UIPageControl
   EXPECT_EQ(control->currentPage(), 0);
-  control->setNumberOfPages(3);
-  control->setCurrentPage(7);
+  control->numberOfPages.set(3);
+  control->currentPage.set(7);
   EXPECT_EQ(control->currentPage(), 2);  // confirmed: Apple documentation of currentPage
-  control->setCurrentPage(-1);
+  control->currentPage.set(-1);
   EXPECT_EQ(control->currentPage(), 0);
-  control->setCurrentPage(2);
-  control->setNumberOfPages(2);
+  control->currentPage.set(2);
+  control->numberOfPages.set(2);
   EXPECT_EQ(control->currentPage(), 1);
 }
 
 TEST_F(PageControl, ShowsADotForEachPageInTheMiddle) {
-  control->setNumberOfPages(3);
+  control->numberOfPages.set(3);
   control->layoutIfNeeded();
   const auto dots = sim::uikit::indicatorsOf(control);
   ASSERT_EQ(dots.size(), 3u);
@@ -32,7 +32,7 @@ TEST_F(PageControl, ShowsADotForEachPageInTheMiddle) {
   EXPECT_EQ(dots[1].center(), (CGPoint{50, 18.5}));
   EXPECT_EQ(dots[2].center().x - dots[1].center().x, 16);  // assumed
   EXPECT_TRUE(dots[0].image());
-  control->setNumberOfPages(1);
+  control->numberOfPages.set(1);
   EXPECT_EQ(control->subviews().count(), 1u);
 }
 
@@ -55,12 +55,12 @@ Strong<RecordingControl> makeRecordingControl() {
 
 TEST_F(PageControl, SetsEachDotThroughOneMessage) {
   auto recording = makeRecordingControl();
-  recording->setNumberOfPages(3);
+  recording->numberOfPages.set(3);
   EXPECT_EQ(record, "0+1-2-");
   record.clear();
-  recording->setCurrentPage(2);
+  recording->currentPage.set(2);
   EXPECT_EQ(record, "0-2+");
-  recording->setCurrentPage(2);
+  recording->currentPage.set(2);
   EXPECT_EQ(record, "0-2+");
 }
 

@@ -109,7 +109,7 @@ inline Strong<RecordingView> makeRecordingView(CGRect frame = {}) {
     static void layoutSubviews(RecordingView self) { note(self, "layout"); }
     static void setFrame(RecordingView self, CGRect frame) {
       note(self, "frame");
-      RecordingClass::super<&UIView::setFrame>(self, frame);
+      RecordingClass::super<bridge::setterOf<&UIView::frame>>(self, frame);
     }
   };
   RecordingClass::define<UIView>(method<&UIView::willMoveToSuperview, Functions::willMoveToSuperview>(),
@@ -119,7 +119,7 @@ inline Strong<RecordingView> makeRecordingView(CGRect frame = {}) {
                                  method<&UIView::didAddSubview, Functions::didAddSubview>(),
                                  method<&UIView::willRemoveSubview, Functions::willRemoveSubview>(),
                                  method<&UIView::layoutSubviews, Functions::layoutSubviews>(),
-                                 method<&UIView::setFrame, Functions::setFrame>());
+                                 method<bridge::setterOf<&UIView::frame>, Functions::setFrame>());
   return make<RecordingView, &UIView::initWithFrame>(frame);
 }
 

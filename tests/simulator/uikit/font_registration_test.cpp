@@ -40,9 +40,9 @@ class FontRegistration : public Canvas {
   // What is drawn of an icon in a font of that name, or the system's where there is none.
   double inkOfIcon(NSString name) {
     auto label = make<UILabel, &UIView::initWithFrame>(CGRect{{0, 0}, {100, 100}});
-    label->setText(NSString::stringWithUTF8String("\uf111"));  // a disc
+    label->text.set(NSString::stringWithUTF8String("\uf111"));  // a disc
     const UIFont named = UIFont::fontWithName_size(name, 60);
-    label->setFont(named ? named : UIFont::systemFontOfSize(60));
+    label->font.set(named ? named : UIFont::systemFontOfSize(60));
     label->drawRect(label->bounds());
     return ink();
   }
@@ -110,9 +110,9 @@ TEST_F(FontRegistration, LeavesLettersToTheSystemFont) {
   ASSERT_TRUE(CTFontManagerRegisterGraphicsFont(font, nullptr));
   auto icons = make<UILabel, &UIView::initWithFrame>(CGRect{}),
        plain = make<UILabel, &UIView::initWithFrame>(CGRect{});
-  icons->setFont(UIFont::fontWithName_size("FontAwesome"_ns, 17));
-  icons->setText("Add"_ns);
-  plain->setText("Add"_ns);
+  icons->font.set(UIFont::fontWithName_size("FontAwesome"_ns, 17));
+  icons->text.set("Add"_ns);
+  plain->text.set("Add"_ns);
   EXPECT_EQ(icons->sizeThatFits({}).width, plain->sizeThatFits({}).width);
 }
 

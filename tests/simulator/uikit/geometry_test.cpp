@@ -19,19 +19,19 @@ TEST_F(Geometry, FrameOfAnUntransformedViewIsWhatWasSet) {
 
 TEST_F(Geometry, CenterMovesTheViewAndKeepsItsSize) {
   auto view = makeView({{10, 20}, {30, 40}});
-  view->setCenter({100, 100});
+  view->center.set({100, 100});
   EXPECT_EQ(view->frame(), (CGRect{{85, 80}, {30, 40}}));  // confirmed: device-facts 7.4
 }
 
 TEST_F(Geometry, BoundsSizeGrowsTheViewAboutItsCenter) {
   auto view = makeView({{10, 20}, {30, 40}});
-  view->setBounds({{0, 0}, {50, 60}});
+  view->bounds.set({{0, 0}, {50, 60}});
   EXPECT_EQ(view->frame(), (CGRect{{0, 10}, {50, 60}}));  // confirmed: device-facts 7.4
 }
 
 TEST_F(Geometry, FrameOfATransformedViewIsItsBoundingBox) {
   auto view = makeView({{0, 0}, {100, 50}});
-  view->setTransform(sim::rotation(M_PI / 2));
+  view->transform.set(sim::rotation(M_PI / 2));
   const CGRect frame = view->frame();  // confirmed: device-facts 7.4
   EXPECT_NEAR(frame.origin.x, 25, 1e-9);
   EXPECT_NEAR(frame.origin.y, -25, 1e-9);
@@ -43,16 +43,16 @@ TEST_F(Geometry, FrameOfATransformedViewIsItsBoundingBox) {
 
 TEST_F(Geometry, ScalingActsAboutTheAnchorPoint) {
   auto view = makeView({{0, 0}, {100, 100}});
-  view->layer().setAnchorPoint({0, 0});
-  view->setCenter({10, 10});
-  view->setTransform(sim::scaling(2, 2));
+  view->layer().anchorPoint.set({0, 0});
+  view->center.set({10, 10});
+  view->transform.set(sim::scaling(2, 2));
   EXPECT_EQ(view->frame(), (CGRect{{10, 10}, {200, 200}}));  // confirmed: device-facts 7.4
 }
 
 TEST_F(Geometry, FrameSetUnderAScaleSizesTheBoundsAccordingly) {
   auto view = makeView({{0, 0}, {100, 100}});
-  view->setTransform(sim::scaling(2, 2));
-  view->setFrame({{0, 0}, {100, 100}});
+  view->transform.set(sim::scaling(2, 2));
+  view->frame.set({{0, 0}, {100, 100}});
   EXPECT_EQ(view->frame(), (CGRect{{0, 0}, {100, 100}}));
   EXPECT_EQ(view->bounds().size, (CGSize{50, 50}));  // assumed: undefined by Apple's documentation
 }
@@ -65,8 +65,8 @@ TEST_F(Geometry, NegativeSizesAreStandardized) {
 TEST_F(Geometry, WhatIsNotANumberRaises) {
   auto view = makeView();
   const CGFloat nan = std::numeric_limits<CGFloat>::quiet_NaN();
-  EXPECT_ANY_THROW(view->setCenter({nan, 0}));  // assumed: Core Animation raises CALayerInvalidGeometry
-  EXPECT_ANY_THROW(view->setFrame({{0, nan}, {1, 1}}));
+  EXPECT_ANY_THROW(view->center.set({nan, 0}));  // assumed: Core Animation raises CALayerInvalidGeometry
+  EXPECT_ANY_THROW(view->frame.set({{0, nan}, {1, 1}}));
   EXPECT_EQ(view->center(), (CGPoint{0, 0}));
 }
 
@@ -84,7 +84,7 @@ TEST_F(Geometry, BoundsOriginScrollsTheChildren) {
   auto outer = makeView({{0, 0}, {200, 200}});
   auto inner = makeView({{10, 20}, {50, 50}});
   outer->addSubview(inner);
-  outer->setBounds({{0, 15}, {200, 200}});
+  outer->bounds.set({{0, 15}, {200, 200}});
   EXPECT_EQ(inner->frame(), (CGRect{{10, 20}, {50, 50}}));
   EXPECT_EQ(outer->convertPoint_fromView({0, 0}, inner), (CGPoint{10, 20}));
   auto window = makeWindow();
@@ -113,15 +113,15 @@ TEST_F(Geometry, InitStartsEmpty) {
   EXPECT_EQ(view->frame(), (CGRect{}));
   EXPECT_EQ(view->transform(), identityTransform);
   EXPECT_EQ(view->alpha(), 1);
-  EXPECT_FALSE(view->isHidden());
+  EXPECT_FALSE(view->hidden());
   EXPECT_FALSE(view->backgroundColor());  // confirmed: Apple documentation of backgroundColor
 }
 
 TEST_F(Geometry, AlphaStaysBetweenZeroAndOne) {
   auto view = makeView();
-  view->setAlpha(2);
+  view->alpha.set(2);
   EXPECT_EQ(view->alpha(), 1);  // assumed
-  view->setAlpha(-1);
+  view->alpha.set(-1);
   EXPECT_EQ(view->alpha(), 0);
   EXPECT_EQ(view->layer().opacity(), 0);
 }

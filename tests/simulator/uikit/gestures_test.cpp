@@ -55,7 +55,7 @@ TEST_F(TapGesture, TellsWhereItWas) {
 }
 
 TEST_F(TapGesture, OfTwoFingersWantsTwo) {
-  attach<UITapGestureRecognizer>(view, "two")->setNumberOfTouchesRequired(2);
+  attach<UITapGestureRecognizer>(view, "two")->numberOfTouchesRequired.set(2);
   tap(start);
   EXPECT_EQ(takeLog(), Log{});
   down(start, 1);
@@ -74,7 +74,7 @@ TEST_F(TapGesture, OfTwoFingersWantsTwo) {
 }
 
 TEST_F(TapGesture, OfTwoFingersWantsThemTogether) {
-  attach<UITapGestureRecognizer>(view, "two")->setNumberOfTouchesRequired(2);
+  attach<UITapGestureRecognizer>(view, "two")->numberOfTouchesRequired.set(2);
   tap(start);
   pass(0.05);
   tap({200, 300});
@@ -93,7 +93,7 @@ TEST_F(TapGesture, OfOneFingerRefusesTwo) {
 }
 
 TEST_F(TapGesture, TwiceWantsBothSoonAndNear) {
-  attach<UITapGestureRecognizer>(view, "double")->setNumberOfTapsRequired(2);
+  attach<UITapGestureRecognizer>(view, "double")->numberOfTapsRequired.set(2);
   tap(start);
   pass(0.3);
   tap(start);
@@ -115,7 +115,7 @@ class SwipeGesture : public Gestures {
 };
 
 TEST_F(SwipeGesture, IsRecognisedOnTheWay) {
-  swipe->setDirection(UISwipeGestureRecognizerDirectionUp);
+  swipe->direction.set(UISwipeGestureRecognizerDirectionUp);
   down(start);
   travel(start, {150, 251}, 0.1);
   EXPECT_EQ(takeLog(), Log{});
@@ -134,11 +134,11 @@ TEST_F(SwipeGesture, WantsItsDirection) {
                                                  {UISwipeGestureRecognizerDirectionDown, {150, 400}}};
   for (const auto& [direction, unused] : ways)
     for (const auto& [travelledIn, end] : ways) {
-      swipe->setDirection(direction);
+      swipe->direction.set(direction);
       EXPECT_EQ(!travelled(start, end, 0.15).empty(), direction == travelledIn)
           << direction << " by " << travelledIn;
     }
-  swipe->setDirection(UISwipeGestureRecognizerDirectionUp | UISwipeGestureRecognizerDirectionLeft);
+  swipe->direction.set(UISwipeGestureRecognizerDirectionUp | UISwipeGestureRecognizerDirectionLeft);
   EXPECT_EQ(travelled(start, {50, 300}, 0.15), Log{"swipe ended"});
   EXPECT_EQ(travelled(start, {150, 200}, 0.15), Log{"swipe ended"});
 }
@@ -160,7 +160,7 @@ TEST_F(SwipeGesture, TellsWhereItBegan) {
 }
 
 TEST_F(SwipeGesture, WantsItsNumberOfFingers) {
-  swipe->setNumberOfTouchesRequired(2);
+  swipe->numberOfTouchesRequired.set(2);
   EXPECT_EQ(travelled(start, {250, 300}, 0.15), Log{});
   down(start, 1);
   down({150, 350}, 2);
@@ -204,7 +204,7 @@ TEST_F(PanGesture, TranslatesFromWhereTheFingerCameDown) {
 }
 
 TEST_F(PanGesture, TranslatesInTheViewsOwnCoordinates) {
-  view->setTransform({2, 0, 0, 2, 0, 0});
+  view->transform.set({2, 0, 0, 2, 0, 0});
   down(start);
   move({170, 300});
   EXPECT_EQ(pan->translationInView(view), (CGPoint{10, 0}));
@@ -234,10 +234,10 @@ TEST_F(PanGesture, GoesOnWithAnotherFingerWithoutAJump) {
 }
 
 TEST_F(PanGesture, KeepsToItsNumbersOfFingers) {
-  pan->setMinimumNumberOfTouches(2);
+  pan->minimumNumberOfTouches.set(2);
   EXPECT_EQ(travelled(start, {250, 300}, 0.2), Log{});
-  pan->setMinimumNumberOfTouches(1);
-  pan->setMaximumNumberOfTouches(1);
+  pan->minimumNumberOfTouches.set(1);
+  pan->maximumNumberOfTouches.set(1);
   down(start, 1);
   down({200, 300}, 2);
   move({250, 300}, 1);

@@ -37,7 +37,7 @@ TEST_F(Images, ViewTakesTheImagesSize) {
   EXPECT_TRUE(view->image() == image);
   EXPECT_GE(image->retainCount(), 2u);
   EXPECT_EQ(view->sizeThatFits({}), (CGSize{60, 30}));
-  view->setImage({});
+  view->image.set({});
   EXPECT_EQ(image->retainCount(), 1u);
   EXPECT_EQ(view->sizeThatFits({}), (CGSize{0, 0}));
 }

@@ -40,8 +40,8 @@ class KeyValues : public UIKit {
 };
 
 TEST_F(KeyValues, PropertiesAreReadByTheirKeys) {
-  view->setAlpha(0.5);
-  view->setHidden(YES);
+  view->alpha.set(0.5);
+  view->hidden.set(YES);
   EXPECT_EQ(bridge::as<NSNumber>(properties.valueForKey("alpha"_ns)).doubleValue(), 0.5);
   EXPECT_TRUE(bridge::as<NSNumber>(properties.valueForKey("hidden"_ns)).boolValue());
   EXPECT_FALSE(properties.valueForKey("backgroundColor"_ns));
@@ -55,10 +55,10 @@ TEST_F(KeyValues, PropertiesAreWrittenByTheirKeys) {
 }
 
 TEST_F(KeyValues, SetterIsObservedUnderItsOwnKeyAlone) {
-  view->setAlpha(0.5);
-  view->setFrame({{5, 6}, {7, 8}});
-  view->setCenter({1, 1});
-  view->setContentOffset({1, 1});
+  view->alpha.set(0.5);
+  view->frame.set({{5, 6}, {7, 8}});
+  view->center.set({1, 1});
+  view->contentOffset.set({1, 1});
   EXPECT_EQ(observed, (std::vector<std::string>{"alpha", "frame", "center",
                                                 "contentOffset"}));  // confirmed: device-facts 7.6
   EXPECT_EQ(view->frame().size, (CGSize{7, 8}));
@@ -68,7 +68,7 @@ TEST_F(KeyValues, AnimatedChangeIsObservedOnce) {
   auto window = makeWindow();
   window->addSubview(view);
   const UIView target = view;
-  UIView::animateWithDuration_animations(1, Block<void()>([=] { target.setAlpha(0); }));
+  UIView::animateWithDuration_animations(1, Block<void()>([=] { target.alpha.set(0); }));
   pass(1);
   EXPECT_EQ(observed, std::vector<std::string>{"alpha"});  // confirmed: device-facts 7.6
 }

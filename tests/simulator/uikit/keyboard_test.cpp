@@ -71,9 +71,9 @@ TEST_F(Keyboard, GoesDownWithTheLastResponder) {
   const UIWindow shownIn = keyOfKind(KeyKind::space).window();
   field->resignFirstResponder();
   EXPECT_EQ(keyboardFrame(), CGRect{});
-  EXPECT_FALSE(shownIn.isHidden());
+  EXPECT_FALSE(shownIn.hidden());
   pass(0.25);
-  EXPECT_TRUE(shownIn.isHidden());
+  EXPECT_TRUE(shownIn.hidden());
 }
 
 TEST_F(Keyboard, TellsWhenItComesAndGoes) {
@@ -129,7 +129,7 @@ TEST_F(Keyboard, BeginsWithLettersOrDigitsAsTheFieldWants) {
   edit(field);
   EXPECT_TRUE(types("q"));
   EXPECT_FALSE(types("1"));
-  other->setKeyboardType(UIKeyboardTypeNumbersAndPunctuation);
+  other->keyboardType.set(UIKeyboardTypeNumbersAndPunctuation);
   edit(other);
   EXPECT_TRUE(types("1"));  // confirmed: Apple documentation of UIKeyboardType
   EXPECT_FALSE(types("q"));
@@ -145,15 +145,15 @@ TEST_F(Keyboard, LacksWhatItHasNoKeyFor) {
 }
 
 TEST_F(Keyboard, ReturnKeyIsDisabledWithoutTextWhereThatIsWanted) {
-  field->setEnablesReturnKeyAutomatically(YES);
+  field->enablesReturnKeyAutomatically.set(YES);
   edit(field);
-  EXPECT_FALSE(keyOfKind(KeyKind::enter).isEnabled());  // confirmed: enablesReturnKeyAutomatically
+  EXPECT_FALSE(keyOfKind(KeyKind::enter).enabled());  // confirmed: enablesReturnKeyAutomatically
   type("a");
-  EXPECT_TRUE(keyOfKind(KeyKind::enter).isEnabled());
+  EXPECT_TRUE(keyOfKind(KeyKind::enter).enabled());
   press(keyOfKind(KeyKind::remove));
-  EXPECT_FALSE(keyOfKind(KeyKind::enter).isEnabled());
+  EXPECT_FALSE(keyOfKind(KeyKind::enter).enabled());
   edit(other);
-  EXPECT_TRUE(keyOfKind(KeyKind::enter).isEnabled());
+  EXPECT_TRUE(keyOfKind(KeyKind::enter).enabled());
 }
 
 TEST_F(Keyboard, ReturnKeyIsTheDelegates) {
@@ -206,7 +206,7 @@ TEST_F(Keyboard, IsDarkWhereTheFieldWantsThat) {
   };
   edit(field);
   EXPECT_GT(brightness(), 0.7);
-  other->setKeyboardAppearance(UIKeyboardAppearanceDark);
+  other->keyboardAppearance.set(UIKeyboardAppearanceDark);
   edit(other);
   EXPECT_LT(brightness(), 0.3);
 }
@@ -216,7 +216,7 @@ TEST_F(Keyboard, FollowsTheScreenWhenItTurns) {
   edit(field);
   EXPECT_EQ(keyboardFrame(), (CGRect{{0, 510}, {414, 226}}));  // confirmed: 226 points on the largest phones
   sim::uikit::setInterfaceOrientation(UIInterfaceOrientationLandscapeRight);
-  keyOfKind(KeyKind::space).window().setFrame({{0, 0}, {736, 414}});
+  keyOfKind(KeyKind::space).window().frame.set({{0, 0}, {736, 414}});
   sim::uikit::layoutPass();
   EXPECT_EQ(keyboardFrame(), (CGRect{{0, 252}, {736, 162}}));  // confirmed: 162 points
   type("p");

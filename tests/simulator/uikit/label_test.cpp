@@ -18,7 +18,7 @@ struct NSMutableString : bridge::Face<"NSMutableString", NSString> {
 
 Strong<UILabel> makeLabel(NSString text = {}) {
   auto label = make<UILabel, &UIView::initWithFrame>(CGRect{{0, 0}, {200, 50}});
-  label->setText(text);
+  label->text.set(text);
   return label;
 }
 
@@ -32,7 +32,7 @@ TEST_F(Label, StartsAsDocumented) {
   EXPECT_TRUE(label->textColor() == UIColor::blackColor());
   EXPECT_FALSE(label->shadowColor());
   EXPECT_EQ(label->shadowOffset(), (CGSize{0, -1}));
-  EXPECT_FALSE(label->isUserInteractionEnabled());
+  EXPECT_FALSE(label->userInteractionEnabled());
 }
 
 TEST_F(Label, KeepsACopyOfItsText) {
@@ -57,18 +57,18 @@ TEST_F(Label, AsksForTheRoomOfItsText) {
 TEST_F(Label, ManyLinesKeepToTheWidth) {
   auto label = makeLabel("one two three four five six seven eight nine ten"_ns);
   const CGSize line = label->sizeThatFits({100, 1000});
-  label->setNumberOfLines(0);
+  label->numberOfLines.set(0);
   const CGSize lines = label->sizeThatFits({100, 1000});
   EXPECT_LE(lines.width, 100);
   EXPECT_GT(lines.height, 3 * line.height);
-  label->setNumberOfLines(2);
+  label->numberOfLines.set(2);
   EXPECT_NEAR(label->sizeThatFits({100, 1000}).height, 2 * line.height, 1);
 }
 
 TEST_F(Label, LargerFontTakesMoreRoom) {
   auto label = makeLabel("Label"_ns);
   const CGSize small = label->sizeThatFits({});
-  label->setFont(UIFont::systemFontOfSize(34));
+  label->font.set(UIFont::systemFontOfSize(34));
   EXPECT_NEAR(label->sizeThatFits({}).width, 2 * small.width, 1);
   label->sizeToFit();
   EXPECT_EQ(label->frame().size, label->sizeThatFits({}));
@@ -77,9 +77,9 @@ TEST_F(Label, LargerFontTakesMoreRoom) {
 class LabelShadow : public Canvas {
  protected:
   LabelShadow() {
-    label->setTextColor(UIColor::redColor());
-    label->setShadowColor(UIColor::blueColor());
-    label->setShadowOffset({0, 30});
+    label->textColor.set(UIColor::redColor());
+    label->shadowColor.set(UIColor::blueColor());
+    label->shadowOffset.set({0, 30});
   }
 
   // Blue in the lower half, where nothing but the shadow is.
@@ -93,8 +93,8 @@ class LabelShadow : public Canvas {
 
   Strong<UILabel> label = [] {
     auto made = make<UILabel, &UIView::initWithFrame>(CGRect{{0, 0}, {100, 60}});
-    made->setText("HHH"_ns);
-    made->setFont(UIFont::systemFontOfSize(30));
+    made->text.set("HHH"_ns);
+    made->font.set(UIFont::systemFontOfSize(30));
     return made;
   }();
 };
@@ -102,13 +102,13 @@ class LabelShadow : public Canvas {
 TEST_F(LabelShadow, LiesAtItsOffset) { EXPECT_GT(blue(), 240); }
 
 TEST_F(LabelShadow, IsFaintBelowFaintText) {
-  label->setTextColor(UIColor::redColor().colorWithAlphaComponent(0.25));
+  label->textColor.set(UIColor::redColor().colorWithAlphaComponent(0.25));
   EXPECT_NEAR(blue(), 64, 8);  // assumed
 }
 
 TEST_F(LabelShadow, IsNotDrawnRightBehindTheText) {
-  label->setShadowOffset({0, 0});
-  label->setTextColor(UIColor::redColor().colorWithAlphaComponent(0.5));
+  label->shadowOffset.set({0, 0});
+  label->textColor.set(UIColor::redColor().colorWithAlphaComponent(0.5));
   label->drawRect(label->bounds());
   for (int x = 0; x < 100; ++x) EXPECT_EQ(at(x, 30).blue, 0);  // assumed
 }

@@ -23,10 +23,10 @@ TEST_F(LayerLooks, ShadowStartsAsDocumented) {
 }
 
 TEST_F(LayerLooks, ShadowReadsBackAndReachesWhatIsDrawn) {
-  layer.setShadowColor(UIColor::redColor().CGColor());
-  layer.setShadowOpacity(0.5f);
-  layer.setShadowRadius(10);
-  layer.setShadowOffset({3, 4});
+  layer.shadowColor.set(UIColor::redColor().CGColor());
+  layer.shadowOpacity.set(0.5f);
+  layer.shadowRadius.set(10);
+  layer.shadowOffset.set({3, 4});
   EXPECT_EQ(sim::uikit::colorOf(layer.shadowColor()), sim::uikit::colorOf(UIColor::redColor()));
   EXPECT_EQ(layer.shadowOpacity(), 0.5f);
   EXPECT_EQ(layer.shadowRadius(), 10);
@@ -40,19 +40,19 @@ TEST_F(LayerLooks, ShadowReadsBackAndReachesWhatIsDrawn) {
 TEST_F(LayerLooks, ShadowColorOutlivesTheColorThatItCameFrom) {
   {
     const Pool inner;
-    layer.setShadowColor(UIColor::colorWithRed_green_blue_alpha(0.1, 0.2, 0.3, 1).CGColor());
+    layer.shadowColor.set(UIColor::colorWithRed_green_blue_alpha(0.1, 0.2, 0.3, 1).CGColor());
   }
   EXPECT_EQ(sim::uikit::colorOf(layer.shadowColor()), (sim::Color{0.1, 0.2, 0.3, 1}));
 }
 
 TEST_F(LayerLooks, NoShadowColorMeansNoShadow) {
-  layer.setShadowColor(nullptr);
+  layer.shadowColor.set(nullptr);
   EXPECT_EQ(node.shadowColor.alpha, 0);
 }
 
 TEST_F(LayerLooks, BitmapReadsBackAndReachesWhatIsDrawn) {
-  layer.setShouldRasterize(YES);
-  layer.setRasterizationScale(2);
+  layer.shouldRasterize.set(YES);
+  layer.rasterizationScale.set(2);
   EXPECT_TRUE(layer.shouldRasterize());
   EXPECT_EQ(layer.rasterizationScale(), 2);
   EXPECT_TRUE(node.shouldRasterize);
@@ -60,9 +60,9 @@ TEST_F(LayerLooks, BitmapReadsBackAndReachesWhatIsDrawn) {
 }
 
 TEST_F(LayerLooks, ViewIsOpaqueUnlessItIsSaid) {
-  EXPECT_TRUE(view->isOpaque());  // confirmed: Apple documentation of opaque
-  view->setOpaque(NO);
-  EXPECT_FALSE(view->isOpaque());
+  EXPECT_TRUE(view->opaque());  // confirmed: Apple documentation of opaque
+  view->opaque.set(NO);
+  EXPECT_FALSE(view->opaque());
 }
 
 TEST_F(LayerLooks, TintIsThatOfTheNearestAncestorThatHasOne) {
@@ -70,11 +70,11 @@ TEST_F(LayerLooks, TintIsThatOfTheNearestAncestorThatHasOne) {
   outer->addSubview(view);
   view->addSubview(inner);
   EXPECT_EQ(sim::uikit::colorOf(inner->tintColor()), sim::rgb(0x007aff));
-  outer->setTintColor(UIColor::redColor());
+  outer->tintColor.set(UIColor::redColor());
   EXPECT_TRUE(inner->tintColor() == UIColor::redColor());  // confirmed: Apple documentation of tintColor
-  view->setTintColor(UIColor::greenColor());
+  view->tintColor.set(UIColor::greenColor());
   EXPECT_TRUE(inner->tintColor() == UIColor::greenColor());
-  view->setTintColor({});
+  view->tintColor.set({});
   EXPECT_TRUE(inner->tintColor() == UIColor::redColor());
 }
 

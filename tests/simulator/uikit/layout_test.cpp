@@ -34,9 +34,9 @@ TEST_F(Layout, NewViewIsLaidOutInTheNextPass) {
 }
 
 TEST_F(Layout, FollowsAChangeOfSize) {
-  EXPECT_EQ(layoutsAfter([&] { view->setFrame({{0, 0}, {50, 50}}); }), 1);  // confirmed: device-facts 7.4
-  EXPECT_EQ(layoutsAfter([&] { view->setFrame({{9, 9}, {50, 50}}); }), 0);
-  EXPECT_EQ(layoutsAfter([&] { view->setCenter({1, 1}); }), 0);
+  EXPECT_EQ(layoutsAfter([&] { view->frame.set({{0, 0}, {50, 50}}); }), 1);  // confirmed: device-facts 7.4
+  EXPECT_EQ(layoutsAfter([&] { view->frame.set({{9, 9}, {50, 50}}); }), 0);
+  EXPECT_EQ(layoutsAfter([&] { view->center.set({1, 1}); }), 0);
 }
 
 TEST_F(Layout, FollowsASubviewsComingAndGoing) {
@@ -46,7 +46,8 @@ TEST_F(Layout, FollowsASubviewsComingAndGoing) {
 }
 
 TEST_F(Layout, DoesNotFollowATransform) {
-  EXPECT_EQ(layoutsAfter([&] { view->setTransform({2, 0, 0, 2, 0, 0}); }), 0);  // confirmed: device-facts 7.4
+  EXPECT_EQ(layoutsAfter([&] { view->transform.set({2, 0, 0, 2, 0, 0}); }),
+            0);  // confirmed: device-facts 7.4
 }
 
 TEST_F(Layout, IsAskedForOnce) {

@@ -66,7 +66,7 @@ TEST_F(Life, LayerThatSurvivesShowsNothingOfTheView) {
   const Strong<CALayer> layer = retained(parent->layer());
   parent.clear();
   EXPECT_TRUE(sim::uikit::layerOf(layer.get()).children().empty());
-  layer->setBounds({{0, 0}, {20, 20}});
+  layer->bounds.set({{0, 0}, {20, 20}});
   EXPECT_EQ(layer->bounds().size.width, 20);
 }
 
@@ -112,7 +112,7 @@ TEST_F(Life, AnimationDoesNotKeepTheView) {
   window->addSubview(view);
   int finished = -1;
   const UIView weak = view;
-  UIView::animateWithDuration_animations_completion(1, Block<void()>([=] { weak.setAlpha(0); }),
+  UIView::animateWithDuration_animations_completion(1, Block<void()>([=] { weak.alpha.set(0); }),
                                                     Block<void(BOOL)>([&](BOOL f) { finished = f; }));
   EXPECT_EQ(view->retainCount(), 2u);
   view.clear();

@@ -62,7 +62,7 @@ class Picker : public Fingers {
         method<&D::pickerView_titleForRow_forComponent, A::titlerTitle>());
     lister = make<Lister, &NSObject::init>();
     picker = make<UIPickerView, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 280}});
-    picker->setDelegate(lister);
+    picker->delegate.set(lister);
     window->addSubview(picker);
     sim::uikit::layoutPass();
   }
@@ -119,21 +119,21 @@ TEST_F(Picker, AsksItsDelegateForCountsWhereThereIsNoDataSource) {
 TEST_F(Picker, AsksItsDataSourceForCountsWhereThereIsOne) {
   auto source = make<Lister, &NSObject::init>();
   ListerClass::state(source).rows = 3;
-  picker->setDataSource(source);
+  picker->dataSource.set(source);
   EXPECT_EQ(picker->numberOfRowsInComponent(0), 3);  // confirmed: Apple documentation of the data source
 }
 
 TEST_F(Picker, IsEmptyWhereNobodyKnowsTheCounts) {
   auto titler = make<Titler, &NSObject::init>();
-  picker->setDelegate(titler);
+  picker->delegate.set(titler);
   EXPECT_EQ(picker->numberOfComponents(), 0);  // assumed
   EXPECT_TRUE(labels().empty());
 }
 
 TEST_F(Picker, DoesNotKeepItsDelegate) {
   const NSUInteger before = lister->retainCount();
-  picker->setDelegate({});
-  picker->setDelegate(lister);
+  picker->delegate.set({});
+  picker->delegate.set(lister);
   EXPECT_EQ(lister->retainCount(), before);  // confirmed: Apple documentation of delegate
   lister = nullptr;
   EXPECT_FALSE(picker->delegate());
@@ -326,8 +326,8 @@ class PagedPicker : public Picker {
     card = touchView({{0, 0}, {300, 390}}, "card");
     attach<UIPanGestureRecognizer>(card, "card");
     pages = make<UIScrollView, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 350}});
-    pages->setContentSize({600, 350});
-    pages->setPagingEnabled(YES);
+    pages->contentSize.set({600, 350});
+    pages->pagingEnabled.set(YES);
     card->addSubview(pages);
     pages->addSubview(picker);
     sim::uikit::layoutPass();

@@ -8,7 +8,7 @@ namespace {
 
 class Presentation : public Fingers {
  protected:
-  Presentation() : root(make<UIViewController, &NSObject::init>()) { window->setRootViewController(root); }
+  Presentation() : root(make<UIViewController, &NSObject::init>()) { window->rootViewController.set(root); }
 
   static void present(UIViewController presenter, UIViewController presented, BOOL animated = NO) {
     presenter.presentViewController_animated_completion(presented, animated, Block<void()>());
@@ -88,7 +88,7 @@ TEST_F(Presentation, IsDismissedOnce) {
 }
 
 TEST_F(Presentation, EndsWithItsPresenter) {
-  window->setRootViewController({});
+  window->rootViewController.set({});
   {
     const Pool inner;
     auto loose = make<UIViewController, &NSObject::init>();

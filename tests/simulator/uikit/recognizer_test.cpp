@@ -11,7 +11,7 @@ class Recognizer : public Fingers {
 
 TEST_F(Recognizer, HasTheDocumentedDefaults) {
   auto recognizer = make<UIGestureRecognizer, &NSObject::init>();
-  EXPECT_TRUE(recognizer->isEnabled());  // confirmed: Apple documentation of UIGestureRecognizer, all five
+  EXPECT_TRUE(recognizer->enabled());  // confirmed: Apple documentation of UIGestureRecognizer, all five
   EXPECT_TRUE(recognizer->cancelsTouchesInView());
   EXPECT_FALSE(recognizer->delaysTouchesBegan());
   EXPECT_TRUE(recognizer->delaysTouchesEnded());
@@ -72,10 +72,10 @@ TEST_F(Recognizer, ForgetsATargetThatDied) {
 
 TEST_F(Recognizer, IsLeftOutWhileDisabled) {
   auto tap = attach<UITapGestureRecognizer>(view, "tap");
-  tap->setEnabled(NO);
+  tap->enabled.set(NO);
   Fingers::tap({150, 150});
   EXPECT_EQ(takeLog(), (Log{"view began 1", "view ended 1"}));  // confirmed: enabled
-  tap->setEnabled(YES);
+  tap->enabled.set(YES);
   Fingers::tap({150, 150});
   EXPECT_EQ(takeLog(), (Log{"view began 1", "tap ended", "view cancelled 1"}));
 }
@@ -85,10 +85,10 @@ TEST_F(Recognizer, IsCancelledWhenDisabledOnTheWay) {
   down({150, 150});
   move({180, 150});
   takeLog();
-  pan->setEnabled(NO);
+  pan->enabled.set(NO);
   EXPECT_EQ(takeLog(), Log{"pan cancelled"});  // confirmed: Apple documentation of enabled
   EXPECT_EQ(pan->state(), UIGestureRecognizerStatePossible);
-  pan->setEnabled(YES);
+  pan->enabled.set(YES);
   move({200, 150});
   up({200, 150});
   EXPECT_EQ(takeLog(), Log{});  // the rest of the touch is not its own
@@ -105,7 +105,7 @@ TEST_F(Recognizer, IsCancelledWhenTakenFromItsView) {
 
 TEST_F(Recognizer, RefusesAWayThatThereIsNot) {
   auto tap = attach<UITapGestureRecognizer>(view, "tap");
-  EXPECT_ANY_THROW(tap->setState(UIGestureRecognizerStateChanged));
+  EXPECT_ANY_THROW(tap->state.set(UIGestureRecognizerStateChanged));
   EXPECT_EQ(tap->state(), UIGestureRecognizerStatePossible);
 }
 

@@ -29,7 +29,7 @@ class Rendering : public UIKit {
 
   Strong<UIView> addView(CGRect frame, UIColor color) {
     auto view = makeView(frame);
-    view->setBackgroundColor(color);
+    view->backgroundColor.set(color);
     window->addSubview(view);
     return view;
   }
@@ -51,7 +51,7 @@ TEST_F(Rendering, PlusPhonesAreDrawnAtTheirNativeScale) {
   plus.scale = 3;
   plus.nativeSize = {1080, 1920};
   sim::uikit::configure(plus);
-  window->setFrame(UIScreen::mainScreen().bounds());
+  window->frame.set(UIScreen::mainScreen().bounds());
   const auto view = addView({{407, 0}, {7, 736}}, UIColor::redColor());
   const sim::Surface picture = screen();  // confirmed: device-facts 6
   EXPECT_EQ(cairo_image_surface_get_width(picture.get()), 1080);
@@ -66,25 +66,25 @@ TEST_F(Rendering, ViewsLieOverEachOther) {
   EXPECT_EQ(colorAt(25, 25), 0xff0000u);
   EXPECT_EQ(colorAt(75, 75), 0x00ff00u);
   EXPECT_EQ(colorAt(200, 200), 0x000000u);
-  front->setHidden(YES);
+  front->hidden.set(YES);
   EXPECT_EQ(colorAt(75, 75), 0xff0000u);
 }
 
 TEST_F(Rendering, WindowsLieOverEachOtherByLevel) {
   auto alert = makeWindow();
-  alert->setWindowLevel(UIWindowLevelAlert);
-  alert->setBackgroundColor(UIColor::blueColor());
+  alert->windowLevel.set(UIWindowLevelAlert);
+  alert->backgroundColor.set(UIColor::blueColor());
   auto normal = makeWindow();
-  normal->setBackgroundColor(UIColor::redColor());
+  normal->backgroundColor.set(UIColor::redColor());
   EXPECT_EQ(colorAt(10, 10), 0x0000ffu);
-  alert->setHidden(YES);
+  alert->hidden.set(YES);
   EXPECT_EQ(colorAt(10, 10), 0xff0000u);
 }
 
 TEST_F(Rendering, AnimationsShowOnTheirWay) {
   const auto view = addView({{0, 0}, {10, 10}}, UIColor::redColor());
   const UIView target = view;
-  UIView::animateWithDuration_animations(1, Block<void()>([=] { target.setCenter({205, 5}); }));
+  UIView::animateWithDuration_animations(1, Block<void()>([=] { target.center.set({205, 5}); }));
   EXPECT_EQ(colorAt(5, 5), 0xff0000u);
   pass(0.5);
   EXPECT_EQ(colorAt(105, 5), 0xff0000u);
@@ -124,11 +124,11 @@ TEST_F(Rendering, ViewDrawsItselfOnceUntilItIsDue) {
   view->setNeedsDisplay();
   screen();
   EXPECT_EQ(paints, 2);  // confirmed: Apple documentation of setNeedsDisplay
-  view->setFrame({{0, 0}, {100, 200}});
+  view->frame.set({{0, 0}, {100, 200}});
   EXPECT_EQ(colorAt(50, 150), 0x0000ffu);
   EXPECT_EQ(paints, 2) << "stretched";  // confirmed: Apple documentation of UIViewContentModeScaleToFill
-  view->setContentMode(UIViewContentModeRedraw);
-  view->setFrame({{0, 0}, {100, 300}});
+  view->contentMode.set(UIViewContentModeRedraw);
+  view->frame.set({{0, 0}, {100, 300}});
   screen();
   EXPECT_EQ(paints, 3);  // confirmed: Apple documentation of UIViewContentModeRedraw
   EXPECT_EQ(sim::uikit::currentContext(), nullptr);
@@ -138,13 +138,13 @@ TEST_F(Rendering, ViewThatHadNoRoomIsDrawnWhenItGetsSome) {
   auto view = makePaintedView({});
   window->addSubview(view);
   screen();
-  view->setFrame({{0, 0}, {100, 100}});
+  view->frame.set({{0, 0}, {100, 100}});
   EXPECT_EQ(colorAt(50, 75), 0x0000ffu);
 }
 
 TEST_F(Rendering, DrawingHappensInBoundsCoordinates) {
   auto view = makePaintedView({{0, 0}, {100, 100}});
-  view->setBounds({{40, 60}, {100, 100}});
+  view->bounds.set({{40, 60}, {100, 100}});
   window->addSubview(view);
   EXPECT_EQ(colorAt(1, 75), 0x0000ffu);
   EXPECT_EQ(colorAt(99, 99), 0x0000ffu);
@@ -158,27 +158,27 @@ TEST_F(Rendering, ImageFollowsTheContentMode) {
   });
   auto view = make<UIImageView, &UIImageView::initWithImage>(image.get());
   window->addSubview(view);
-  view->setFrame({{0, 0}, {100, 100}});
+  view->frame.set({{0, 0}, {100, 100}});
   EXPECT_EQ(colorAt(90, 90), 0xffff00u);  // confirmed: Apple documentation of UIViewContentMode
-  view->setContentMode(UIViewContentModeCenter);
+  view->contentMode.set(UIViewContentModeCenter);
   EXPECT_EQ(colorAt(90, 90), 0x000000u);
   EXPECT_EQ(colorAt(50, 50), 0xffff00u);
-  view->setContentMode(UIViewContentModeTopLeft);
+  view->contentMode.set(UIViewContentModeTopLeft);
   EXPECT_EQ(colorAt(5, 5), 0xffff00u);
   EXPECT_EQ(colorAt(50, 50), 0x000000u);
-  view->setContentMode(UIViewContentModeBottomRight);
+  view->contentMode.set(UIViewContentModeBottomRight);
   EXPECT_EQ(colorAt(95, 95), 0xffff00u);
-  view->setImage({});
+  view->image.set({});
   EXPECT_EQ(colorAt(95, 95), 0x000000u);
 }
 
 TEST_F(Rendering, ClippingCutsSubviews) {
   const auto view = addView({{0, 0}, {50, 50}}, UIColor::redColor());
   auto child = makeView({{0, 0}, {100, 100}});
-  child->setBackgroundColor(UIColor::greenColor());
+  child->backgroundColor.set(UIColor::greenColor());
   view->addSubview(child);
   EXPECT_EQ(colorAt(75, 75), 0x00ff00u);
-  view->setClipsToBounds(YES);
+  view->clipsToBounds.set(YES);
   EXPECT_EQ(colorAt(75, 75), 0x000000u);
   EXPECT_TRUE(view->layer().masksToBounds());
 }
@@ -186,18 +186,18 @@ TEST_F(Rendering, ClippingCutsSubviews) {
 TEST_F(Rendering, ScrollViewMovesItsContent) {
   auto scroll = make<UIScrollView, &UIView::initWithFrame>(CGRect{{0, 0}, {100, 100}});
   auto child = makeView({{100, 0}, {100, 100}});
-  child->setBackgroundColor(UIColor::greenColor());
+  child->backgroundColor.set(UIColor::greenColor());
   scroll->addSubview(child);
   window->addSubview(scroll);
   EXPECT_EQ(colorAt(50, 50), 0x000000u);
-  scroll->setContentOffset({100, 0});
+  scroll->contentOffset.set({100, 0});
   EXPECT_EQ(colorAt(50, 50), 0x00ff00u);
 }
 
 TEST_F(Rendering, LabelShowsItsText) {
-  window->setBackgroundColor(UIColor::whiteColor());
+  window->backgroundColor.set(UIColor::whiteColor());
   auto label = make<UILabel, &UIView::initWithFrame>(CGRect{{0, 0}, {100, 30}});
-  label->setTextAlignment(NSTextAlignmentCenter);
+  label->textAlignment.set(NSTextAlignmentCenter);
   window->addSubview(label);
   auto dark = [&](int from, int to) {
     const sim::Surface picture = screen();
@@ -207,22 +207,22 @@ TEST_F(Rendering, LabelShowsItsText) {
     return count;
   };
   EXPECT_EQ(dark(0, 200), 0);
-  label->setText("III"_ns);
+  label->text.set("III"_ns);
   EXPECT_GT(dark(75, 125), 50);
   EXPECT_EQ(dark(0, 60) + dark(140, 200), 0);
-  label->setTextAlignment(NSTextAlignmentRight);
+  label->textAlignment.set(NSTextAlignmentRight);
   EXPECT_GT(dark(150, 200), 50);
-  label->setTextColor(UIColor::whiteColor());
+  label->textColor.set(UIColor::whiteColor());
   EXPECT_EQ(dark(0, 200), 0);
 }
 
 TEST_F(Rendering, PageControlShowsTheCurrentPageBrightest) {
   auto control = make<UIPageControl, &UIView::initWithFrame>(CGRect{{0, 0}, {100, 38}});
-  control->setNumberOfPages(2);
+  control->numberOfPages.set(2);
   window->addSubview(control);
   EXPECT_EQ(colorAt(42, 19), 0xffffffu);
   EXPECT_LT(colorAt(58, 19), 0x808080u);
-  control->setCurrentPage(1);
+  control->currentPage.set(1);
   EXPECT_EQ(colorAt(58, 19), 0xffffffu);
 }
 

@@ -22,7 +22,7 @@ class ScrollDrag : public Fingers {
     struct Functions {
       static void setContentOffset(CountingScrollView self, CGPoint offset) {
         ++CountingClass::state(self).offsets;
-        CountingClass::super<&UIScrollView::setContentOffset>(self, offset);
+        CountingClass::super<bridge::setterOf<&UIScrollView::contentOffset>>(self, offset);
       }
       static void ignore(CountingScrollView, NSSet, UIEvent) {}
       static void willBegin(ScrollListener, UIScrollView) { note("will begin dragging"); }
@@ -37,9 +37,10 @@ class ScrollDrag : public Fingers {
     };
     using F = Functions;
     using D = UIScrollViewDelegate;
-    CountingClass::define<UIScrollView>(method<&UIScrollView::setContentOffset, F::setContentOffset>(),
-                                        method<&UIResponder::touchesMoved_withEvent, F::ignore>(),
-                                        method<&UIResponder::touchesEnded_withEvent, F::ignore>());
+    CountingClass::define<UIScrollView>(
+        method<bridge::setterOf<&UIScrollView::contentOffset>, F::setContentOffset>(),
+        method<&UIResponder::touchesMoved_withEvent, F::ignore>(),
+        method<&UIResponder::touchesEnded_withEvent, F::ignore>());
     bridge::Implementation<ScrollListener>::define<NSObject>(
         method<&D::scrollViewWillBeginDragging, F::willBegin>(),
         method<&D::scrollViewWillEndDragging_withVelocity_targetContentOffset, F::willEnd>(),
@@ -47,10 +48,10 @@ class ScrollDrag : public Fingers {
         method<&D::scrollViewWillBeginDecelerating, F::begins>(),
         method<&D::scrollViewDidEndDecelerating, F::ends>());
     view = make<CountingScrollView, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 500}});
-    view->setContentSize({900, 500});
+    view->contentSize.set({900, 500});
     window->addSubview(view);
     scrollListener = make<ScrollListener, &NSObject::init>();
-    view->setDelegate(scrollListener);
+    view->delegate.set(scrollListener);
   }
 
   void flick(CGPoint from, CGPoint to, double seconds) {
@@ -65,7 +66,7 @@ class ScrollDrag : public Fingers {
 };
 
 TEST_F(ScrollDrag, ContentFollowsTheFinger) {
-  view->setContentOffset({300, 0});
+  view->contentOffset.set({300, 0});
   down({200, 200});
   move({185, 203});
   EXPECT_EQ(offset(), 315);  // assumed: with the first ten points
@@ -93,12 +94,12 @@ TEST_F(ScrollDrag, DragAcrossIsNotItsOwn) {
 }
 
 TEST_F(ScrollDrag, ContentThatFitsStaysUnlessItAlwaysBounces) {
-  view->setContentSize({300, 500});
+  view->contentSize.set({300, 500});
   down({200, 200});
   move({150, 200});
   EXPECT_EQ(offset(), 0);  // confirmed: alwaysBounceHorizontal is NO by default
   up({150, 200});
-  view->setAlwaysBounceHorizontal(YES);
+  view->alwaysBounceHorizontal.set(YES);
   down({200, 200});
   move({150, 200});
   EXPECT_GT(offset(), 0);
@@ -111,7 +112,7 @@ TEST_F(ScrollDrag, PullsHarderBeyondTheEdge) {
   up({200, 200});
   pass(2);
   EXPECT_EQ(offset(), 0);
-  view->setBounces(NO);
+  view->bounces.set(NO);
   down({100, 200});
   move({200, 200});
   EXPECT_EQ(offset(), 0);  // confirmed: bounces
@@ -140,7 +141,7 @@ TEST_F(ScrollDrag, FingerThatRestsPutsTheContentDown) {
 }
 
 TEST_F(ScrollDrag, PagesTurnByAFlick) {
-  view->setPagingEnabled(YES);
+  view->pagingEnabled.set(YES);
   flick({250, 200}, {150, 200}, 0.15);
   pass(1);
   EXPECT_EQ(offset(), 300);  // confirmed: multiples of the bounds
@@ -156,7 +157,7 @@ TEST_F(ScrollDrag, PagesTurnByAFlick) {
 }
 
 TEST_F(ScrollDrag, PagesStayAfterASmallPull) {
-  view->setPagingEnabled(YES);
+  view->pagingEnabled.set(YES);
   flick({250, 200}, {200, 200}, 1);
   pass(1);
   EXPECT_EQ(offset(), 0);
@@ -166,7 +167,7 @@ TEST_F(ScrollDrag, PagesStayAfterASmallPull) {
 }
 
 TEST_F(ScrollDrag, FingerCatchesMovingContent) {
-  view->setPagingEnabled(YES);
+  view->pagingEnabled.set(YES);
   flick({250, 200}, {150, 200}, 0.15);
   pass(0.05);
   down({150, 200});
@@ -180,11 +181,11 @@ TEST_F(ScrollDrag, FingerCatchesMovingContent) {
 }
 
 TEST_F(ScrollDrag, IsStillWhileDisabled) {
-  view->setScrollEnabled(NO);
+  view->scrollEnabled.set(NO);
   flick({250, 200}, {150, 200}, 0.15);
   EXPECT_EQ(offset(), 0);
-  EXPECT_FALSE(view->isScrollEnabled());
-  view->setScrollEnabled(YES);
+  EXPECT_FALSE(view->scrollEnabled());
+  view->scrollEnabled.set(YES);
   flick({250, 200}, {150, 200}, 0.15);
   EXPECT_GT(offset(), 0);
 }
@@ -205,7 +206,7 @@ TEST_F(ScrollDrag, ContentWaitsForItsTouches) {
   takeLog();
   tap({200, 200});
   EXPECT_EQ(takeLog(), (Log{"content began 1", "content ended 1"}));
-  view->setDelaysContentTouches(NO);
+  view->delaysContentTouches.set(NO);
   down({200, 200});
   EXPECT_EQ(takeLog(), Log{"content began 1"});
 }
@@ -250,7 +251,7 @@ TEST_F(ScrollDrag, ControlsKeepATouchThatTheyHave) {
 
 TEST_F(ScrollDrag, InnerViewScrollsFirst) {
   auto inner = make<UIScrollView, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 500}});
-  inner->setContentSize({300, 1000});
+  inner->contentSize.set({300, 1000});
   view->addSubview(inner);
   flick({150, 300}, {150, 200}, 0.2);
   EXPECT_GT(inner->contentOffset().y, 0);

@@ -15,28 +15,28 @@ class ScrollView : public UIKit {
 };
 
 TEST_F(ScrollView, OffsetIsWhereTheBoundsBegin) {
-  view->setContentOffset({30, 40});
+  view->contentOffset.set({30, 40});
   EXPECT_EQ(view->bounds(),
             (CGRect{{30, 40}, {100, 200}}));  // confirmed: Apple documentation of UIScrollView
   EXPECT_EQ(view->frame(), (CGRect{{0, 0}, {100, 200}}));
-  view->setBounds({{1, 2}, {100, 200}});
+  view->bounds.set({{1, 2}, {100, 200}});
   EXPECT_EQ(view->contentOffset(), (CGPoint{1, 2}));
 }
 
 TEST_F(ScrollView, PropertiesReadBack) {
   EXPECT_TRUE(view->clipsToBounds());  // assumed
-  EXPECT_FALSE(view->isPagingEnabled());
-  view->setPagingEnabled(YES);
-  view->setContentSize({300, 200});
-  view->setContentInset({1, 2, 3, 4});
-  EXPECT_TRUE(view->isPagingEnabled());
+  EXPECT_FALSE(view->pagingEnabled());
+  view->pagingEnabled.set(YES);
+  view->contentSize.set({300, 200});
+  view->contentInset.set({1, 2, 3, 4});
+  EXPECT_TRUE(view->pagingEnabled());
   EXPECT_EQ(view->contentSize(), (CGSize{300, 200}));
   EXPECT_EQ(view->contentInset(), (UIEdgeInsets{1, 2, 3, 4}));
 }
 
 TEST_F(ScrollView, FrameKeepsTheOffset) {
-  view->setContentOffset({30, 40});
-  view->setFrame({{10, 10}, {50, 50}});
+  view->contentOffset.set({30, 40});
+  view->frame.set({{10, 10}, {50, 50}});
   EXPECT_EQ(view->contentOffset(), (CGPoint{30, 40}));  // assumed
 }
 
@@ -68,7 +68,7 @@ TEST_F(ScrollView, MayDieWhileItMoves) {
 
 TEST_F(ScrollView, MoveInABlockIsAnimated) {
   const UIScrollView scrolled = view;
-  UIView::animateWithDuration_animations(1, Block<void()>([=] { scrolled.setContentOffset({100, 0}); }));
+  UIView::animateWithDuration_animations(1, Block<void()>([=] { scrolled.contentOffset.set({100, 0}); }));
   EXPECT_EQ(view->contentOffset().x, 100);
   pass(0.5);
   EXPECT_NEAR(shown(view).bounds.origin.x, 50, 0.1);  // confirmed: bounds are animatable

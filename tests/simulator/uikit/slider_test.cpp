@@ -37,7 +37,7 @@ class Slider : public Fingers {
   // 100 points of way for the thumb, one for each of its values.
   Strong<UISlider> makeSlider() {
     auto made = make<UISlider, &UIView::initWithFrame>(CGRect{{50, 100}, {131, 80}});
-    made->setMaximumValue(100);
+    made->maximumValue.set(100);
     made->addTarget_action_forControlEvents(target, bridge::Descriptor<&SliderTarget::changed>::selector(),
                                             UIControlEventValueChanged);
     made->addTarget_action_forControlEvents(target, bridge::Descriptor<&SliderTarget::lifted>::selector(),
@@ -62,33 +62,33 @@ TEST_F(Slider, RunsFromZeroToOneAtFirst) {
   EXPECT_EQ(fresh->value(), 0);  // confirmed: Apple documentation of UISlider
   EXPECT_EQ(fresh->minimumValue(), 0);
   EXPECT_EQ(fresh->maximumValue(), 1);
-  EXPECT_TRUE(fresh->isContinuous());
+  EXPECT_TRUE(fresh->continuous());
 }
 
 TEST_F(Slider, PinsItsValueToTheRange) {
-  slider->setValue(150);
+  slider->value.set(150);
   EXPECT_EQ(slider->value(), 100);  // confirmed: Apple documentation of value
-  slider->setValue(-1);
+  slider->value.set(-1);
   EXPECT_EQ(slider->value(), 0);
 }
 
 TEST_F(Slider, BoundsThatMoveTakeTheValueAlong) {
-  slider->setValue(50);
-  slider->setMinimumValue(60);
+  slider->value.set(50);
+  slider->minimumValue.set(60);
   EXPECT_EQ(slider->value(), 60);  // confirmed: Apple documentation of minimumValue
-  slider->setMaximumValue(55);
+  slider->maximumValue.set(55);
   EXPECT_EQ(slider->value(), 55);
   EXPECT_EQ(slider->minimumValue(), 55);  // assumed
 }
 
 TEST_F(Slider, SendsNothingForValuesThatAreSet) {
-  slider->setValue(50);
+  slider->value.set(50);
   slider->setValue_animated(60, YES);
   EXPECT_TRUE(takeLog().empty());  // confirmed: Apple documentation of setValue:animated:
 }
 
 TEST_F(Slider, HasItsTrackAndThumbInTheMiddleOfItsHeight) {
-  slider->setValue(25);
+  slider->value.set(25);
   const CGRect bounds = slider->bounds();
   const CGRect track = slider->trackRectForBounds(bounds);
   EXPECT_EQ(track, (CGRect{{2, 39}, {127, 2}}));  // assumed
@@ -97,9 +97,9 @@ TEST_F(Slider, HasItsTrackAndThumbInTheMiddleOfItsHeight) {
 }
 
 TEST_F(Slider, ShowsBothSidesOfTheTrackInTheirTints) {
-  slider->setMinimumTrackTintColor(UIColor::redColor());
-  slider->setMaximumTrackTintColor(UIColor::blueColor());
-  slider->setValue(50);
+  slider->minimumTrackTintColor.set(UIColor::redColor());
+  slider->maximumTrackTintColor.set(UIColor::blueColor());
+  slider->value.set(50);
   slider->layoutIfNeeded();
   const NSArray parts = slider->subviews();
   const auto right = bridge::as<UIView>(parts.objectAtIndex(0));
@@ -162,7 +162,7 @@ TEST_F(Slider, StopsAtItsEnds) {
 }
 
 TEST_F(Slider, ThatIsNotContinuousTellsOnceAtTheEnd) {
-  slider->setContinuous(NO);
+  slider->continuous.set(NO);
   const CGPoint from = thumb();
   down(from);
   move({from.x + 30, from.y});
@@ -173,7 +173,7 @@ TEST_F(Slider, ThatIsNotContinuousTellsOnceAtTheEnd) {
 }
 
 TEST_F(Slider, ThatIsDisabledDoesNotMove) {
-  slider->setEnabled(NO);
+  slider->enabled.set(NO);
   const CGPoint from = thumb();
   down(from);
   move({from.x + 30, from.y});
@@ -196,8 +196,8 @@ class PagedSlider : public Slider {
  protected:
   PagedSlider() {
     pages = make<UIScrollView, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 400}});
-    pages->setContentSize({600, 400});
-    pages->setPagingEnabled(YES);
+    pages->contentSize.set({600, 400});
+    pages->pagingEnabled.set(YES);
     window->addSubview(pages);
     paged = makeSlider();
     pages->addSubview(paged);
@@ -237,7 +237,7 @@ TEST_F(PagedSlider, LeavesDragsBesideItsThumbToThePages) {
 
 TEST_F(PagedSlider, LeavesDragsAcrossItToOthers) {
   auto pan = attach<UIPanGestureRecognizer>(pages, "pan");
-  pages->setScrollEnabled(NO);
+  pages->scrollEnabled.set(NO);
   const CGPoint from = thumb(paged);
   down(from);
   travel(from, {from.x, from.y + 60}, 0.3);
@@ -249,7 +249,7 @@ TEST_F(PagedSlider, LeavesDragsAcrossItToOthers) {
 
 TEST_F(PagedSlider, KeepsSwipesAlongItFromOthers) {
   auto swipe = attach<UISwipeGestureRecognizer>(pages, "swipe");
-  pages->setScrollEnabled(NO);
+  pages->scrollEnabled.set(NO);
   const CGPoint from = thumb(paged);
   down(from);
   travel(from, {from.x + 60, from.y}, 0.1);

@@ -14,7 +14,7 @@ TEST_F(SpringAnimation, PassesItsEndAndComesBack) {
   bool completed = false;
   UIView::
       animateWithDuration_delay_usingSpringWithDamping_initialSpringVelocity_options_animations_completion(
-          0.5, 0, 0.5, 0, 0, Block<void()>([=] { view.setCenter({150, 50}); }),
+          0.5, 0, 0.5, 0, 0, Block<void()>([=] { view.center.set({150, 50}); }),
           Block<void(BOOL)>([&](BOOL finished) { completed = finished; }));
   const double start = sim::clock::now();
   auto reached = [&] { return (shown(view).position.x - 50) / 100; };
@@ -41,7 +41,7 @@ TEST_F(SpringAnimation, IsInheritedByAnInnerBlock) {
   UIView::
       animateWithDuration_delay_usingSpringWithDamping_initialSpringVelocity_options_animations_completion(
           0.5, 0, 0.5, 0, 0, Block<void()>([=] {
-            UIView::animateWithDuration_animations(3, Block<void()>([=] { view.setCenter({150, 50}); }));
+            UIView::animateWithDuration_animations(3, Block<void()>([=] { view.center.set({150, 50}); }));
           }),
           {});
   pass(0.15);

@@ -39,15 +39,15 @@ TEST_F(Stepper, IsAlwaysOfOneSize) {
 
 TEST_F(Stepper, GoesByOneFromZeroToAHundredAtFirst) {
   EXPECT_EQ(stepper->value(), 0);  // confirmed: Apple documentation of UIStepper
-  stepper->setValue(150);
+  stepper->value.set(150);
   EXPECT_EQ(stepper->value(), 100);
-  stepper->setValue(99);
+  stepper->value.set(99);
   tapPlus();
   EXPECT_EQ(stepper->value(), 100);
 }
 
 TEST_F(Stepper, TellsOfEachStepOfAFinger) {
-  stepper->setValue(5);
+  stepper->value.set(5);
   EXPECT_TRUE(takeLog().empty());
   tapPlus();
   tapPlus();
@@ -56,8 +56,8 @@ TEST_F(Stepper, TellsOfEachStepOfAFinger) {
 }
 
 TEST_F(Stepper, StopsAtItsEnds) {
-  stepper->setMinimumValue(1);
-  stepper->setMaximumValue(2);
+  stepper->minimumValue.set(1);
+  stepper->maximumValue.set(2);
   tapMinus();
   EXPECT_EQ(stepper->value(), 1);  // confirmed: Apple documentation of wraps, which is off at first
   tapPlus();
@@ -67,10 +67,10 @@ TEST_F(Stepper, StopsAtItsEnds) {
 }
 
 TEST_F(Stepper, TakesItsValueIntoAnotherRange) {
-  stepper->setValue(50);
-  stepper->setMaximumValue(10);
+  stepper->value.set(50);
+  stepper->maximumValue.set(10);
   EXPECT_EQ(stepper->value(), 10);
-  stepper->setMinimumValue(20);
+  stepper->minimumValue.set(20);
   EXPECT_EQ(stepper->value(), 20);
 }
 

@@ -23,8 +23,8 @@ class StringDrawing : public UIKit {
 
 TEST_F(StringDrawing, MeasuresWithTheFontOfItsAttributes) {
   auto label = make<UILabel, &UIView::initWithFrame>(CGRect{});
-  label->setFont(UIFont::boldSystemFontOfSize(16));
-  label->setText("Exported"_ns);
+  label->font.set(UIFont::boldSystemFontOfSize(16));
+  label->text.set("Exported"_ns);
   const CGSize fits = label->sizeThatFits({1000, 1000});
   const CGSize measured = measure("Exported", {1000, 1000}, lines);
   EXPECT_NEAR(measured.width, fits.width, 0.5);

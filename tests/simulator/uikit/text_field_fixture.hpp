@@ -101,7 +101,7 @@ class Fields : public Fingers {
   // From then on everything is logged.
   void listen() {
     for (const auto& one : {field, other}) {
-      one->setDelegate(fieldListener);
+      one->delegate.set(fieldListener);
       one->addTarget_action_forControlEvents(fieldListener,
                                              bridge::Descriptor<&FieldListener::didBegin>::selector(),
                                              UIControlEventEditingDidBegin);

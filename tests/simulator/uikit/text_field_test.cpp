@@ -15,14 +15,14 @@ class TextField : public Fields {};
 TEST_F(TextField, HasAnEmptyTextAtFirst) {
   ASSERT_TRUE(field->text());  // confirmed: Apple documentation of text
   EXPECT_EQ(textOf(field), "");
-  field->setText({});
+  field->text.set({});
   ASSERT_TRUE(field->text());
   EXPECT_FALSE(field->hasText());
 }
 
 TEST_F(TextField, CopiesTheTextItIsGiven) {
   auto text = make<Growing, &NSObject::init>();
-  field->setText(text);
+  field->text.set(text);
   text->appendString("later"_ns);
   EXPECT_EQ(textOf(field), "");  // confirmed: the property copies
 }
@@ -55,7 +55,7 @@ TEST_F(TextField, BeginsNothingAgainstItsDelegate) {
 
 TEST_F(TextField, BeginsNothingWhileItIsDisabled) {
   listen();
-  field->setEnabled(NO);
+  field->enabled.set(NO);
   tap({100, 75});
   EXPECT_FALSE(field->becomeFirstResponder());  // assumed
   EXPECT_TRUE(takeLog().empty());
@@ -93,7 +93,7 @@ TEST_F(TextField, PassesEditingOn) {
 
 TEST_F(TextField, AsksBeforeAKeyChangesItsText) {
   listen();
-  field->setText("ab"_ns);
+  field->text.set("ab"_ns);
   field->becomeFirstResponder();
   takeLog();
   sim::uikit::typeText(field, "c"_ns);
@@ -105,7 +105,7 @@ TEST_F(TextField, AsksBeforeAKeyChangesItsText) {
 
 TEST_F(TextField, StaysAsItIsAgainstItsDelegatesWill) {
   listen();
-  field->setText("ab"_ns);
+  field->text.set("ab"_ns);
   fieldAnswers().changes = false;
   sim::uikit::typeText(field, "c"_ns);
   sim::uikit::typeDelete(field);
@@ -120,14 +120,14 @@ TEST_F(TextField, HasNothingToDeleteWhenItIsEmpty) {
 
 TEST_F(TextField, DeletesPairsOfSurrogatesWhole) {
   listen();
-  field->setText(NSString::stringWithUTF8String("a\U0001F600"));
+  field->text.set(NSString::stringWithUTF8String("a\U0001F600"));
   sim::uikit::typeDelete(field);
   EXPECT_EQ(takeLog(), (Log{"should change 1+2 ''", "changed 'a'"}));
 }
 
 TEST_F(TextField, AsksNobodyAboutProgramsThatChangeIt) {
   listen();
-  field->setText("ab"_ns);
+  field->text.set("ab"_ns);
   EXPECT_TRUE(takeLog().empty());  // confirmed: events are for what the user does
   field->insertText("c"_ns);
   field->deleteBackward();
@@ -136,15 +136,15 @@ TEST_F(TextField, AsksNobodyAboutProgramsThatChangeIt) {
 
 TEST_F(TextField, PastesAllAtOnce) {
   listen();
-  field->setText("1"_ns);
-  UIPasteboard::generalPasteboard().setString("234"_ns);
+  field->text.set("1"_ns);
+  UIPasteboard::generalPasteboard().string.set("234"_ns);
   field->paste({});
   EXPECT_EQ(takeLog(), (Log{"should change 1+0 '234'", "changed '1234'"}));  // assumed
 }
 
 TEST_F(TextField, PastesNothingFromAnEmptyPasteboard) {
   listen();
-  UIPasteboard::generalPasteboard().setString({});
+  UIPasteboard::generalPasteboard().string.set({});
   field->paste({});
   EXPECT_TRUE(takeLog().empty());
 }
@@ -171,30 +171,30 @@ TEST_F(TextField, ReturnKeyEndsEditingWhereAnActionWaitsForIt) {
 TEST_F(TextField, ClearButtonShowsAsItsModeSays) {
   const auto isShown = [&] {
     field->layoutIfNeeded();
-    return !sim::uikit::stateOf(field.get()).clearButton->isHidden();
+    return !sim::uikit::stateOf(field.get()).clearButton->hidden();
   };
-  field->setText("a"_ns);
+  field->text.set("a"_ns);
   EXPECT_FALSE(isShown());
-  field->setClearButtonMode(UITextFieldViewModeAlways);
+  field->clearButtonMode.set(UITextFieldViewModeAlways);
   EXPECT_TRUE(isShown());
-  field->setClearButtonMode(UITextFieldViewModeWhileEditing);
+  field->clearButtonMode.set(UITextFieldViewModeWhileEditing);
   EXPECT_FALSE(isShown());
   field->becomeFirstResponder();
   EXPECT_TRUE(isShown());  // confirmed: Apple documentation of clearButtonMode
-  field->setText({});
+  field->text.set({});
   EXPECT_FALSE(isShown());  // confirmed: there is nothing to clear
-  field->setText("a"_ns);
-  field->setClearButtonMode(UITextFieldViewModeUnlessEditing);
+  field->text.set("a"_ns);
+  field->clearButtonMode.set(UITextFieldViewModeUnlessEditing);
   EXPECT_FALSE(isShown());
 }
 
 TEST_F(TextField, ClearButtonTakesTheTextAway) {
-  field->setText("abc"_ns);
-  field->setClearButtonMode(UITextFieldViewModeAlways);
+  field->text.set("abc"_ns);
+  field->clearButtonMode.set(UITextFieldViewModeAlways);
   listen();
   tap({220 - sim::uikit::clearButtonWidth / 2, 75});
   EXPECT_EQ(takeLog(), (Log{"should clear", "changed ''"}));  // confirmed: textFieldShouldClear:
-  field->setText("abc"_ns);
+  field->text.set("abc"_ns);
   fieldAnswers().clears = false;
   tap({220 - sim::uikit::clearButtonWidth / 2, 75});
   EXPECT_EQ(textOf(field), "abc");
@@ -203,25 +203,25 @@ TEST_F(TextField, ClearButtonTakesTheTextAway) {
 TEST_F(TextField, CaretStandsAtTheTextsEndWhileItIsEdited) {
   const Strong<UIView>& caret = sim::uikit::stateOf(field.get()).caret;
   field->layoutIfNeeded();
-  EXPECT_TRUE(caret->isHidden());
+  EXPECT_TRUE(caret->hidden());
   field->becomeFirstResponder();
   field->layoutIfNeeded();
-  EXPECT_FALSE(caret->isHidden());
+  EXPECT_FALSE(caret->hidden());
   EXPECT_EQ(caret->frame().origin.x, 0);
-  field->setText("8888"_ns);
+  field->text.set("8888"_ns);
   field->layoutIfNeeded();
   const CGFloat left = caret->frame().origin.x;
   EXPECT_GT(left, 30);
-  field->setTextAlignment(NSTextAlignmentRight);
+  field->textAlignment.set(NSTextAlignmentRight);
   field->layoutIfNeeded();
   EXPECT_EQ(caret->frame().origin.x, 198);
-  field->setTextAlignment(NSTextAlignmentCenter);
+  field->textAlignment.set(NSTextAlignmentCenter);
   field->layoutIfNeeded();
   EXPECT_NEAR(caret->frame().origin.x, (200 - left) / 2 + left, 1);
 }
 
 TEST_F(TextField, CaretStaysWithinTheFieldWhenTheTextDoesNot) {
-  field->setText("a text that is a good deal too long for so short a field"_ns);
+  field->text.set("a text that is a good deal too long for so short a field"_ns);
   field->becomeFirstResponder();
   field->layoutIfNeeded();
   EXPECT_NEAR(sim::uikit::stateOf(field.get()).caret->frame().origin.x, 198, 1e-6);

@@ -43,7 +43,7 @@ class Toolbar : public Fingers {
   void show(const std::vector<Strong<UIBarButtonItem>>& items) {
     auto array = make<NSMutableArray, &NSObject::init>();
     for (const auto& one : items) array->addObject(one.get());
-    bar->setItems(array);
+    bar->items.set(array);
     bar->layoutIfNeeded();
   }
 
@@ -57,7 +57,7 @@ class Toolbar : public Fingers {
 };
 
 TEST_F(Toolbar, IsFortyFourPointsHigh) {
-  bar->setFrame({{0, 0}, {320, 50}});
+  bar->frame.set({{0, 0}, {320, 50}});
   bar->sizeToFit();
   EXPECT_EQ(bar->frame(), (CGRect{{0, 0}, {320, 44}}));  // confirmed: Human Interface Guidelines, toolbars
 }
@@ -131,13 +131,13 @@ TEST_F(Toolbar, TakesTheOldItemsAway) {
 }
 
 TEST_F(Toolbar, IsTranslucentBlackInThatStyle) {
-  bar->setBarStyle(UIBarStyleBlackTranslucent);
+  bar->barStyle.set(UIBarStyleBlackTranslucent);
   CGFloat red, alpha;
   bar->backgroundColor().getRed_green_blue_alpha(&red, nullptr, nullptr, &alpha);
   EXPECT_EQ(bar->barStyle(), 2);
   EXPECT_LT(red, 0.2);
   EXPECT_LT(alpha, 1);
-  bar->setBarStyle(UIBarStyleBlack);
+  bar->barStyle.set(UIBarStyleBlack);
   bar->backgroundColor().getRed_green_blue_alpha(nullptr, nullptr, nullptr, &alpha);
   EXPECT_EQ(alpha, 1);
 }

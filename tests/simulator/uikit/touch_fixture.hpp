@@ -105,7 +105,7 @@ class Fingers : public UIKit {
   ~Fingers() override {
     sim::uikit::cancelFingers();
     pass(1);
-    window->setHidden(YES);
+    window->hidden.set(YES);
   }
 
   static void send(const std::vector<sim::uikit::FingerChange>& changes) { sim::uikit::sendFingers(changes); }

@@ -126,7 +126,7 @@ TEST_F(Touch, SecondFingerIsForViewsThatWantSeveral) {
   EXPECT_EQ(takeLog(), Log{"view began 1"});  // confirmed: multipleTouchEnabled is NO by default
   up({150, 150}, 1);
   takeLog();
-  view->setMultipleTouchEnabled(YES);
+  view->multipleTouchEnabled.set(YES);
   down({150, 150}, 1);
   down({160, 160}, 2);
   up({160, 160}, 2);
@@ -134,7 +134,7 @@ TEST_F(Touch, SecondFingerIsForViewsThatWantSeveral) {
 }
 
 TEST_F(Touch, FingersThatComeTogetherAreToldTogether) {
-  view->setMultipleTouchEnabled(YES);
+  view->multipleTouchEnabled.set(YES);
   send({{1, UITouchPhaseBegan, {150, 150}}, {2, UITouchPhaseBegan, {160, 160}}});
   send({{1, UITouchPhaseEnded, {150, 150}}, {2, UITouchPhaseEnded, {160, 160}}});
   EXPECT_EQ(takeLog(), (Log{"view began 2", "view ended 2"}));  // confirmed: sets of touches
@@ -157,7 +157,7 @@ TEST_F(Touch, OfAViewThatLeavesItsWindowIsCancelled) {
 }
 
 TEST_F(Touch, OutsideEveryWindowIsNobodys) {
-  window->setHidden(YES);
+  window->hidden.set(YES);
   down({150, 150});
   up({150, 150});
   EXPECT_EQ(takeLog(), Log{});

@@ -41,15 +41,15 @@ TEST_F(Touches, NearEdgesAreInsideAndFarOnesAreNot) {
 }
 
 TEST_F(Touches, WhatCannotBeTouchedIsPassedOver) {
-  view->setHidden(YES);
+  view->hidden.set(YES);
   EXPECT_TRUE(hit(150, 150) == window.get());  // confirmed: device-facts 7.4
-  view->setHidden(NO);
-  view->setUserInteractionEnabled(NO);
+  view->hidden.set(NO);
+  view->userInteractionEnabled.set(NO);
   EXPECT_TRUE(hit(150, 150) == window.get());
-  view->setUserInteractionEnabled(YES);
-  view->setAlpha(0.009);
+  view->userInteractionEnabled.set(YES);
+  view->alpha.set(0.009);
   EXPECT_TRUE(hit(150, 150) == window.get());
-  view->setAlpha(0.01);
+  view->alpha.set(0.01);
   EXPECT_TRUE(hit(150, 150) == view.get());
 }
 
@@ -61,7 +61,7 @@ TEST_F(Touches, ChildOutsideItsParentIsNotHit) {
 }
 
 TEST_F(Touches, TransformsCount) {
-  view->setTransform({0.5, 0, 0, 0.5, 0, 0});
+  view->transform.set({0.5, 0, 0, 0.5, 0, 0});
   EXPECT_TRUE(hit(120, 120) == window.get());  // confirmed: device-facts 7.4
   EXPECT_TRUE(hit(130, 130) == view.get());
 }
@@ -77,12 +77,12 @@ TEST_F(Touches, ImageViewsAndLabelsTakeNone) {
 
 TEST_F(Touches, AnimatedViewTakesNoneUnlessAllowed) {
   const UIView target = view;
-  UIView::animateWithDuration_animations(1, Block<void()>([=] { target.setAlpha(0.5); }));
+  UIView::animateWithDuration_animations(1, Block<void()>([=] { target.alpha.set(0.5); }));
   EXPECT_TRUE(hit(150, 150) == window.get());  // confirmed: device-facts 7.5
   pass(1);
   EXPECT_TRUE(hit(150, 150) == view.get());
   UIView::animateWithDuration_delay_options_animations_completion(
-      1, 0, UIViewAnimationOptionAllowUserInteraction, Block<void()>([=] { target.setAlpha(1); }), {});
+      1, 0, UIViewAnimationOptionAllowUserInteraction, Block<void()>([=] { target.alpha.set(1); }), {});
   EXPECT_TRUE(hit(150, 150) == view.get());
 }
 

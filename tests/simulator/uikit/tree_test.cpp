@@ -130,7 +130,7 @@ TEST_F(Tree, TagsAreFoundInTheWholeTree) {
   auto parent = makeView(), child = makeView(), grandchild = makeView();
   parent->addSubview(child);
   child->addSubview(grandchild);
-  grandchild->setTag(7);
+  grandchild->tag.set(7);
   EXPECT_TRUE(parent->viewWithTag(7) == grandchild.get());  // confirmed: Apple documentation of viewWithTag:
   EXPECT_FALSE(parent->viewWithTag(8));
   EXPECT_TRUE(parent->viewWithTag(0) == parent.get());
@@ -140,7 +140,7 @@ TEST_F(Tree, RespondersFollowTheTree) {
   auto window = makeWindow();
   auto controller = make<UIViewController, &NSObject::init>();
   auto child = makeView();
-  window->setRootViewController(controller);
+  window->rootViewController.set(controller);
   controller->view().addSubview(child);
   EXPECT_TRUE(child->nextResponder() == controller->view());  // confirmed: device-facts 7.4
   EXPECT_TRUE(controller->view().nextResponder() == controller.get());

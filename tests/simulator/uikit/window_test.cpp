@@ -35,10 +35,10 @@ Strong<RecordingController> makeController() {
 
 TEST_F(Window, IsHiddenUntilItIsMadeVisible) {
   auto window = make<UIWindow, &UIView::initWithFrame>(UIScreen::mainScreen().bounds());
-  EXPECT_TRUE(window->isHidden());  // confirmed: Apple documentation of makeKeyAndVisible
+  EXPECT_TRUE(window->hidden());  // confirmed: Apple documentation of makeKeyAndVisible
   EXPECT_FALSE(window->isKeyWindow());
   window->makeKeyAndVisible();
-  EXPECT_FALSE(window->isHidden());
+  EXPECT_FALSE(window->hidden());
   EXPECT_TRUE(window->isKeyWindow());
   EXPECT_TRUE(UIApplication::sharedApplication().keyWindow() == window);
   EXPECT_TRUE(window->window() == window);
@@ -46,37 +46,37 @@ TEST_F(Window, IsHiddenUntilItIsMadeVisible) {
 
 TEST_F(Window, LevelsComeBeforeTheOrderOfAppearance) {
   auto alert = makeWindow();
-  alert->setWindowLevel(UIWindowLevelAlert);
+  alert->windowLevel.set(UIWindowLevelAlert);
   auto first = makeWindow();
   auto second = makeWindow();
   EXPECT_EQ(sim::uikit::windows(),
             (std::vector<UIWindow>{first, second, alert}));  // confirmed: device-facts 7.4
-  first->setHidden(YES);
-  first->setHidden(NO);
+  first->hidden.set(YES);
+  first->hidden.set(NO);
   EXPECT_EQ(sim::uikit::windows(), (std::vector<UIWindow>{second, first, alert}));  // assumed
 }
 
 TEST_F(Window, RootViewComesWithTheFirstShowing) {
   auto controller = makeController();
   auto window = make<UIWindow, &UIView::initWithFrame>(CGRect{{0, 0}, {300, 500}});
-  window->setRootViewController(controller);
+  window->rootViewController.set(controller);
   EXPECT_FALSE(controller->isViewLoaded());  // assumed
   window->makeKeyAndVisible();
   EXPECT_EQ(lines, (std::vector<std::string>{"loaded", "will appear",
                                              "did appear"}));  // confirmed: Apple's life cycle
   EXPECT_TRUE(controller->view().superview() == window.get());
   EXPECT_EQ(controller->view().frame(), (CGRect{{0, 0}, {300, 500}}));
-  window->setFrame({{0, 0}, {500, 300}});
+  window->frame.set({{0, 0}, {500, 300}});
   EXPECT_EQ(controller->view().frame(), (CGRect{{0, 0}, {500, 300}}));
 }
 
 TEST_F(Window, RootViewGoesWithItsController) {
   auto window = makeWindow();
   auto controller = makeController();
-  window->setRootViewController(controller);
+  window->rootViewController.set(controller);
   EXPECT_EQ(controller->retainCount(), 2u);
   lines.clear();
-  window->setRootViewController({});
+  window->rootViewController.set({});
   EXPECT_EQ(lines, (std::vector<std::string>{"will disappear", "did disappear"}));
   EXPECT_FALSE(controller->view().superview());
   EXPECT_EQ(controller->retainCount(), 1u);
@@ -96,10 +96,10 @@ TEST_F(ViewController, LoadsItsViewWhenItIsFirstAskedFor) {
 TEST_F(ViewController, TakesAViewThatItIsGiven) {
   auto controller = makeController();
   auto view = makeView();
-  controller->setView(view);
+  controller->view.set(view);
   EXPECT_TRUE(lines.empty());
   EXPECT_TRUE(view->nextResponder() == controller.get());
-  controller->setView({});
+  controller->view.set({});
   EXPECT_FALSE(view->nextResponder());
   EXPECT_EQ(view->retainCount(), 1u);
 }
