@@ -118,8 +118,7 @@ constexpr StepRow rows[] = {
      "a message; what it answers goes into the report's `answers`", "none"},
     {"trace", traceAndTell, withMany(value, kindOfThing, message),
      "the same, along with `given`: what SpringBoard answers by itself, and what each library that has "
-     "replaced the method "
-     "makes of it, in their order",
+     "replaced the method makes of it, in their order",
      "none"},
     {"drop", drop, with(kinds::word), "what has that name is released, and the name free", "none"},
 };

@@ -23,9 +23,8 @@ struct RenderNode {
   // Of a node of a display list: the pixels that it and its children may touch, and the entries that they
   // have.
   PixelRect reach{};
-  int first = 0,
-      end =
-          0;  // of all of them; the entry at `first` is its own, unless it paints nothing below its children
+  // Of all of them; the entry at `first` is its own, unless it paints nothing below its children.
+  int first = 0, end = 0;
   bool isWhole = false;    // one entry for all of it
   bool hasGround = false;  // background and content
   bool hasBorder = false;  // its last entry

@@ -115,6 +115,18 @@ TEST(Pick, NeedsARowThatThereIs) {
               std::string::npos);
 }
 
+TEST(Pick, OfAWheelThatAFingerHoldsIsRefused) {
+  PresetsHome home(layouts({"a", "b", "c"}));
+  home.openPresets();
+  const UIPickerView wheel = home.panel().pickerView();
+  const CGRect bounds = wheel.bounds();
+  const CGPoint middle =
+      wheel.convertPoint_toView({bounds.size.width / 2, bounds.size.height / 2}, wheel.window());
+  home.finger("down", middle);
+  home.finger("move", {middle.x, middle.y + 30});
+  EXPECT_EQ(refusal(home, "pick 2"), "test:1: the picker does not turn");
+}
+
 TEST(Pick, TakesNoTime) {
   PresetsHome home(layouts({"a", "b", "c"}));
   home.openPresets();

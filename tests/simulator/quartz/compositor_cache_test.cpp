@@ -1,7 +1,7 @@
 // Content and pictures that the compositor keeps: painted once, and again when something has changed.
 #include <gtest/gtest.h>
 
-#include "simulator/quartz/compositor.hpp"
+#include "tests/simulator/quartz/composite.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 
 namespace sim {

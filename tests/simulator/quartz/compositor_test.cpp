@@ -1,10 +1,9 @@
 // What layers look like when they are painted.
-#include "simulator/quartz/compositor.hpp"
-
 #include <gtest/gtest.h>
 
 #include <numbers>
 
+#include "tests/simulator/quartz/composite.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 
 namespace sim {

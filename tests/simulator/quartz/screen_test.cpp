@@ -8,7 +8,7 @@
 #include <random>
 #include <vector>
 
-#include "simulator/quartz/compositor.hpp"
+#include "tests/simulator/quartz/composite.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 
 namespace sim {
