@@ -1,14 +1,21 @@
-// CFPreferences: values are read from the domain's file at every call and changes written at once. What the
-// disk refuses to take, or a file that cannot be parsed, stays in memory, and the file is left as it is.
-// Several processes may write: each reads and writes the whole file under a lock, and replaces it in one go.
+// CFPreferences: the domain's file is looked at at every call, read again where it is another than before,
+// and changes are written at once. What the disk refuses to take, or a file that cannot be parsed, stays in
+// memory, and the file is left as it is. Several processes may write: each reads and writes the whole file
+// under a lock, and replaces it in one go.
 #include "simulator/runtime/preferences.hpp"
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <time.h>
 
 #include <cerrno>
+#include <functional>
 #include <map>
+#include <mutex>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/corefoundation/preferences.hpp"
 #include "platform/foundation/file_manager.hpp"
@@ -24,17 +31,74 @@ namespace {
 
 constexpr const char* preferencesFolder = "/var/mobile/Library/Preferences";
 
-// Changes that could not be written, by key; no value where the key was removed.
-using Changes = std::map<std::string, bridge::Strong<NSObject>>;
+// Tells one state of a file from another: whoever changes it, even back, moves the last of these on.
+struct FileState {
+  dev_t device = 0;
+  ino_t node = 0;
+  off_t size = 0;
+  timespec changed{};
 
-Changes& unsaved(NSString domain) {
-  static auto& domains = *new std::map<std::string, Changes>();
-  return domains[domain.UTF8String()];
+  // Nothing that was changed so lately that it might change again within the same tick of the disk's clock.
+  bool isSettled() const {
+    constexpr double tick = 0.02;  // seconds; Linux stamps files at least a hundred times a second
+    timespec now;
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return static_cast<double>(now.tv_sec - changed.tv_sec) +
+               1e-9 * static_cast<double>(now.tv_nsec - changed.tv_nsec) >
+           tick;
+  }
+  bool operator==(const FileState& other) const {
+    return device == other.device && node == other.node && size == other.size &&
+           changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+  }
+};
+
+// Of a file that is there and may be read; a folder or a pipe has none.
+std::optional<FileState> stateOf(const std::string& path) {
+  struct stat status;
+  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
+  if (::access(path.c_str(), R_OK) != 0) return {};
+  return FileState{status.st_dev, status.st_ino, status.st_size, status.st_ctim};
 }
 
-NSString fileOf(NSString domain) {
-  return "/var/mobile/Library/Preferences/"_ns.stringByAppendingString(domain).stringByAppendingString(
-      ".plist"_ns);
+struct Domain {
+  std::string path;
+  // Changes that could not be written, by key; no value where the key was removed.
+  std::map<std::string, bridge::Strong<NSObject>> unsaved;
+  // The file when it was read last.
+  FileState state;
+  bridge::Strong<NSDictionary> values;
+};
+
+// What the process keeps of its domains is one thread's at a time.
+std::recursive_mutex& threads() {
+  static std::recursive_mutex lock;
+  return lock;
+}
+
+Domain& domainOf(NSString name) {
+  static auto& domains = *new std::map<std::string, Domain, std::less<>>();
+  const std::string_view text = name.UTF8String();
+  const auto found = domains.find(text);
+  if (found != domains.end()) return found->second;
+  const std::string path = std::string(preferencesFolder) + "/" + std::string(text) + ".plist";
+  return domains.emplace(text, Domain{path, {}, {}, {}}).first->second;
+}
+
+NSString fileOf(const Domain& domain) { return NSString::stringWithUTF8String(domain.path.c_str()); }
+
+// What the file holds; read again where it is another.
+NSDictionary valuesOf(Domain& domain) {
+  const auto state = stateOf(domain.path);
+  if (state && domain.values && domain.state == *state)
+    return bridge::Strong<NSDictionary>(domain.values).autoreleased();
+  domain.values = {};
+  const NSDictionary values = propertyList(fileOf(domain));
+  if (state && state->isSettled()) {
+    domain.state = *state;
+    domain.values = retained(values);
+  }
+  return values;
 }
 
 // Keeps other writers out for as long as it lives. The lock is on the folder, since the files in it are
@@ -51,19 +115,19 @@ class WriteLock {
 };
 
 // The values of the file, with what could not be written into it.
-bridge::Strong<NSMutableDictionary> withUnsaved(NSDictionary file, NSString domain) {
+bridge::Strong<NSMutableDictionary> withUnsaved(NSDictionary file, const Domain& domain) {
   bridge::Strong<NSMutableDictionary> values = file.mutableCopy();
   if (!values) values = bridge::make<NSMutableDictionary, &NSObject::init>();
-  for (auto& [key, value] : unsaved(domain))
+  for (auto& [key, value] : domain.unsaved)
     values->setValue_forKey(value, NSString::stringWithUTF8String(key.c_str()));
   return values;
 }
 
 // Writes the file with all changes that are not in it yet.
-bool save(NSDictionary file, NSString domain) {
+bool save(NSDictionary file, Domain& domain) {
   const bool readable = file || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
   if (!readable || !withUnsaved(file, domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
-  unsaved(domain).clear();
+  domain.unsaved.clear();
   return true;
 }
 
@@ -78,37 +142,48 @@ bool isWrittenAs(bridge::Object one, bridge::Object other) {
 
 }  // namespace
 
-NSDictionary storedPreferences(NSString domain) { return propertyList(fileOf(domain)); }
+NSDictionary storedPreferences(NSString domain) {
+  const std::lock_guard guard(threads());
+  return valuesOf(domainOf(domain));
+}
 
 NSDictionary preferenceDomain(NSString domain) {
-  auto values = withUnsaved(storedPreferences(domain), domain);
+  const std::lock_guard guard(threads());
+  Domain& own = domainOf(domain);
+  auto values = withUnsaved(valuesOf(own), own);
   return values->count() ? std::move(values).autoreleased() : NSMutableDictionary{};
 }
 
 bool setPreference(NSString domain, NSString key, bridge::Object value) {
-  WriteLock lock;
-  NSDictionary file = storedPreferences(domain);
+  const std::lock_guard guard(threads());
+  Domain& own = domainOf(domain);
   const bridge::Object written = withAllDigits(value);
   // What is set already is not written again.
-  if (unsaved(domain).empty() && isWrittenAs(file.objectForKey(key), written)) return true;
-  unsaved(domain)[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(written));
-  return save(file, domain);
+  if (own.unsaved.empty() && isWrittenAs(valuesOf(own).objectForKey(key), written)) return true;
+  WriteLock lock;
+  own.unsaved[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(written));
+  return save(valuesOf(own), own);
 }
 
 void setPreferences(NSString domain, NSDictionary values, NSArray removedKeys) {
+  const std::lock_guard guard(threads());
+  Domain& own = domainOf(domain);
   WriteLock lock;
   const NSArray keys = values.allKeys();
   for (NSUInteger i = 0; i < keys.count(); ++i) {
     const auto key = bridge::as<NSString>(keys.objectAtIndex(i));
-    unsaved(domain)[key.UTF8String()] =
+    own.unsaved[key.UTF8String()] =
         bridge::retained(bridge::as<NSObject>(withAllDigits(values.objectForKey(key))));
   }
   for (NSUInteger i = 0; i < removedKeys.count(); ++i)
-    unsaved(domain)[bridge::as<NSString>(removedKeys.objectAtIndex(i)).UTF8String()] = nullptr;
-  save(storedPreferences(domain), domain);
+    own.unsaved[bridge::as<NSString>(removedKeys.objectAtIndex(i)).UTF8String()] = nullptr;
+  save(valuesOf(own), own);
 }
 
-bool preferencesAreSaved(NSString domain) { return unsaved(domain).empty(); }
+bool preferencesAreSaved(NSString domain) {
+  const std::lock_guard guard(threads());
+  return domainOf(domain).unsaved.empty();
+}
 
 void removeUnfinishedPreferences(const std::filesystem::path& root) {
   WriteLock lock;

@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
+#include <cstring>
 #include <set>
+#include <thread>
 
 #include "simulator/runtime/preferences.hpp"
 #include "tests/support/home.hpp"
@@ -100,6 +103,38 @@ TEST_F(Preferences, ShowWhatAnotherProcessWrote) {
              "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>columns</key><integer>7</integer>"
              "</dict></plist>");
   EXPECT_EQ(all(), Json({{"columns", 7}}));
+}
+
+// The file's size, place and name stay, and the disk's clock may not have gone on.
+TEST_F(Preferences, ShowWhatWasEditedInPlaceWithinAMoment) {
+  set("spoons"_ns, number(3));
+  for (int i = 0; i < 20; ++i) {
+    std::string text = home.contents(domainFile);
+    const char digit = static_cast<char>('0' + i % 10);
+    text[text.find("<integer>") + std::strlen("<integer>")] = digit;
+    home.write(domainFile, text);
+    ASSERT_EQ(all(), (Json{{"spoons", i % 10}}));
+  }
+}
+
+TEST_F(Preferences, ThatNobodyTouchesForAWhileShowWhatIsEditedThen) {
+  set("spoons"_ns, number(3));
+  for (const char* spoons : {"4", "5"}) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(40));
+    EXPECT_FALSE(all().empty());
+    std::string text = home.contents(domainFile);
+    text.replace(text.find("<integer>") + std::strlen("<integer>"), 1, spoons);
+    home.write(domainFile, text);
+    EXPECT_EQ(all(), (Json{{"spoons", std::stoi(spoons)}}));
+  }
+}
+
+TEST_F(Preferences, ThatMayNotBeReadAnyMoreAreGone) {
+  set("spoons"_ns, number(3));
+  std::this_thread::sleep_for(std::chrono::milliseconds(40));
+  EXPECT_EQ(all(), (Json{{"spoons", 3}}));
+  home.simulation().fileSystem().refuse("/var", sim::Faults::reading, EACCES);
+  EXPECT_FALSE(keys());
 }
 
 TEST_F(Preferences, OfDifferentDomainsAreSeparate) {

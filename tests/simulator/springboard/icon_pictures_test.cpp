@@ -29,7 +29,7 @@ std::string picture(SBIconImageView icon) {
 TEST(IconPicture, OfACalendarIsDrawnAnewOnANewDay) {
   test::Home home({"--stock", "--device", "iPhone 7"});
   auto calendar = sim::springboard::makeIconImageView("Calendar");
-  calendar->setFrame({{left, top}, {60, 60}});
+  calendar->frame.set({{left, top}, {60, 60}});
   UIApplication::sharedApplication().keyWindow().addSubview(calendar);
   const std::string before = picture(calendar);
   sim::clock::advanceTo(51539);  // a second before midnight
