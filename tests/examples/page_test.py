@@ -141,6 +141,12 @@ class Examples(unittest.TestCase):
     def padding(self, *libraries, **given):
         return self.home(*libraries, **given)["pages"][0]["verticalPadding"]
 
+    def test_are_ten_to_thirty_lines_of_code(self):
+        for source in ("badge.cpp", "closer.c"):
+            with open(os.path.join(TREE, "examples", source), encoding="utf-8") as lines:
+                code = [line for line in lines if line.strip() and not line.lstrip().startswith("//")]
+            self.assertTrue(10 <= len(code) <= 30, (source, len(code)))
+
     def test_badge_alone(self):
         stock = self.home(badges=False)
         self.assertEqual(self.home("badge.so", badges=True)["pages"], stock["pages"])
