@@ -4,6 +4,7 @@
     recording_test.py PROGRAM
 """
 import os
+import re
 import struct
 import subprocess
 import sys
@@ -65,6 +66,14 @@ class Recording(unittest.TestCase):
         size, durations = self.record("rotate landscape\nwait 0.2\n", "--fps", "5", device="iPad mini 2")
         self.assertEqual(size, (1536, 2048))
         self.assertAlmostEqual(sum(durations), 600, delta=220)
+
+    def test_the_first_picture_of_the_readme_is_one(self):
+        tree = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../..")
+        with open(os.path.join(tree, "README.md"), encoding="utf-8") as page:
+            first = re.search(r'<img src="([^"]+)"|!\[[^]]*\]\(([^)]+)\)', page.read())
+        with open(os.path.join(tree, first[1] or first[2]), "rb") as picture:
+            names = [name for name, _ in chunks(picture.read()[12:])]
+        self.assertGreater(names.count("ANMF"), 10)
 
     def test_wrong_uses_are_refused_by_name(self):
         for options, complaint in ((["--fps", "10"], "--fps is for --record"),
