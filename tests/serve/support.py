@@ -5,6 +5,7 @@ import os
 import socket
 import struct
 import subprocess
+import sys
 import time
 import urllib.error
 import urllib.request
@@ -44,7 +45,11 @@ class Served:
     def __enter__(self):
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, fault, *_):
+        # Whoever looks into a failed test wants to know that, too.
+        status = self.process.poll()
+        if status or (fault and status == 0):
+            print(f"the program had ended with {status}: {self.process.stderr.read().decode()}", file=sys.stderr)
         self.process.terminate()
         self.process.wait(PATIENCE)
         self.process.stdout.close()
