@@ -264,6 +264,31 @@ TEST(AFileThatIsNoPresets, DoesNotTakeThePlaceOfAnEarlierOne) {
                                    "config.damaged-3.json"}));
 }
 
+std::string damaged(int number) {
+  const std::string folder = test::presetsFolder;
+  return folder + "/config.damaged" + (number == 1 ? "" : "-" + std::to_string(number)) + ".json";
+}
+
+void saveOverDamaged(EditedHome& home, int earlierOnes) {
+  home.open();
+  for (int number = 1; number <= earlierOnes; ++number) home.write(damaged(number), "old");
+  home.write(test::presetsPath, "broken");
+  home.panel().saveWithTitle("Home"_ns);
+}
+
+TEST(AFileThatIsNoPresets, TakesTheThousandthNameBesideItAsTheLast) {
+  EditedHome home(test::emptyPresets);
+  saveOverDamaged(home, 999);
+  EXPECT_EQ(home.contents(damaged(999)), "old");
+  EXPECT_EQ(home.contents(damaged(1000)), "broken");
+}
+
+TEST(AFileThatIsNoPresets, IsNotWrittenOverWhereAThousandAreKept) {
+  EditedHome home(test::emptyPresets);
+  saveOverDamaged(home, 1000);
+  EXPECT_EQ(home.contents(test::presetsPath), "broken");
+}
+
 TEST(APresetsFile, IsNotKeptAsDamagedWhenItIsGood) {
   EditedHome home(test::presetsDocument(Json::array({layout("one"), nullptr, 5})));
   home.open();

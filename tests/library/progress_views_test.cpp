@@ -65,7 +65,7 @@ class RoundProgressView : public ProgressView<RQRoundProgressView> {
 class BarProgressView : public ProgressView<RQBarProgressView> {};
 
 TEST_F(RoundProgressView, BeginsWithItsDefaults) {
-  EXPECT_EQ(view->frame().size, (CGSize{37, 37}));
+  EXPECT_EQ((bridge::make<RQRoundProgressView, &NSObject::init>()->frame()), (CGRect{{0, 0}, {37, 37}}));
   EXPECT_EQ(view->progress(), 0);
   expectColor(view->progressTintColor(), 1, 1);
   expectColor(view->backgroundTintColor(), 1, 0.1f);
@@ -136,7 +136,7 @@ TEST_F(RoundProgressView, IsDrawnAnewInItsOtherColours) {
 }
 
 TEST_F(BarProgressView, BeginsWithItsDefaults) {
-  EXPECT_EQ(view->frame().size, (CGSize{120, 20}));
+  EXPECT_EQ((bridge::make<RQBarProgressView, &NSObject::init>()->frame()), (CGRect{{0, 0}, {120, 20}}));
   EXPECT_EQ(view->progress(), 0);
   expectColor(view->lineColor(), 1, 1);
   expectColor(view->progressColor(), 1, 1);
