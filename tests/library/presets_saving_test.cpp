@@ -240,7 +240,7 @@ INSTANTIATE_TEST_SUITE_P(Of, AName,
                                          NamedCase{"RightToLeft", "שלום עולם"}, NamedCase{"Blanks", "   "},
                                          NamedCase{"Slashes", "a/b//c"},
                                          NamedCase{"Json", "{\"configurations\":[]}"},
-                                         NamedCase{"Percents", "%@ %s %d"}));
+                                         NamedCase{"Percents", "%@ %s %d"}, NamedCase{"OneLetter", "x"}));
 
 TEST(Saving, TakesANameOfTenThousandCharacters) {
   PresetsHome home({});
