@@ -1,7 +1,11 @@
 // BButton drawn: the flat look's colours, the older look, and what changes them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <string>
+#include <tuple>
 
 #include "controls/button.hpp"
 #include "controls/button_colors.hpp"
@@ -14,6 +18,7 @@
 
 namespace {
 
+namespace fs = std::filesystem;
 using bridge::Strong;
 using sim::test::Pixel;
 using test::Home;
@@ -207,5 +212,52 @@ TEST(Button, DrawsNothingWithoutAContext) {
   flat->drawRect(frame);
   expectNear(screen.fill(), orange());
 }
+
+// A button of one color, small enough that each of its pixels tells; sides of two pixels to the point.
+class AStyledButton : public testing::TestWithParam<std::tuple<NSUInteger, const char*>> {
+ protected:
+  static constexpr int width = 24, height = 20;
+
+  sim::Surface drawn() {
+    const auto [style, state] = GetParam();
+    const auto button = screen.add(orange(), style);
+    button->frame.set({frame.origin, {width, height}});
+    button->highlighted.set(state == std::string("pressed"));
+    button->enabled.set(state != std::string("disabled"));
+    return sim::uikit::renderScreen(sim::clock::now());
+  }
+
+  Screen screen;
+};
+
+// The pictures were looked at. A channel may be off by two where a processor rounds otherwise.
+TEST_P(AStyledButton, LooksAsItsPicture) {
+  const auto [style, state] = GetParam();
+  const std::string name = std::string(style == 0 ? "raised" : "flat") + "-" + state + ".png";
+  const sim::Surface screen = drawn();
+  const sim::Surface part = sim::makeImage(2 * width + 8, 2 * height + 8);
+  const sim::Context context(part.get());
+  cairo_set_source_surface(context, screen.get(), 4 - 2 * frame.origin.x, 4 - 2 * frame.origin.y);
+  cairo_paint(context);
+  const fs::path place = fs::temp_directory_path() / name;
+  sim::writePng(part.get(), place);
+  const sim::Surface kept = sim::readPng(fs::path(PICTURES) / name);
+  int most = 0;
+  for (int y = 0; y < 2 * height + 8; ++y)
+    for (int x = 0; x < 2 * width + 8; ++x) {
+      const Pixel one = sim::test::pixelAt(part.get(), x, y), other = sim::test::pixelAt(kept.get(), x, y);
+      most = std::max({most, std::abs(one.red - other.red), std::abs(one.green - other.green),
+                       std::abs(one.blue - other.blue)});
+    }
+  EXPECT_LE(most, 2) << "what was drawn is in " << place;
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, AStyledButton,
+                         testing::Combine(testing::Values<NSUInteger>(0, 1),
+                                          testing::Values("plain", "pressed", "disabled")),
+                         [](const auto& info) {
+                           return std::string(std::get<0>(info.param) == 0 ? "Raised" : "Flat") +
+                                  std::get<1>(info.param);
+                         });
 
 }  // namespace

@@ -173,6 +173,55 @@ TEST_F(ProgressHUDLayout, MayBeSquare) {
   EXPECT_TRUE(near(label(0).frame(), centred(textSize(label(0)))));
 }
 
+// Four margins stay free beside the texts, and above and below them.
+TEST_F(ProgressHUDLayout, LeavesTheTextsAllButFourMargins) {
+  hud->mode.set(5);
+  hud->labelText.set(
+      "iiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiiii"_ns);
+  layOut();
+  EXPECT_LE(label(0).frame().size.width, 375 - 80);
+  EXPECT_GT(label(0).frame().size.width, 375 - 90);
+}
+
+TEST_F(ProgressHUDLayout, GivesTheDetailsWhatTheOthersLeave) {
+  std::string text;
+  for (int i = 0; i < 900; ++i) text += "word ";
+  hud->detailsLabelText.set(NSString::stringWithUTF8String(text.c_str()));
+  const CGFloat line = 15;  // the text ends with a whole one
+  layOut();
+  EXPECT_LE(label(1).frame().size.height, 667 - 80 - 37 - 4);
+  EXPECT_GT(label(1).frame().size.height, 667 - 80 - 37 - 4 - line);
+  hud->mode.set(5);
+  layOut();
+  EXPECT_LE(label(1).frame().size.height, 667 - 80 - 4);
+  EXPECT_GT(label(1).frame().size.height, 667 - 80 - 4 - line);
+}
+
+TEST_F(ProgressHUDLayout, HasRoomForATextOfOneLetter) {
+  hud->labelText.set("i"_ns);
+  layOut();
+  EXPECT_GT(label(0).frame().size.height, 10);
+}
+
+TEST_F(ProgressHUDLayout, IsNoWiderForASquareThanTheViewAllows) {
+  hud->detailsLabelText.set("a\nb\nc\nd\ne\nf\ng\nh"_ns);
+  hud->square.set(YES);
+  hud->frame.set({{0, 0}, {120, 400}});
+  layOut();
+  EXPECT_NEAR(box().size.width, 120 - 40, 0.5);
+  EXPECT_GT(box().size.height, 140);
+}
+
+TEST_F(ProgressHUDLayout, IsNoHigherForASquareThanTheViewAllows) {
+  hud->mode.set(5);
+  hud->labelText.set("Exported Layout"_ns);
+  hud->square.set(YES);
+  hud->frame.set({{0, 0}, {375, 112}});
+  layOut();
+  EXPECT_NEAR(box().size.height, 112 - 40, 0.5);
+  EXPECT_GT(box().size.width, 120);
+}
+
 TEST_F(ProgressHUDLayout, FollowsTheSizeOfTheHUD) {
   hud->frame.set({{0, 0}, {200, 300}});
   EXPECT_TRUE(near(box(), {{(200 - 77) / 2.0, (300 - 77) / 2.0}, {77, 77}}));
@@ -188,7 +237,8 @@ TEST_F(ProgressHUDLayout, HasRoomForAViewSmallerThanItsMargins) {
   hud->detailsLabelText.set("Soon"_ns);
   hud->frame.set({{0, 0}, {50, 40}});
   layOut();
-  EXPECT_EQ(label(0).frame().size.width, 0);
+  EXPECT_EQ(label(0).frame().size, (CGSize{0, 0}));
+  EXPECT_EQ(label(1).frame().size, (CGSize{0, 0}));
 }
 
 }  // namespace
