@@ -87,11 +87,16 @@ Domain& domainOf(NSString name) {
 
 NSString fileOf(const Domain& domain) { return NSString::stringWithUTF8String(domain.path.c_str()); }
 
+// What the file held when it was read last; nil where it is another since.
+NSDictionary keptOf(const Domain& domain, const std::optional<FileState>& state) {
+  if (!state || !domain.values || !(domain.state == *state)) return {};
+  return bridge::Strong<NSDictionary>(domain.values).autoreleased();
+}
+
 // What the file holds; read again where it is another.
 NSDictionary valuesOf(Domain& domain) {
   const auto state = stateOf(domain.path);
-  if (state && domain.values && domain.state == *state)
-    return bridge::Strong<NSDictionary>(domain.values).autoreleased();
+  if (const NSDictionary kept = keptOf(domain, state)) return kept;
   domain.values = {};
   const NSDictionary values = propertyList(fileOf(domain));
   if (state && state->isSettled()) {
@@ -159,10 +164,15 @@ bool setPreference(NSString domain, NSString key, bridge::Object value) {
   Domain& own = domainOf(domain);
   const bridge::Object written = withAllDigits(value);
   // What is set already is not written again.
-  if (own.unsaved.empty() && isWrittenAs(valuesOf(own).objectForKey(key), written)) return true;
+  const auto isSet = [&](NSDictionary file) {
+    return own.unsaved.empty() && isWrittenAs(file.objectForKey(key), written);
+  };
+  if (isSet(keptOf(own, stateOf(own.path)))) return true;
   WriteLock lock;
+  const NSDictionary file = valuesOf(own);
+  if (isSet(file)) return true;
   own.unsaved[key.UTF8String()] = bridge::retained(bridge::as<NSObject>(written));
-  return save(valuesOf(own), own);
+  return save(file, own);
 }
 
 void setPreferences(NSString domain, NSDictionary values, NSArray removedKeys) {
