@@ -180,8 +180,8 @@ using Descriptor = typename DescriptorType<decltype(Member)>::Type;
 template <auto Member>
 inline constexpr bool isClassMethod = DescriptorType<decltype(Member)>::ofClass;
 
-// The setter of a property, where a row or a call names a message: `super<setterOf<&View::color>>(self,
-// red)`.
+// The setter of a property, where a row or a call names a message:
+// `super<setterOf<&View::color>>(self, red)`.
 template <auto Member>
 struct SetterOf {};
 template <auto Member>

@@ -6,7 +6,6 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <time.h>
 
 #include <cerrno>
@@ -21,6 +20,7 @@
 #include "platform/foundation/file_manager.hpp"
 #include "platform/foundation/number.hpp"
 #include "simulator/device/descriptor.hpp"
+#include "simulator/device/file_state.hpp"
 #include "simulator/device/unfinished_files.hpp"
 #include "simulator/runtime/export.hpp"
 #include "simulator/runtime/number_form.hpp"
@@ -30,36 +30,6 @@ namespace sim {
 namespace {
 
 constexpr const char* preferencesFolder = "/var/mobile/Library/Preferences";
-
-// Tells one state of a file from another: whoever changes it, even back, moves the last of these on.
-struct FileState {
-  dev_t device = 0;
-  ino_t node = 0;
-  off_t size = 0;
-  timespec changed{};
-
-  // Nothing that was changed so lately that it might change again within the same tick of the disk's clock.
-  bool isSettled() const {
-    constexpr double tick = 0.02;  // seconds; Linux stamps files at least a hundred times a second
-    timespec now;
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    return static_cast<double>(now.tv_sec - changed.tv_sec) +
-               1e-9 * static_cast<double>(now.tv_nsec - changed.tv_nsec) >
-           tick;
-  }
-  bool operator==(const FileState& other) const {
-    return device == other.device && node == other.node && size == other.size &&
-           changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
-  }
-};
-
-// Of a file that is there and may be read; a folder or a pipe has none.
-std::optional<FileState> stateOf(const std::string& path) {
-  struct stat status;
-  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
-  if (::access(path.c_str(), R_OK) != 0) return {};
-  return FileState{status.st_dev, status.st_ino, status.st_size, status.st_ctim};
-}
 
 struct Domain {
   std::string path;
@@ -99,7 +69,9 @@ NSDictionary valuesOf(Domain& domain) {
   if (const NSDictionary kept = keptOf(domain, state)) return kept;
   domain.values = {};
   const NSDictionary values = propertyList(fileOf(domain));
-  if (state && state->isSettled()) {
+  timespec now;
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  if (state && state->isSettled(now)) {
     domain.state = *state;
     domain.values = retained(values);
   }
