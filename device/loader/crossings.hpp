@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include "device/loader/layout.hpp"
+
 namespace device::loader {
 
 // Entry points by the linker names of the imports that they stand for.
@@ -15,6 +17,10 @@ void* asImport(void* found);
 
 // A function of the slice, whose arguments are pointers or integers, as the process calls it.
 void* asFunction(void* code);
+
+// A handler outside finds its way through the slice's frames from now on, where its processor's slices have
+// tables for that.
+void letUnwind(const Layout& layout, const uint8_t* base);
 
 // The slice's function that the process calls by that address; itself when it is none.
 void* ofSlice(void* function);

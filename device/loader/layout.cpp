@@ -40,6 +40,7 @@ class Builder {
     layout.exports = readExports(extent(slice.loaderInfo.exports));
     for (const Export& found : layout.exports)
       if (found.address >= layout.size) refuse("export {} lies outside the image", found.name);
+    readUnwinding();
     return std::move(layout);
   }
 
@@ -126,6 +127,17 @@ class Builder {
       const std::string& library = slice.loads[static_cast<size_t>(binding.import.ordinal - 1)].installName;
       layout.fillings.push_back({address, binding.import.name, library, binding.addend});
     }
+  }
+
+  // In the order of addresses, as what looks a frame up goes by it.
+  void readUnwinding() {
+    auto section = std::ranges::find(slice.sections, "__unwind_info", &Section::name);
+    if (section == slice.sections.end()) return;
+    layout.unwinding = readUnwindInfo(device::part(bytes, section->offset, section->size));
+    if (!std::ranges::is_sorted(layout.unwinding, {}, &Unwinding::address))
+      refuse("unwind tables that are not in order");
+    if (!layout.unwinding.empty() && layout.unwinding.back().address > layout.size)
+      refuse("unwind tables of code outside the image");
   }
 
   Bytes bytes;

@@ -12,6 +12,7 @@
 
 #include "device/tools/loader_tables.hpp"
 #include "device/tools/policy.hpp"
+#include "device/tools/unwind_info.hpp"
 
 namespace device::loader {
 
@@ -46,6 +47,7 @@ struct Layout {
   std::vector<Filling> fillings;
   std::vector<uint64_t> initialisers;
   std::vector<Export> exports;
+  std::vector<Unwinding> unwinding;  // empty for an armv7 slice
 };
 
 // Lays out the slice for `architecture` of a universal file, which `layout` goes on pointing into. Imports

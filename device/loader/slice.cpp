@@ -51,6 +51,7 @@ void* open(const char* path, std::string& error) try {
   void* image = slice->base;
   const Slice& kept = *(loaded[image] = std::move(slice));
   nameCrashes(kept.base, kept.layout.size, TILO_SYMBOLS, architecture);
+  letUnwind(kept.layout, kept.base);
   initialise(kept.layout, kept.base, asFunction);
   return image;
 } catch (const std::runtime_error& reason) {

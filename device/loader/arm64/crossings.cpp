@@ -7,12 +7,15 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <deque>
 
 #include "bridge/runtime.hpp"
+#include "device/loader/arm64/frames.hpp"
 #include "device/loader/widened.hpp"
 #include "simulator/runtime/console.hpp"
 
 extern "C" {
+void __register_frame(void* section);  // of the compiler's own library
 void sliceMessageSend();
 void sliceLog();
 void sliceFormat();
@@ -109,6 +112,13 @@ namespace device::loader {
 void* asImport(void* found) { return found; }
 void* asFunction(void* code) { return code; }
 void* ofSlice(void* function) { return function; }
+
+void letUnwind(const Layout& layout, const uint8_t* base) {
+  // For as long as the slice is loaded, which is for good.
+  static std::deque<std::vector<uint8_t>> kept;
+  kept.push_back(frameDescriptions(layout.unwinding, reinterpret_cast<uintptr_t>(base)));
+  __register_frame(kept.back().data());
+}
 
 std::map<std::string, void*> crossings() {
   std::map<std::string, void*> table = widenedFunctions();

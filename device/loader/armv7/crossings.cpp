@@ -125,6 +125,9 @@ void* asFunction(void* code) { return relayed(code, plainWords(mostWords)); }
 
 void* ofSlice(void* function) { return relayTarget(function); }
 
+// Apple's armv7 keeps a list of handlers instead of tables, which nothing on Linux reads.
+void letUnwind(const Layout&, const uint8_t*) {}
+
 std::map<std::string, void*> crossings() {
   std::map<std::string, void*> table = messageCrossings();
   for (auto& [name, function] : widenedFunctions()) table.emplace(name, asImport(function));
