@@ -14,6 +14,8 @@ struct ColorsController : bridge::Face<"TiloColorsController", PSListItemsContro
 using Colors = bridge::Implementation<ColorsController>;
 
 constexpr CGFloat side = 26, fromRight = 50, corner = 6;  // points; the check mark stands behind it
+constexpr CGFloat edge = 0.5;                             // by which white is seen on white
+constexpr CGFloat edgeWhite = 0.78;
 constexpr NSInteger swatchTag = 2604;
 
 int digit(unsigned short character) {
@@ -31,18 +33,27 @@ UIColor colorIn(NSString text) {
   return UIColor::colorWithRed_green_blue_alpha(part(1), part(3), part(5), 1);
 }
 
+bridge::Strong<UIView> rounded(CGRect frame, CGFloat radius) {
+  auto made = bridge::make<UIView, &UIView::initWithFrame>(frame);
+  made->layer().cornerRadius.set(radius);
+  made->userInteractionEnabled.set(NO);
+  return made;
+}
+
 // Rows are used again for others as they scroll, and keep their swatch.
 UIView swatchOf(UIView content) {
   if (UIView found = content.viewWithTag(swatchTag)) return found;
   CGRect room = content.bounds();
-  CGRect frame{{room.size.width - fromRight - side, (room.size.height - side) / 2}, {side, side}};
-  auto made = bridge::make<UIView, &UIView::initWithFrame>(frame);
-  made->autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin);
-  made->tag.set(swatchTag);
-  made->layer().cornerRadius.set(corner);
-  made->userInteractionEnabled.set(NO);
-  content.addSubview(made);
-  return std::move(made).autoreleased();
+  CGPoint place{room.size.width - fromRight - side, (room.size.height - side) / 2};
+  auto around =
+      rounded({{place.x - edge, place.y - edge}, {side + 2 * edge, side + 2 * edge}}, corner + edge);
+  around->autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin);
+  around->backgroundColor.set(UIColor::colorWithWhite_alpha(edgeWhite, 1));
+  auto swatch = rounded({{edge, edge}, {side, side}}, corner);
+  swatch->tag.set(swatchTag);
+  around->addSubview(swatch);
+  content.addSubview(around);
+  return std::move(swatch).autoreleased();
 }
 
 PSTableCell cell(ColorsController self, UIView table, NSIndexPath path) {

@@ -127,6 +127,11 @@ void viewWillAppear(PSListController self, BOOL) {
   for (const PSTableCell cell : ListController::state(self).cells) refresh(cell);
 }
 
+// The page that a row has led to is left.
+void viewDidAppear(PSListController self, BOOL) {
+  for (const PSTableCell cell : ListController::state(self).cells) deselect(cell);
+}
+
 PSTableCell cellForRow(PSListController self, UIView table, NSIndexPath path) {
   const NSArray all = self.specifiers();
   const PSSpecifier row = rowAt(all, path);
@@ -138,8 +143,10 @@ PSSpecifier listOf(PSListController self) { return self.specifier(); }
 NSArray choiceSpecifiers(PSListItemsController self) {
   if (const id held = variable(self)) return bridge::as<NSArray>(held);
   auto made = bridge::make<NSMutableArray, &NSObject::init>();
-  made->addObject(makeSpecifier({}, self, Row{Cell::group}).get());
   const PSSpecifier list = listOf(self);
+  const auto group = makeSpecifier({}, self, Row{Cell::group});
+  group->setProperty_forKey(list.propertyForKey("staticTextMessage"_ns), "footerText"_ns);
+  made->addObject(group.get());
   for (NSUInteger i = 0; i < list.values().count(); ++i) {
     const bridge::Object value = list.values().objectAtIndex(i);
     const auto row = makeSpecifier(bridge::as<NSString>(list.titleDictionary().objectForKey(value)), self,
@@ -222,6 +229,7 @@ void defineListControllers() {
       method<&List::reloadSpecifiers, reloadSpecifiers>(), method<&List::reloadSpecifier, reloadSpecifier>(),
       method<&UIViewController::loadView, loadView>(),
       method<&UIViewController::viewWillAppear, viewWillAppear>(),
+      method<&UIViewController::viewDidAppear, viewDidAppear>(),
       method<&List::tableView_cellForRowAtIndexPath, cellForRow>());
   ItemsController::define<PSListController>(method<&List::specifiers, choiceSpecifiers>(),
                                             method<&List::tableView_cellForRowAtIndexPath, choiceCell>());

@@ -152,6 +152,7 @@ UIViewController makeNavigation(CGRect frame, PSListController first, NSString t
   const auto made = bridge::as<Navigation>(bridge::make<Navigation, &NSObject::init>().leak());
   const auto view = bridge::make<UIView, &UIView::initWithFrame>(frame);
   made.view.set(view);
+  view->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
   view->clipsToBounds.set(YES);
   const CGFloat top = springboard::device().statusBarHeight() + barHeight;
   NavigationState& state = NavigationClass::state(made);

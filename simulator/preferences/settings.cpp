@@ -73,6 +73,7 @@ Strong<UIWindow> makeWindow() {
   if (isTablet()) {
     const auto container = bridge::make<UIViewController, &NSObject::init>();
     const auto view = makeBox(screen, separatorColor);
+    view->autoresizingMask.set(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
     container->view.set(view);
     addBeside(container, screen.size, now.list);
     now.window->rootViewController.set(container);

@@ -1,24 +1,23 @@
-// PSTableCell. A tap on it is its controller's; a switch or slider tells the specifier itself.
+// PSTableCell. A switch or slider tells the specifier itself.
 #include "simulator/preferences/table_cell.hpp"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "bridge/define.hpp"
 #include "platform/foundation/number.hpp"
-#include "platform/uikit/gesture_recognizer.hpp"
 #include "platform/uikit/image_view.hpp"
 #include "platform/uikit/slider.hpp"
 #include "platform/uikit/stepper.hpp"
 #include "platform/uikit/switch.hpp"
 #include "simulator/device/usage_error.hpp"
-#include "simulator/preferences/list_controller.hpp"
+#include "simulator/preferences/cell_state.hpp"
 #include "simulator/preferences/look.hpp"
+#include "simulator/preferences/marks.hpp"
 #include "simulator/preferences/navigation.hpp"
 #include "simulator/preferences/specifier.hpp"
-#include "simulator/quartz/surface.hpp"
-#include "simulator/springboard/drawn_image.hpp"
 #include "simulator/uikit/views/view.hpp"
 
 namespace sim::preferences {
@@ -26,44 +25,12 @@ namespace {
 
 using bridge::Strong;
 
-struct CellFace : bridge::Face<"PSTableCell", PSTableCell> {
-  MESSAGE Method<"sim_tapped:", void(UIGestureRecognizer)> tapped;
-  MESSAGE Method<"sim_changed:", void(UIControl)> changed;
-};
-
-struct CellState {
-  Strong<PSSpecifier> specifier;
-  PSListController controller;  // which its page's cells do not outlive
-  Strong<UIView> content, control, mark;
-  Strong<UILabel> text, detail;
-};
-
-using CellClass = bridge::Implementation<PSTableCell, CellState>;
-
 UIImage iconOf(PSSpecifier row) { return bridge::as<UIImage>(row.propertyForKey("iconImage"_ns)); }
 
-constexpr CGFloat chevronWidth = 8, chevronHeight = 13, checkSize = 14, gap = 6, valueWidth = 52;
+constexpr CGFloat gap = 6, valueWidth = 52, switchWidth = 51;
 
 UIView contentView(PSTableCell self) { return CellClass::state(self).content.get(); }
 PSSpecifier specifier(PSTableCell self) { return CellClass::state(self).specifier.get(); }
-
-Strong<UIView> makeMark(CGSize size, const Color& color, std::vector<CGPoint> line, double width) {
-  auto view = bridge::make<UIImageView, &UIView::initWithFrame>(CGRect{{}, size});
-  view->image.set(springboard::drawnImage(size, [color, line, width](cairo_t* context, CGSize) {
-    setSource(context, color);
-    cairo_set_line_width(context, width);
-    for (const CGPoint& point : line) cairo_line_to(context, point.x, point.y);
-    cairo_stroke(context);
-  }));
-  return view;
-}
-
-Strong<UIView> makeChevron() {
-  return makeMark({chevronWidth, chevronHeight}, chevronColor, {{1, 1}, {6.5, 6.5}, {1, 12}}, 2);
-}
-Strong<UIView> makeCheck() {
-  return makeMark({checkSize, checkSize}, blue, {{1, 7.5}, {5, 12}, {13, 2}}, 1.8);
-}
 
 void put(PSTableCell self, UIView view, CGRect frame) {
   view.frame.set(frame);
@@ -88,7 +55,7 @@ void tell(UIControl control, PSTableCell self) {
 
 void addSwitch(PSTableCell self, CGFloat width) {
   const auto made = bridge::make<UISwitch, &UIView::initWithFrame>(CGRect{});
-  put(self, made, inMiddle(width - margin() - 51, {51, 31}));
+  put(self, made, inMiddle(width - margin() - switchWidth, {switchWidth, 31}));
   CellClass::state(self).control = made;
   tell(made, self);
 }
@@ -110,11 +77,37 @@ void addSlider(PSTableCell self, CGFloat width) {
   put(self, state.detail, inMiddle(width - margin() - valueWidth + gap, {valueWidth - gap, 22}));
 }
 
-void addText(PSTableCell self, const Color& color) {
+// What stands behind a row's text.
+CGFloat widthBehindText(Cell kind) {
+  switch (kind) {
+    case Cell::onOff:
+      return gap + switchWidth;
+    case Cell::link:
+    case Cell::linkList:
+      return gap + chevronWidth;
+    case Cell::listItem:
+      return gap + checkSize;
+    default:
+      return 0;
+  }
+}
+
+// Up to that place; a longer one ends in dots.
+void endTextAt(PSTableCell self, CGFloat right) {
+  const Strong<UILabel>& text = CellClass::state(self).text;
+  if (!text) return;
+  CGRect frame = text->frame();
+  frame.size.width = std::max<CGFloat>(std::min(frame.size.width, right - frame.origin.x), 0);
+  text->frame.set(frame);
+}
+
+void addText(PSTableCell self, Cell kind, CGFloat width) {
   CellState& state = CellClass::state(self);
+  const Color& color = kind == Cell::button ? blue : textColor;
   state.text = makeLabel(state.specifier->name(), UIFont::systemFontOfSize(textSize), color);
-  const CGSize size = state.text->sizeThatFits({1000, rowHeight});
+  const CGSize size = state.text->sizeThatFits({10000, rowHeight});
   put(self, state.text, inMiddle(textLeft(state.specifier), size));
+  endTextAt(self, width - margin() - widthBehindText(kind));
 }
 
 void addIcon(PSTableCell self, UIImage icon) {
@@ -137,13 +130,6 @@ void addChosen(PSTableCell self, CGFloat width) {
   const CGRect title = state.text->frame();
   const CGFloat left = title.origin.x + title.size.width + gap;
   put(self, state.detail, inMiddle(left, {width - margin() - chevronWidth - gap - left, 22}));
-}
-
-// What is done may take the row off the page.
-void tapped(CellFace self, UIGestureRecognizer) {
-  const auto kept = bridge::retained(self);
-  const Strong<PSSpecifier> row = CellClass::state(self).specifier;
-  select(CellClass::state(self).controller, row);
 }
 
 NSNumber valueIn(UIControl control) {
@@ -181,13 +167,13 @@ Strong<PSTableCell> makeCell(PSSpecifier specifier, PSListController controller,
   state.controller = controller;
   self.frame.set({{}, {width, rowHeight}});
   const Cell kind = rowOf(specifier).cell;
-  if (kind != Cell::slider) addText(self, kind == Cell::button ? blue : textColor);
+  if (kind != Cell::slider) addText(self, kind, width);
   if (kind == Cell::onOff) addSwitch(self, width);
   if (kind == Cell::slider) addSlider(self, width);
   if (const UIImage icon = iconOf(specifier)) addIcon(self, icon);
   if ((kind == Cell::link && !standsBeside(controller)) || kind == Cell::linkList) addChevron(self, width);
   if (kind == Cell::linkList) addChosen(self, width);
-  if (kind != Cell::onOff && kind != Cell::slider && kind != Cell::text) listen(self);
+  if (isTouchable(kind)) listen(self);
   refresh(self);
   return made;
 }
@@ -208,12 +194,19 @@ Strong<PSTableCell> init(PSTableCell self, NSInteger, NSString, PSSpecifier spec
   state.content = makeBox(room, cellColor);
   state.content->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
   cell.addSubview(state.content);
+  state.shade = makeBox(room, selectedColor);
+  state.shade->autoresizingMask.set(UIViewAutoresizingFlexibleWidth);
+  state.shade->userInteractionEnabled.set(NO);
+  state.shade->alpha.set(0);
+  state.content->addSubview(state.shade);
   return made;
 }
 
 void setAccessoryView(PSTableCell self, UIView view) {
   const CGSize size = view.bounds().size;
-  put(self, view, inMiddle(contentView(self).bounds().size.width - margin() - size.width, size));
+  const CGFloat left = contentView(self).bounds().size.width - margin() - size.width;
+  put(self, view, inMiddle(left, size));
+  endTextAt(self, left - gap);
   view.autoresizingMask.set(UIViewAutoresizingFlexibleLeftMargin);
 }
 
@@ -247,11 +240,6 @@ UIView stepperIn(PSTableCell cell) {
 
 CGFloat textLeft(PSSpecifier row) { return margin() + (iconOf(row) ? iconSide + margin() : 0); }
 
-void setSelected(PSTableCell cell, bool selected) {
-  const auto paint = uikit::makeColor(selected ? selectedColor : cellColor);
-  cell.contentView().backgroundColor.set(paint);
-}
-
 UIView controlOf(PSTableCell cell) {
   const UIView control = CellClass::state(cell).control.get();
   return control ? control : stepperIn(cell);
@@ -274,6 +262,9 @@ void defineTableCell() {
                             method<&PSTableCell::initWithStyle_reuseIdentifier_specifier, init>(),
                             method<&PSTableCell::refreshCellContentsWithSpecifier, showValue>(),
                             method<&PSTableCell::setAccessoryView, setAccessoryView>(),
+                            method<&UIResponder::touchesBegan_withEvent, touchesBegan>(),
+                            method<&UIResponder::touchesEnded_withEvent, touchesGone>(),
+                            method<&UIResponder::touchesCancelled_withEvent, touchesGone>(),
                             method<&CellFace::tapped, tapped>(), method<&CellFace::changed, changed>());
 }
 

@@ -16,8 +16,10 @@ UIView controlOf(PSTableCell cell);
 
 /** Where a row's text begins. */
 CGFloat textLeft(PSSpecifier specifier);
-/** A row of a list beside its pages: whether its page is the one that is seen. */
+/** A row that a finger is on, or whose page is seen: grey. */
 void setSelected(PSTableCell cell, bool selected);
+/** Its page has been left: it fades to white. */
+void deselect(PSTableCell cell);
 /** A row of a list of choices: whether it is the chosen one. */
 void setChecked(PSTableCell cell, bool checked);
 

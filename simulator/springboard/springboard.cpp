@@ -59,7 +59,7 @@ void turnWindows(NSInteger to) {
     CGFloat own = window.bounds().size.height;
     window.frame.set({{0, 0}, {size.width, own == height ? size.height : own}});
   }
-  showStatusBar();
+  turnStatusBar();
   uikit::postDeviceOrientation();
 }
 

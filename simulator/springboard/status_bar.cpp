@@ -14,6 +14,7 @@ namespace {
 struct StatusBar {
   bridge::Strong<UIWindow> window;
   bridge::Strong<UIImageView> picture;
+  Color color = whiteColor;
 };
 
 StatusBar make() {
@@ -25,14 +26,24 @@ StatusBar make() {
   return bar;
 }
 
+StatusBar& statusBar() {
+  static auto& bar = *new StatusBar(make());
+  return bar;
+}
+
 }  // namespace
 
 void showStatusBar(const Color& color) {
-  static auto& bar = *new StatusBar(make());
+  statusBar().color = color;
+  turnStatusBar();
+}
+
+void turnStatusBar() {
+  const StatusBar& bar = statusBar();
   CGRect frame{{0, 0}, {UIScreen::mainScreen().bounds().size.width, device().statusBarHeight()}};
   bar.window->frame.set(frame);
   bar.picture->frame.set(frame);
-  bar.picture->image.set(drawnImage(frame.size, [color](cairo_t* context, CGSize size) {
+  bar.picture->image.set(drawnImage(frame.size, [color = bar.color](cairo_t* context, CGSize size) {
     drawStatusBar(context, size, {.color = color});
   }));
   bar.window->hidden.set(NO);

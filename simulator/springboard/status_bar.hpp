@@ -5,7 +5,10 @@
 
 namespace sim::springboard {
 
-// Puts it across the screen as it is turned now; call again when that changes, or what it is to be drawn in.
+// Puts it across the screen, drawn in that color.
 void showStatusBar(const Color& color = whiteColor);
+
+// Across the screen as it is turned now.
+void turnStatusBar();
 
 }  // namespace sim::springboard

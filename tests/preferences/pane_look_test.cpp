@@ -81,19 +81,6 @@ TEST(SettingsLook, HasAPlainTitleOnThePageItself) {
   EXPECT_EQ(label("Tilo", 17).alpha(), 1);
 }
 
-TEST(SettingsLook, MarksTheRowWhosePageStandsBesideItOnATablet) {
-  PaneHome home({"--device", "iPad Air 2"});
-  UIView cell;
-  for (const UILabel each : shown<UILabel>())
-    if (each.text() && std::string("Tilo") == each.text().UTF8String() && cellOf(each)) cell = cellOf(each);
-  ASSERT_TRUE(cell);
-  CGFloat red = 0, green = 0, blue = 0, alpha = 0;
-  bridge::as<PSTableCell>(cell).contentView().backgroundColor().getRed_green_blue_alpha(&red, &green, &blue,
-                                                                                        &alpha);
-  EXPECT_NEAR(red, 0.85, 0.01);
-  EXPECT_FALSE(label("Settings", 34));
-}
-
 std::vector<PSTableCell> rows() {
   sim::uikit::layoutPass();
   return sim::preferences::cellsOf(sim::preferences::topPage());
@@ -111,7 +98,7 @@ TEST(PaneLook, ListsLayoutsByNameAfterCustom) {
 
 TEST(PaneLook, ShowsEachColorBesideItsName) {
   PaneHome home;
-  home.open("Quick Settings Background Color");
+  home.open("Panel Color");
   ASSERT_EQ(rows().size(), 9u);
   const PSTableCell red = rows()[6];
   EXPECT_STREQ(red.specifier().name().UTF8String(), "Red");

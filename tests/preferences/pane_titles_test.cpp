@@ -215,7 +215,7 @@ TEST(PaneTitle, QuickSettingsDarkModeIsThePanelsNextLook) {
 
 TEST(PaneTitle, QuickSettingsBackgroundColorIsThePanelsNextOne) {
   PaneHome home(with({}));
-  home.choose("Quick Settings Background Color", "Red");
+  home.choose("Panel Color", "Red");
   EXPECT_EQ(home.stored("qsBackgroundColor").dump(), "6");
   ASSERT_TRUE(opensPanel(home, "swipe up"));
   EXPECT_EQ(home.report()["panel"]["background"], (Json::array({249, 84, 115})));

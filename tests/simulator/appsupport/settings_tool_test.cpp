@@ -54,7 +54,7 @@ TEST_F(SettingsTool, KnowsSettingsByTheirTitles) {
 }
 
 TEST_F(SettingsTool, KnowsChoicesByTheirTitles) {
-  EXPECT_EQ(run({"set", "Quick Settings Background Color", "Peach"}).status, 0);
+  EXPECT_EQ(run({"set", "Panel Color", "Peach"}).status, 0);
   EXPECT_EQ(valueOf("qsBackgroundColor"), "2\n");
   EXPECT_EQ(run({"set", "Layout", "Custom"}).status, 0);
   EXPECT_EQ(valueOf("custom_preset"), "-1\n");
