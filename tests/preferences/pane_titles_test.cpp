@@ -163,7 +163,7 @@ TEST(PaneTitle, HideDockHidesItAfterARespring) {
 
 TEST(PaneTitle, CustomNumberOfDockIconsIsInForceAfterARespring) {
   Resprung device({"--set", "dockIcons=6"});
-  device.home.toggle("Custom Number of Dock Icons");
+  device.home.toggle("Custom Number of Icons");
   EXPECT_EQ(device.report()["dock"]["maxIcons"], 6);
 }
 

@@ -150,6 +150,14 @@ std::string withName(const char* name) {
       "named.json", test::presetsDocument(sim::Json::array({test::preset(name, 1, 11, 12, 13, 14)})));
 }
 
+TEST(SettingsRows, HaveRoomForEveryTitleOfThePageOnTheNarrowestPhone) {
+  PaneHome home({"--device", "iPhone 5s"});
+  sim::uikit::layoutPass();
+  for (const PSTableCell cell : sim::preferences::cellsOf(sim::preferences::topPage()))
+    if (const UILabel text = textOf(cell); text && text.text().length() > 3)
+      EXPECT_GE(text.frame().size.width, text.sizeThatFits({1000, 44}).width) << text.text().UTF8String();
+}
+
 TEST(SettingsRows, EndANameThatFindsNoRoomBeforeTheirMark) {
   constexpr const char* name = "A layout with a name that is too long for any row";
   PaneHome home({"--presets", withName(name)});
