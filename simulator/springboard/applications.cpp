@@ -90,12 +90,18 @@ void putAway(const bridge::Strong<UIWindow>& window) {
   window->transform.set(identityTransform);
 }
 
+// Below an application, also while it opens, when what it covers could be touched beside it.
+void homeScreenTakesTouches(bool takes) {
+  homeScreen().scrollView->window().userInteractionEnabled.set(takes);
+}
+
 void show(SBApplication application) {
   uikit::resignForcibly(uikit::firstResponder());
   auto window = makeWindow(application.displayName().UTF8String());
   window->transform.set({startScale, 0, 0, startScale, 0, 0});
   window->alpha.set(0);
   window->hidden.set(NO);
+  homeScreenTakesTouches(false);
   const auto covered = shown().window;
   shown() = {bridge::retained(application), window};
   UIView::animateWithDuration_animations_completion(
@@ -161,6 +167,7 @@ void leaveApplication() {
   shown() = {};
   if (!window) return;
   showStatusBar();
+  homeScreenTakesTouches(true);
   homeScreen().scrollView->window().makeKeyWindow();
   layOutHomeScreen();
   UIView::animateWithDuration_animations_completion(

@@ -82,6 +82,19 @@ TEST(OpenSettings, OpensTheSettingsAndClosesThePanel) {
   EXPECT_EQ(home.report()["panel"], nullptr);
 }
 
+TEST(OpenSettings, LeavesNothingToSwipeWhileItOpens) {
+  PanelHome home;
+  home.open();
+  home.step("call openSettings");
+  home.step("swipe up");
+  home.wait(1);
+  EXPECT_EQ(home.report()["panel"], nullptr);
+  home.step("home");
+  home.wait(1);
+  home.open();
+  EXPECT_NE(home.report()["panel"], nullptr);
+}
+
 TEST(Call, NeedsAPanel) {
   PanelHome home;
   EXPECT_EQ(refusal(home, "call exportSettings"), "test:1: there is no panel");
