@@ -15,7 +15,7 @@ double numberAt(NSDictionary item, NSString key) {
 }
 
 bool isBoolean(NSDictionary item) { return is(textIn(item, "kind"_ns), "boolean"_ns); }
-bool isWhole(NSDictionary item) { return bridge::as<NSNumber>(item.objectForKey("whole"_ns)).boolValue(); }
+bool isWhole(NSDictionary item) { return truthIn(item.objectForKey("whole"_ns)); }
 
 // Truth values are characters to the runtime.
 bool isTruth(NSNumber number) {
@@ -59,7 +59,29 @@ Checked checkedChoice(NSDictionary item, bridge::Object given) {
   return fault(joined("has to be one of "_ns, choicesOf(titles)));
 }
 
+// As many titles as values, and at least one.
+bool hasChoices(NSDictionary item) {
+  NSArray values = listIn(item, "validValues"_ns), titles = listIn(item, "validTitles"_ns);
+  if (values.count() == 0 || values.count() != titles.count()) return false;
+  for (NSUInteger i = 0; i < values.count(); ++i)
+    if (!isNumber(values.objectAtIndex(i)) || !bridge::isKindOf<NSString>(titles.objectAtIndex(i)))
+      return false;
+  return true;
+}
+
+bool hasRange(NSDictionary item) {
+  return isNumber(item.objectForKey("min"_ns)) && isNumber(item.objectForKey("max"_ns)) &&
+         numberAt(item, "min"_ns) <= numberAt(item, "max"_ns);
+}
+
 }  // namespace
+
+bool isSound(NSDictionary item) {
+  bool hasKind = isBoolean(item) || (item.objectForKey("validValues"_ns) ? hasChoices(item) : hasRange(item));
+  if (!hasKind) return false;
+  bridge::Object initial = item.objectForKey("default"_ns);
+  return !initial || checked(item, initial).value;
+}
 
 NSString joined(NSString one, NSString two, NSString three) {
   NSString both = one.stringByAppendingString(two);

@@ -12,6 +12,9 @@ struct Checked {
   NSString fault;
 };
 
+// Whether an item says all that the others here ask of it. Somebody may have edited the file.
+bool isSound(NSDictionary item);
+
 // Numbers have to be of the setting's kind and in its range; of a list, the title of a choice will do.
 Checked checked(NSDictionary item, bridge::Object given);
 

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "preferences/settings/checks.hpp"
 #include "settings/store/keys.hpp"
 #include "settings/store/presets_file.hpp"
 
@@ -58,12 +59,19 @@ NSArray settingItems() {
   NSMutableArray items = NSMutableArray::array();
   for (NSUInteger i = 0; i < all.count(); ++i) {
     NSDictionary item = bridge::as<NSDictionary>(all.objectAtIndex(i));
-    items.addObject(is(textIn(item, "choices"_ns), "layouts"_ns) ? withLayouts(item) : item);
+    if (is(textIn(item, "choices"_ns), "layouts"_ns)) item = withLayouts(item);
+    if (isSound(item) && textIn(item, "label"_ns)) items.addObject(item);
   }
   return items;
 }
 
-NSArray unseenItems() { return dictionariesIn(listIn(file(), "unseen"_ns)); }
+NSArray unseenItems() {
+  NSArray all = dictionariesIn(listIn(file(), "unseen"_ns));
+  NSMutableArray items = NSMutableArray::array();
+  for (NSUInteger i = 0; i < all.count(); ++i)
+    if (isSound(bridge::as<NSDictionary>(all.objectAtIndex(i)))) items.addObject(all.objectAtIndex(i));
+  return items;
+}
 
 NSDictionary itemNamed(NSString name) {
   NSArray items = settingItems();

@@ -12,7 +12,8 @@ inline NSString bundlePath() { return "/Library/PreferenceBundles/Tilo.bundle"_n
 void useSpecifierFile(NSString path);
 
 // The settings that a person sees, each as its dictionary in the file; a list that is made anew each time has
-// its titles and values as they are now. Empty without a file.
+// its titles and values as they are now. What somebody has edited so that it is no setting any more is left
+// out. Empty without a file.
 NSArray settingItems();
 // Those that nobody sees and a backup keeps.
 NSArray unseenItems();

@@ -2,7 +2,7 @@
 #include "simulator/appsupport/message.hpp"
 
 #include "platform/foundation/data.hpp"
-#include "platform/foundation/number.hpp"
+#include "simulator/runtime/property_list.hpp"
 #include "simulator/runtime/property_list_nesting.hpp"
 
 namespace sim::appsupport {
@@ -23,29 +23,6 @@ struct NSPropertyListSerialization : bridge::Face<"NSPropertyListSerialization",
 
 constexpr bridge::ClassMethod<"NSData", "dataWithBytes:length:", NSData(const void*, NSUInteger)>
     dataWithBytes_length{};
-
-struct NSDate : bridge::Face<"NSDate", NSObject> {};
-
-// Objects of other kinds GNUstep would write as their descriptions.
-bool isPropertyList(bridge::Object object) {
-  if (bridge::isKindOf<NSArray>(object)) {
-    auto array = bridge::as<NSArray>(object);
-    for (NSUInteger i = 0; i < array.count(); ++i)
-      if (!isPropertyList(array.objectAtIndex(i))) return false;
-    return true;
-  }
-  if (bridge::isKindOf<NSDictionary>(object)) {
-    auto dictionary = bridge::as<NSDictionary>(object);
-    NSArray keys = dictionary.allKeys();
-    for (NSUInteger i = 0; i < keys.count(); ++i) {
-      const bridge::Object key = keys.objectAtIndex(i);
-      if (!bridge::isKindOf<NSString>(key) || !isPropertyList(dictionary.objectForKey(key))) return false;
-    }
-    return true;
-  }
-  return bridge::isKindOf<NSString>(object) || bridge::isKindOf<NSNumber>(object) ||
-         bridge::isKindOf<NSData>(object) || bridge::isKindOf<NSDate>(object);
-}
 
 // What Foundation's property-list code makes of it; nil also where it raises.
 template <class Result>

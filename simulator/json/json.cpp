@@ -157,7 +157,10 @@ double Json::real() const {
 std::int64_t Json::whole() const {
   if (auto* whole = std::get_if<std::int64_t>(&held)) return *whole;
   if (auto* whole = std::get_if<std::uint64_t>(&held)) return static_cast<std::int64_t>(*whole);
-  return static_cast<std::int64_t>(real());
+  constexpr double beyond = 0x1p63;
+  if (const double number = real(); number >= -beyond && number < beyond)
+    return static_cast<std::int64_t>(number);
+  throw JsonError("a JSON number is beyond all whole numbers");
 }
 
 const std::string& Json::text() const { return ofKind<const std::string>(held, "string"); }

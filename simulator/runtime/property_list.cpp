@@ -25,6 +25,8 @@ struct NSPropertyListSerialization : bridge::Face<"NSPropertyListSerialization",
       dataWithPropertyList_format_options_error{};
 };
 
+struct NSDate : bridge::Face<"NSDate", NSObject> {};
+
 constexpr NSUInteger xmlFormat = 100;  // NSPropertyListXMLFormat_v1_0
 
 // Whether it looks whole and as one of the device's forms do: binary, XML, or the old text. GNUstep takes
@@ -93,12 +95,34 @@ bridge::Object withAllDigits(bridge::Object object) {
   return object;
 }
 
+bool isPropertyList(bridge::Object object) {
+  if (bridge::isKindOf<NSArray>(object)) {
+    auto array = bridge::as<NSArray>(object);
+    for (NSUInteger i = 0; i < array.count(); ++i)
+      if (!isPropertyList(array.objectAtIndex(i))) return false;
+    return true;
+  }
+  if (bridge::isKindOf<NSDictionary>(object)) {
+    auto dictionary = bridge::as<NSDictionary>(object);
+    NSArray keys = dictionary.allKeys();
+    for (NSUInteger i = 0; i < keys.count(); ++i) {
+      const bridge::Object key = keys.objectAtIndex(i);
+      if (!bridge::isKindOf<NSString>(key) || !isPropertyList(dictionary.objectForKey(key))) return false;
+    }
+    return true;
+  }
+  return bridge::isKindOf<NSString>(object) || bridge::isKindOf<NSNumber>(object) ||
+         bridge::isKindOf<NSData>(object) || bridge::isKindOf<NSDate>(object);
+}
+
 NSDictionary propertyList(NSString file) {
   NSData data = NSData::dataWithContentsOfFile(file);
   const std::string_view bytes(static_cast<const char*>(data.bytes()), data.length());
   if (!hasKnownForm(bytes) || !isNestedSanely(bytes)) return {};
   bridge::Object read = parsed(data);
-  return bridge::isKindOf<NSDictionary>(read) ? bridge::as<NSDictionary>(read) : NSDictionary{};
+  // A binary one may have keys that are no strings, which nobody could write again.
+  return bridge::isKindOf<NSDictionary>(read) && isPropertyList(read) ? bridge::as<NSDictionary>(read)
+                                                                      : NSDictionary{};
 }
 
 }  // namespace sim

@@ -5,6 +5,9 @@
 
 namespace sim {
 
+// Whether it can be written as one: objects of other kinds GNUstep would write as their descriptions.
+bool isPropertyList(bridge::Object object);
+
 // Keys and values of the file, XML or binary; nil when it cannot be read or holds something else. Borrowed.
 NSDictionary propertyList(NSString file);
 

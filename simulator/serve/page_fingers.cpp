@@ -19,8 +19,10 @@ int numberOf(std::uint32_t page, int own) { return static_cast<int>(page % 1000)
 }  // namespace
 
 void PageFingers::obey(std::uint32_t page, const Json& message) {
-  const int own = message.value("id").get<int>();
-  if (own < 0 || own >= fingersPerPage) throw UsageError(fmt::format("no finger has the number {}", own));
+  const auto number = message.value("id").get<std::int64_t>();
+  if (number < 0 || number >= fingersPerPage)
+    throw UsageError(fmt::format("no finger has the number {}", number));
+  const int own = static_cast<int>(number);
   const auto phase = message.value("phase").get<std::string>();
   const CGSize screen = uikit::screenSize();
   const CGPoint place{std::clamp<CGFloat>(message.value("x").get<double>(), 0, screen.width - 1),

@@ -72,6 +72,9 @@ INSTANTIATE_TEST_SUITE_P(
         test::Contents{"AList", "<plist version=\"1.0\"><array><integer>5</integer></array></plist>\n"},
         test::Contents{"AString", "<plist version=\"1.0\"><string>rows</string></plist>\n"},
         test::Contents{"BinaryWithoutContents", "bplist00"},
+        test::Contents{"BinaryWithANumberForAKey",
+                       "bplist00\xd1\x01\x02\x10\x05\x10\x07\x08\x0b\x0d\0\0\0\0\0\0\x01\x01"
+                       "\0\0\0\0\0\0\0\x03\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x0f"s},
         test::Contents{"BinaryBrokenOff", "bplist00\xd1\x01\x02\x54rows\x10\x05\xff\xff\xff\xff"s}));
 
 TEST(APreferencesFolderForAFile, ReadsAsADomainWithoutKeys) {

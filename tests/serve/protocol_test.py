@@ -61,6 +61,8 @@ class Rudeness(unittest.TestCase):
         with self.served.socket() as page:
             for message in ({"type": "finger"}, {"type": "finger", "id": "x", "phase": "down", "x": 1, "y": 1},
                             {"type": "finger", "id": 10, "phase": "down", "x": 1, "y": 1},
+                            {"type": "finger", "id": 2 ** 32, "phase": "down", "x": 1, "y": 1},
+                            {"type": "finger", "id": 1e300, "phase": "down", "x": 1, "y": 1},
                             {"type": "finger", "id": 1, "phase": "move", "x": 1, "y": 1},
                             {"type": "finger", "id": 1, "phase": "down", "x": None, "y": [1]}, {"type": "key", "key": 3},
                             {"type": "step", "id": 1, "step": 7}, {"type": "drawn", "frame": "all"},

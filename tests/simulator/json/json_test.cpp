@@ -103,6 +103,14 @@ TEST(JsonItems, BeyondTheEndAreAnError) {
   EXPECT_THROW(Json().back(), JsonError);
 }
 
+TEST(JsonNumbers, BeyondAllWholeNumbersAreNoWholeOnes) {
+  EXPECT_EQ(Json(-0x1p63).get<std::int64_t>(), std::numeric_limits<std::int64_t>::min());
+  for (const double number : {0x1p63, -0x1.0000000000001p63, 1e300}) {
+    EXPECT_THROW(Json(number).get<std::int64_t>(), JsonError) << number;
+    EXPECT_EQ(Json(number).get<double>(), number);
+  }
+}
+
 TEST(JsonKinds, ThatAreNotAskedForAreAnError) {
   EXPECT_THROW(Json("1").get<double>(), JsonError);
   EXPECT_THROW(Json(1).get<std::string>(), JsonError);

@@ -1,0 +1,73 @@
+// What a page says to its home screen: lines of JSON, each a message of a page that has joined. The home
+// screen takes or refuses each and goes on. It is the same one for the life of the process.
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
+#include <thread>
+
+#include "simulator/app/simulation.hpp"
+#include "simulator/product/product.hpp"
+#include "simulator/serve/envelope.hpp"
+#include "simulator/serve/live_home.hpp"
+
+namespace {
+
+using sim::serve::Envelope;
+
+sim::Simulation& home() {
+  static sim::Simulation* const only = [] {
+    constexpr std::array words{"tilo-sim", "--device",    "iPhone 5s", "--pages",  "1",
+                               "--set",    "enabled=YES", "--set",     "quick=YES"};
+    const sim::Program& program = sim::product::program();
+    // The device's files have the process work in their folder; the corpora's are named from this one.
+    const std::filesystem::path before = std::filesystem::current_path();
+    auto* made = new sim::Simulation(
+        sim::parseOptions(static_cast<int>(words.size()), words.data(), program.options), program);
+    made->start();
+    std::filesystem::current_path(before);
+    return made;
+  }();
+  return *only;
+}
+
+// Until it is refused what no page says, behind all that the page has said.
+void listenToTheEnd(int socket) {
+  std::string heard;
+  char buffer[65536];
+  for (ssize_t count;
+       !heard.contains(R"("id":"over")") && (count = ::recv(socket, buffer, sizeof buffer, 0)) > 0;)
+    heard.append(buffer, static_cast<std::size_t>(count));
+  ::shutdown(socket, SHUT_RDWR);
+}
+
+// Time passes as it does on the wall, and a step may take a day of it.
+bool takesTime(const std::string& line) { return line.contains("step"); }
+
+void say(int socket, const std::string& line) {
+  const std::string bytes = sim::serve::sealed(Envelope{1, true, line});
+  ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t length) {
+  if (length > 8192) return 0;
+  sim::Simulation& simulation = home();
+  int ends[2];
+  if (::socketpair(AF_UNIX, SOCK_STREAM, 0, ends) != 0) return 0;
+  const std::string all(reinterpret_cast<const char*>(bytes), length);
+  std::thread page(listenToTheEnd, ends[0]);
+  for (std::size_t from = 0, to; from < all.size(); from = to + 1) {
+    to = std::min(all.find('\n', from), all.size());
+    if (const std::string line = all.substr(from, to - from); !takesTime(line)) say(ends[0], line);
+  }
+  say(ends[0], R"({"type":"leave"})");
+  say(ends[0], R"({"type":"end","id":"over"})");
+  sim::serve::LiveHome(simulation, ends[1]).run();
+  page.join();
+  ::close(ends[0]);
+  ::close(ends[1]);
+  return 0;
+}
