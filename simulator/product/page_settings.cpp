@@ -21,14 +21,12 @@ namespace {
 
 NSString string(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
 
-bridge::Object stored(NSDictionary item) {
-  const NSDictionary all = storedPreferences(string(domain));
-  return all ? all.objectForKey(item.objectForKey("key"_ns)) : bridge::Object();
-}
-
-Json shown(NSDictionary item) {
+// With the value that is in these preferences, which may be nil.
+Json shown(NSDictionary item, NSDictionary preferences) {
+  const bridge::Object stored =
+      preferences ? preferences.objectForKey(item.objectForKey("key"_ns)) : bridge::Object();
   Json row = plain(item);
-  row["value"] = plain(TiloSettings::nearestTo_stored(item, bridge::as<NSObject>(stored(item))));
+  row["value"] = plain(TiloSettings::nearestTo_stored(item, bridge::as<NSObject>(stored)));
   return row;
 }
 
@@ -39,16 +37,17 @@ NSDictionary itemNamed(NSString key) {
 
 Json settings(Simulation&, const Json&) {
   loadPane();
-  const NSDictionary file = propertyList(specifierFile());
+  const NSDictionary file = propertyList(specifierFile()), preferences = storedPreferences(string(domain));
   const auto rows = bridge::as<NSArray>(file.objectForKey("items"_ns));
+  // The file's rows that have a key, in its order; a list that is made anew each time has its choices as they
+  // are now.
+  const NSArray items = TiloSettings::items();
   Json::Array all;
+  NSUInteger next = 0;
   for (NSUInteger i = 0; i < rows.count(); ++i) {
     const auto row = bridge::as<NSDictionary>(rows.objectAtIndex(i));
-    const auto key = bridge::as<NSString>(row.objectForKey("key"_ns));
-    // A list that is made anew each time has its choices as they are now.
-    const NSDictionary item = key ? TiloSettings::itemNamed(key) : NSDictionary();
-    if (item)
-      all.push_back(shown(item));
+    if (row.objectForKey("key"_ns))
+      all.push_back(shown(bridge::as<NSDictionary>(items.objectAtIndex(next++)), preferences));
     else if (bridge::as<NSString>(row.objectForKey("cell"_ns)).isEqualToString("PSGroupCell"_ns))
       all.push_back(plain(row));
   }
@@ -73,7 +72,7 @@ Json set(Simulation& simulation, const Json& message) {
   // The page beside the phone is left as soon as it has done its work.
   springboard::layOutHomeScreen();
   settle();
-  return shown(item);
+  return shown(item, storedPreferences(string(domain)));
 }
 
 constexpr PageMessage messages[] = {{"settings", settings}, {"set", set}};
