@@ -22,7 +22,8 @@ Program homeScreenProgram() {
   Program program;
   program.name = "home-sim";
   add(program.options, homeScreenOptions());
-  for (const StepTable rows : {deviceSteps(), touchSteps(), homeSteps(), alertSteps(), objectSteps()})
+  for (const StepTable rows :
+       {deviceSteps(), touchSteps(), homeSteps(), alertSteps(), keySteps(), objectSteps()})
     add(program.steps, rows);
   add(program.report, homeScreenReport());
   add(program.pageMessages, inspectorMessages());

@@ -13,6 +13,7 @@
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/console.hpp"
 #include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/relaunch.hpp"
 #include "simulator/springboard/relayouts.hpp"
 #include "simulator/uikit/base/application.hpp"
@@ -86,6 +87,8 @@ constexpr ReportRow rows[] = {
     {"console", [](Simulation&) -> Json { return console(); },
      "lines sent to the system log, colour codes included"},
     {"application", application, "the name of the one on screen"},
+    {"locked", [](Simulation&) -> Json { return springboard::isLocked(); },
+     "whether the lock screen is shown"},
     {"openedURLs", [](Simulation&) -> Json { return uikit::openedURLs(); },
      "the addresses that were opened, in order; those of Settings' pages lead there, all others nowhere"},
     {"respringsAsked", [](Simulation&) -> Json { return springboard::relaunchesAskedFor(); },

@@ -10,6 +10,7 @@ StepTable deviceSteps();
 StepTable touchSteps();
 StepTable homeSteps();
 StepTable alertSteps();
+StepTable keySteps();
 StepTable objectSteps();
 /** What the messages of scripts answered. */
 Json answers();

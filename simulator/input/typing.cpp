@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "bridge/runtime.hpp"
 #include "platform/uikit/pasteboard.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/input/find.hpp"
@@ -11,6 +12,7 @@
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "simulator/uikit/text/keyboard.hpp"
 #include "simulator/uikit/text/text_field.hpp"
+#include "simulator/uikit/views/first_responder.hpp"
 
 namespace sim::input {
 namespace {
@@ -55,6 +57,20 @@ std::size_t lengthOfCharacter(char first) {
   return byte < 0xc0 ? 1 : byte < 0xe0 ? 2 : byte < 0xf0 ? 3 : 4;
 }
 
+// The first of them is taken off the text.
+std::string nextCharacter(std::string_view& text) {
+  const std::size_t length = std::min(lengthOfCharacter(text.front()), text.size());
+  std::string character(text.substr(0, length));
+  text.remove_prefix(length);
+  return character;
+}
+
+UITextField editedField() {
+  const UIResponder responder = uikit::firstResponder();
+  if (!bridge::isKindOf<UITextField>(responder)) throw UsageError("no text field is being edited");
+  return bridge::as<UITextField>(responder);
+}
+
 }  // namespace
 
 void edit(UITextField field, std::string_view name) {
@@ -74,11 +90,18 @@ void deleteText(UITextField field) {
 
 void typeText(UITextField field, std::string_view text) {
   const auto alive = retained(field);
-  while (!text.empty()) {
-    const std::size_t length = std::min(lengthOfCharacter(text.front()), text.size());
-    type(field, std::string(text.substr(0, length)));
-    text.remove_prefix(length);
-  }
+  while (!text.empty()) type(field, nextCharacter(text));
+}
+
+void typeByKeyboard(std::string_view text) {
+  while (!text.empty()) plugIn(editedField(), nextCharacter(text));
+}
+
+void press(PluggedKey key) {
+  const bridge::Pool pool;
+  const UITextField field = editedField();
+  key == PluggedKey::remove ? uikit::typeDelete(field) : uikit::typeReturn(field);
+  letPass(keyDuration);
 }
 
 void pasteText(UITextField field, std::string_view text) {

@@ -23,6 +23,16 @@ void deleteText(UITextField field);
  */
 void typeText(UITextField field, std::string_view text);
 
+/**
+ * Each character (UTF-8) as from a keyboard that is plugged in, into whatever field is being edited; each
+ * takes 0.1 s. Throws UsageError when none is.
+ */
+void typeByKeyboard(std::string_view text);
+
+/** One of its keys that type nothing; takes as long. */
+enum class PluggedKey { remove, enter };
+void press(PluggedKey key);
+
 /** From the pasteboard, at once. */
 void pasteText(UITextField field, std::string_view text);
 

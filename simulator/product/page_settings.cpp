@@ -13,6 +13,7 @@
 #include "simulator/product/settings_tool/pane.hpp"
 #include "simulator/runtime/preferences.hpp"
 #include "simulator/runtime/property_list.hpp"
+#include "simulator/runtime/setting_object.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/time/run_loop.hpp"
 
@@ -60,25 +61,46 @@ NSObject objectOf(const Json& value) {
   return string(value.get<std::string>());
 }
 
-Json set(Simulation& simulation, const Json& message) {
-  const auto key = message.value("key").get<std::string>();
+// What is set; `written` is what errors call the value.
+NSDictionary setOne(Simulation& simulation, const std::string& key, const std::string& written,
+                    NSObject given) {
   const NSDictionary item = itemNamed(string(key));
   if (!item) throw UsageError(fmt::format("no setting is called '{}'", key));
-  const Json given = message.value("value");
-  const NSNumber value = storeSetting(item, key, given.dump(), objectOf(given));
+  const NSNumber value = storeSetting(item, key, written, given);
   if (appsupport::serves(settingsCentre))
     appsupport::send(simulation.fileSystem().root(), settingsCentre, announcement(item, value),
                      {.whileWaiting = [] { appsupport::serveMessages(); }});
   // The page beside the phone is left as soon as it has done its work.
   springboard::layOutHomeScreen();
   settle();
+  return item;
+}
+
+Json set(Simulation& simulation, const Json& message) {
+  const Json value = message.value("value");
+  const NSDictionary item =
+      setOne(simulation, message.value("key").get<std::string>(), value.dump(), objectOf(value));
   return shown(item, storedPreferences(string(domain)));
+}
+
+void setStep(Simulation& simulation, const Step& step) {
+  const std::string& text = step.text(0);
+  const Setting setting = parseSetting(text);
+  setOne(simulation, setting.key, text.substr(text.find('=') + 1),
+         bridge::as<NSObject>(settingObject(setting.value)));
 }
 
 constexpr PageMessage messages[] = {{"settings", settings}, {"set", set}};
 
+constexpr StepRow steps[] = {
+    {"set", setStep, with(kinds::setting),
+     "a setting is changed as in Settings: checked, written and announced, and the icons laid out", "none"},
+};
+
 }  // namespace
 
 std::span<const PageMessage> settingsMessages() { return messages; }
+
+StepTable settingStep() { return steps; }
 
 }  // namespace sim::product

@@ -16,6 +16,7 @@ std::span<const OptionRow> startFileOptions();
 StepTable panelSteps();
 StepTable rowSteps();
 StepTable settingsSteps();
+StepTable settingStep();
 StepTable paneSteps();
 
 std::span<const PageMessage> settingsMessages();

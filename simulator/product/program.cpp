@@ -22,7 +22,7 @@ Program made() {
   program.bundle = "Tilo_Main.bundle";
   program.installedAs = "Tilo.dylib";
   program.prepare = prepare;
-  for (const StepTable rows : {rowSteps(), panelSteps(), settingsSteps(), paneSteps()})
+  for (const StepTable rows : {rowSteps(), panelSteps(), settingsSteps(), settingStep(), paneSteps()})
     add(program.steps, rows);
   add(program.options, startFileOptions());
   add(program.pageMessages, settingsMessages());

@@ -198,7 +198,7 @@ void LiveHome::handle(std::uint32_t page, const Json& message) {
   else if (type == "finger")
     fingers.obey(page, message);
   else if (type == "key")
-    key(message);
+    key(page, message);
   else if (type == "step")
     step(page, message);
   else if (type == "report")
@@ -221,19 +221,23 @@ void LiveHome::answerFor(std::uint32_t page, const std::string& type, const Json
   answer(page, reply);
 }
 
-// As from a keyboard that is plugged in.
-void LiveHome::key(const Json& message) {
+// As from a keyboard that is plugged in; who asks is told whether it has typed anything.
+void LiveHome::key(std::uint32_t page, const Json& message) {
   const auto name = message.value("key").get<std::string>();
   const UIResponder responder = uikit::firstResponder();
-  if (!bridge::isKindOf<UITextField>(responder)) return;
-  const UITextField field = bridge::as<UITextField>(responder);
-  if (name == "Backspace")
-    uikit::typeDelete(field);
-  else if (name == "Enter")
-    uikit::typeReturn(field);
-  else if (!name.empty() && isText(name))
-    uikit::typeText(field, NSString::stringWithUTF8String(name.c_str()));
-  settle();
+  const bool isEdited = bridge::isKindOf<UITextField>(responder) && !name.empty() && isText(name);
+  if (isEdited) {
+    const UITextField field = bridge::as<UITextField>(responder);
+    if (name == "Backspace")
+      uikit::typeDelete(field);
+    else if (name == "Enter")
+      uikit::typeReturn(field);
+    else
+      uikit::typeText(field, NSString::stringWithUTF8String(name.c_str()));
+    settle();
+  }
+  if (const Json id = message.value("id"); !id.isNull())
+    answer(page, {{"type", "answer"}, {"id", id}, {"answer", isEdited}});
 }
 
 void LiveHome::step(std::uint32_t page, const Json& message) {

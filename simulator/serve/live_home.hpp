@@ -53,7 +53,7 @@ class LiveHome {
 
   void handle(std::uint32_t page, const Json& message);
   void answerFor(std::uint32_t page, const std::string& type, const Json& message);
-  void key(const Json& message);
+  void key(std::uint32_t page, const Json& message);
   void step(std::uint32_t page, const Json& message);
   void leave(std::uint32_t page);
 

@@ -29,6 +29,9 @@ constexpr char hands[] = {
 constexpr char link[] = {
 #embed "page/link.js"
 };
+constexpr char notes[] = {
+#embed "page/notes.js"
+};
 constexpr char screen[] = {
 #embed "page/screen.js"
 };
@@ -87,6 +90,7 @@ constexpr Row rows[] = {
     {"dom.js", text(dom)},
     {"hands.js", text(hands)},
     {"link.js", text(link)},
+    {"notes.js", text(notes)},
     {"screen.js", text(screen)},
     {"settings.js", text(settings)},
     {"steps.js", text(steps)},

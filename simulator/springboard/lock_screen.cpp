@@ -46,7 +46,7 @@ Screen& screen() {
 }
 
 BOOL isVisible(UIViewController) { return screen().visible; }
-BOOL isLocked(SBLockScreenManager) { return screen().visible; }
+BOOL isUILocked(SBLockScreenManager) { return screen().visible; }
 
 void loadView(UIViewController self) {
   auto view = makeWallpaperView(UIScreen::mainScreen().bounds().size);
@@ -92,6 +92,7 @@ void lock() {
   show(true);
 }
 void unlock() { show(false); }
+bool isLocked() { return screen().visible; }
 
 void defineLockScreen() {
   using Face = SBLockScreenViewController;
@@ -103,8 +104,8 @@ void defineLockScreen() {
                                own<&UIViewController::loadView, loadView>());
   defineSystemClass<Manager>(own<&SBLockScreenManager::sharedInstance, sharedInstance>(),
                              own<&SBLockScreenManager::lockScreenViewController, lockScreenViewController>(),
-                             own<&SBLockScreenManager::isLockScreenVisible, isLocked>(),
-                             own<&LockState::isUILocked, isLocked>());
+                             own<&SBLockScreenManager::isLockScreenVisible, isUILocked>(),
+                             own<&LockState::isUILocked, isUILocked>());
 }
 
 }  // namespace sim::springboard

@@ -5,6 +5,7 @@ namespace sim::springboard {
 
 void lock();
 void unlock();
+bool isLocked();
 
 void defineLockScreen();
 

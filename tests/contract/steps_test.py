@@ -57,6 +57,9 @@ CASES = [
     (f'apply "{ROW}"', PANEL, FIELD, 0, ["wait 1"], lambda old, new: row(new)["value"] == 7),
     (f'cancel "{ROW}"', PANEL, FIELD, 0, ["wait 1"], lambda old, new: row(new)["value"] == 20),
     ('enter "mine"', PANEL, NAMING, 0.4, [], lambda old, new: new["alert"]["text"] == "mine"),
+    ('keys "mine"', PANEL, NAMING, 0.4, [], lambda old, new: new["alert"]["text"] == "mine"),
+    ("key delete", PANEL, NAMING + ['keys "mine"'], 0.1, [], lambda old, new: new["alert"]["text"] == "min"),
+    ("key return", PANEL, NAMING + ['keys "mine"'], 0.1, [], lambda old, new: new["alert"]["text"] == "mine"),
     ('choose "Add"', PANEL, NAMING + ['enter "Mine"'], None, ["wait 1"],
      lambda old, new: [each["name"] for each in new["presets"]["configurations"]] == ["Mine"]),
     ("page 1", PANEL, OPEN, 0, ["wait 1"], lambda old, new: (old["panel"]["page"], new["panel"]["page"]) == (0, 1)),
@@ -79,6 +82,9 @@ CASES = [
     ("edit", ["--stock"], [], 0, ["tap 50 60", "wait 1"], lambda old, new: new["application"] is None),
     ("home", ["--stock"], ["edit"], 0, ["tap 50 60", "wait 1"], lambda old, new: new["application"] == "Messages"),
     ("write rows=4", PANEL, [], 0, [], lambda old, new: new["preferences"]["rows"] == 4),
+    ("set columns=5", PANEL, [], 0, [],
+     lambda old, new: (old["pages"][0]["columns"], new["pages"][0]["columns"]) == (4, 5) and
+     icon(old, "Weather")["frame"] != icon(new, "Weather")["frame"]),
     ('message PreferencesDidChangeNotification name="Use Two Finger Tap Instead" value=YES', PANEL, [], 0,
      ["two-finger-tap", "wait 1"], lambda old, new: new["panel"]),
     ("call exportSettings", PANEL, OPEN, 0, ["wait 0.6"], lambda old, new: new["hud"] is not None),
@@ -106,6 +112,13 @@ class Steps(unittest.TestCase):
             with open(seen, encoding="utf-8") as source:
                 self.assertEqual(json.load(source)["time"], 1)
             self.assertGreater(os.path.getsize(picture), 10000)
+
+    def test_that_cannot_be_done_say_why(self):
+        for step, complaint in (('keys "a"', "no text field is being edited"), ("key return", "no text field is being edited"),
+                                ("key up", "'up'"), ("set columns=99", "'99' for 'columns'"), ("set none=1", "'none'")):
+            status, _, errors = run("--stock", "--script", "-", script=step + "\n")
+            self.assertEqual((status, errors.count("\n")), (2, 1), errors)
+            self.assertIn(complaint, errors)
 
     def test_take_names_with_quotes_in_them(self):
         """And a number sign inside of quotes is text."""

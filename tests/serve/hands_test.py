@@ -14,19 +14,9 @@ ONE, OTHER = (300, 200), (75, 467)  # points without an icon, opposite each othe
 
 
 class Hands(PageTest):
-    def finger(self, name, at, kind="touch", hold=60, **more):
-        """A pointer that goes down there, and up after so many milliseconds."""
-        x, y = self.on_page(*at)
-        return {"type": "pointer", "id": name, "parameters": {"pointerType": kind}, "actions": [
-            {"type": "pointerMove", "x": x, "y": y}, {"type": "pointerDown", "button": 0, **more},
-            {"type": "pause", "duration": hold}, {"type": "pointerUp", "button": 0}]}
-
     def panel_after_a_while(self):
         self.step("wait 0.6")
         return self.report()["panel"]
-
-    def script(self):
-        return self.browser.run("return document.getElementById('script').value")
 
     def test_two_fingers_are_two_touches(self):
         self.serve(*SWITCHED_ON, "--set", "twoFinger=YES")
@@ -79,6 +69,19 @@ class Hands(PageTest):
         self.browser.perform(mouse, key)
         eventually(lambda: self.report()["panel"], "the panel")
         self.assertIn("press 5 ", self.script())
+
+    def test_f_may_be_held_before(self):
+        self.serve(*SWITCHED_ON, "--set", "forceTouch=YES")
+        self.browser.run("document.getElementById('screen').focus()")
+        key = {"type": "key", "id": "keys", "actions": [
+            {"type": "keyDown", "value": "f"}, *[{"type": "pause"}] * 7, {"type": "keyUp", "value": "f"}]}
+        mouse = self.finger("mouse", ONE, "mouse", HELD)
+        x, y = self.on_page(ONE[0] + 1, ONE[1])
+        mouse["actions"][3:3] = [{"type": "pointerMove", "x": x, "y": y}, {"type": "pause", "duration": HELD}]
+        mouse["actions"].insert(0, {"type": "pause"})
+        self.browser.perform(mouse, key)
+        eventually(lambda: self.report()["panel"], "the panel")
+        self.assertRegex(self.script(), r"^press 5 [\d.]+ [\d.]+\n$")
 
     def test_everything_is_reached_by_keys(self):
         self.serve()

@@ -64,6 +64,20 @@ class Inspector(PageTest):
         self.click(x, y)
         eventually(lambda: self.report()["application"], "a touch, once nothing is pointed at")
 
+    def test_a_text_tells_its_letters_and_colours(self):
+        self.open_inspector()
+        self.step("swipe up")
+        self.browser.run("""const seek = document.getElementById('seek');
+            seek.value = 'side inset'; seek.dispatchEvent(new Event('input'));""")
+        eventually(lambda: self.rows(".found") == ["UILabel"], "the label with that text")
+        self.browser.run("document.querySelector('#tree .found').click()")
+        eventually(lambda: self.facts().get("text") == "Side Inset", "its text")
+        self.assertEqual(self.facts()["text colour"], "0, 0, 0")
+        self.browser.run("""const seek = document.getElementById('seek');
+            seek.value = 'popupview'; seek.dispatchEvent(new Event('input'));
+            document.querySelector('#tree .found').click();""")
+        eventually(lambda: self.facts().get("background") == "250, 250, 250", "the panel's colour")
+
     def test_escape_ends_pointing(self):
         self.open_inspector()
         self.press("point")

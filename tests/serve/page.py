@@ -91,6 +91,23 @@ class PageTest(unittest.TestCase):
                          {"type": "pointerMove", "x": end[0], "y": end[1], "duration": duration},
                          {"type": "pointerUp", "button": 0})
 
+    def setting(self, title, script):
+        """Runs a script on a setting's control."""
+        return self.browser.run("""
+            const label = [...document.querySelectorAll('#rows label')].find((each) =>
+                each.firstChild.textContent === args[0]);
+            const control = label.querySelector('input, select');""" + script, title)
+
+    def finger(self, name, at, kind="touch", hold=60, **more):
+        """A pointer that goes down there, and up after so many milliseconds."""
+        x, y = self.on_page(*at)
+        return {"type": "pointer", "id": name, "parameters": {"pointerType": kind}, "actions": [
+            {"type": "pointerMove", "x": x, "y": y}, {"type": "pointerDown", "button": 0, **more},
+            {"type": "pause", "duration": hold}, {"type": "pointerUp", "button": 0}]}
+
+    def script(self):
+        return self.browser.run("return document.getElementById('script').value")
+
     def await_picture(self, expected, canvas="document.getElementById('screen')"):
         def is_equal():
             self.difference = self.browser.run(DIFFERENCE.replace("CANVAS", canvas), expected)

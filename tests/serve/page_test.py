@@ -30,6 +30,46 @@ class Page(PageTest):
         self.assertEqual(labels, ["Device", "System"])
         self.assertEqual(self.browser.run("return document.getElementById('screen').style.width"), "375px")
 
+    def test_each_setting_is_named_by_its_title(self):
+        self.serve()
+        titles = self.settings_titles()
+        nodes = [node for node in self.browser.command("Accessibility.getFullAXTree")["nodes"] if not node.get("ignored")]
+        names = [node["name"]["value"] for node in nodes if node["role"]["value"] in ("checkbox", "spinbutton", "combobox")]
+        self.assertEqual(names, ["Device", "System", *titles])
+
+    def settings_titles(self):
+        titles = "return [...document.querySelectorAll('#rows label')].map((label) => label.firstChild.textContent)"
+        return eventually(lambda: self.browser.run(titles), "the settings")
+
+    def test_a_screen_is_as_large_as_the_zoom_says(self):
+        self.serve("--device", "iPad Air 2")
+        for width, height in ((1280, 900), (1100, 700), (390, 844), (844, 390)):
+            self.use_window(width, height)
+
+            def sizes():
+                return self.browser.run("""const {width, height} = document.getElementById('screen').getBoundingClientRect();
+                    return [width, height, document.getElementById('zoom').innerText];""")
+
+            def is_fitting():
+                shown_width, shown_height, zoom = sizes()
+                part = float(zoom.rstrip(" %") or "nan") / 100
+                return abs(shown_width - 768 * part) < 0.2 and abs(shown_height - 1024 * part) < 0.2 and \
+                    shown_width <= width and shown_height <= height
+            eventually(is_fitting, f"a screen for {width} x {height}")
+
+    def test_what_is_asked_before_there_is_a_connection_is_answered(self):
+        served = self.serve()
+        # As early as a page's script can be.
+        early = self.browser.command("Page.addScriptToEvaluateOnNewDocument", source="""
+            let tilo;
+            Object.defineProperty(window, 'tilo', {configurable: true, get: () => tilo, set: (given) => {
+              tilo = given;
+              window.early = tilo.report().then(({device}) => device, (error) => error.message);
+            }});""")["identifier"]
+        self.addCleanup(self.browser.command, "Page.removeScriptToEvaluateOnNewDocument", identifier=early)
+        self.browser.open(served.address)
+        self.assertEqual(self.browser.run("return await window.early"), "iPhone 7")
+
     def test_the_screen_is_the_one_that_a_picture_shows(self):
         self.serve(*SWITCHED_ON)
         self.await_picture(picture_of("wait 1\n", *SWITCHED_ON))
@@ -63,28 +103,6 @@ class Page(PageTest):
         self.step('choose "Add"')
         self.step("wait 1")
         self.assertEqual(self.report()["panel"]["presets"], ["Airy"])
-
-    def test_what_is_done_is_written_down_and_can_be_done_again(self):
-        self.serve()
-        self.click(60, 60)
-        self.step("wait 0.6")
-        opened = self.report()["application"]
-        self.assertTrue(opened)
-        self.press("home")
-        self.step("wait 0.6")
-        steps = self.browser.run("return document.getElementById('script').value")
-        self.assertRegex(steps, r"^tap [\d.]+ [\d.]+\nhome\n$")
-        self.browser.run("document.getElementById('script').value = args[0]", steps.split("\n", 1)[0] + "\nwait 0.6\n")
-        self.press("run")
-        self.await_text("outcome", "Done")
-        self.assertEqual(self.report()["application"], opened)
-
-    def setting(self, title, script):
-        """Runs a script on a setting's control."""
-        return self.browser.run("""
-            const label = [...document.querySelectorAll('#rows label')].find((each) =>
-                each.firstChild.textContent === args[0]);
-            const control = label.querySelector('input, select');""" + script, title)
 
     def test_settings_beside_the_phone_move_the_icons(self):
         self.serve()
@@ -139,14 +157,9 @@ class Page(PageTest):
         self.use_window(390, 844)
         os.kill(served.home_processes()[0], 9)
         self.await_text("state", "Safe mode")
-        self.assertIn("Killed", self.browser.run("return document.getElementById('trouble').innerText"))
-        self.assertEqual(self.browser.run("return document.getElementById('trouble').getClientRects().length"), 1)
-
-    def test_a_wrong_step_is_named(self):
-        self.serve()
-        self.browser.run("document.getElementById('script').value = 'wait 0\\nfly\\n'")
-        self.press("run")
-        eventually(lambda: self.text("outcome").startswith("Step 2: fly: "), "the culprit")
+        for name, words in (("trouble", "Killed"), ("state", "Safe mode")):
+            self.assertIn(words, self.browser.run("return document.getElementById(args[0]).innerText", name))
+            self.assertEqual(self.browser.run("return document.getElementById(args[0]).getClientRects().length", name), 1)
 
     def test_rotate_turns_the_screen(self):
         self.serve("--device", "iPhone 6 Plus")
@@ -154,6 +167,21 @@ class Page(PageTest):
         eventually(lambda: self.browser.run("return document.getElementById('screen').width") == 1920, "the turn")
         self.press("rotate")
         eventually(lambda: self.browser.run("return document.getElementById('screen').height") == 1920, "the turn back")
+
+    def test_rotate_turns_back_what_others_have_turned(self):
+        served = self.serve("--device", "iPhone 6 Plus", "--orientation", "landscape")
+        self.press("rotate")
+        eventually(lambda: self.browser.run("return document.getElementById('screen').height") == 1920, "the turn")
+        self.step("rotate landscape")
+        self.await_screen(served)  # loaded again
+        self.press("rotate")
+        eventually(lambda: self.browser.run("return document.getElementById('screen').height") == 1920, "the turn back")
+
+    def test_lock_unlocks_what_others_have_locked(self):
+        self.serve()
+        self.step("lock")
+        self.press("lock")
+        eventually(lambda: not self.report()["locked"], "the end of the lock screen")
 
     def test_another_device_and_system_come_with_the_same_files(self):
         self.serve()
@@ -223,6 +251,9 @@ class Page(PageTest):
         self.press("quit")
         self.assertEqual(served.process.wait(PATIENCE), 0)
         self.await_text("state", "Disconnected")
+        self.assertEqual(self.browser.run("return await tilo.report().catch(({message}) => message)"), "the connection has ended")
+        self.press("home")
+        self.await_text("outcome", "the connection has ended")
 
     def test_a_library_that_changes_is_loaded_anew_and_the_page_stays_as_it_was(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -1,9 +1,12 @@
 // The connection between a page and a home screen: questions and their answers, news, frames.
+const hasEnded = 'the connection has ended';
+
 export class Link {
   #socket;
   #answers = new Map();
   #next = 1;
   #hearer;
+  #unsent = [];  // until the connection is there
 
   // What comes is heard by functions of `hearer`, each of which may be missing: started, ended, refused (with the
   // message), frame (with its bytes), closed (with the reason).
@@ -13,18 +16,24 @@ export class Link {
     this.#socket.binaryType = 'arraybuffer';
     this.#socket.onmessage = ({data}) =>
         (typeof data === 'string' ? this.#hear(JSON.parse(data)) : hearer.frame?.(data));
+    this.#socket.onopen = () => {
+      for (const text of this.#unsent.splice(0)) this.#socket.send(text);
+    };
     this.#socket.onclose = ({reason}) => {
-      this.#giveUp(Infinity, 'the connection has ended');
+      this.#giveUp(Infinity, hasEnded);
       hearer.closed?.(reason);
     };
   }
 
   send(message) {
-    if (this.#socket.readyState === WebSocket.OPEN) this.#socket.send(JSON.stringify(message));
+    const {readyState} = this.#socket, text = JSON.stringify(message);
+    if (readyState === WebSocket.OPEN) this.#socket.send(text);
+    else if (readyState === WebSocket.CONNECTING) this.#unsent.push(text);
   }
 
   ask(message) {
     return new Promise((resolve, reject) => {
+      if (this.#socket.readyState > WebSocket.OPEN) return reject(new Error(hasEnded));
       const id = this.#next++;
       this.#answers.set(id, {resolve, reject});
       this.send({...message, id});

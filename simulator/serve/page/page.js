@@ -7,10 +7,11 @@ import {takeInHand} from './hands.js';
 import {Inspector} from './inspector.js';
 import {bindLayouts} from './layouts.js';
 import {Link} from './link.js';
+import {note, noteKey, noteSetting} from './notes.js';
 import {bindRecord} from './record.js';
 import {Screen, fit} from './screen.js';
 import {Settings} from './settings.js';
-import {Steps, attempt, note, outcome} from './steps.js';
+import {Steps, attempt, outcome} from './steps.js';
 import {bindTabs, offerPanel} from './tabs.js';
 
 const canvas = element('screen');
@@ -22,19 +23,18 @@ const link = new Link('socket', {
   refused: ({reason}) => outcome(reason, true),
   closed: (reason) => say(reason ? `Disconnected: ${reason}` : 'Disconnected'),
 });
-const settings = new Settings(link);
+const settings = new Settings(link, noteSetting);
 const compare = new Compare(settings);
 const inspector = new Inspector(link, screen);
 const log = new Console(link);
 const steps = new Steps(link);
-let landscape = false, locked = false;
+let landscape = false;
 
 function say(text) {
   element('state').textContent = text;
 }
 
 function begin(message) {
-  landscape = locked = false;
   screen.reset();
   canvas.classList.toggle('rounded', message.rounded);
   offerPanel('settings', message.messages.includes('settings'));
@@ -58,12 +58,15 @@ function tellOfTheEnd({reason, trace, safe}) {
 
 function refit() {
   const zoom = fit([screen, ...compare.screens]);
-  element('zoom').textContent = zoom === 1 ? '' : `${Math.round(zoom * 100)} %`;
+  element('zoom').textContent = zoom === 1 ? '' : `${+(zoom * 100).toFixed(2)} %`;
 }
 window.addEventListener('resize', refit);
 // As soon as there is anything to measure.
 new ResizeObserver(refit).observe(document.documentElement);
-screen.addEventListener('resize', refit);
+screen.addEventListener('resize', () => {
+  landscape = screen.points.width > screen.points.height;
+  refit();
+});
 compare.addEventListener('resize', refit);
 
 let refreshing;
@@ -76,13 +79,15 @@ screen.addEventListener('drawn', ({detail}) => {
 });
 screen.addEventListener('lost', ({detail}) => say(`A frame was lost: ${detail}`));
 
-function press(line) {
+function step(line) {
   note(line);
-  return attempt(() => link.step(line));
+  return link.step(line);
 }
+const press = (line) => attempt(() => step(line));
 
 element('home').onclick = () => press('home');
-element('lock').onclick = () => press((locked = !locked) ? 'lock' : 'unlock');
+// Others may have locked it.
+element('lock').onclick = () => attempt(async () => step((await window.tilo.report()).locked ? 'unlock' : 'lock'));
 element('rotate').onclick = () => press(`rotate ${(landscape = !landscape) ? 'landscape' : 'portrait'}`);
 element('respring').onclick = () => {
   element('trouble').hidden = true;
@@ -94,7 +99,7 @@ element('device').onchange = ({target}) => link.send({type: 'device', device: ta
 element('system').onchange = ({target}) =>
     link.send({type: 'device', device: element('device').value, ios: target.value});
 
-takeInHand(screen, link, note);
+takeInHand(screen, link, {note, noteKey});
 bindLayouts(link);
 bindRecord(screen);
 bindTabs();

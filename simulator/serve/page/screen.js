@@ -84,7 +84,8 @@ export function fit(all) {
   const room = {width: clientWidth - gaps, height: clientHeight - (filled ? 0 : 190)};
   const width = screens.reduce((sum, {points}) => sum + points.width, 0);
   const height = Math.max(...screens.map(({points}) => points.height));
-  const zoom = Math.min(filled ? 4 : 1, room.width / width, room.height / height);
+  const most = Math.min(filled ? 4 : 1, room.width / width, room.height / height);
+  const zoom = filled ? most : Math.floor(100 * most) / 100;
   for (const {canvas, points} of screens) {
     canvas.style.width = `${points.width * zoom}px`;
     canvas.style.height = `${points.height * zoom}px`;

@@ -3,13 +3,16 @@ import {element} from './dom.js';
 
 export class Settings extends EventTarget {
   #link;
+  #note;
   #controls = new Map();
   #shape;
 
   // What the rows are now is an event "rows", with them as its detail.
-  constructor(link) {
+  // `note` is called with the key and value of what somebody has set here.
+  constructor(link, note) {
     super();
     this.#link = link;
+    this.#note = note;
   }
 
   async refresh() {
@@ -51,6 +54,7 @@ export class Settings extends EventTarget {
   async #change(key, value) {
     try {
       await this.#link.ask({type: 'set', key, value});
+      this.#note(key, value);
       element('fault').textContent = '';
     } catch (error) {
       element('fault').textContent = error.message;
@@ -85,6 +89,7 @@ export class Settings extends EventTarget {
       typed.value = slid.value;
       this.#change(key, Number(slid.value));
     };
+    typed.setAttribute('aria-label', label);  // without the slider's value
     slid.setAttribute('aria-label', `${label}, slider`);
     const show = (value) => {
       if (document.activeElement !== typed) typed.value = value;

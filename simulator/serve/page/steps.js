@@ -1,11 +1,5 @@
-// The steps of what is done: written down as lines of a script, to be edited, run again, saved and downloaded.
+// The steps of what is done, as lines of a script: to be edited, run again, saved and downloaded.
 import {download, element} from './dom.js';
-
-export function note(line) {
-  const script = element('script');
-  script.value += (script.value && !script.value.endsWith('\n') ? '\n' : '') + line + '\n';
-  script.scrollTop = script.scrollHeight;
-}
 
 export function outcome(text, wrong = false) {
   element('outcome').textContent = text;
@@ -54,6 +48,7 @@ export class Steps {
 
   async #run() {
     const lines = element('script').value.split('\n');
+    element('run').disabled = true;
     try {
       for (const [index, line] of lines.entries()) {
         outcome(`Step ${index + 1}: ${line}`);
@@ -63,6 +58,7 @@ export class Steps {
     } catch (error) {
       outcome(`${element('outcome').textContent}: ${error.message}`, true);
     }
+    element('run').disabled = false;
   }
 
   async #save() {
