@@ -85,9 +85,8 @@ class Page(PageTest):
             self.click(left + 260, top + 113)
             self.step("wait 0.3")
         self.assertEqual(self.report()["panel"]["rows"]["Horizontal Padding"]["value"], 3)
-        self.step("wait 4")
+        eventually(lambda: self.report()["panel"]["alpha"] == 1, "the panel's coming back")
         self.step('tap "close"')
-        self.step("wait 1")
         self.await_picture(picture_of('swipe up\nwait 1\nincrement "Horizontal Padding" 3\nwait 4\ntap "close"\nwait 1\n',
                                       *SWITCHED_ON))
 
@@ -132,7 +131,7 @@ class Page(PageTest):
     def test_respring_on_the_page_in_settings_starts_anew(self):
         served = self.serve(*SWITCHED_ON)
         homes = served.home_processes()
-        for step in ("settings", "wait 0.6", 'scroll-to "Respring"', 'tap "Respring"', "wait 0.6"):
+        for step in ("settings", "wait 0.6", *["swipe up"] * 6, "wait 1.5", 'tap "Respring"', "wait 0.6"):
             self.step(step)
         self.browser.run("tilo.step(args[0]).catch(() => {})", 'choose "Respring"')
         eventually(lambda: served.home_processes() not in (homes, []), "another process")
