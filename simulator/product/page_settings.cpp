@@ -36,20 +36,39 @@ NSDictionary itemNamed(NSString key) {
   return TiloSettings::itemNamed(key);
 }
 
+// By their keys; of a list that is made anew each time, the choices as they are now. What is no setting, in a
+// file that somebody has edited, is left out.
+NSDictionary itemsByKey() {
+  const NSArray items = TiloSettings::items();
+  const NSMutableDictionary found = NSMutableDictionary::dictionary();
+  for (NSUInteger i = 0; i < items.count(); ++i) {
+    const auto item = bridge::as<NSDictionary>(items.objectAtIndex(i));
+    const bridge::Object key = item.objectForKey("key"_ns);
+    if (!found.objectForKey(key)) found.setObject_forKey(item, key);
+  }
+  return found;
+}
+
+bool isGroup(NSDictionary row) {
+  const bridge::Object cell = row.objectForKey("cell"_ns);
+  return bridge::isKindOf<NSString>(cell) && bridge::as<NSString>(cell).isEqualToString("PSGroupCell"_ns);
+}
+
+// In the file's order, group by group.
 Json settings(Simulation&, const Json&) {
   loadPane();
-  const NSDictionary file = propertyList(specifierFile()), preferences = storedPreferences(string(domain));
-  const auto rows = bridge::as<NSArray>(file.objectForKey("items"_ns));
-  // The file's rows that have a key, in its order; a list that is made anew each time has its choices as they
-  // are now.
-  const NSArray items = TiloSettings::items();
+  const NSDictionary file = propertyList(specifierFile()), items = itemsByKey(),
+                     preferences = storedPreferences(string(domain));
+  const bridge::Object listed = file.objectForKey("items"_ns);
+  const NSArray rows = bridge::isKindOf<NSArray>(listed) ? bridge::as<NSArray>(listed) : NSArray();
   Json::Array all;
-  NSUInteger next = 0;
   for (NSUInteger i = 0; i < rows.count(); ++i) {
+    if (!bridge::isKindOf<NSDictionary>(rows.objectAtIndex(i))) continue;
     const auto row = bridge::as<NSDictionary>(rows.objectAtIndex(i));
-    if (row.objectForKey("key"_ns))
-      all.push_back(shown(bridge::as<NSDictionary>(items.objectAtIndex(next++)), preferences));
-    else if (bridge::as<NSString>(row.objectForKey("cell"_ns)).isEqualToString("PSGroupCell"_ns))
+    const bridge::Object key = row.objectForKey("key"_ns);
+    if (const auto item = key ? bridge::as<NSDictionary>(items.objectForKey(key)) : NSDictionary())
+      all.push_back(shown(item, preferences));
+    else if (!key && isGroup(row))
       all.push_back(plain(row));
   }
   return Json(std::move(all));
