@@ -133,6 +133,23 @@ TEST_F(Installation, DoesWithoutTheLayoutWhereItHasNoPlace) {
   EXPECT_EQ(contents(phone.path("/var/mobile/Documents/com.wexor.tilo3/custom")), "a file");
 }
 
+// As a reader types them, next to a build folder.
+TEST_F(Installation, IsTriedOutByThePagesCommands) {
+  const std::string page = contents(fmt::format("{}/docs/install.md", SOURCE));
+  const std::size_t begin = page.find("mkdir -p phone/"), end = page.find("```", begin);
+  ASSERT_NE(begin, page.npos);
+  const std::string here = made / "here";
+  const std::string file = madePackage(made);
+  must(
+      fmt::format("mkdir -p '{0}/build' && cp '{1}' '{0}/build/com.wexor.tilo_0_iphoneos-arm.deb' && "
+                  "ln -s '{2}/tilo-sim' '{0}/build'",
+                  here, file, BUILD));
+  must(fmt::format("cd '{}' && export PATH=$PATH:/usr/sbin:/sbin && set -e\n{}", here,
+                   page.substr(begin, end - begin)));
+  EXPECT_TRUE(fs::exists(here + "/phone" + presetsPath));
+  EXPECT_TRUE(fs::exists(here + "/first.png"));
+}
+
 // Package managers name a descriptor; a line there asks for the respring.
 class Respring : public Installation {
  protected:

@@ -154,6 +154,25 @@ TEST(ScriptPackage, NamesWhatItDoesNotTake) {
   const Outcome file = run(fmt::format("'{}/script/package' --repository /etc/passwd", SOURCE));
   EXPECT_EQ(file.status, 2);
   EXPECT_EQ(file.lines, Lines{"script/package: --repository: '/etc/passwd' is no folder"});
+  const Outcome more = run(fmt::format("'{}/script/package' --repository /tmp --fast", SOURCE));
+  EXPECT_EQ(more.status, 2);
+  EXPECT_EQ(more.lines, Lines{"script/package: what is --fast? It takes --repository DIR, or nothing."});
+}
+
+TEST(ScriptPackage, CountsFoldersFromWhereItIsCalled) {
+  Folder here;
+  write(here / "www", "a file");
+  const Outcome file =
+      run(fmt::format("cd '{}' && '{}/script/package' --repository www", here.text(), SOURCE));
+  EXPECT_EQ(file.status, 2);
+  EXPECT_EQ(file.lines, Lines{"script/package: --repository: 'www' is no folder"});
+}
+
+// Before it builds anything.
+TEST(ScriptPackage, NamesAFolderThatCannotBeMade) {
+  const Outcome below = run(fmt::format("'{}/script/package' --repository /dev/null/www", SOURCE));
+  EXPECT_EQ(below.status, 2);
+  EXPECT_EQ(below.lines, Lines{"script/package: --repository: '/dev/null/www' cannot be made"});
 }
 
 }  // namespace

@@ -91,9 +91,18 @@ bool announce(const fs::path& root, NSDictionary item, NSObject value) {
 
 constexpr const char* unheard = "tilo-settings: written; no home screen runs that could be told\n";
 
+// A choice's title goes before what else its letters may mean.
+bridge::Object given(NSDictionary item, const std::string& word) {
+  const auto titles = bridge::as<NSArray>(item.objectForKey("validTitles"_ns));
+  const NSString title = string(word);
+  for (NSUInteger i = 0; i < titles.count(); ++i)
+    if (title.isEqual(bridge::as<NSObject>(titles.objectAtIndex(i)))) return title;
+  return settingObject(settingValue(word));
+}
+
 void set(const fs::path& root, const Words& words) {
   const NSDictionary item = itemNamed(words[0]);
-  const NSNumber value = storeSetting(item, words[0], words[1], settingObject(settingValue(words[1])));
+  const NSNumber value = storeSetting(item, words[0], words[1], bridge::as<NSObject>(given(item, words[1])));
   if (!announce(root, item, value)) std::cerr << unheard;
 }
 

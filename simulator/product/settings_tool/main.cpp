@@ -17,6 +17,9 @@
 #include "simulator/product/settings_tool/pane.hpp"
 #include "simulator/runtime/foundation.hpp"
 
+using LogHandler = void(id message);
+extern "C" LogHandler* _NSLog_printf_handler;
+
 namespace sim::product {
 namespace {
 
@@ -29,11 +32,13 @@ fs::path enterDevice(const std::string& folder) {
   std::error_code error;
   const fs::path root = fs::canonical(folder, error);
   if (error || root == "/" || root.native().size() >= PATH_MAX ||
-      !fs::is_directory(root / "var/mobile/Library/Preferences", error))
+      !fs::is_directory(root / "var/mobile", error))
     throw UsageError(fmt::format("--root: '{}' is no device's folder", folder));
+  fs::create_directories(root / "var/mobile/Library/Preferences");  // every device that has started has it
   redirection::keepReplacedFunctions();
   redirection::setRoot(root.native());
   prepareFoundation();
+  _NSLog_printf_handler = [](id) {};  // Foundation's own words for what a command says in one line
   return root;
 }
 

@@ -60,6 +60,16 @@ TEST_F(SettingsTool, KnowsChoicesByTheirTitles) {
   EXPECT_EQ(valueOf("custom_preset"), "-1\n");
 }
 
+TEST_F(SettingsTool, KnowsALayoutByItsTitleWhateverThatLooksLike) {
+  for (const char* name : {"7", "YES", "-0.5"}) {
+    ASSERT_EQ(run({"paste", std::string("tilo:1:1,2,3,4:") + name}).status, 0);
+    EXPECT_EQ(run({"set", "Layout", name}).status, 0) << name;
+  }
+  EXPECT_EQ(valueOf("custom_preset"), "2\n");
+  EXPECT_EQ(run({"set", "Layout", "0"}).status, 0);  // a position, for there is no such title
+  EXPECT_EQ(valueOf("custom_preset"), "0\n");
+}
+
 TEST_F(SettingsTool, RefusesWhatASettingCannotBe) {
   for (const auto& [name, value, fault] : {std::tuple{"enabled", "maybe", "YES or NO"},
                                            {"enabled", "1", "YES or NO"},
@@ -191,6 +201,15 @@ TEST_F(SettingsTool, LeavesAFileThatCannotBeParsedAsItIs) {
   expectError({"set", "rows", "6"}, "the preferences file cannot be read");
   std::ifstream now(file);
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(now), {}), "{ not a list");
+}
+
+// As a package's installation leaves it.
+TEST_F(SettingsTool, KnowsADeviceThatHasNotStartedYet) {
+  root = root / "installed";
+  fs::create_directories(root / "var/mobile/Documents");
+  EXPECT_EQ(run({"list"}).status, 0);
+  EXPECT_EQ(run({"set", "rows", "6"}).status, 0);
+  EXPECT_EQ(valueOf("rows"), "6.0\n");
 }
 
 TEST_F(SettingsTool, MakesNothingOfAFolderThatIsNoDevice) {

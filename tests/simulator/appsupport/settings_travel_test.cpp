@@ -165,6 +165,17 @@ TEST_F(TravellingSettings, StayAsTheyAreForABadBackup) {
   EXPECT_EQ(layouts(), presets);
 }
 
+TEST_F(TravellingSettings, NameAFileThatIsNoneInOneLine) {
+  fill();
+  const std::string settings = preferences(), presets = layouts();
+  for (const char* file : {"/nowhere/backup.json", "/dev", "/dev/null"})
+    expectError({"restore", file}, std::string("'") + file + "': the backup cannot be read");
+  for (const char* file : {"/nowhere/backup.json", "/dev"})
+    expectError({"backup", file}, std::string("'") + file + "': the backup cannot be written");
+  EXPECT_EQ(preferences(), settings);
+  EXPECT_EQ(layouts(), presets);
+}
+
 bool changesFiles(long call) {
   constexpr long calls[] = {SYS_rename, SYS_renameat, SYS_renameat2, SYS_unlink, SYS_unlinkat, SYS_mkdir};
   return std::ranges::find(calls, call) != std::end(calls);
