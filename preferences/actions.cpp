@@ -58,6 +58,8 @@ void tellAll(RootController self) {
   self.reloadSpecifiers();
 }
 
+NSString respringHint() { return "Some settings take effect after a respring."_ns; }
+
 NSString textAt(NSArray texts, bridge::Object position) {
   auto number = bridge::as<NSNumber>(position);
   NSUInteger place = static_cast<NSUInteger>(number.integerValue());
@@ -106,6 +108,7 @@ void restore(RootController self, bridge::Object chosen, PSSpecifier) {
   ask(joined("Replace all settings and layouts by those of "_ns, name, "?"_ns), "Restore"_ns, [self, file] {
     if (NSString fault = restoreFrom(file)) return say(joined("Nothing was changed: "_ns, fault, "."_ns));
     tellAll(self);
+    say(joined("Restored. "_ns, respringHint()));
   });
 }
 
@@ -113,6 +116,7 @@ void resetToDefaults(RootController self) {
   ask("Set everything as it was at first? Saved layouts stay."_ns, "Reset"_ns, [self] {
     if (!resetSettings()) return say("Nothing was changed: the settings cannot be written."_ns);
     tellAll(self);
+    say(joined("Set as at first. "_ns, respringHint()));
   });
 }
 

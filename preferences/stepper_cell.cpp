@@ -32,8 +32,12 @@ void show(StepperCell self, double count) {
   Cell::state(self).count->text.set(asText(count));
 }
 
+// Cells are used again for other rows.
 void refresh(StepperCell self, PSSpecifier row) {
   Cell::super<&PSTableCell::refreshCellContentsWithSpecifier>(self, row);
+  UIStepper stepper = Cell::state(self).stepper;
+  stepper.minimumValue.set(numberAt(row, "min"_ns));
+  stepper.maximumValue.set(numberAt(row, "max"_ns));
   bridge::Object value = bridge::as<PSViewController>(row.target()).readPreferenceValue(row);
   show(self, bridge::as<NSNumber>(value).doubleValue());
 }
@@ -45,8 +49,6 @@ bridge::Strong<PSTableCell> init(StepperCell self, NSInteger style, NSString nam
   StepperCellState& state = Cell::state(cell);
   state.stepper =
       bridge::make<UIStepper, &UIView::initWithFrame>(CGRect{{countWidth + gap, 0}, {stepperWidth, height}});
-  state.stepper->minimumValue.set(numberAt(row, "min"_ns));
-  state.stepper->maximumValue.set(numberAt(row, "max"_ns));
   state.stepper->addTarget_action_forControlEvents(
       cell, bridge::Descriptor<&StepperCell::stepped>::selector(), UIControlEventValueChanged);
   state.count = bridge::make<UILabel, &UIView::initWithFrame>(CGRect{{0, 0}, {countWidth, height}});

@@ -81,7 +81,7 @@ bool isForDevices(NSString file) {
 std::string executableOf(const std::string& bundle) {
   const NSDictionary info = NSDictionary::dictionaryWithContentsOfFile(string(bundle + "/Info.plist"));
   const std::string name = textAt(info, "CFBundleExecutable"_ns), file = bundle + "/" + name;
-  if (!isForDevices(string(file))) return file;
+  if (image::takesDeviceFiles() || !isForDevices(string(file))) return file;
   const auto built = std::filesystem::canonical("/proc/self/exe").parent_path();
   return built / std::filesystem::path(bundle).filename() / name;
 }

@@ -154,6 +154,16 @@ TEST_F(PackageCheck, RefusesAPageWhoseExecutableIsAnotherFile) {
                 "/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib");
 }
 
+TEST_F(PackageCheck, RefusesALibraryOrAPageOfOneSlice) {
+  constexpr const char* lipo = "/usr/lib/llvm-19/bin/llvm-lipo";
+  const std::string page = "Library/PreferenceBundles/Tilo.bundle/Tilo";
+  expectRefused(fmt::format("for file in {0}/Tilo.dylib {1}; do {2} -thin arm64 $file -output ../thin && "
+                            "{2} -create ../thin -output $file; done",
+                            libraries, page, lipo),
+                fmt::format("{}/Tilo.dylib: armv7: 0 slices, not 1", libraries));
+  expect(check(), page + ": armv7: 0 slices, not 1");
+}
+
 TEST_F(PackageCheck, RefusesALibraryWithoutEntitlementsBlob) {
   Bytes bytes = device::test::contentsOf(library);
   device::test::takeOutEntitlements(bytes, device::readImage(bytes).front());
@@ -207,9 +217,13 @@ TEST_F(PackageCheck, RefusesAnotherProcessor) {
                 "control: Architecture is arm64");
 }
 
-TEST_F(PackageCheck, RefusesAPackageThatNeedsNoLoader) {
-  expectRefused("sed -i 's/^Depends: mobilesubstrate, /Depends: /' DEBIAN/control",
-                "control: does not depend on mobilesubstrate");
+TEST_F(PackageCheck, RefusesAPackageThatNeedsNothing) {
+  const Outcome outcome = judged("sed -i '/^Depends: /d' DEBIAN/control");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.lines, (Lines{"control: does not depend on mobilesubstrate",
+                                  "control: does not depend on preferenceloader",
+                                  "control: does not depend on firmware (>= 9.2)",
+                                  "control: does not depend on firmware (<< 13.0)"}));
 }
 
 TEST_F(PackageCheck, RefusesABundleWhoseListIsBroken) {

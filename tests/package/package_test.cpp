@@ -81,6 +81,18 @@ TEST_F(MadePackage, HasListsThatOthersRead) {
   }
 }
 
+// By a reader that knows nothing of ours.
+TEST_F(MadePackage, HasSignaturesThatOthersRead) {
+  for (const auto& [file, name] : {std::pair("MobileSubstrate/DynamicLibraries/Tilo.dylib", "com.wexor.tilo"),
+                                   {"PreferenceBundles/Tilo.bundle/Tilo", "com.wexor.tilo.preferences"}}) {
+    const Lines slices = must(fmt::format("python3 '{}/tests/device/read_signature.py' '{}/Library/{}'",
+                                          SOURCE, folder / "tree", file));
+    EXPECT_EQ(slices.size(), 2u) << file;
+    for (const std::string& slice : slices)
+      EXPECT_TRUE(slice.ends_with(std::string(" pages, ") + name)) << slice;
+  }
+}
+
 TEST_F(MadePackage, HasSumsOfItsFiles) {
   must(fmt::format("dpkg-deb -R '{0}' '{1}' && cd '{1}' && md5sum --check --quiet DEBIAN/md5sums", file,
                    folder / "unpacked"));

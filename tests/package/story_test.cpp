@@ -56,17 +56,20 @@ TEST(InstalledStories, AreToldWithAnInjector) { tellAll("sbinject"); }
 TEST(InstalledPage, IsFoundWhereSettingsLooks) {
   Folder made;
   Phone phone;
+  fs::create_directories(phone.path(injectorPath));
   phone.install(madePackage(made));
   const std::string steps = made / "steps.txt";
   write(steps, "settings\nwait 0.5\n");
-  EXPECT_EQ(
-      must(fmt::format("'{}/tilo-sim' --root '{}' --installed --script '{}' --report - | jq -r .application",
-                       BUILD, phone.root, steps)),
-      Lines{"Settings"});
+  const auto opened = [&](const char* loader) {
+    return run(
+        fmt::format("'{}/tilo-sim' --root '{}' --installed --loader {} --script '{}' --report - "
+                    "| jq -r '[.loaded, .application] | join(\" \")'; exit ${{PIPESTATUS[0]}}",
+                    BUILD, phone.root, loader, steps));
+  };
+  for (const char* loader : {"substrate", "sbinject"})
+    EXPECT_EQ(opened(loader).lines, Lines{"true Settings"}) << loader;
   fs::remove(phone.path("/Library/PreferenceLoader/Preferences/Tilo.plist"));
-  EXPECT_EQ(run(fmt::format("'{}/tilo-sim' --root '{}' --installed --script '{}'", BUILD, phone.root, steps))
-                .status,
-            2);
+  EXPECT_EQ(opened("substrate").status, 2);
 }
 
 }  // namespace

@@ -81,6 +81,7 @@ TEST(PaneButton, BacksUpAndRestoresWhatWasThen) {
   EXPECT_EQ(home.stored("rows"), 3.0);
   home.tap(file);
   answer(home, "Restore");
+  EXPECT_EQ(message(home), "Restored. Some settings take effect after a respring.");
   EXPECT_EQ(home.stored("rows"), 7.0);
   EXPECT_EQ(home.stored("square"), Json(true));
   EXPECT_EQ(home.contents(test::presetsPath), presets);
@@ -93,6 +94,7 @@ TEST(PaneButton, ResetsAfterAQuestionAndKeepsLayouts) {
   EXPECT_EQ(home.stored("rows"), 7);
   press(home, "Reset to Defaults");
   answer(home, "Reset");
+  EXPECT_EQ(message(home), "Set as at first. Some settings take effect after a respring.");
   EXPECT_EQ(home.stored("rows"), 5.0);
   EXPECT_EQ(home.stored("square"), Json());
   EXPECT_EQ(home.report()["presets"]["configurations"].size(), 1u);

@@ -116,6 +116,16 @@ TEST(Pane, TakesWholeNumbersWhereOnlyTheseWillDo) {
   EXPECT_NEAR(home.stored("topIconInset").get<double>(), 40.5, 1);
 }
 
+// A framework may use a cell again for another row of its class.
+TEST(Pane, CountsWithinTheRangeOfTheRowThatACellIsUsedAgainFor) {
+  PaneHome home({"--set", "rows=6", "--set", "dockIcons=9"});
+  EXPECT_EQ(PaneHome::stepper("Rows").maximumValue(), 15);
+  sim::preferences::shownCell("Rows").refreshCellContentsWithSpecifier(
+      sim::preferences::shownCell("Dock Icons").specifier());
+  EXPECT_EQ(PaneHome::stepper("Rows").maximumValue(), 10);
+  EXPECT_EQ(count("Rows"), 9);
+}
+
 TEST(Pane, ShowsWhatThePanelHasChanged) {
   PaneHome home({"--set", "enabled=YES", "--set", "quick=YES", "--set", "horiIconPadding=5"});
   home.leave();
