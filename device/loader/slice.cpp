@@ -5,12 +5,14 @@
 #include <iterator>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "device/loader/crash.hpp"
 #include "device/loader/crossings.hpp"
 #include "device/loader/imports.hpp"
 #include "device/loader/memory.hpp"
+#include "simulator/device/file_state.hpp"
 #include "simulator/device/image.hpp"
 
 namespace device::loader {
@@ -23,6 +25,7 @@ constexpr const char* architecture = "armv7";
 #endif
 
 struct Slice {
+  std::optional<sim::FileState> state;
   std::vector<uint8_t> file;
   Layout layout;
   uint8_t* base = nullptr;
@@ -49,8 +52,17 @@ Policy policyFor(const std::vector<uint8_t>& file) {
   return policy;
 }
 
+// As a phone's loader has it: a file is loaded once.
+void* loadedFrom(const std::optional<sim::FileState>& file) {
+  for (const auto& [base, slice] : loaded)
+    if (file && slice->state == file) return base;
+  return nullptr;
+}
+
 void* open(const char* path, std::string& error) try {
   auto slice = std::make_unique<Slice>();
+  slice->state = sim::stateOf(path);
+  if (void* image = loadedFrom(slice->state)) return image;
   std::ifstream in(path, std::ios::binary);
   slice->file.assign(std::istreambuf_iterator<char>(in), {});
   if (!isUniversal(slice->file)) return host.open(path, error);

@@ -1,7 +1,6 @@
 // The geometry engine's values: what is read from the settings, and what is measured of the screen.
 #include "startup/grid/geometry.hpp"
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "platform/uikit/device.hpp"
@@ -156,15 +155,10 @@ INSTANTIATE_TEST_SUITE_P(OfDevices, ScreenSizes, testing::ValuesIn(measured), []
   return name;
 });
 
-// As the injection loader does it, some time before SpringBoard makes its icon controller.
-void loadEarly(sim::Simulation&) {
-  ASSERT_TRUE(dlopen("/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib", RTLD_LAZY | RTLD_GLOBAL));
-}
-
 TEST(Geometry, IsEmptyUntilSpringBoardMakesItsIconController) {
   bool seen = false;
-  Home home(homeOptions("iPad Air", fourValues), [&](sim::Simulation& simulation) {
-    loadEarly(simulation);
+  Home home(homeOptions("iPad Air", fourValues), [&](sim::Simulation&) {
+    test::loadLibrary();
     seen = true;
     EXPECT_EQ(exportedFraming(), (Values{0, 0, 0, 0}));
     for (const char* rect : {"tilo::screenRect", "tilo::screenNativeRect"})

@@ -8,9 +8,19 @@
 #include <vector>
 
 #include "bridge/replace.hpp"
+#include "simulator/device/image.hpp"
 #include "tests/support/home.hpp"
 
 namespace test {
+
+constexpr const char* libraryFile = "/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib";
+
+// As the injection loader does it, some time before SpringBoard makes its icon controller.
+inline void loadLibrary() {
+  std::string error;
+  ASSERT_TRUE(sim::image::open(libraryFile, error)) << error;
+  sim::image::publish(libraryFile);
+}
 
 // A device whose preference domain holds `settings`, each KEY=VALUE.
 inline std::vector<std::string> homeOptions(const std::string& device,

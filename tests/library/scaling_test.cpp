@@ -1,5 +1,4 @@
 // How a length made for the 4-inch screen is stretched to another screen.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -207,16 +206,11 @@ TEST(Scaling, GoesByTheUprightCountsHeldSideways) {
   EXPECT_DOUBLE_EQ(adjustWidth(10, 3), 10 * (1080. / 640) * 1.4);
 }
 
-// As the injection loader does it, before SpringBoard makes its icon controller.
-void loadLibrary() {
-  ASSERT_TRUE(dlopen("/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib", RTLD_LAZY | RTLD_GLOBAL));
-}
-
 TEST(Scaling, IsOffUntilTheScreenIsMeasured) {
   bool seen = false;
   auto presets = test::withPresets({test::preset("Scaled", 0, 11, 12, 13, 14)});
   Home home(homeOptions("iPad Air", {"enabled=YES"}, presets), [&](sim::Simulation&) {
-    loadLibrary();
+    test::loadLibrary();
     expectUnscaled();
     auto page = bridge::make<SBRootIconListView, &UIView::initWithFrame>(CGRect{});
     EXPECT_EQ(page->verticalIconPadding(), 11);

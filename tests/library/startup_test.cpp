@@ -14,6 +14,7 @@
 #include "platform/springboard/icon_scroll_view.hpp"
 #include "settings/gesture_controller.hpp"
 #include "settings/store/configuration_manager.hpp"
+#include "simulator/device/image.hpp"
 #include "simulator/runtime/console.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "tests/library/device_files.hpp"
@@ -225,7 +226,8 @@ TEST(SharedState, HasNoDictionaryForADomainWithoutKeys) {
 TEST(Loading, TwiceRunsNothingASecondTime) {
   Home home;
   sim::Json before = home.report();
-  void* again = dlopen("/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib", RTLD_LAZY | RTLD_GLOBAL);
+  std::string error;
+  void* again = sim::image::open("/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib", error);
   EXPECT_EQ(again, home.simulation().libraries().front());
   EXPECT_EQ(home.report(), before);
 }

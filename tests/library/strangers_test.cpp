@@ -1,5 +1,4 @@
 // Other people's libraries that took our names first, and the library loaded twice.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -10,6 +9,7 @@
 #include "bridge/replace.hpp"
 #include "platform/foundation/bundle.hpp"
 #include "platform/springboard/icon_scroll_view.hpp"
+#include "simulator/device/image.hpp"
 #include "simulator/device/temporary_root.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "tests/library/panel_home.hpp"
@@ -232,8 +232,9 @@ class Copy {
   explicit Copy(Home& home) {
     const std::filesystem::path file = folder.path() / "Copy.dylib";
     std::filesystem::copy_file(home.file("/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib"), file);
-    image = dlopen(file.c_str(), RTLD_NOW | RTLD_GLOBAL);
-    EXPECT_TRUE(image) << dlerror();
+    std::string error;
+    image = sim::image::open(file, error);
+    EXPECT_TRUE(image) << error;
     EXPECT_NE(image, home.simulation().libraries().front());
   }
 

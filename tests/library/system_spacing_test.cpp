@@ -1,5 +1,4 @@
 // When SpringBoard itself is asked for a spacing value, and what the library keeps of it.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "tests/library/grid_home.hpp"
@@ -135,7 +134,7 @@ TEST(SystemSideInset, IsTheOneOfTheOrientation) {
 TEST(IconControllerReference, ComesWithTheHorizontalPadding) {
   bool seen = false;
   Home home(homeOptions("iPhone 7", on), [&](sim::Simulation&) {
-    ASSERT_TRUE(dlopen("/Library/MobileSubstrate/DynamicLibraries/Tilo.dylib", RTLD_LAZY | RTLD_GLOBAL));
+    test::loadLibrary();
     auto page = bridge::make<SBRootIconListView, &UIView::initWithFrame>(CGRect{});
     page->verticalIconPadding();
     page->sideIconInset();
