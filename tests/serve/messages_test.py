@@ -176,6 +176,19 @@ class SavedSteps(Messages):
 
 
 class Settings(Messages):
+    def test_their_files_are_read_once_and_not_for_each_of_them(self):
+        rows = [row for row in self.page.answer("settings") if "key" in row]
+        before = self.bytes_read()
+        self.page.answer("settings")
+        file = os.path.getsize(os.path.join(os.path.dirname(PROGRAM), "Tilo.bundle/Root.plist"))
+        self.assertLess(self.bytes_read() - before, 4 * file)
+        self.assertGreater(len(rows), 8)
+
+    def bytes_read(self):
+        (home,) = self.served.home_processes()
+        with open(f"/proc/{home}/io", encoding="ascii") as counts:
+            return int(counts.readline().removeprefix("rchar: "))
+
     def test_what_a_setting_cannot_be_is_refused_with_its_name_and_changes_nothing(self):
         before = self.page.report()["preferences"]
         for key, value, fault in (("rows", 99, "'99' for 'rows': it has to be from 1 to 15"),
