@@ -94,8 +94,10 @@ constexpr ReportRow rows[] = {
     {"respringsAsked", [](Simulation&) -> Json { return springboard::relaunchesAskedFor(); },
      "how often SpringBoard was asked to start anew; the next run on the same root is that start"},
     {"relayouts", relayouts,
-     "every call of SpringBoard's relayout entry points (SpringBoard itself makes none): `page`, `duration` "
-     "in seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},
+     "the last 1,000 calls of SpringBoard's relayout entry points (SpringBoard itself makes none): `page`, "
+     "`duration` in seconds, `call` (`\"domino\"` or `\"animationType\"`), `at` in seconds since the start"},
+    {"relayoutsLeftOut", [](Simulation&) -> Json { return springboard::relayoutsLeftOut(); },
+     "how many calls were before these"},
     {"answers", [](Simulation&) { return answers(); },
      "what the step `send` was answered, in order: `message` and `value`; of the step `trace` also `given`"},
     {"time", [](Simulation&) { return number(clock::now()); }, "seconds since the start"},

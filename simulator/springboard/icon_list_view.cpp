@@ -14,12 +14,6 @@
 #include "simulator/springboard/system_class.hpp"
 
 namespace sim::springboard {
-
-std::vector<Relayout>& relayouts() {
-  static auto& list = *new std::vector<Relayout>();
-  return list;
-}
-
 namespace {
 
 struct ListState {
@@ -81,7 +75,7 @@ void setIconsNeedLayout(SBIconListView self) { List::state(self).iconsNeedLayout
 
 void relayout(SBIconListView self, double duration, const char* call) {
   auto& state = List::state(self);
-  relayouts().push_back({state.page, duration, call, clock::now()});
+  noteRelayout({state.page, duration, call, clock::now()});
   if (!state.iconsNeedLayout) return;
   UIView::animateWithDuration_animations(duration, bridge::Block<void()>([self] { placeIcons(self); }));
 }

@@ -1,6 +1,7 @@
-// Every call of SpringBoard's relayout entry points. SpringBoard itself makes none.
+// The calls of SpringBoard's relayout entry points, those of late. SpringBoard itself makes none.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,12 @@ struct Relayout {
   double at;         // seconds since the start
 };
 
-std::vector<Relayout>& relayouts();
+/** Writes one down. From the first on, all take the same memory. */
+void noteRelayout(Relayout call);
+
+/** The last thousand, in their order. */
+std::vector<Relayout> relayouts();
+/** How many were before these. */
+std::size_t relayoutsLeftOut();
 
 }  // namespace sim::springboard

@@ -148,6 +148,7 @@ CASES = {
     "relayouts[].call": lambda: (scene("panel")["relayouts"][0]["call"], scene("eleven")["relayouts"][0]["call"]) ==
                                 ("domino", "animationType"),
     "relayouts[].at": lambda: 1 < scene("panel")["relayouts"][0]["at"] < scene("panel")["time"],
+    "relayoutsLeftOut": lambda: scene("panel")["relayoutsLeftOut"] == 0,
     "time": lambda: (scene("stock")["time"], round(scene("launched")["time"], 6)) == (0, 1.05),
 }
 
@@ -165,7 +166,8 @@ class Names(unittest.TestCase):
     """That the tests above are of every key that is promised, and that the program tells of them all."""
 
     PROMISED = ("device ios orientation loaded pages classRows classColumns hooks iconSupport folder dock pageDots framing panel "
-                "alert hud preferences presets log console application openedURLs relayouts time").split()
+                "alert hud preferences presets log console application openedURLs relayouts relayoutsLeftOut "
+                "time").split()
 
     def test_every_promised_key_is_there(self):
         self.assertEqual([key for key in self.PROMISED if key not in scene("stock")], [])

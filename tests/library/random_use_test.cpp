@@ -13,7 +13,6 @@
 namespace {
 
 using test::allocatedBytes;
-using test::bytesOfRelayouts;
 using test::Home;
 
 constexpr int batches = 10, stepsInABatch = 300;
@@ -141,7 +140,7 @@ TEST_P(RandomUse, LeavesTheHomeScreenRunningAndItsMemoryFlat) {
       }
     }
     settle(home);
-    bytes.push_back(allocatedBytes() - bytesOfRelayouts());
+    bytes.push_back(allocatedBytes());
   }
   sim::Json report = home.report();
   EXPECT_EQ(report["pages"].size(), 3);

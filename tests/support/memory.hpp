@@ -3,8 +3,6 @@
 
 #include <cstddef>
 
-#include "simulator/springboard/relayouts.hpp"
-
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define TEST_COUNTS_MEMORY
@@ -21,11 +19,6 @@ inline size_t allocatedBytes() {
 #else
   return 0;
 #endif
-}
-
-// What the report keeps of relayouts, which grows with every step of a slider's thumb.
-inline size_t bytesOfRelayouts() {
-  return sim::springboard::relayouts().capacity() * sizeof(sim::springboard::Relayout);
 }
 
 }  // namespace test

@@ -47,4 +47,14 @@ TEST(RelayoutCalls, AreNeverMadeBySpringBoard) {
   EXPECT_EQ(home.report()["relayouts"], Json::array());
 }
 
+TEST(RelayoutCalls, BeforeTheLastThousandAreCountedAndLeftOut) {
+  test::Home home({"--stock"});
+  constexpr int calls = 2345;
+  for (int call = 0; call < calls; ++call) home.page(0).layoutIconsIfNeeded_domino.ifAnswered(call, NO);
+  const Json report = home.report();
+  EXPECT_EQ(report["relayoutsLeftOut"], calls - 1000);
+  ASSERT_EQ(report["relayouts"].size(), 1000u);
+  for (int i = 0; i < 1000; ++i) EXPECT_EQ(report["relayouts"][i]["duration"], calls - 1000 + i);
+}
+
 }  // namespace
