@@ -1,13 +1,14 @@
 // Random use of home screens, step by step, with promises that hold after each: what a person who presses
 // everything would find.
 //
-//   monkey --steps N --seed S [--device NAME]... [--library FILE]...
+//   monkey --steps N --seed S [--device NAME]... [--library FILE]... [--told FILE]
 //
 // A failure is repeated with fewer and fewer steps, until none can be left out, and told as a script that
 // tilo-sim runs. Exit status 1 when something was wrong, 2 for a command line that makes no sense.
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <fstream>
 #include <iostream>
 
 #include "simulator/device/catalogue.hpp"
@@ -51,12 +52,22 @@ void show(const std::string& phone, const Setup& setup, uint64_t seed, const Tri
   for (const std::string& step : steps) fmt::print("  {}\n", step);
 }
 
-bool isWellUsed(const std::string& phone, const std::vector<std::string>& libraries, uint64_t seed,
-                int steps) {
-  Setup setup{.options = optionsOf(phone, libraries), .stock = {}};
+// A line a step, so that two runs can be laid side by side.
+void tell(const std::string& file, const std::string& phone, const Trial& trial) {
+  if (file.empty()) return;
+  std::ofstream out(file, std::ios::app);
+  for (size_t i = 0; i < trial.seen.size(); ++i)
+    out << phone << '\t' << i << '\t' << trial.seen[i] << '\t' << trial.steps[i] << '\n';
+  if (!out.flush()) throw std::runtime_error("cannot write '" + file + "'");
+}
+
+bool isWellUsed(const std::string& phone, const std::vector<std::string>& libraries, uint64_t seed, int steps,
+                const std::string& told) {
+  Setup setup{.options = optionsOf(phone, libraries), .stock = {}, .watched = !told.empty()};
   for (const char* orientation : {"portrait", "landscape"})
     setup.stock[orientation] = stockReport(setup.options, orientation);
   const Trial trial = play(setup, seed, steps);
+  tell(told, phone, trial);
   if (trial.failure) {
     show(phone, setup, seed, trial);
     return false;
@@ -74,14 +85,16 @@ int run(int count, char** arguments) {
   std::vector<std::string> phones{"iPhone 5s, 9.3.3", "iPhone 7, 10.2",  "iPhone 8 Plus, 11.4",
                                   "iPhone X, 12.1",   "iPad Air 2, 9.2", "iPad Pro (12.9-inch), 11.1"};
   std::vector<std::string> libraries;
+  std::string told;
   app.add_option("--steps", steps, "on each device")->check(CLI::PositiveNumber);
   app.add_option("--seed", seed, "another one, other steps");
   app.add_option("--device", phones, "a model, and after a comma its system; may repeat");
   app.add_option("--library", libraries, "in place of the library; may repeat");
+  app.add_option("--told", told, "a file that gets a line for each step: a sum of the report, and the step");
   CLI11_PARSE(app, count, arguments);
   try {
     bool good = true;
-    for (const std::string& phone : phones) good = isWellUsed(phone, libraries, seed, steps) && good;
+    for (const std::string& phone : phones) good = isWellUsed(phone, libraries, seed, steps, told) && good;
     return good ? 0 : 1;
   } catch (const std::exception& error) {
     std::cerr << "monkey: " << error.what() << '\n';

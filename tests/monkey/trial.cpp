@@ -1,5 +1,5 @@
 // The process of a trial tells its parent over a pipe, a line each: "do STEP" before a step, "left" when it
-// could not be done, "wrong WHAT" when a promise is broken.
+// could not be done, "saw SUM" of the report behind it, "wrong WHAT" when a promise is broken.
 #include "tests/monkey/trial.hpp"
 
 #include <fmt/format.h>
@@ -25,6 +25,13 @@ void say(int channel, const std::string& line) {
   if (::write(channel, whole.data(), whole.size()) < 0) ::_exit(4);
 }
 
+// The same on every processor, other than the standard library's.
+uint64_t sumOf(std::string_view text) {
+  uint64_t sum = 0xcbf29ce484222325;
+  for (const char letter : text) sum = (sum ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
+  return sum;
+}
+
 void live(const Setup& setup, const Source& source, int channel) {
   Home home(setup.options);
   Promises promises(home, setup.stock);
@@ -36,6 +43,7 @@ void live(const Setup& setup, const Source& source, int channel) {
       say(channel, "left");
       continue;
     }
+    if (setup.watched) say(channel, fmt::format("saw {:016x}", sumOf(home.report().dump())));
     if (const auto wrong = promises.broken(*step)) return say(channel, "wrong " + *wrong);
   }
   say(channel, "end");
@@ -66,6 +74,7 @@ Trial outcome(const std::string& told, const std::string& errors, int status) {
     const std::string line = told.substr(from, to - from);
     if (line.starts_with("do ")) trial.steps.push_back(line.substr(3));
     if (line == "left") trial.steps.pop_back();
+    if (line.starts_with("saw ")) trial.seen.push_back(line.substr(4));
     if (line.starts_with("wrong ")) trial.failure = line.substr(6);
     ended = line == "end" || trial.failure;
   }

@@ -14,10 +14,12 @@ namespace test::monkey {
 struct Setup {
   std::vector<std::string> options;        // of tilo-sim
   std::map<std::string, sim::Json> stock;  // reports without the library, by orientation
+  bool watched = false;                    // the report is looked at after each step
 };
 
 struct Trial {
   std::vector<std::string> steps;  // that could be done; the last is the one after which something was wrong
+  std::vector<std::string> seen;  // after each step, where that was wanted: a sum of all that the report says
   std::optional<std::string> failure;  // a word, a colon and the particulars; none when all went well
 };
 
