@@ -85,6 +85,7 @@ void Promises::followSettings(const std::string& step) {
     known[key] = value;
     if (!isOfARow) told.insert(key);
   }
+  if (isOfARow) followRow(step);
   constexpr std::string_view message = "message ListPreferencesDidChangeNotification name=";
   if (!step.starts_with(message)) return;
   const size_t end = step.find(' ', message.size());
@@ -92,6 +93,17 @@ void Promises::followSettings(const std::string& step) {
   const std::string index = step.substr(step.find('=', end) + 1);
   known[key] = index == "YES" || index == "NO" ? Json(index == "YES") : Json(std::stol(index));
   told.insert(key);
+}
+
+// What a row stores may be what the file has already, while the library was told something else.
+void Promises::followRow(const std::string& step) {
+  const Json panel = reportOf(home, sim::product::panelKeys(), "panel");
+  const size_t open = step.find('"') + 1;
+  const std::string caption = step.substr(open, step.find('"', open) - open);
+  if (panel.isNull() || !panel["rows"].contains(caption)) return;
+  const Json& row = panel["rows"][caption];
+  const auto key = row["key"].get<std::string>();
+  if (stored.contains(key) && close(reported(row["value"]), single(stored, key), 1)) known[key] = stored[key];
 }
 
 std::optional<std::string> Promises::panels() {

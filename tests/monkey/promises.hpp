@@ -22,6 +22,7 @@ class Promises {
  private:
   void follow(const std::string& step);
   void followSettings(const std::string& step);
+  void followRow(const std::string& step);
   std::optional<std::string> panels();
   std::optional<std::string> rows();
   std::optional<std::string> presetsFile();
