@@ -24,7 +24,7 @@ using Bar = bridge::Implementation<RQBarProgressView, BarState>;
 
 Strong<UIView> initWithFrame(RQBarProgressView self, CGRect frame) {
   auto made = Bar::super<&UIView::initWithFrame>(self, frame);
-  if (!made) return made;
+  if (!made) return {};
   auto view = bridge::as<RQBarProgressView>(made.get());
   beTransparent(view);
   view.lineColor.set(UIColor::whiteColor());

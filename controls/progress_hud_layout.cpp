@@ -1,12 +1,11 @@
 // Where indicator and texts go, and how large the box around them is.
+#include <algorithm>
+
 #include "controls/progress_hud_parts.hpp"
 #include "platform/uikit/string_drawing.hpp"
 
 namespace tilo::hud {
 namespace {
-
-constexpr CGFloat least(CGFloat one, CGFloat other) { return one < other ? one : other; }
-constexpr CGFloat most(CGFloat one, CGFloat other) { return one > other ? one : other; }
 
 CGFloat roundedUp(CGFloat length) {
   const CGFloat whole = static_cast<CGFloat>(static_cast<int>(length));
@@ -27,7 +26,8 @@ CGSize measure(UILabel label, CGSize room) {
   const CGRect rect =
       bridge::as<NSExtendedStringDrawing>(text).boundingRectWithSize_options_attributes_context(
           room, NSStringDrawingUsesLineFragmentOrigin, attributes, {});
-  return {least(roundedUp(rect.size.width), room.width), least(roundedUp(rect.size.height), room.height)};
+  return {std::min(roundedUp(rect.size.width), room.width),
+          std::min(roundedUp(rect.size.height), room.height)};
 }
 
 // Views one below the other.
@@ -37,7 +37,7 @@ class Column {
   void add(UIView view, CGSize size) {
     if (size.width > 0 && size.height > 0) {
       if (total.height > 0) total.height += padding;
-      total = {most(total.width, size.width), total.height + size.height};
+      total = {std::max(total.width, size.width), total.height + size.height};
     }
     views[count] = view;
     sizes[count++] = size;
@@ -67,13 +67,13 @@ CGSize boxAround(CGSize content, CGSize room, RQProgressHUD self) {
   const CGFloat margin = static_cast<CGFloat>(self.margin());
   CGSize box{content.width + 2 * margin, content.height + 2 * margin};
   if (self.square()) {
-    const CGFloat side = most(box.width, box.height);
+    const CGFloat side = std::max(box.width, box.height);
     // The view's own margins come before the square.
-    box.width = most(box.width, least(side, room.width - 2 * margin));
-    box.height = most(box.height, least(side, room.height - 2 * margin));
+    box.width = std::max(box.width, std::min(side, room.width - 2 * margin));
+    box.height = std::max(box.height, std::min(side, room.height - 2 * margin));
   }
   const CGSize minimum = self.minSize();
-  return {most(box.width, minimum.width), most(box.height, minimum.height)};
+  return {std::max(box.width, minimum.width), std::max(box.height, minimum.height)};
 }
 
 }  // namespace
@@ -82,12 +82,13 @@ void layoutSubviews(RQProgressHUD self) {
   HUDState& state = HUD::state(self);
   const CGRect bounds = self.bounds();
   const CGFloat margin = static_cast<CGFloat>(self.margin());
-  const CGSize room{most(bounds.size.width - 4 * margin, 0), most(bounds.size.height - 4 * margin, 0)};
+  const CGSize room{std::max<CGFloat>(bounds.size.width - 4 * margin, 0),
+                    std::max<CGFloat>(bounds.size.height - 4 * margin, 0)};
 
   Column column;
   if (state.indicator) column.add(state.indicator, state.indicator->bounds().size);
   column.add(state.label, measure(state.label, room));
-  const CGSize rest{room.width, most(room.height - column.size().height - padding, 0)};
+  const CGSize rest{room.width, std::max<CGFloat>(room.height - column.size().height - padding, 0)};
   column.add(state.detailsLabel, measure(state.detailsLabel, rest));
   column.place({bounds.origin.x + bounds.size.width / 2 + static_cast<CGFloat>(self.xOffset()),
                 bounds.origin.y + bounds.size.height / 2 + static_cast<CGFloat>(self.yOffset())});

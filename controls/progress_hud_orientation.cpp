@@ -42,8 +42,6 @@ void cover(RQProgressHUD self) {
   const CGSize size = sideways ? CGSize{whole.size.height, whole.size.width} : whole.size;
   self.bounds.set({{0, 0}, size});
   self.center.set({whole.origin.x + whole.size.width / 2, whole.origin.y + whole.size.height / 2});
-  self.setNeedsLayout();
-  self.setNeedsDisplay();
 }
 
 }  // namespace

@@ -77,7 +77,6 @@ void hideNow(RQProgressHUD self) {
         }),
         bridge::Block<void(BOOL)>([alive](BOOL) { bridge::as<Own>(alive.get()).done(); }));
   } else {
-    self.alpha.set(0);
     bridge::as<Own>(self).done();
   }
 }
@@ -108,20 +107,14 @@ void hide(RQProgressHUD self, BOOL animated) {
   state.useAnimation = animated;
   stop(state.minShowTimer);
   const double least = static_cast<double>(self.minShowTime());
-  if (least > 0 && state.showStarted) {
-    const double shown = secondsSince(state.showStarted);
-    if (shown < least) {
-      state.minShowTimer = timer(self, least - shown, bridge::selector<"handleMinShowTimer:">());
-      return;
-    }
-  }
-  hideNow(self);
+  const double shown = state.showStarted ? secondsSince(state.showStarted) : least;
+  if (shown < least)
+    state.minShowTimer = timer(self, least - shown, bridge::selector<"handleMinShowTimer:">());
+  else
+    hideNow(self);
 }
 
-void handleMinShowTimer(RQProgressHUD self, NSTimer) {
-  HUD::state(self).minShowTimer.clear();
-  hideNow(self);
-}
+void handleMinShowTimer(RQProgressHUD self, NSTimer) { hideNow(self); }
 
 void hideLater(RQProgressHUD self, BOOL animated, double delay) {
   bridge::as<NSDelayedPerforming>(self).performSelector_withObject_afterDelay(

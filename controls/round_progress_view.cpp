@@ -27,7 +27,7 @@ using Round = bridge::Implementation<RQRoundProgressView, RoundState>;
 
 Strong<UIView> initWithFrame(RQRoundProgressView self, CGRect frame) {
   auto made = Round::super<&UIView::initWithFrame>(self, frame);
-  if (!made) return made;
+  if (!made) return {};
   auto view = bridge::as<RQRoundProgressView>(made.get());
   beTransparent(view);
   view.progressTintColor.set(UIColor::colorWithWhite_alpha(1, 1));

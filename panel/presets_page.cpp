@@ -27,14 +27,13 @@ constexpr double fading = 0.4;  // seconds
 constexpr CGFloat blinkAlpha = 0.5;
 constexpr double noticeTime = 0.7;  // seconds
 
-UIButton addButton(RQPopupView self, CGFloat x, NSString title, UIColor color, SEL action) {
+void addButton(RQPopupView self, CGFloat x, NSString title, UIColor color, SEL action) {
   UIButton button = UIButton::buttonWithType(UIButtonTypeCustom);
   button.frame.set({{x, self.frame().size.height - buttonFromBottom}, buttonSize});
   button.setTitle_forState(title, UIControlStateNormal);
   button.setTitleColor_forState(color, UIControlStateNormal);
   button.addTarget_action_forControlEvents(self, action, UIControlEventTouchUpInside);
   self.scrollView().addSubview(button);
-  return button;
 }
 
 void addCaption(RQPopupView self, CGFloat pageLeft) {

@@ -209,8 +209,8 @@ void scrollViewDidScroll(RQPopupView self, UIScrollView view) {
   const CGFloat width = sizeOf(view).width;
   if (!(width > 0)) return;
   CGFloat page = view.contentOffset().x / width;
-  // To the nearest page, halves away from zero.
-  self.pageControl().currentPage.set(static_cast<NSInteger>(page < 0 ? page - 0.5 : page + 0.5));
+  // The nearest page; left of the first there is none.
+  self.pageControl().currentPage.set(static_cast<NSInteger>(page + 0.5));
 }
 
 }  // namespace tilo::panel

@@ -6,6 +6,11 @@ SWAPS = [(" == ", " != "), (" != ", " == "), (" < ", " <= "), (" <= ", " < "), (
          (" && ", " || "), (" || ", " && "), (" + ", " - "), (" - ", " + "), (" * ", " / "), (" / ", " * "),
          ("YES", "NO"), ("NO", "YES"), ("true", "false"), ("false", "true")]
 NUMBER = re.compile(r"(?<![\w.\"'])(\d+(?:\.\d+)?(?:e\d+)?)(?![\w.\"'])")
+# A local array with room to spare holds what it held.
+ROOM = re.compile(r"^\s+\w+ \w+\[\d+\];")
+# Colours, and views that fade, take no more than all, which is 1 or 255: less is tried, as more looks the same.
+WHOLE = {"1": re.compile(r"colorWith|alpha\.set\(|\bfade(To)?\("), "255": re.compile("")}
+LESS = {"1": "0", "255": "127"}
 CONDITION = re.compile(r"\b(?:if|while) \((?!auto|const)(.+)\)")
 CHOICE = re.compile(r"([\w(][\w().:<>&, ]*) \? ")
 NEGATION = re.compile(r"!(?=[\w(])")
@@ -52,10 +57,9 @@ def changes_of(lines):
         for old, new in SWAPS:
             for match in re.finditer(r"\b" + old + r"\b" if old.isalpha() else re.escape(old), code):
                 yield here, here, f"{old.strip()} becomes {new.strip()}", changed(*match.span(), new)
-        for match in NUMBER.finditer(code):
+        for match in NUMBER.finditer(code) if not ROOM.match(code) else ():
             text = match.group()
-            octal = text.isdigit() and text.startswith("0") and text != "0"
-            new = f"0{int(text, 8) + 1:o}" if octal else str(int(text) + 1) if text.isdigit() else str(float(text) * 2 if float(text) >= 10 else float(text) + 0.5)
+            new = LESS[text] if text in LESS and WHOLE[text].search(code) else another(text)
             yield here, here, f"{text} becomes {new}", changed(*match.span(), new)
         for match in NEGATION.finditer(code):
             yield here, here, "'!' is left out", changed(*match.span(), "")
@@ -92,6 +96,12 @@ def changes_of(lines):
             after, last, other = found[number + 1]
             if after == end and is_call(other) and not is_declaration(other):
                 yield begin + 1, last, "it comes after the next", lines[:begin] + lines[end:last] + lines[begin:end] + lines[last:]
+
+
+def another(number):
+    if not number.isdigit():
+        return str(float(number) * 2 if float(number) >= 10 else float(number) + 0.5)
+    return f"0{int(number, 8) + 1:o}" if number.startswith("0") and number != "0" else str(int(number) + 1)
 
 
 def balanced(code, begin):

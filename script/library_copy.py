@@ -1,4 +1,5 @@
-"""The copy of the tree that script/mutate works in, and the library that is built there from changed sources."""
+"""The copy of the tree that script/mutate works in, and the library that is built there from changed sources, with the page in
+Settings, which has some of them too."""
 import collections
 import fcntl
 import json
@@ -16,6 +17,8 @@ COPY = ROOT / "build" / "mutate"
 BUILD = COPY / "build" / "changes"
 KEPT = BUILD / "objects"
 LIBRARY = ("startup", "hooks", "settings", "panel", "controls")
+# What is linked from sources of the library: itself, then the page.
+LINKED = ("libTilo.so", "Tilo.bundle/Tilo")
 
 
 def must(command):
@@ -51,23 +54,24 @@ def copy_tree():
 
 
 class Place:
-    """A folder with the program of tests and a library of its own beside it, as the program looks for it."""
+    """A folder with the program of tests and a library and page of its own beside it, as the program looks for them."""
 
     def __init__(self, name):
         self.folder = KEPT / name
         self.sources = self.folder / "sources"
-        self.library = self.folder / "libTilo.so"
         self.tests = self.folder / "library-tests"
         shutil.rmtree(self.folder, ignore_errors=True)
         self.sources.mkdir(parents=True)
-        for each in BUILD.iterdir():
-            if each == KEPT or each.name == self.library.name:
+        (self.folder / LINKED[1]).parent.mkdir()
+        for each in [*BUILD.iterdir(), *(BUILD / LINKED[1]).parent.iterdir()]:
+            name = each.relative_to(BUILD)
+            if each == KEPT or str(name) in LINKED or (self.folder / name).exists():
                 continue
             # A program asks where it is itself, and a symbolic link would tell of the other folder.
             elif each.is_file():
-                os.link(each, self.folder / each.name)
+                os.link(each, self.folder / name)
             else:
-                (self.folder / each.name).symlink_to(each)
+                (self.folder / name).symlink_to(each)
 
 
 class Library:
@@ -81,24 +85,34 @@ class Library:
         self.commands = {}
         for entry in json.loads((BUILD / "compile_commands.json").read_text()):
             source = pathlib.Path(entry["file"]).relative_to(COPY)
-            if source.parts[0] in LIBRARY:
-                words = entry["command"].split()
-                start = next(index for index, word in enumerate(words) if re.search(r"clang\+\+(-\d+)?$", word))
-                self.commands[source] = [word.replace('\\"', '"') for word in words[start:]]
-        link = must(["ninja", "-C", BUILD, "-t", "commands", "libTilo.so"]).splitlines()[-1].split()
-        start = next(index for index, word in enumerate(link) if re.search(r"clang\+\+(-\d+)?$", word))
-        self.link_command = [word for word in link[start:] if not word.endswith(".cpp.o") and word not in ("&&", ":")]
+            if source.parts[0] in LIBRARY and "/Tilo.dir/" in entry["command"]:
+                self.commands[source] = self.from_compiler(entry["command"].replace('\\"', '"'))
+        self.link_commands, self.objects = {}, {}
+        for name in LINKED:
+            words = self.from_compiler(must(["ninja", "-C", BUILD, "-t", "commands", name]).splitlines()[-1])
+            self.link_commands[name] = [word for word in words if not word.endswith(".cpp.o") and word not in ("&&", ":")]
+            self.objects[name] = {self.source_of(word): BUILD / word for word in words if word.endswith(".cpp.o")}
         needed = must(["ninja", "-C", BUILD, "-t", "deps"])
         self.includers = collections.defaultdict(list)
         for block in needed.split("\n\n"):
             lines = block.splitlines()
-            found = re.match(r"startup/CMakeFiles/Tilo\.dir/(.+)\.o:", lines[0]) if lines else None
-            if found:
-                source = pathlib.Path(os.path.normpath("startup/" + found.group(1).replace("__", "..")))
+            object, colon, _ = lines[0].partition(".o:") if lines else ("", "", "")
+            if colon and "/Tilo.dir/" in object:
+                source = self.source_of(object + ".o")
                 for line in lines[1:]:
                     path = pathlib.Path(os.path.normpath(BUILD / line.strip()))
                     if path.is_relative_to(COPY) and source in self.commands:
                         self.includers[path.relative_to(COPY)].append(source)
+
+    @staticmethod
+    def from_compiler(command):
+        words = command.split()
+        return words[next(index for index, word in enumerate(words) if re.search(r"clang\+\+(-\d+)?$", word)):]
+
+    @staticmethod
+    def source_of(object):
+        """Of an object's file, as the build names it."""
+        return pathlib.Path(os.path.normpath(re.sub(r"CMakeFiles/\w+\.dir/", "", object).replace("__", "..").removesuffix(".o")))
 
     def compile(self, source, target, *flags, text=None, tell=False):
         """Whether it compiled; with `tell`, what was wrong, or None."""
@@ -109,32 +123,44 @@ class Library:
         done = subprocess.run(words, cwd=BUILD, capture_output=True, text=True)
         return (done.stderr if done.returncode else None) if tell else done.returncode == 0
 
-    def link(self, objects, target):
-        words = list(self.link_command)
-        words[words.index("-o") + 1] = str(target)
-        return subprocess.run(words + [str(each) for each in objects], cwd=BUILD, capture_output=True).returncode == 0
+    def link(self, folder, changed, *extra):
+        """What has a changed object, of {source: object}, into the folder; whether all of it could be linked."""
+        for name, objects in self.objects.items():
+            target = folder / name
+            target.unlink(missing_ok=True)
+            if not objects.keys() & changed.keys():
+                continue
+            target.parent.mkdir(parents=True, exist_ok=True)
+            words = list(self.link_commands[name])
+            words[words.index("-o") + 1] = str(target)
+            words += [str(changed.get(source, object)) for source, object in objects.items()] + [str(each) for each in extra]
+            if subprocess.run(words, cwd=BUILD, capture_output=True).returncode != 0:
+                return False
+        return True
 
     @staticmethod
-    def take(place, library):
-        """One that is built already, into the place."""
-        place.library.unlink(missing_ok=True)
-        os.link(library, place.library)
+    def take(place, folder):
+        """What is linked in the folder already, into the place, and what is not, as it stands."""
+        for name in LINKED:
+            (place.folder / name).unlink(missing_ok=True)
+            os.link(folder / name if (folder / name).exists() else BUILD / name, place.folder / name)
 
-    def build(self, place, *flags, extra=()):
-        """All of it, into the place, with more flags than it ships with."""
-        objects = []
+    def build(self, folder, *flags, extra=()):
+        """The library into the folder, with more flags than it ships with."""
+        folder.mkdir()
+        changed = {}
         for source in self.commands:
-            objects.append(place.folder / (str(source).replace("/", "_") + ".o"))
-            if not self.compile(source, objects[-1], *flags):
+            changed[source] = folder / (str(source).replace("/", "_") + ".o")
+            if not self.compile(source, changed[source], *flags):
                 sys.exit(f"mutate: {source} does not compile as it stands")
-        self.link([*objects, *extra], place.library)
+        if not self.link(folder, changed, *extra):
+            sys.exit("mutate: what notes lines cannot be linked")
 
     def build_combined(self, folder, path, lines, changes, left_out):
-        """A library with as many of the changes in one as go into one, and the numbers of these."""
+        """Into the folder a library with as many of the changes in one as go into one; the numbers of these."""
         if path not in self.commands:
-            return None, set()
-        text, objects = folder / "changed.cpp", []
-        chooser, target, library = folder / "chosen_change.o", folder / "changed.o", folder / "combined.so"
+            return set()
+        text, chooser, target = folder / "changed.cpp", folder / "chosen_change.o", folder / "changed.o"
         folder.mkdir(exist_ok=True)
         must(["clang++-19", "-std=c++23", "-fPIC", "-c", COPY / "script/chosen_change.cpp", "-o", chooser])
         out, constants = set(left_out), True
@@ -147,15 +173,12 @@ class Library:
             # What a line of a change has wrong keeps that change out; what any other has, constants first.
             wrong = {whose[int(line) - 1] for line in re.findall(rf"{re.escape(str(text))}:(\d+):", told)} - {None}
             if not wrong and not constants:
-                return None, set()
+                return set()
             constants = constants and bool(wrong)
             out |= wrong
         else:
-            return None, set()
-        for source, words in self.commands.items():
-            objects.append(target if source == path else BUILD / words[words.index("-o") + 1])
-        library.unlink(missing_ok=True)
-        return (library, held) if self.link([*objects, chooser], library) else (None, set())
+            return set()
+        return held if self.link(folder, {path: target}, chooser) else set()
 
     def build_changed(self, place, path, text):
         """The library with this text for the source or header `path`, into the place; false when that does not compile."""
@@ -164,14 +187,15 @@ class Library:
         changed.parent.mkdir(parents=True)
         changed.write_text(text)
         touched = [path] if path in self.commands else self.includers[path]
-        objects = []
-        for source, words in self.commands.items():
-            if source not in touched:
-                objects.append(BUILD / words[words.index("-o") + 1])
-                continue
-            objects.append(place.folder / (str(source).replace("/", "_") + ".o"))
+        made = {}
+        for source in touched:
+            made[source] = place.folder / (str(source).replace("/", "_") + ".o")
             # A changed header is found before the one that it is a change of.
-            if not self.compile(source, objects[-1], f"-I{place.sources}", text=changed if source == path else None):
+            if not self.compile(source, made[source], f"-I{place.sources}", text=changed if source == path else None):
                 return False
-        place.library.unlink(missing_ok=True)
-        return self.link(objects, place.library)
+        if not self.link(place.folder, made):
+            return False
+        for name in LINKED:
+            if not (place.folder / name).exists():
+                os.link(BUILD / name, place.folder / name)
+        return True

@@ -40,7 +40,7 @@ class Outcomes:
         return self.all.get(key, {}).get("result", "not tried")
 
     def pending(self, key, choice, tests):
-        """The tests that have to look for a change; None when what was found holds still."""
+        """The tests that have to look for a change, none for one that is only compiled; None when what was found holds still."""
         before = self.all.get(key, {})
         if before.get("result") == "does not compile":
             return None
@@ -51,13 +51,15 @@ class Outcomes:
         if new:
             return new
         if "result" not in before or before["result"] == "killed":
-            self.keep(key, {"result": "survives" if tests else "no test comes by", "tried": {}}, choice)
+            return []
         return None
 
     def find(self, key, library, place, path, text, number, choice, tests):
         """Runs them over the change, which the place's library holds under its number where it has one."""
         if number is None and not library.build_changed(place, path, text):
             kept = {"result": "does not compile"}
+        elif not tests:
+            kept = {"result": "no test comes by"}
         else:
             by = self.noticed(place, tests, choice, number)
             tried = self.all.get(key, {}).get("tried", {}) | {name: choice.texts[name] for name in tests}

@@ -12,9 +12,13 @@ import shutil
 import subprocess
 import sys
 
-from library_copy import BUILD, COPY, KEPT, LIBRARY, Place, must
+from library_copy import BUILD, COPY, KEPT, LIBRARY, LINKED, Place, must
 
-TESTS = COPY / "tests" / "library"
+FOLDERS = (COPY / "tests" / "library", COPY / "tests" / "preferences")
+
+
+def files_of_tests():
+    return [file for folder in FOLDERS for file in folder.glob("*_test.cpp")]
 
 
 def digest(paths):
@@ -36,8 +40,8 @@ def plain(name):
 
 def texts_of_tests():
     """{test: what its file holds, in short}, and {test: its file's name}; a test of an unknown file is in all of them."""
-    texts, files = collections.defaultdict(lambda: digest(TESTS.glob("*_test.cpp"))), {}
-    for file in TESTS.glob("*_test.cpp"):
+    texts, files = collections.defaultdict(lambda: digest(files_of_tests())), {}
+    for file in files_of_tests():
         text = digest([file])
         for suite, name in re.findall(r"\bTEST(?:_F|_P)?\((\w+),\s*(\w+)\)", file.read_text()):
             texts[f"{suite}.{name}"] = text
@@ -71,7 +75,7 @@ def learn_lines(library):
 
 def words_of_tests():
     found = {}
-    for file in TESTS.glob("*_test.cpp"):
+    for file in files_of_tests():
         for piece in re.split(r"^(?=TEST)", file.read_text(), flags=re.MULTILINE)[1:]:
             suite, name = re.match(r"TEST(?:_F|_P)?\((\w+),\s*(\w+)\)", piece).groups()
             found[f"{suite}.{name}"] = words_of(piece)
@@ -97,17 +101,17 @@ def follow_edits(known):
 
 def run_noting(library, names, known):
     place = Place("noting")
-    noting = KEPT / f"noting-{digest(path for folder in LIBRARY for path in (COPY / folder).rglob('*.[ch]pp'))}.so"
-    if not noting.exists():
-        for old in KEPT.glob("noting-*.so"):
-            old.unlink()
+    noting = KEPT / f"noting-{digest(path for folder in LIBRARY for path in (COPY / folder).rglob('*.[ch]pp'))}"
+    if not (noting / LINKED[0]).exists():
+        for old in KEPT.glob("noting-*"):
+            shutil.rmtree(old)
         recorder = place.folder / "touched_lines.o"
-        must(["clang++-19", "-std=c++23", "-fPIC", "-O2", "-c", COPY / "script/touched_lines.cpp", "-o", recorder])
-        library.build(place, "-fsanitize-coverage=edge,trace-pc-guard", extra=[recorder])
-        os.rename(place.library, noting)
+        must(["clang++-19", "-std=c++23", "-fPIC", "-fvisibility=hidden", "-O2", "-c", COPY / "script/touched_lines.cpp", "-o", recorder])
+        library.build(noting, "-fsanitize-coverage=edge,trace-pc-guard", extra=[recorder])
     library.take(place, noting)
     folder, times, wanted = place.folder / "touched", place.folder / "times", place.folder / "names"
-    folder.mkdir()
+    for name in LINKED:
+        (folder / pathlib.Path(name).name).mkdir(parents=True)
     wanted.write_text("\n".join(names) + "\n")
     done = subprocess.run([place.tests, "--jobs", "2", "--times", times, "--names", wanted], cwd=COPY, capture_output=True, text=True,
                           env={**os.environ, "TILO_TOUCHED": str(folder)})
@@ -117,13 +121,25 @@ def run_noting(library, names, known):
     for line in times.read_text().splitlines():
         took, name = line.split(" ", 1)
         known["seconds"][name] = float(took) / 1000
+    found = {name: collections.defaultdict(set) for name in names}
+    for linked in LINKED:
+        for name, places in lines_touched(folder / pathlib.Path(linked).name, place.folder / linked).items():
+            for path, numbers in places if name in found and name not in failed else ():
+                found[name][path] |= numbers
+    for name, lines in found.items():
+        known["lines"][name] = {path: sorted(numbers) for path, numbers in lines.items()}
+    shutil.rmtree(place.folder)
+
+
+def lines_touched(folder, library):
+    """{test: [(source, lines)]} of the addresses in the library that are noted in the folder."""
     touched = {}
     for file in folder.iterdir():
         places = array.array("Q")
         places.frombytes(file.read_bytes())
         touched[file.name.replace("@", "/")] = set(places)
     places = sorted(set().union(*touched.values()))
-    told = subprocess.run(["llvm-symbolizer-19", "--obj=" + str(place.library), "--output-style=JSON", "--no-inlines"],
+    told = subprocess.run(["llvm-symbolizer-19", "--obj=" + str(library), "--output-style=JSON", "--no-inlines"],
                           input="\n".join(hex(each - 1) for each in places), capture_output=True, text=True, cwd=COPY).stdout
     where = {}
     for each, line in zip(places, told.splitlines()):
@@ -131,12 +147,7 @@ def run_noting(library, names, known):
             path = pathlib.Path(os.path.normpath(BUILD / symbol["FileName"]))
             if path.is_relative_to(COPY) and path.relative_to(COPY).parts[0] in LIBRARY:
                 where[each] = (str(path.relative_to(COPY)), {symbol.get("StartLine", 0), symbol["Line"]})
-    for name in names:
-        lines = collections.defaultdict(set)
-        for path, numbers in (where[each] for each in touched.get(name, ()) if each in where and name not in failed):
-            lines[path] |= numbers
-        known["lines"][name] = {path: sorted(numbers) for path, numbers in lines.items()}
-    shutil.rmtree(place.folder)
+    return {name: [where[each] for each in each_places if each in where] for name, each_places in touched.items()}
 
 
 class Choice:
@@ -155,7 +166,7 @@ class Choice:
         self.kills = outcomes.kills(path)
         # Files of tests that are named like it, then those that name it.
         words = {word.rstrip("s") for word in path.stem.split("_") if len(word) > 3} | {path.stem}
-        text = {file.stem: file.read_text() for file in TESTS.glob("*_test.cpp")}
+        text = {file.stem: file.read_text() for file in files_of_tests()}
         nearness = {stem: 0 if any(word in stem for word in words) else 1 if path.stem in text[stem] else 2 for stem in text}
         self.far = {name: nearness.get(file, 2) for name, file in known["files"].items()}
         # How much of what a test comes by is of this source.

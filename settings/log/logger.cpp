@@ -35,7 +35,7 @@ bridge::Strong<NSObject> init(DPHLogger self) {
 bridge::Strong<DPHLogger> initWithFilePath(DPHLogger self, NSString path) {
   auto made = Logger::superInit<&NSObject::init>(self);
   const char* place = path.UTF8String();
-  if (made && place) Logger::state(made.get()).file = std::fopen(place, "w");
+  if (place) Logger::state(made.get()).file = std::fopen(place, "w");
   return made;
 }
 

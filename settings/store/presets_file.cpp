@@ -30,7 +30,7 @@ bool exists(NSString file) { return NSFileManager::defaultManager().fileExistsAt
 
 // Nil where the bytes are no presets document.
 NSArray listIn(NSData bytes) {
-  if (bytes.length() == 0) return {};
+  if (!bytes) return {};
   bridge::Object document = NSJSONSerialization::JSONObjectWithData_options_error(bytes, 0, nullptr);
   if (!bridge::isKindOf<NSDictionary>(document)) return {};
   bridge::Object list = bridge::as<NSDictionary>(document).objectForKey(keys::configurations);

@@ -1,4 +1,6 @@
 // CFError and CFRelease: the objects are Foundation's.
+#include <cstdlib>
+
 #include "platform/corefoundation/error.hpp"
 #include "platform/foundation/string.hpp"
 #include "simulator/runtime/export.hpp"
@@ -15,4 +17,8 @@ SIMULATOR_EXPORT id CFErrorCopyDescription(id error) {
   return bridge::retain(bridge::as<NSError>(error).localizedDescription().raw);
 }
 
-SIMULATOR_EXPORT void CFRelease(id object) { bridge::release(object); }
+// Of nothing, it ends the process.
+SIMULATOR_EXPORT void CFRelease(id object) {
+  if (!object) std::abort();
+  bridge::release(object);
+}

@@ -122,8 +122,9 @@ void prepareFoundation() {
 }  // namespace sim
 
 // Only the Documents directory is ever asked for.
-SIMULATOR_EXPORT id NSSearchPathForDirectoriesInDomains(NSUInteger directory, NSUInteger, BOOL) {
+SIMULATOR_EXPORT id NSSearchPathForDirectoriesInDomains(NSUInteger directory, NSUInteger, BOOL expanded) {
   auto found = bridge::make<NSMutableArray, &NSObject::init>();
-  if (directory == NSDocumentDirectory) found->addObject("/var/mobile/Documents"_ns);
+  if (directory == NSDocumentDirectory)
+    found->addObject(expanded ? "/var/mobile/Documents"_ns : "~/Documents"_ns);
   return std::move(found).autoreleased().raw;
 }

@@ -135,6 +135,7 @@ TEST(LightColor, HasAMeanOfThreeQuartersOrMore) {
   Home home;
   EXPECT_TRUE(made(0.75, 0.75, 0.75).bb_isLightColor());
   EXPECT_TRUE(made(1, 1, 0.25).bb_isLightColor());
+  EXPECT_TRUE(made(1, 0.7, 0.7).bb_isLightColor());
   EXPECT_FALSE(made(1, 1, 0.24).bb_isLightColor());
   EXPECT_FALSE(made(0.749, 0.749, 0.749).bb_isLightColor());
 }

@@ -12,6 +12,7 @@
 #include "platform/uikit/application.hpp"
 #include "platform/uikit/layer.hpp"
 #include "simulator/device/clock.hpp"
+#include "simulator/uikit/drawing/drawing_context.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 #include "tests/support/home.hpp"
@@ -137,6 +138,18 @@ TEST(FlatButton, IsRedrawnInAnotherColor) {
   expectNear(screen.fill(), UIColor::blueColor());
   button->setType(tilo::BButtonTypeSuccess);
   expectNear(screen.fill(), ButtonColor::bb_successColorV3());
+}
+
+TEST(FlatButton, HasAnOutlineOfOnePointWhateverWasDrawnBefore) {
+  Home home;
+  const sim::Surface image = sim::makeImage(40, 20);
+  const sim::Context cairo(image.get());
+  const sim::uikit::DrawingContext drawing(cairo);
+  CGContextSetLineWidth(UIGraphicsGetCurrentContext(), 8);
+  const CGRect whole{{0, 0}, {40, 20}};
+  bridge::make<BButton, &BButton::initWithFrame_color_style>(whole, orange(), 1)->drawRect(whole);
+  expectNear(sim::test::pixelAt(image.get(), 20, 0), darker(0.06f));
+  expectNear(sim::test::pixelAt(image.get(), 20, 2), orange());
 }
 
 TEST(ClearButton, ShowsNothingButItsTitle) {

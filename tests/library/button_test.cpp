@@ -90,6 +90,14 @@ TEST(Button, OfTheOlderLookHasABoldTitleWithItsShadowAbove) {
   EXPECT_EQ(button->titleLabel().shadowOffset(), (CGSize{0, -1}));
 }
 
+TEST(Button, ThatChangesToTheFlatLookLosesItsTitlesShadow) {
+  Home home;
+  auto button = colored(dark(), 0);
+  button->setTextAttributesForStyle(1);
+  EXPECT_STREQ(button->titleLabel().font().fontName().UTF8String(), ".SFUIText");
+  EXPECT_EQ(button->titleLabel().shadowOffset(), (CGSize{0, 0}));
+}
+
 TEST(Button, OfAnyColorKeepsThatColor) {
   Home home;
   for (const NSUInteger style : {0, 1, 2}) {
@@ -270,6 +278,7 @@ TEST(CornerRadius, IsThatOfTheStyle) {
   Home home;
   EXPECT_EQ(BButton::cornerRadiusForStyle(0).floatValue(), 6);
   EXPECT_EQ(BButton::cornerRadiusForStyle(1).floatValue(), 4);
+  ASSERT_TRUE(BButton::cornerRadiusForStyle(2));
   EXPECT_EQ(BButton::cornerRadiusForStyle(2).floatValue(), 0);
   EXPECT_EQ(makeButton(0, 0)->buttonCornerRadius().floatValue(), 6);
   EXPECT_EQ(makeButton(0, 1)->buttonCornerRadius().floatValue(), 4);

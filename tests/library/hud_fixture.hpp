@@ -35,7 +35,11 @@ class HUD : public testing::Test {
   static sim::LayerValues shown(UIView of) { return sim::uikit::layerOf(of).presentation(now()); }
   double alpha() const { return shown(hud.get()).opacity; }
   // How large the box is drawn, 1 being its own size.
-  double scale() const { return shown(hud.get()).transform.a; }
+  double scale() const {
+    const auto turned = shown(hud.get()).transform;
+    EXPECT_EQ(turned.a, turned.d);
+    return turned.a;
+  }
 
   static void layOut() { sim::uikit::layoutPass(); }
 

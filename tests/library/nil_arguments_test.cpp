@@ -149,10 +149,11 @@ TEST(Nothing, IsNoLineOfTheLog) {
 TEST(NoWidth, IsNoPageOfAScrollView) {
   PanelHome home;
   home.open();
+  home.step("page 1");
   const auto empty = bridge::make<UIScrollView, &UIView::initWithFrame>(CGRect{});
   bridge::as<UIScrollViewDelegate>(PanelHome::panel()).scrollViewDidScroll(empty);
   bridge::as<UIScrollViewDelegate>(PanelHome::panel()).scrollViewDidScroll({});
-  EXPECT_EQ(PanelHome::panel().pageControl().currentPage(), 0);
+  EXPECT_EQ(PanelHome::panel().pageControl().currentPage(), 1);
 }
 
 // The notice box's task on no queue in particular.

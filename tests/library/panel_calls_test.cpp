@@ -73,6 +73,15 @@ TEST(Export, SaysThatItIsDoneForAMoment) {
   EXPECT_EQ(home.report()["hud"], nullptr);
 }
 
+TEST(Export, FadesItsNoticeIn) {
+  PanelHome home;
+  home.open();
+  home.step("call exportSettings");
+  EXPECT_EQ(home.report()["hud"]["alpha"], 0);
+  home.wait(0.15);
+  EXPECT_NEAR(home.report()["hud"]["alpha"].get<double>(), 0.5, 0.01);
+}
+
 TEST(OpenSettings, OpensTheSettingsAndClosesThePanel) {
   PanelHome home;
   home.open();

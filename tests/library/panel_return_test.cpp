@@ -3,7 +3,9 @@
 
 #include "platform/uikit/alert_controller.hpp"
 #include "platform/uikit/application.hpp"
+#include "simulator/device/clock.hpp"
 #include "simulator/uikit/alerts/presentation.hpp"
+#include "simulator/uikit/views/view.hpp"
 #include "tests/library/presets_home.hpp"
 
 namespace {
@@ -24,6 +26,15 @@ class APanelThatAsksForAName : public testing::Test {
 
   PanelHome home;
 };
+
+TEST_F(APanelThatAsksForAName, AsksByAnAlertThatFadesIn) {
+  home.step("tap \"Add\"");
+  const UIView alert = root().presentedViewController().view();
+  const auto opacity = [alert] { return sim::uikit::layerOf(alert).presentation(sim::clock::now()).opacity; };
+  EXPECT_EQ(opacity(), 0);
+  home.wait(1);
+  EXPECT_EQ(opacity(), 1);
+}
 
 TEST_F(APanelThatAsksForAName, ComesBackWhereTheAlertIsRefused) {
   home.step("refuse-alerts");
@@ -78,6 +89,33 @@ TEST_F(APanelThatAsksForAName, IsNotBroughtBackByAnEarlierAlert) {
   home.step("choose \"Cancel\"");
   home.wait(0.5);
   EXPECT_EQ(alpha(), 1);
+}
+
+// The same, of an alert that was answered.
+TEST_F(APanelThatAsksForAName, ComesBackWithTheAnswerNotWithTheAlertsEnd) {
+  for (const char* answer : {"Add", "Cancel"}) {
+    home.step("tap \"Add\"");
+    home.wait(0.5);
+    const auto kept = bridge::retained(root().presentedViewController());
+    home.step(std::string("choose \"") + answer + "\"");
+    home.wait(0.5);
+    EXPECT_EQ(alpha(), 1) << answer;
+  }
+}
+
+TEST_F(APanelThatAsksForAName, StaysFadedForASliderWhenAnAnsweredAlertDies) {
+  for (const char* answer : {"Add", "Cancel"}) {
+    home.step("tap \"Add\"");
+    auto kept = bridge::retained(root().presentedViewController());
+    home.step(std::string("choose \"") + answer + "\"");
+    home.wait(1);
+    home.step("increment \"Top Inset\" 1");
+    home.wait(0.5);
+    kept.clear();
+    home.wait(0.5);
+    EXPECT_EQ(alpha(), 0.5) << answer;
+    home.wait(4);
+  }
 }
 
 TEST_F(APanelThatAsksForAName, IsUsableWhenItHasComeBack) {

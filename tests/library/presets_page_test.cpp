@@ -90,6 +90,19 @@ TEST(PresetsPage, KeepsNoSelectButtonAndNoDataSource) {
   EXPECT_TRUE(home.panel().pickerView().showsSelectionIndicator());
 }
 
+// One that somebody else sets.
+TEST(PresetsPage, LetsASelectButtonBePressedWhileThereAreLayouts) {
+  PresetsHome home({});
+  home.openPresets();
+  const auto button = bridge::make<tilo::BButton, &UIView::initWithFrame>(CGRect{{0, 0}, {50, 50}});
+  home.panel().select.set(button);
+  home.panel().getData();
+  EXPECT_FALSE(button->enabled());
+  home.write(test::presetsPath, test::presetsDocument(Json(layouts({"Home"}))));
+  home.panel().getData();
+  EXPECT_TRUE(button->enabled());
+}
+
 TEST(PresetsPage, ListsTheLayoutsInTheOrderOfTheFile) {
   PresetsHome home(layouts({"Home", "Away", "Home"}));
   home.openPresets();

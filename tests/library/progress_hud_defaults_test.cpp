@@ -1,6 +1,7 @@
 // What a new notice box is, how one is made, and which of them a view has.
 #include "platform/uikit/activity_indicator.hpp"
 #include "platform/uikit/layer.hpp"
+#include "tests/library/grid_home.hpp"
 #include "tests/library/hud_fixture.hpp"
 #include "tests/support/raised.hpp"
 
@@ -100,6 +101,24 @@ TEST_F(ProgressHUD, DiesWithItsView) {
   home.step("wait 1");
 }
 
+std::vector<std::string> forgotten;
+void noteForgotten(NSKeyValueObserving self, bridge::Object observer, NSString key) {
+  forgotten.push_back(key.UTF8String());
+  bridge::original<noteForgotten>(self, observer, key);
+}
+
+// Systems before 11 end a process in which an object dies that is still observed.
+TEST_F(ProgressHUD, NoLongerObservesItselfWhenItDies) {
+  standIn<NSKeyValueObserving, &NSKeyValueObserving::removeObserver_forKeyPath, noteForgotten>();
+  {
+    bridge::make<RQProgressHUD, &RQProgressHUD::initWithView>(view.get());
+  }
+  std::sort(forgotten.begin(), forgotten.end());
+  EXPECT_EQ(forgotten, (std::vector<std::string>{"customView", "detailsLabelColor", "detailsLabelFont",
+                                                 "detailsLabelText", "labelColor", "labelFont", "labelText",
+                                                 "mode", "progress"}));
+}
+
 // Which ones a view has.
 
 TEST_F(ProgressHUD, IsShownInAViewInOneGo) {
@@ -157,6 +176,11 @@ TEST_F(ProgressHUD, IsHiddenForItsViewByAnAnimation) {
 TEST_F(ProgressHUD, ThatAViewDoesNotHaveIsNotHidden) {
   EXPECT_FALSE(RQProgressHUD::hideHUDForView_animated(window(), NO));
   EXPECT_FALSE(RQProgressHUD::hideAllHUDsForView_animated(window(), NO));
+}
+
+TEST_F(ProgressHUD, OfAViewThatHasOneIsHiddenWithAll) {
+  EXPECT_TRUE(RQProgressHUD::hideAllHUDsForView_animated(view.get(), NO));
+  EXPECT_FALSE(hud->superview());
 }
 
 TEST_F(ProgressHUD, OfAViewAreHiddenAllTogether) {

@@ -1,4 +1,5 @@
 // The box and its background on the screen.
+#include "simulator/coregraphics/gradient.hpp"
 #include "tests/library/hud_fixture.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 
@@ -67,6 +68,20 @@ TEST_F(ProgressHUDDrawing, DimsTheBackgroundTowardsTheEdges) {
   EXPECT_GT(outside().red, at(5, 667 / 2.0).red);
   expectNear(at(2, 2), 64, 64, 64);
   expectNear(at(372, 660), 64, 64, 64);
+}
+
+TEST_F(ProgressHUDDrawing, DimsTheBackgroundByHalfAsMuchHalfWay) {
+  hud->dimBackground.set(YES);
+  hud->show(NO);
+  const int half = 255 - 255 * 3 / 8;
+  expectNear(at(375 / 2.0, 667 / 2.0 + 375 / 2.0), half, half, half);
+}
+
+TEST_F(ProgressHUDDrawing, LetsGoOfWhatItDimsTheBackgroundWith) {
+  hud->dimBackground.set(YES);
+  hud->show(NO);
+  expectNear(at(2, 2), 64, 64, 64);
+  EXPECT_EQ(sim::heldGradients, 0);
 }
 
 TEST_F(ProgressHUDDrawing, IsDrawnAnewWhenAModeChangesItsSize) {

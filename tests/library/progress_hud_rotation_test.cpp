@@ -45,6 +45,14 @@ TEST_F(ProgressHUDRotation, OfAHUDInAViewLeavesTheTurningToTheView) {
   EXPECT_EQ(hud->bounds().size, (CGSize{1024, 768}));
 }
 
+// Of a view that lets its subviews stand when it is laid out anew.
+TEST_F(ProgressHUDRotation, PutsTheHUDInTheMiddleOfItsViewAgain) {
+  view->autoresizesSubviews.set(NO);
+  view->bounds.set({{10, 20}, {300, 200}});
+  home.step("rotate landscape");
+  EXPECT_EQ(hud->frame(), (CGRect{{10, 20}, {300, 200}}));
+}
+
 TEST_F(ProgressHUDRotation, OfAHUDWithoutAViewDoesNothing) {
   hud->removeFromSuperview();
   const CGRect before = hud->frame();

@@ -197,6 +197,35 @@ TEST_F(ProgressHUDShowing, HasOneGraceTimeHoweverOftenItIsAskedFor) {
   EXPECT_EQ(alpha(), 0);
 }
 
+TEST_F(ProgressHUDShowing, HasAGraceTimeEveryTime) {
+  hud->graceTime.set(0.25f);
+  hud->taskInProgress.set(YES);
+  for (int times = 0; times < 2; ++times) {
+    hud->show(NO);
+    pass(0.249);
+    EXPECT_EQ(alpha(), 0);
+    pass(0.001);
+    EXPECT_EQ(alpha(), 1);
+    hud->hide(NO);
+  }
+}
+
+TEST_F(ProgressHUDShowing, WithoutAGraceTimeEndsTheOneBefore) {
+  hud->graceTime.set(0.25f);
+  hud->taskInProgress.set(YES);
+  hud->show(NO);
+  hud->graceTime.set(0);
+  hud->show(NO);
+  EXPECT_EQ(alpha(), 1);
+  hud->hide(NO);
+  pass(1);
+  EXPECT_EQ(alpha(), 0);
+  hud->graceTime.set(0.25f);
+  hud->show(NO);
+  pass(0.25);
+  EXPECT_EQ(alpha(), 1);
+}
+
 TEST_F(ProgressHUDShowing, AfterTheGraceTimeIsAnimatedAsWasAsked) {
   hud->graceTime.set(0.25f);
   hud->taskInProgress.set(YES);
