@@ -67,8 +67,7 @@ void fillProgress(RQBarProgressView self, const CGRect& whole, CGFloat progress)
 void drawRect(RQBarProgressView self, CGRect) {
   const CGRect bounds = self.bounds();
   drawOutline(self, bounds);
-  const CGFloat progress = partOf(self.progress());
-  if (progress > 0) fillProgress(self, insetBy(bounds, inset), progress);
+  fillProgress(self, insetBy(bounds, inset), partOf(self.progress()));
 }
 
 }  // namespace

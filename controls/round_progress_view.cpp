@@ -57,14 +57,13 @@ void strokeRing(const CGRect& bounds, CGFloat progress, UIColor color) {
 
 void drawRing(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
   strokeRing(bounds, 1, self.backgroundTintColor());
-  if (progress > 0) strokeRing(bounds, progress, self.progressTintColor());
+  strokeRing(bounds, progress, self.progressTintColor());
 }
 
 void fillPie(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
   UIBezierPath path = UIBezierPath::bezierPath();
   path.moveToPoint(middleOf(bounds));
   addArc(path, bounds, smallerSideOf(bounds) / 2, progress);
-  path.closePath();
   self.progressTintColor().setFill();
   path.fill();
 }
@@ -77,7 +76,7 @@ void drawPie(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
   outline.fill();
   self.progressTintColor().setStroke();
   outline.stroke();
-  if (progress > 0) fillPie(self, disc, progress);
+  fillPie(self, disc, progress);
 }
 
 void drawRect(RQRoundProgressView self, CGRect) {

@@ -16,10 +16,8 @@ constexpr Components palette[] = {
 };
 
 UIColor opaque(const Components& of) {
-  constexpr CGFloat most = 255;
-  return UIColor::colorWithRed_green_blue_alpha(static_cast<CGFloat>(of.red) / most,
-                                                static_cast<CGFloat>(of.green) / most,
-                                                static_cast<CGFloat>(of.blue) / most, 1);
+  const auto part = [](int level) { return static_cast<CGFloat>(level) / 255; };
+  return UIColor::colorWithRed_green_blue_alpha(part(of.red), part(of.green), part(of.blue), 1);
 }
 
 UIColor darkModeBlack(Class) { return opaque({30, 30, 30}); }

@@ -8,8 +8,8 @@ SWAPS = [(" == ", " != "), (" != ", " == "), (" < ", " <= "), (" <= ", " < "), (
 NUMBER = re.compile(r"(?<![\w.\"'])(\d+(?:\.\d+)?(?:e\d+)?)(?![\w.\"'])")
 # A local array with room to spare holds what it held.
 ROOM = re.compile(r"^\s+\w+ \w+\[\d+\];")
-# Colours, and views that fade, take no more than all, which is 1 or 255: less is tried, as more looks the same.
-WHOLE = {"1": re.compile(r"colorWith|alpha\.set\(|\bfade(To)?\("), "255": re.compile("")}
+# Colours, views that fade and places in gradients take no more than all, which is 1 or 255: less is tried, as more looks the same.
+WHOLE = {"1": re.compile(r"colorWith|[pP]laces\[\]|alpha\.set\(|\bfade(To)?\("), "255": re.compile("")}
 LESS = {"1": "0", "255": "127"}
 CONDITION = re.compile(r"\b(?:if|while) \((?!auto|const)(.+)\)")
 CHOICE = re.compile(r"([\w(][\w().:<>&, ]*) \? ")

@@ -4,6 +4,7 @@
 // once a process.
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <limits.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -16,11 +17,14 @@ namespace {
 int opened(const char* library) {
   const char* const folder = std::getenv("TILO_TOUCHED");
   const char* const test = std::getenv("TEST_NAME");
-  if (!folder || !test) return -1;
+  char path[PATH_MAX];
+  // A device has the library by another name, as a link.
+  if (!folder || !test || !realpath(library, path)) return -1;
+  const std::string file = path;
   std::string name = test;
   std::replace(name.begin(), name.end(), '/', '@');
-  const std::string file = std::string(library).substr(std::string(library).rfind('/') + 1) + "/" + name;
-  return open((std::string(folder) + "/" + file).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+  return open((folder + file.substr(file.rfind('/')) + "/" + name).c_str(),
+              O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
 }
 
 }  // namespace

@@ -172,20 +172,32 @@ class Choice:
         # How much of what a test comes by is of this source.
         self.share = {name: len(lines.get(str(path), ())) / (1 + sum(map(len, lines.values()))) for name, lines in known["lines"].items()}
 
+    def head(self, line):
+        """Where the function begins that a line is of; what stands at the margin is of none."""
+        if not self.lines[line - 1].startswith(" "):
+            return None
+        return next((number for number in range(line, 0, -1) if re.match(r"[A-Za-z].*[({]", self.lines[number - 1])), 1)
+
     def about(self, first, last):
         """The words of the lines and of the function's head, and of the tests that come by; how rare they are counts."""
-        head = next((line for line in reversed(self.lines[:first]) if re.match(r"[A-Za-z].*[({]", line)), "")
-        return words_of(" ".join([head, *self.lines[first - 1:last]]))
+        return words_of(" ".join([self.lines[(self.head(first) or first) - 1], *self.lines[first - 1:last]]))
+
+    def users(self, first):
+        """Lines that name what a line at the margin gives a name."""
+        names = set(re.findall(r"(\w+)(?= =|\{|\[)", self.lines[first - 1]))
+        return [number for number, line in enumerate(self.lines, 1) if number != first and names & set(re.findall(r"\w+", line))]
 
     def tests(self, first, last):
-        near = set()
-        before = [line for line in self.by if line <= first]
-        for line in range(max(before, default=first), last + 1):
-            near |= self.by.get(line, set())
-        others = set()
-        for line, tests in self.by.items():
-            if not near or first - 40 <= line <= last + 1:
-                others |= tests
+        near, others = set(), set()
+        head = self.head(first)
+        for begin, place, end in [(head, first, last)] if head else [(self.head(each) or each, each, each) for each in self.users(first)]:
+            noted = [line for line in self.by if begin <= line <= place]
+            for line in range(max(noted, default=place), end + 1):
+                near |= self.by.get(line, set())
+            for line in range(begin, end + 2):
+                others |= self.by.get(line, set())
+        if not others:
+            others = set().union(*self.by.values())
 
         words = self.about(first, last)
 

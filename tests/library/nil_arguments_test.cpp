@@ -154,6 +154,9 @@ TEST(NoWidth, IsNoPageOfAScrollView) {
   bridge::as<UIScrollViewDelegate>(PanelHome::panel()).scrollViewDidScroll(empty);
   bridge::as<UIScrollViewDelegate>(PanelHome::panel()).scrollViewDidScroll({});
   EXPECT_EQ(PanelHome::panel().pageControl().currentPage(), 1);
+  const auto narrow = bridge::make<UIScrollView, &UIView::initWithFrame>(CGRect{{0, 0}, {1, 1}});
+  bridge::as<UIScrollViewDelegate>(PanelHome::panel()).scrollViewDidScroll(narrow);
+  EXPECT_EQ(PanelHome::panel().pageControl().currentPage(), 0) << "a point is a width";
 }
 
 // The notice box's task on no queue in particular.

@@ -104,6 +104,17 @@ TEST(OpenSettings, LeavesNothingToSwipeWhileItOpens) {
   EXPECT_NE(home.report()["panel"], nullptr);
 }
 
+BOOL refusedURL(UIApplication, NSURL) { return NO; }
+
+TEST(OpenSettings, ClosesThePanelThoughNothingOpens) {
+  PanelHome home;
+  home.open();
+  test::standIn<UIApplication, &UIApplication::openURL, refusedURL>();
+  home.step("call openSettings");
+  home.wait(1);
+  EXPECT_EQ(home.report()["panel"], nullptr);
+}
+
 TEST(Call, NeedsAPanel) {
   PanelHome home;
   EXPECT_EQ(refusal(home, "call exportSettings"), "test:1: there is no panel");

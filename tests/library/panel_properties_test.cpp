@@ -104,6 +104,15 @@ INSTANTIATE_TEST_SUITE_P(Names, PanelKey, testing::ValuesIn(namesBut("data")),
 INSTANTIATE_TEST_SUITE_P(Names, PanelObject, testing::ValuesIn(namesBut("rowSelected")),
                          [](const auto& test) { return test.param; });
 
+TEST(PanelProperties, IncludeTheSettingsThatItWritesInto) {
+  PanelHome home;
+  home.open();
+  auto other = bridge::retained(NSMutableDictionary::dictionary());
+  home.panel().rootObj.set(other);
+  home.panel().moveIcons(home.panel().topSlider());
+  EXPECT_EQ(sim::plain(other.get()), (sim::Json{{"custom_preset", -1}, {"topIconInset", 30}}));
+}
+
 TEST(PanelProperties, StandInTheOrderOfTheInterface) {
   PanelHome home;
   unsigned int count = 0;

@@ -52,6 +52,13 @@ TEST_F(ProgressHUDDrawing, TakesAColourWithItsOpacity) {
   expectNear(inBox(), 255, 153, 153);
 }
 
+TEST_F(ProgressHUDDrawing, IsDrawnAnewWithEveryTextAndColour) {
+  expectNear(inBox(), 51, 51, 51);
+  hud->color.set(UIColor::redColor());
+  hud->labelColor.set(UIColor::blackColor());
+  expectNear(inBox(), 255, 51, 51);
+}
+
 TEST_F(ProgressHUDDrawing, HasRoundCorners) { expectNear(corner(), 255, 255, 255); }
 
 TEST_F(ProgressHUDDrawing, TakesAnotherCornerRadius) {

@@ -82,6 +82,17 @@ TEST_F(RoundProgressView, WithoutProgressIsAnOutlinedDisc) {
   }
 }
 
+TEST_F(RoundProgressView, HasAnOutlineTwoPointsWide) {
+  for (const double radius : {16.8, 17.5, 17.9}) EXPECT_TRUE(isWhite(atHour(3, radius))) << radius;
+  for (const double radius : {15.9, 10.0}) EXPECT_TRUE(isFaint(atHour(3, radius))) << radius;
+}
+
+TEST_F(RoundProgressView, FillsAPieThatReachesToItsOutlineAndNoFurther) {
+  view->progress.set(0.3f);
+  for (const double radius : {5.0, 14.0, 16.0}) EXPECT_TRUE(isWhite(atHour(1.5, radius))) << radius;
+  EXPECT_TRUE(isBlack(atHour(1.5, 20)));
+}
+
 TEST_F(RoundProgressView, FillsAPieClockwiseFromTheTop) {
   view->progress.set(0.3f);  // 3.6 hours
   for (const double hour : {0.3, 2.0, 3.3}) EXPECT_TRUE(isWhite(atHour(hour, 10))) << hour;
