@@ -63,6 +63,15 @@ TEST_F(ABrokenOffRestore, IsBroughtToItsEnd) {
   EXPECT_FALSE(fs::exists(file(notePath)));
 }
 
+TEST_F(ABrokenOffRestore, TakesAwayTheOnlyKeyThatThereWas) {
+  write(test::preferencesPath, list("<key>labels</key><true/>"));
+  write(notePath, noteWith("<dict><key>rows</key><integer>7</integer></dict>",
+                           "<dict><key>labels</key><true/></dict>", layouts));
+  const Json preferences = start();
+  EXPECT_EQ(preferences["rows"], 7);
+  EXPECT_FALSE(preferences.contains("labels"));
+}
+
 TEST_F(ABrokenOffRestore, IsDoneOnce) {
   EXPECT_EQ(test::runSimulator({"--root", device.path().string()}).status, 0);
   EXPECT_FALSE(fs::exists(file(notePath)));

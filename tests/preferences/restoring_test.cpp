@@ -123,6 +123,12 @@ TEST_F(Restoration, PutsSettingsAndLayoutsInPlace) {
   EXPECT_FALSE(filesNow().contains(notePath));
 }
 
+TEST_F(Restoration, MakesTheLayoutsFolderWhereThereIsNone) {
+  fs::remove_all(home.file("/var/mobile/Documents/com.wexor.tilo3"));
+  EXPECT_EQ(restore(), "");
+  EXPECT_EQ(home.report()["presets"]["configurations"].size(), 2u);
+}
+
 TEST_F(Restoration, IsAllOrNothingForASpringBoardThatStartsAfterAKillAtAnySystemCall) {
   put(before);
   ASSERT_EQ(restore(), "");
