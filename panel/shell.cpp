@@ -208,9 +208,9 @@ void setupPanGesture(RQPopupView self) {
 void scrollViewDidScroll(RQPopupView self, UIScrollView view) {
   const CGFloat width = sizeOf(view).width;
   if (!(width > 0)) return;
-  CGFloat page = view.contentOffset().x / width;
-  // The nearest page; left of the first there is none.
-  self.pageControl().currentPage.set(static_cast<NSInteger>(page + 0.5));
+  // The page that has the middle; left of the first there is none.
+  const CGFloat middle = view.contentOffset().x + width / 2;
+  self.pageControl().currentPage.set(static_cast<NSInteger>(middle / width));
 }
 
 }  // namespace tilo::panel
