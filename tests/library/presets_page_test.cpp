@@ -90,6 +90,16 @@ TEST(PresetsPage, KeepsNoSelectButtonAndNoDataSource) {
   EXPECT_TRUE(home.panel().pickerView().showsSelectionIndicator());
 }
 
+TEST(PresetsPage, HasAPickerThatIsClearWhite) {
+  PresetsHome home({});
+  home.open();
+  const UIColor ground = home.panel().pickerView().backgroundColor();
+  ASSERT_TRUE(ground);
+  CGFloat red = 0, green = 0, blue = 0, alpha = 1;
+  ground.getRed_green_blue_alpha(&red, &green, &blue, &alpha);
+  EXPECT_EQ((std::vector<CGFloat>{red, green, blue, alpha}), (std::vector<CGFloat>{1, 1, 1, 0}));
+}
+
 // One that somebody else sets.
 TEST(PresetsPage, LetsASelectButtonBePressedWhileThereAreLayouts) {
   PresetsHome home({});
