@@ -41,6 +41,15 @@ class Page(PageTest):
                     shown_width <= width and shown_height <= height
             eventually(is_fitting, f"a screen for {width} x {height}")
 
+    def test_a_phone_and_its_buttons_fit_the_window(self):
+        self.serve("--device", "iPhone X")
+        heights = "return [document.querySelector('nav').getBoundingClientRect().bottom, document.body.scrollHeight, innerHeight]"
+
+        def is_fitting():
+            buttons, page, window = self.browser.run(heights)
+            return buttons <= window and page <= window
+        eventually(is_fitting, "all of it in the window")
+
     def test_what_is_asked_before_there_is_a_connection_is_answered(self):
         served = self.serve()
         # As early as a page's script can be.

@@ -103,5 +103,6 @@ takeInHand(screen, link, {note, noteKey});
 bindLayouts(link);
 bindRecord(screen);
 bindTabs();
+element('tabs').addEventListener('panel', () => outcome(''));
 
 window.tilo = {report: () => link.ask({type: 'report'}), step: (line) => link.step(line)};
