@@ -40,9 +40,19 @@ CASES = [
     ('tap "close"', PANEL, OPEN, 0.05, ["wait 1"], lambda old, new: old["panel"] and new["panel"] is None),
     ("tap 50 60", PANEL, [], 0.05, ["wait 1"], lambda old, new: new["application"] == "Messages"),
     ("two-finger-tap", PANEL + settings(twoFinger="YES"), [], None, ["wait 1"], lambda old, new: new["panel"]),
+    ("two-finger-tap 300 200", PANEL + settings(twoFinger="YES"), [], None, ["wait 1"], lambda old, new: new["panel"]),
+    ("press 6 300 200", PANEL + settings(forceTouch="YES"), [], 0.3, ["wait 1"], lambda old, new: new["panel"]),
     ("press 6", PANEL + settings(forceTouch="YES"), [], 0.3, ["wait 1"], lambda old, new: new["panel"]),
     ("press 1", PANEL + settings(forceTouch="YES"), [], 0.3, ["wait 1"], lambda old, new: new["panel"] is None),
     ("drag 300 300 50 300 0.2", ["--stock"], [], 0.2, ["wait 1"], lambda old, new: new["pageDots"]["current"] == 1),
+    ("drag 50 300 300 300", ["--stock"], ["swipe left", "wait 1"], None, ["wait 1"],
+     lambda old, new: (old["pageDots"]["current"], new["pageDots"]["current"]) == (1, 0)),
+    ("swipe right", ["--stock"], ["swipe left", "wait 1"], 0.15, ["wait 1"],
+     lambda old, new: (old["pageDots"]["current"], new["pageDots"]["current"]) == (1, 0)),
+    # Up opens the panel, down does not.
+    ("swipe down", PANEL, [], 0.15, ["wait 1"], lambda old, new: new["panel"] is None),
+    ("finger 0 move 300 202 6", PANEL + settings(forceTouch="YES"), ["finger 0 down 300 200 1", "wait 0.3", "finger 0 move 300 201 3"],
+     0, ["finger 0 up 300 202", "wait 1"], lambda old, new: new["panel"]),
     ("finger 0 down 50 60", PANEL, [], 0, ["finger 0 up 50 60", "wait 1"],
      lambda old, new: new["application"] == "Messages"),
     (f'increment "{ROW}"', PANEL, OPEN, 0.3, ["wait 3"],
@@ -67,6 +77,8 @@ CASES = [
     ("rotate landscape", TABLET, [], 0.4, [],
      lambda old, new: old["pages"][0]["columns"] == new["pages"][0]["rows"] and
      icon(old, "Messages")["frame"] != icon(new, "Messages")["frame"]),
+    ("rotate portrait", TABLET, ["rotate landscape"], 0.4, [],
+     lambda old, new: old["pages"][0]["columns"] == new["pages"][0]["rows"]),
     ("rotate landscape", ["--stock"], [], 0.4, [], lambda old, new: old["pages"] == new["pages"]),
     # Nobody reaches an icon then.
     ("lock", ["--stock"], [], 0, ["wait 1", "tap 50 60", "wait 1"], lambda old, new: new["application"] is None),
