@@ -50,6 +50,18 @@ class Page(PageTest):
             return buttons <= window and page <= window
         eventually(is_fitting, "all of it in the window")
 
+    def test_a_phone_that_fills_a_phones_own_browser_leaves_a_place_to_scroll_by(self):
+        self.serve("--device", "iPhone X")
+        for width, height in ((375, 812), (390, 844), (812, 375)):
+            self.use_window(width, height)
+
+            def leaves_room():
+                right, bottom = self.browser.run("""
+                    const {right, bottom} = document.getElementById('screen').getBoundingClientRect();
+                    return [right, bottom];""")
+                return height - bottom >= 40 or width - right >= 40
+            eventually(leaves_room, f"room in {width} x {height}")
+
     def test_what_is_asked_before_there_is_a_connection_is_answered(self):
         served = self.serve()
         # As early as a page's script can be.

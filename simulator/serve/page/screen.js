@@ -1,5 +1,6 @@
 // The screen of a home on a canvas: frames come as changed tiles, and are drawn in their order, each as a whole.
 const codecs = ['image/jpeg', 'image/webp'];
+const leastRim = 48;  // of the window, on a phone
 
 export class Screen extends EventTarget {
   points = {width: 1, height: 1};
@@ -84,7 +85,10 @@ export function fit(all) {
   const room = {width: clientWidth - gaps, height: clientHeight - (filled ? 0 : 190)};
   const width = screens.reduce((sum, {points}) => sum + points.width, 0);
   const height = Math.max(...screens.map(({points}) => points.height));
-  const most = Math.min(filled ? 4 : 1, room.width / width, room.height / height);
+  let most = Math.min(filled ? 4 : 1, room.width / width, room.height / height);
+  // Fingers on the screen do not scroll: somewhere else they have to.
+  if (filled && room.width - most * width < leastRim && room.height - most * height < leastRim)
+    most = Math.min(room.width / width, (room.height - leastRim) / height);
   const zoom = filled ? most : Math.floor(100 * most) / 100;
   for (const {canvas, points} of screens) {
     canvas.style.width = `${points.width * zoom}px`;
