@@ -125,8 +125,11 @@ TEST_F(Restoration, PutsSettingsAndLayoutsInPlace) {
 
 TEST_F(Restoration, MakesTheLayoutsFolderWhereThereIsNone) {
   fs::remove_all(home.file("/var/mobile/Documents/com.wexor.tilo3"));
+  home.write(backupPath,
+             R"({"format": "Tilo backup", "version": 1, "settings": {"rows": 7}, "layouts": []})");
   EXPECT_EQ(restore(), "");
-  EXPECT_EQ(home.report()["presets"]["configurations"].size(), 2u);
+  EXPECT_EQ(home.report()["preferences"]["rows"], 7);
+  EXPECT_TRUE(fs::exists(home.file(test::presetsPath)));
 }
 
 TEST_F(Restoration, IsAllOrNothingForASpringBoardThatStartsAfterAKillAtAnySystemCall) {
