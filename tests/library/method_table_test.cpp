@@ -11,6 +11,7 @@
 #include "platform/springboard/icon_scroll_view.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/library/device_files.hpp"
+#include "tests/library/method_rows.hpp"
 
 extern "C" int objc_getClassList(Class* buffer, int size);
 
@@ -18,75 +19,11 @@ namespace {
 
 using test::Home;
 
-struct Row {
-  const char* className;
-  const char* selector;
-  bool ofClass = false;
-  const char* addedTypes = nullptr;  // null for a replacement
-
-  std::string name() const {
-    return std::string(ofClass ? "+" : "-") + "[" + className + " " + selector + "]";
-  }
-  Class owner() const {
-    Class cls = objc_getClass(className);
-    return ofClass ? bridge::classOf(reinterpret_cast<id>(cls)) : cls;
-  }
-  SEL sel() const { return sel_registerName(selector); }
-};
-
-constexpr Row table[] = {
-    {"SBIconImageView", "layoutSubviews"},
-    {"SBIconImageView", "cornerRadius", true},
-    {"SBIconImageView", "showsSquareCorners"},
-    {"SBIconListView", "iconRowsForSpacingCalculation"},
-    {"SBIconListView", "iconRowsForCurrentOrientation"},
-    {"SBIconListView", "iconColumnsForCurrentOrientation"},
-    {"SBIconListView", "iconRowsForInterfaceOrientation:", true},
-    {"SBIconListView", "iconColumnsForInterfaceOrientation:", true},
-    {"SBIconListView", "verticalIconPadding"},
-    {"SBIconListView", "horizontalIconPadding"},
-    {"SBFolderIconListView", "iconRowsForInterfaceOrientation:", true},
-    {"SBRootIconListView", "sideIconInset"},
-    {"SBRootIconListView", "topIconInset"},
-    {"SBIconLabelImageParameters", "shadowColor"},
-    {"SBIconLabelImageParameters", "textColor"},
-    {"SBUIController", "activateApplicationAnimated:"},
-    {"SBIconListPageControl", "_setIndicatorImage:toEnabled:index:"},
-    {"SBIconListPageControl", "_setIndicatorImage:toEnabled:"},
-    {"SBIconLabelImage", "_rectWithDrawing:inRect:fromParameters:", true},
-    {"SBIconScrollView", "listCellPreferencesUpdated:withUserInfo:", false, "v@:@@"},
-    {"SBIconScrollView", "preferencesUpdated:withUserInfo:", false, "v@:@@"},
-    {"SBIconScrollView", "layout:", false, "v@:@"},
-    {"SBIconScrollView", "setContentOffset:"},
-    {"SBIconScrollView", "dealloc"},
-    {"SBIconScrollView", "swipe:", false, "v@:@"},
-    {"SBIconScrollView", "init"},
-    {"SBIconScrollView", "touchesEnded:withEvent:"},
-    {"SBIconScrollView", "touchesMoved:withEvent:"},
-    {"SBIconScrollView", "swipeGesture", false, "@@:"},
-    {"SBIconScrollView", "setSwipeGesture:", false, "v@:@"},
-    {"SBIconScrollView", "tapGesture", false, "@@:"},
-    {"SBIconScrollView", "setTapGesture:", false, "v@:@"},
-    {"SBDockIconListView", "isDockIconsEnabled", true, "B@:"},
-    {"SBDockIconListView", "numberOfDockIcons", true, "i@:"},
-    {"SBDockIconListView", "layoutSubviews"},
-    {"SBDockIconListView", "effectiveSpacing"},
-    {"SBDockIconListView", "iconAtPoint:index:proposedOrder:grabbedIcon:"},
-    {"SBDockIconListView", "iconsInRowForSpacingCalculation"},
-    {"SBDockIconListView", "maxIcons", true},
-    {"SBDockIconListView", "iconRowsForInterfaceOrientation:", true},
-    {"SBDockIconListView", "maxVisibleIconRowsInterfaceOrientation:", true},
-    {"SBIconController", "init"},
-    {"SBIconController", "viewDidAppear:"},
-    {"SBIconController", "didRotateFromInterfaceOrientation:"},
-    {"SBDockView", "defaultHeight", true},
-    {"SBDockView", "setBackgroundAlpha:"},
-};
+using test::Row;
+using test::table;
 
 // A SpringBoard that has all of them; what others have is told elsewhere.
 const std::vector<std::string> everyMethod{"--springboard", "complete"};
-
-static_assert(std::size(table) == 46);
 
 int replacements() {
   int count = 0;
