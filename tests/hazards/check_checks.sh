@@ -25,4 +25,5 @@ refused "$row
 refused '| a | b | `Hare.Runs` |' "'Hare.Runs'"
 refused '| a | b | `Deer.Run` |' "'Deer.Run'"
 refused '| a | b | |' 'page.md:5: names no test'
+refused '| `script/gone` | b | `Deer.Runs` |' "there is no 'script/gone'"
 refused '' 'has no table'

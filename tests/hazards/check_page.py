@@ -16,15 +16,18 @@ def tests():
     for listing in tree.glob("tests/**/CMakeLists.txt"):
         for quoted, plain in re.findall(r'NAME (?:"([^"$]+)"|([\w.]+))\s', listing.read_text()):
             found.add(quoted or plain)
+        found |= {f"fuzz.{name}" for name in re.findall(r"^add(?:_device)?_fuzzer\((\w+) ", listing.read_text(), re.M)}
     return found
 
 
 known, wrong, rows = tests(), [], 0
 for number, line in enumerate(open(page), 1):
     cells = [cell.strip() for cell in re.split(r"(?<!\\)\|", line)[1:-1]]
-    if len(cells) != 3 or cells[2] in ("shown by", "---"):
+    if len(cells) != 3 or cells[2] in ("shown by", "in `script/test`", "---"):
         continue
     rows += 1
+    wrong += [f"{page}:{number}: there is no '{script}'" for script in re.findall(r"`(script/[\w-]+)", line)
+              if not (tree / script).exists()]
     named = re.findall("`([^`]+)`", cells[2])
     wrong += [f"{page}:{number}: there is no test '{name}'" for name in named if name not in known]
     if not named:
