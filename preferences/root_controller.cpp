@@ -68,8 +68,11 @@ NSArray specifiers(RootController self) {
 
 // As the library reads it, and never what cannot be; nothing is written until somebody touches it.
 bridge::Object readValue(RootController, PSSpecifier row) {
-  NSString key = keyOf(row.properties());
-  return key ? nearest(row.properties(), storedValues().objectForKey(key)) : NSNumber{};
+  NSDictionary item = row.properties();
+  NSString key = keyOf(item);
+  if (!key) return {};
+  return nearest(item,
+                 isBeforeFirstStart() ? item.objectForKey("default"_ns) : storedValues().objectForKey(key));
 }
 
 void setValue(RootController, bridge::Object given, PSSpecifier row) {

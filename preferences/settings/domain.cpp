@@ -2,19 +2,44 @@
 #include "preferences/settings/domain.hpp"
 
 #include "platform/appsupport/messaging_center.hpp"
+#include "platform/foundation/file_manager.hpp"
 #include "preferences/settings/checks.hpp"
 #include "preferences/settings/specifiers.hpp"
 #include "settings/store/domain.hpp"
 
 namespace tilo::pane {
+namespace {
+
+NSString file() { return "/var/mobile/Library/Preferences/com.wexor.tilo.plist"_ns; }
+
+void addFirst(NSMutableDictionary values, NSArray items) {
+  for (NSUInteger i = 0; i < items.count(); ++i) {
+    NSDictionary item = bridge::as<NSDictionary>(items.objectAtIndex(i));
+    if (bridge::Object first = item.objectForKey("default"_ns)) values.setObject_forKey(first, keyOf(item));
+  }
+}
+
+}  // namespace
+
 NSDictionary storedValues() {
   synchroniseDomain();
   NSDictionary values = valuesOfDomain();
   return values ? values : NSDictionary::dictionary();
 }
 
+bool isBeforeFirstStart() {
+  return storedValues().count() == 0 && !NSFileManager::defaultManager().fileExistsAtPath(file());
+}
+
 bool store(NSNumber value, NSString key) {
-  return storeInDomain(NSDictionary::dictionaryWithObject_forKey(value, key), NSArray::array());
+  NSMutableDictionary values = NSMutableDictionary::dictionary();
+  // The library writes its first values where there is no file, and reads as nothing what a file lacks.
+  if (isBeforeFirstStart()) {
+    addFirst(values, settingItems());
+    addFirst(values, unseenItems());
+  }
+  values.setObject_forKey(value, key);
+  return storeInDomain(values, NSArray::array());
 }
 
 void announce(NSDictionary item, bridge::Object value) {

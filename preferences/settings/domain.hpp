@@ -9,7 +9,10 @@ namespace tilo::pane {
 // All that is stored; empty when nothing is.
 NSDictionary storedValues();
 
-// False when the system could not keep it.
+// Settings may be opened between the installation and the respring.
+bool isBeforeFirstStart();
+
+// Before the first start with all that this would write. False when the system could not keep it.
 bool store(NSNumber value, NSString key);
 
 // Tells SpringBoard, where it serves the centre, of a setting's new value.

@@ -107,6 +107,24 @@ TEST(Pane, ShowsTheNearestAllowedValueAndWritesNothingUntilTouched) {
   EXPECT_EQ(home.stored("columns"), Json("many"));
 }
 
+// A library that is installed and has not started yet writes its first values only where there is no file.
+TEST(Pane, ShowsAndWritesTheFirstValuesBeforeTheFirstStart) {
+  PaneHome home;
+  const Json first = home.stored("enabled") == Json(true) ? home.report()["preferences"] : Json();
+  home.leave();
+  std::filesystem::remove(home.file(test::preferencesPath));
+  home.step("settings");
+  EXPECT_TRUE(isOn("Enabled"));
+  EXPECT_TRUE(isOn("Enable Quick Settings"));
+  EXPECT_EQ(value("Vertical Padding"), -13);
+  EXPECT_FALSE(std::filesystem::exists(home.file(test::preferencesPath)));
+  home.toggle("Square Icons");
+  Json now = home.report()["preferences"];
+  EXPECT_EQ(now["square"], Json(true));
+  now.erase("square");
+  EXPECT_EQ(now.sorted(), first.sorted());
+}
+
 TEST(Pane, TakesWholeNumbersWhereOnlyTheseWillDo) {
   PaneHome home({"--set", "rows=6.4"});
   EXPECT_EQ(count("Rows"), 6);

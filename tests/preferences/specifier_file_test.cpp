@@ -70,6 +70,8 @@ TEST(SpecifierFile, HasTheDefaultsOfTheFirstStart) {
     preferences.erase(key);
   }
   EXPECT_EQ(preferences.sorted(), (Json::object({{"numOfPages", 1}, {"preset", -4.0}})));
+  for (const Json& item : specifiers()["unseen"])
+    if (item.contains("default")) EXPECT_EQ(item["default"], preferences.at(item["key"].get<std::string>()));
 }
 
 TEST(SpecifierFile, AnnouncesByTitleWhatTheScrollViewListensFor) {

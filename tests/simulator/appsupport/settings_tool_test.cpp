@@ -158,7 +158,7 @@ TEST_F(SettingsTool, ListsSettingsWithTitlesKindsValuesAndRanges) {
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 20);
   for (const char* line :
        {"Enable Quick Settings            quick              boolean  YES     YES or NO\n",
-        "Rows                             rows               float    -       1 to 15, whole\n",
+        "Rows                             rows               float    5.0     1 to 15, whole\n",
         "Layout                           custom_preset      integer  -       Custom\n"})
     EXPECT_NE(text.find(line), std::string::npos) << text;
 }
