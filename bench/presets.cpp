@@ -17,10 +17,10 @@ void writePresets(long count) {
                        {"value", i},
                        {"configurable", 1},
                        {"configuration",
-                        {{"horizontal_padding", 10.0},
-                         {"vertical_padding", 5.0},
-                         {"side_inset", 20.0},
-                         {"top_inset", 30.0}}}});
+                        {{"horizontal_padding", static_cast<double>(i % 120) - 20},
+                         {"vertical_padding", static_cast<double>(i % 37) / 4},
+                         {"side_inset", static_cast<double>(i % 500)},
+                         {"top_inset", static_cast<double>(i * 7 % 600)}}}});
   const auto file =
       started().fileSystem().hostPath("/var/mobile/Documents/com.wexor.tilo3/custom/config.json");
   std::filesystem::create_directories(file.parent_path());

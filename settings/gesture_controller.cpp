@@ -55,12 +55,9 @@ void showPopup(RQGestureController self) {
   self.popView().show(self.gestureView());
 }
 
+// A layout that is not there leaves the one in force.
 void updateConfig(RQGestureController self, int position) {
-  auto presets = presets::renumbered(presets::load());
-  for (NSUInteger i = 0; i < presets->count(); ++i) {
-    NSDictionary preset = bridge::as<NSDictionary>(presets->objectAtIndex(i));
-    if (Values(preset).index(keys::value) == position) self.currentPreset.set(preset);
-  }
+  if (auto preset = presets::at(presets::load(), position)) self.currentPreset.set(preset);
 }
 
 void savePrefs(RQGestureController, NSString key, bridge::Object value) {

@@ -3,7 +3,6 @@
 
 #include <cstdio>
 
-#include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/file_manager.hpp"
 #include "platform/foundation/json.hpp"
 #include "platform/foundation/null.hpp"
@@ -96,16 +95,14 @@ NSArray load(NSArray initial) {
   return listIn(bytes);
 }
 
-bridge::Strong<NSMutableArray> renumbered(NSArray presets) {
-  auto result = bridge::make<NSMutableArray, &NSObject::init>();
-  for (NSUInteger position = 0; position < presets.count(); ++position) {
-    bridge::Object record = presets.objectAtIndex(position);
-    if (!bridge::isKindOf<NSDictionary>(record)) continue;
-    bridge::Strong<NSMutableDictionary> copy = bridge::as<NSDictionary>(record).mutableCopy();
-    copy->setObject_forKey(NSNumber::numberWithInt(static_cast<int>(position)), keys::value);
-    result->addObject(copy.get());
-  }
-  return result;
+bridge::Strong<NSMutableDictionary> at(NSArray presets, int position) {
+  const auto place = static_cast<NSUInteger>(position);
+  if (position < 0 || place >= presets.count()) return nullptr;
+  bridge::Object record = presets.objectAtIndex(place);
+  if (!bridge::isKindOf<NSDictionary>(record)) return nullptr;
+  auto copy = bridge::as<NSDictionary>(record).mutableCopy();
+  copy->setObject_forKey(NSNumber::numberWithInt(position), keys::value);
+  return copy;
 }
 
 void save(NSArray presets) {

@@ -6,6 +6,7 @@
 
 #include "platform/foundation/array.hpp"
 #include "platform/foundation/data.hpp"
+#include "platform/foundation/dictionary.hpp"
 
 namespace tilo::presets {
 
@@ -20,8 +21,9 @@ NSData document(NSArray presets);
 // reading it.
 NSArray load(NSArray initial = {});
 
-// Copies of the presets whose "value" is their position. The stored values may have gaps and repeats.
-bridge::Strong<NSMutableArray> renumbered(NSArray presets);
+// A copy of the preset at that position, which is its "value": the stored ones may have gaps and repeats. Nil
+// where there is none.
+bridge::Strong<NSMutableDictionary> at(NSArray presets, int position);
 
 // In place of the file's presets, all at once or not at all. A write that fails changes nothing and is not
 // told. What was no presets file is kept beside it as "config.damaged.json".

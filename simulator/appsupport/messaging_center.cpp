@@ -77,6 +77,7 @@ std::mutex& registrationLock() {
 }
 
 void registerFor(CPDistributedMessagingCenter self, NSString message, bridge::Object target, SEL selector) {
+  mark(target.raw);
   auto& all = Center::state(self).registrations;
   const std::string name = message.UTF8String();
   const std::lock_guard guard(registrationLock());
@@ -159,7 +160,7 @@ void defineMessagingCenter() {
       method<&CPDistributedMessagingCenter::registerForMessageName_target_selector, registerFor>(),
       method<&CPDistributedMessagingCenter::runServerOnCurrentThread, run>(),
       method<&CPDistributedMessagingCenter::sendMessageName_userInfo, sendMessage>());
-  whenObjectsDie(noteDeath);
+  whenMarkedObjectsDie(noteDeath);
 }
 
 bool serves(std::string_view centre) {

@@ -14,24 +14,6 @@ constexpr std::size_t longestLine = 1200, keptFront = 800, keptEnd = 300;
 
 bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
-// How many bytes the character at the front takes; 0 when they are none.
-std::size_t characterLength(std::string_view text) {
-  const auto first = static_cast<unsigned char>(text.front());
-  if (first < 0x80) return 1;
-  const std::size_t length = first >= 0xC2 && first < 0xE0 ? 2
-                             : first < 0xC2                ? 0
-                             : first < 0xF0                ? 3
-                             : first < 0xF5                ? 4
-                                                           : 0;
-  if (length == 0 || text.size() < length || !std::ranges::all_of(text.substr(1, length - 1), continues))
-    return 0;
-  // Written longer than need be, half of a pair of UTF-16, or beyond the last character.
-  const auto second = static_cast<unsigned char>(text[1]);
-  const bool wrong = (first == 0xE0 && second < 0xA0) || (first == 0xED && second >= 0xA0) ||
-                     (first == 0xF0 && second < 0x90) || (first == 0xF4 && second >= 0x90);
-  return wrong ? 0 : length;
-}
-
 std::string shown(std::string_view text) {
   std::string line;
   while (!text.empty()) {
@@ -49,6 +31,23 @@ std::string shown(std::string_view text) {
 }
 
 }  // namespace
+
+std::size_t characterLength(std::string_view text) {
+  const auto first = static_cast<unsigned char>(text.front());
+  if (first < 0x80) return 1;
+  const std::size_t length = first >= 0xC2 && first < 0xE0 ? 2
+                             : first < 0xC2                ? 0
+                             : first < 0xF0                ? 3
+                             : first < 0xF5                ? 4
+                                                           : 0;
+  if (length == 0 || text.size() < length || !std::ranges::all_of(text.substr(1, length - 1), continues))
+    return 0;
+  // Written longer than need be, half of a pair of UTF-16, or beyond the last character.
+  const auto second = static_cast<unsigned char>(text[1]);
+  const bool wrong = (first == 0xE0 && second < 0xA0) || (first == 0xED && second >= 0xA0) ||
+                     (first == 0xF0 && second < 0x90) || (first == 0xF4 && second >= 0x90);
+  return wrong ? 0 : length;
+}
 
 bool isText(std::string_view bytes) {
   while (!bytes.empty()) {

@@ -56,8 +56,9 @@ void forget(id object) {
 
 SIMULATOR_EXPORT void objc_setAssociatedObject(id object, const void* key, id value, uintptr_t policy) {
   if (!object) return;
-  static const bool watching = (sim::whenObjectsDie(forget), true);
+  static const bool watching = (sim::whenMarkedObjectsDie(forget), true);
   (void)watching;
+  sim::mark(object);
   Association next{value, value && policy != assignPolicy};
   if (policy == copyNonatomic || policy == copyAtomic)
     next.value = bridge::Message<"copy", id()>::send(value);

@@ -69,6 +69,7 @@ using AddObserver = bridge::Descriptor<&NSNotificationCenter::addObserver_select
 bridge::Slot addSlot;
 
 void addObserver(id self, SEL selector, id observer, SEL action, id name, id object) {
+  mark(observer);
   {
     const std::lock_guard guard(observers().lock);
     observers().objects.insert(observer);
@@ -114,7 +115,7 @@ void prepareFoundation() {
       NSDictionary::dictionaryWithObject_forKey("YES"_ns, "GSMacOSXCompatible"_ns));
   bridge::replaceMethod(bridge::classNamed<NSNotificationCenter>(), AddObserver::selector(),
                         reinterpret_cast<IMP>(&addObserver), addSlot);
-  whenObjectsDie(forgetObserver);
+  whenMarkedObjectsDie(forgetObserver);
   handlePropertyListsAsTheDevice();
   useDeviceJson();
 }

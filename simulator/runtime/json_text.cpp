@@ -1,15 +1,15 @@
 // GNUstep puts a blank after every colon and comma, the device only when it is asked for a readable text. And
-// GNUstep takes texts that go on behind their end, are no UTF-8, or are nested until its stack is full.
+// GNUstep takes texts that go on behind their end, are no UTF-8, or are nested until its stack is full; and
+// is ten times as long at it, so that it reads only what is to be changed afterwards.
 #include "simulator/runtime/json_text.hpp"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
 #include "bridge/replace.hpp"
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/json.hpp"
-#include "simulator/json/json.hpp"
+#include "simulator/runtime/json_reader.hpp"
 
 namespace sim {
 namespace {
@@ -47,16 +47,6 @@ void walk(std::string_view text, Each each) {
   }
 }
 
-int nesting(std::string_view text) {
-  int depth = 0, deepest = 0;
-  walk(text, [&](char c, bool inString) {
-    if (inString) return;
-    depth += (c == '[' || c == '{') - (c == ']' || c == '}');
-    deepest = std::max(deepest, depth);
-  });
-  return deepest;
-}
-
 NSData withoutBlanks(NSData data) {
   std::string compact;
   walk(textOf(data), [&](char c, bool inString) {
@@ -66,11 +56,12 @@ NSData withoutBlanks(NSData data) {
 }
 
 id readJson(id self, SEL selector, id data, NSUInteger options, id* error) {
-  std::string_view text = textOf(bridge::as<NSData>(data));
-  if (!Json::accepts(text) || nesting(text) > deepestNesting) {
+  auto read = readJsonText(textOf(bridge::as<NSData>(data)), deepestNesting);
+  if (!read) {
     if (error) *error = NSError::errorWithDomain_code_userInfo("NSCocoaErrorDomain"_ns, corruptError, {}).raw;
     return nullptr;
   }
+  if (options == 0) return std::move(read).autoreleased().raw;
   return reinterpret_cast<decltype(&readJson)>(readSlot.implementation())(self, selector, data, options,
                                                                           error);
 }

@@ -30,7 +30,7 @@ void forgetWeak(id dead) {
 
 void Weak::refer(bridge::Object to) {
   static const bool watching = [] {
-    whenObjectsDie(forgetWeak);
+    whenMarkedObjectsDie(forgetWeak);
     return true;
   }();
   const std::lock_guard guard(references().lock);
@@ -43,7 +43,9 @@ void Weak::refer(bridge::Object to) {
     }
   }
   object = to;
-  if (object) references().emplace(object.raw, this);
+  if (!object) return;
+  mark(object.raw);
+  references().emplace(object.raw, this);
 }
 
 Weak::Weak(bridge::Object referred) { refer(referred); }
