@@ -1,4 +1,5 @@
-// What the Quick Settings panel costs: a press on a plus button, from the touch to the stored value.
+// What the Quick Settings panel costs: a press on a plus or minus button in turn, from the touch to the
+// stored value. At the end of its range a button would store nothing.
 #include "bench/home_screen.hpp"
 #include "bridge/runtime.hpp"
 
@@ -9,9 +10,11 @@ void plusPress(benchmark::State& state) {
   started();
   openPanel();
   step("wait 1");
+  bool up = false;
   for (auto _ : state) {
     bridge::Pool each;
-    step("increment \"Top Inset\"");
+    up = !up;
+    step(up ? "increment \"Top Inset\"" : "decrement \"Top Inset\"");
   }
   closePanel();
 }

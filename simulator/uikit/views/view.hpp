@@ -30,6 +30,7 @@ struct ViewState {
   NSInteger contentMode = UIViewContentModeScaleToFill;
   NSInteger tag = 0;
   bool needsLayout = true;
+  bool layoutDueBelow = false;  // true as long as any view below needs its layout, and perhaps longer
 
   ViewState() = default;
   ~ViewState();
@@ -52,6 +53,8 @@ void boundsChanged(UIView view, const CGRect& old);
 /** Where autoresizing puts a frame when its superview's bounds change their size (points). */
 CGRect autoresized(const CGRect& frame, NSUInteger mask, CGSize oldSize, CGSize newSize);
 
+/** To be said of a view when one below it needs its layout. */
+void expectLayoutBelow(UIView view);
 /** Lays out what is due in the tree below the view, and the view itself. Answers whether anything was. */
 bool layoutTree(UIView view);
 

@@ -87,6 +87,7 @@ void move(UIView view, UIView parent, NSInteger index) {
     insert(stateOf(parent).subviews, alive, index);
     stateOf(view).superview = parent;
     placeLayer(parent, view);
+    expectLayoutBelow(parent);
     parent.setNeedsLayout();
   }
   if (changesWindow) tellWindow(view, newWindow);
