@@ -35,8 +35,10 @@ struct Domain {
   std::string path;
   // Changes that could not be written, by key; no value where the key was removed.
   std::map<std::string, bridge::Strong<NSObject>> unsaved;
-  // The file when it was read last.
-  FileState state;
+  // The file when it was looked at last; one that might have been another at once is none.
+  std::optional<FileState> state;
+  // What it held then, and what was read from that.
+  bridge::Strong<NSData> bytes;
   bridge::Strong<NSDictionary> values;
 };
 
@@ -52,30 +54,30 @@ Domain& domainOf(NSString name) {
   const auto found = domains.find(text);
   if (found != domains.end()) return found->second;
   const std::string path = std::string(preferencesFolder) + "/" + std::string(text) + ".plist";
-  return domains.emplace(text, Domain{path, {}, {}, {}}).first->second;
+  return domains.emplace(text, Domain{path, {}, {}, {}, {}}).first->second;
 }
 
 NSString fileOf(const Domain& domain) { return NSString::stringWithUTF8String(domain.path.c_str()); }
 
-// What the file held when it was read last; nil where it is another since.
+// What the file held when it was looked at last; nil where it is another since.
 NSDictionary keptOf(const Domain& domain, const std::optional<FileState>& state) {
-  if (!state || !domain.values || !(domain.state == *state)) return {};
+  if (!state || !domain.values || domain.state != state) return {};
   return bridge::Strong<NSDictionary>(domain.values).autoreleased();
 }
 
-// What the file holds; read again where it is another.
+// What the file holds. The same bytes as before are not read anew.
 NSDictionary valuesOf(Domain& domain) {
-  const auto state = stateOf(domain.path);
-  if (const NSDictionary kept = keptOf(domain, state)) return kept;
-  domain.values = {};
-  const NSDictionary values = propertyList(fileOf(domain));
   timespec now;
   ::clock_gettime(CLOCK_REALTIME, &now);
-  if (state && state->isSettled(now)) {
-    domain.state = *state;
-    domain.values = retained(values);
+  const auto state = stateOf(domain.path);
+  if (const NSDictionary kept = keptOf(domain, state)) return kept;
+  const NSData bytes = NSData::dataWithContentsOfFile(fileOf(domain));
+  if (!domain.values || !domain.bytes->isEqual(bytes)) {
+    domain.values = retained(propertyList(bytes));
+    domain.bytes = retained(bytes);
   }
-  return values;
+  domain.state = state && state->isSettled(now) ? state : std::nullopt;
+  return bridge::Strong<NSDictionary>(domain.values).autoreleased();
 }
 
 // Keeps other writers out for as long as it lives. The lock is on the folder, since the files in it are
@@ -100,10 +102,20 @@ bridge::Strong<NSMutableDictionary> withUnsaved(NSDictionary file, const Domain&
   return values;
 }
 
-// Writes the file with all changes that are not in it yet.
+// Writes the file with all changes that are not in it yet. What it holds then is known without reading it:
+// the changes as they are read where they stand alone, for a file keeps fewer digits than a number may have.
 bool save(NSDictionary file, Domain& domain) {
   const bool readable = file || !NSFileManager::defaultManager().fileExistsAtPath(fileOf(domain));
-  if (!readable || !withUnsaved(file, domain)->writeToFile_atomically(fileOf(domain), YES)) return false;
+  if (!readable) return false;
+  const auto all = withUnsaved(file, domain), changed = withUnsaved({}, domain);
+  const NSData text = propertyListText(all);
+  if (!text.writeToFile_atomically(fileOf(domain), YES)) return false;
+  const NSDictionary changes = propertyList(propertyListText(changed));
+  for (auto& [key, value] : domain.unsaved)
+    value = retained(bridge::as<NSObject>(changes.objectForKey(NSString::stringWithUTF8String(key.c_str()))));
+  domain.values = withUnsaved(file, domain);
+  domain.bytes = retained(text);
+  domain.state = {};
   domain.unsaved.clear();
   return true;
 }

@@ -54,9 +54,8 @@ bridge::Object parsed(NSData data) {
 }
 
 bridge::Wire<BOOL> writeToFile(id self, SEL, id file, bridge::Wire<BOOL> atomically) {
-  NSData data = NSPropertyListSerialization::dataWithPropertyList_format_options_error(
-      withAllDigits(bridge::as<bridge::Object>(self)), xmlFormat, 0, nullptr);
-  return data.writeToFile_atomically(bridge::as<NSString>(file), atomically != 0);
+  return propertyListText(bridge::as<NSDictionary>(self))
+      .writeToFile_atomically(bridge::as<NSString>(file), atomically != 0);
 }
 
 id dictionaryWithContentsOfFile(id, SEL, id file) { return propertyList(bridge::as<NSString>(file)).raw; }
@@ -115,8 +114,14 @@ bool isPropertyList(bridge::Object object) {
          bridge::isKindOf<NSData>(object) || bridge::isKindOf<NSDate>(object);
 }
 
-NSDictionary propertyList(NSString file) {
-  NSData data = NSData::dataWithContentsOfFile(file);
+NSData propertyListText(NSDictionary values) {
+  return NSPropertyListSerialization::dataWithPropertyList_format_options_error(withAllDigits(values),
+                                                                                xmlFormat, 0, nullptr);
+}
+
+NSDictionary propertyList(NSString file) { return propertyList(NSData::dataWithContentsOfFile(file)); }
+
+NSDictionary propertyList(NSData data) {
   const std::string_view bytes(static_cast<const char*>(data.bytes()), data.length());
   if (!hasKnownForm(bytes) || !isNestedSanely(bytes)) return {};
   bridge::Object read = parsed(data);
