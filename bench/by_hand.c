@@ -1,7 +1,8 @@
 // The library's answers once more, as a careful person would write them by hand: in C on the class runtime,
-// selectors, classes and keys looked up once, no objects made where none are needed. Padding, insets, counts
-// of rows and columns, the dock, and the count of pages; without named layouts, whose places in the list are
-// 0 and more.
+// selectors, classes and keys looked up once, no objects made where none are asked for: an answer about
+// spacing has one of the class `value` read the settings, which others may have do something else. Padding,
+// insets, counts of rows and columns, the dock, and the count of pages; without named layouts, whose places
+// in the list are 0 and more.
 #include <float.h>
 #include <limits.h>
 #include <stdint.h>
@@ -18,6 +19,9 @@ typedef struct {
 
 extern Class objc_getClass(const char* name);
 extern Class objc_getMetaClass(const char* name);
+extern Class objc_allocateClassPair(Class superclass, const char* name, unsigned long extraBytes);
+extern void objc_registerClassPair(Class cls);
+extern BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
 extern SEL sel_registerName(const char* name);
 extern IMP objc_msg_lookup(id receiver, SEL selector);
 extern void MSHookMessageEx(Class cls, SEL selector, IMP replacement, IMP* original);
@@ -42,7 +46,7 @@ __attribute__((visibility("default"))) CGFloat framing[4];
           each(count, "count") each(objectAtIndex, "objectAtIndex:") each(sharedInstance, "sharedInstance")  \
               each(retain, "retain") each(release, "release") each(setValueForKey, "setValue:forKey:")       \
                   each(numberWithFloat, "numberWithFloat:") each(scannerWithString, "scannerWithString:")    \
-                      each(scanDouble, "scanDouble:")
+                      each(scanDouble, "scanDouble:") each(alloc, "alloc") each(obtain, "obtainValues")
 #define DECLARE(name, text) static SEL name;
 SELECTORS(DECLARE)
 
@@ -104,11 +108,20 @@ static BOOL isDockOrFolder(id list) {
 typedef CGFloat (*Length)(id, SEL);
 static Length systemVertical, systemHorizontal, systemSide, systemTop;
 
-static CGFloat spacing(id self, SEL selector, Length system, int place) {
+static Class valueClass;
+
+static void obtainValues(id self, SEL selector) {
+  (void)self, (void)selector;
   framing[0] = number(key_vertIconPadding);
   framing[1] = number(key_horiIconPadding);
   framing[2] = number(key_sideIconInset);
   framing[3] = number(key_topIconInset);
+}
+
+static CGFloat spacing(id self, SEL selector, Length system, int place) {
+  id made = SEND(id, (id)valueClass, alloc);
+  SEND(void, made, obtain);
+  SEND(void, made, release);
   long layout = integer(key_custom_preset, 0);
   if (!truth(key_enabled) || layout >= 0 || isDockOrFolder(self)) return system(self, selector);
   CGFloat length = framing[place];
@@ -211,7 +224,7 @@ static void scroll(id self, SEL selector, CGPoint offset) {
 }
 
 static id string(const char* text) {
-  id made = SEND(id, (id)NSString, sel_registerName("alloc"));
+  id made = SEND(id, (id)NSString, alloc);
   return SEND_1(id, made, sel_registerName("initWithUTF8String:"), text);
 }
 
@@ -222,6 +235,9 @@ __attribute__((constructor)) static void load(void) {
   CLASSES(FIND)
 #define MAKE(name) key_##name = string(#name);
   KEYS(MAKE)
+  valueClass = objc_allocateClassPair(objc_getClass("NSObject"), "value", 0);
+  class_addMethod(valueClass, obtain, (IMP)obtainValues, "v@:");
+  objc_registerClassPair(valueClass);
   domain = string("com.wexor.tilo");
   id pool = SEND(id, SEND(id, (id)objc_getClass("NSAutoreleasePool"), sel_registerName("alloc")),
                  sel_registerName("init"));

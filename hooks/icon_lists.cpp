@@ -65,8 +65,7 @@ CGFloat spacingOfList(List self, const Spacing& spacing, void (*first)(List)) {
   NSInteger selectedPreset = settings().count(keys::customPreset);
   bool enabled = settings().flag(keys::enabled);
   if (first) first(self);
-  if (!enabled || bridge::isKindOf<SBDockIconListView>(self) || bridge::isKindOf<SBFolderIconListView>(self))
-    return original<Replacement>(self);
+  if (!enabled || isDockOrFolder(self)) return original<Replacement>(self);
   return inReach(selectedPreset < 0 ? framing[spacing.element] : presetSpacing(spacing));
 }
 

@@ -163,7 +163,8 @@ void deallocScrollView(SBIconScrollView self) {
 void setContentOffset(SBIconScrollView self, CGPoint offset) {
   NSArray subviews = self.subviews();
   int pages = 0;
-  for (NSUInteger i = 0; i < subviews.count(); ++i)
+  const NSUInteger all = subviews.count();
+  for (NSUInteger i = 0; i < all; ++i)
     pages += bridge::isKindOf<SBRootIconListView>(subviews.objectAtIndex(i));
   numOfPages = pages;
   ConfigurationManager::sharedManager().saveWithKey_value(

@@ -16,6 +16,34 @@ struct ManagerState {
 
 using Manager = bridge::Implementation<ConfigurationManager, ManagerState>;
 
+// What every layout and every step of scrolling asks for. A dictionary looks at a key's address before it
+// compares letters, so these are put in as the very strings that they are asked for by.
+void knowKeys(NSMutableDictionary values) {
+  constexpr id (*asked[])() = {keys::enabled.constant,
+                               keys::icons.constant,
+                               keys::rows.constant,
+                               keys::columns.constant,
+                               keys::customPreset.constant,
+                               keys::vertIconPadding.constant,
+                               keys::horiIconPadding.constant,
+                               keys::sideIconInset.constant,
+                               keys::topIconInset.constant,
+                               keys::dock.constant,
+                               keys::dockIconsEnabled.constant,
+                               keys::dockIcons.constant,
+                               keys::square.constant,
+                               keys::labels.constant,
+                               keys::page.constant,
+                               keys::numOfPages.constant};
+  for (auto constant : asked) {
+    const auto key = bridge::as<NSString>(constant());
+    const auto stored = bridge::retained(values.objectForKey(key));
+    if (!stored) continue;
+    values.removeObjectForKey(key);
+    values.setObject_forKey(stored, key);
+  }
+}
+
 ConfigurationManager sharedManager(Class) {
   static constinit long once = 0;
   static constinit id shared = nullptr;
@@ -27,14 +55,16 @@ bridge::Strong<NSObject> init(ConfigurationManager self) {
   auto made = Manager::superInit<&NSObject::init>(self);
   if (!made) return nullptr;
   made->sync();
-  Manager::state(made.get()).configuration = valuesOfDomain().mutableCopy();
+  auto values = valuesOfDomain().mutableCopy();
+  knowKeys(values);
+  Manager::state(made.get()).configuration = std::move(values);
   return made;
 }
 
 void sync(ConfigurationManager) { synchroniseDomain(); }
 
 int storedCountLessOne(ConfigurationManager self, Key<Kind::count> key, int absent) {
-  NSNumber stored = Values(self.configuration()).stored(key);
+  NSNumber stored = Values(Manager::state(self).configuration).stored(key);
   // Without a sign, so that the smallest count wraps around.
   return stored ? static_cast<int>(static_cast<NSUInteger>(stored.integerValue()) - 1) : absent;
 }

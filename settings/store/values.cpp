@@ -30,14 +30,21 @@ NSNumber numberIn(bridge::Object stored) {
   return counts ? number : NSNumber{};
 }
 
+// A number, which nearly everything is, is asked once.
 float floatIn(bridge::Object stored) {
   constexpr double most = std::numeric_limits<float>::max();
-  return static_cast<float>(std::clamp(numberIn(stored).doubleValue(), -most, most));
+  const double value = bridge::isKindOf<NSNumber>(stored) ? bridge::as<NSNumber>(stored).doubleValue()
+                                                          : numberIn(stored).doubleValue();
+  return isFinite(value) ? static_cast<float>(std::clamp(value, -most, most)) : 0;
 }
 
 BOOL truthIn(bridge::Object stored) {
-  return bridge::isKindOf<NSString>(stored) ? bridge::as<NSNumber>(stored).boolValue()
-                                            : numberIn(stored).boolValue();
+  auto number = bridge::as<NSNumber>(stored);
+  if (bridge::isKindOf<NSNumber>(stored)) {
+    const double value = number.doubleValue();
+    return value != 0 && isFinite(value);
+  }
+  return bridge::isKindOf<NSString>(stored) && number.boolValue();
 }
 
 }  // namespace tilo

@@ -17,11 +17,11 @@ int iconGridCalc(id key, id listView, int systemValue) {
   NSString which = bridge::as<NSString>(key);
   bool stored = static_cast<bool>(numberIn(settings().object(which)));
   ConfigurationManager manager = ConfigurationManager::sharedManager();
-  int count = which.isEqualToString(keys::rows) ? manager.rows() : manager.columns();
+  const bool ofRows = which == NSString(keys::rows) || which.isEqualToString(keys::rows);
+  int count = ofRows ? manager.rows() : manager.columns();
   bool wanted = settings().flag(keys::icons) && settings().flag(keys::enabled) && stored;
   auto list = bridge::as<NSObject>(listView);
-  if (wanted && !bridge::isKindOf<SBDockIconListView>(list) && !bridge::isKindOf<SBFolderIconListView>(list))
-    return count;
+  if (wanted && !isDockOrFolder(list)) return count;
   return systemValue - 1;
 }
 
@@ -59,6 +59,15 @@ struct ScreenAxis {
 };
 
 }  // namespace
+
+// Both in one walk: every answer asks.
+bool isDockOrFolder(bridge::Object list) {
+  const Class dock = bridge::classNamed<SBDockIconListView>(),
+              folder = bridge::classNamed<SBFolderIconListView>();
+  for (Class at = bridge::classOf(list.raw); at; at = class_getSuperclass(at))
+    if (at == dock || at == folder) return true;
+  return false;
+}
 
 void defineValue() {
   bridge::Implementation<value>::define<NSObject>(bridge::method<&value::obtainValues, obtainValues>());

@@ -45,6 +45,9 @@ void getScreenSizes();
 // Takes these for the tablet's factors.
 void useFactors(grid::Factors factors);
 
+// Whether a list is one of those that keep SpringBoard's own grid.
+bool isDockOrFolder(bridge::Object list);
+
 // The user interface idiom; 1 is a tablet.
 int getDeviceType();
 

@@ -198,7 +198,8 @@ TEST_F(JsonText, IsNestedAsDeepAsTheDeviceGoes) {
 TEST_F(JsonText, HoldsEachThingByOneReference) {
   auto kept = bridge::retained(bridge::as<NSArray>(read(R"([{"name":"x","value":12.5}, "y"])")));
   auto inner = bridge::retained(bridge::as<NSDictionary>(kept->objectAtIndex(0)));
-  EXPECT_EQ(bridge::Message<"retainCount", NSUInteger()>::send(inner.get().raw), 2u);
+  using RetainCount = bridge::Message<"retainCount", NSUInteger()>;
+  EXPECT_EQ(RetainCount::send(inner.get().raw), 2u);
 }
 
 }  // namespace
