@@ -42,6 +42,12 @@ void servedFrame(benchmark::State& state);
 // A press on a plus button, from the finger's coming down to the stored value and the icons' new places.
 void plusPress(benchmark::State& state);
 
+// A relayout of all pages, until the icons rest. Its home screen is of --pages or --icons.
+void relayout(benchmark::State& state);
+
+// As many notice boxes as the argument says, shown, laid out and hidden.
+void noticeBoxes(benchmark::State& state);
+
 // Choosing the last of as many named layouts as the argument says.
 void choosePreset(benchmark::State& state);
 

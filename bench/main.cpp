@@ -1,6 +1,7 @@
-// Costs, stock and with the library, in one run: build/tilo-bench [--device NAME].
+// Costs, stock and with the library, in one run: build/tilo-bench [--device NAME] [--pages N] [--icons N].
 #include <iostream>
-#include <string>
+#include <string_view>
+#include <vector>
 
 #include "bench/home_screen.hpp"
 #include "platform/uikit/application.hpp"
@@ -11,9 +12,12 @@
 namespace bench {
 namespace {
 
-std::string& device() {
-  static auto& name = *new std::string("iPhone 7");
-  return name;
+// Of the home screen.
+std::vector<const char*>& options() {
+  static auto& all = *new std::vector<const char*>{
+      "tilo-bench",           "--set", "enabled=YES", "--set", "custom_preset=-1", "--set",
+      "vertIconPadding=12.0", "--set", "quick=YES"};
+  return all;
 }
 
 bool panelIsShown() {
@@ -25,11 +29,12 @@ bool panelIsShown() {
 }
 
 // Takes what is ours from the command line; the rest is the benchmarks'.
-void takeDevice(int& count, char** arguments) {
+void takeOptions(int& count, char** arguments) {
   int kept = 1;
   for (int i = 1; i < count; ++i) {
-    if (std::string(arguments[i]) == "--device" && i + 1 < count)
-      device() = arguments[++i];
+    const std::string_view word = arguments[i];
+    if ((word == "--device" || word == "--pages" || word == "--icons") && i + 1 < count)
+      options().insert(options().end(), {arguments[i], arguments[i + 1]}), ++i;
     else
       arguments[kept++] = arguments[i];
   }
@@ -39,11 +44,9 @@ void takeDevice(int& count, char** arguments) {
 }  // namespace
 
 sim::Simulation& simulation() {
-  static const char* arguments[] = {"tilo-bench",           "--device", device().c_str(),   "--set",
-                                    "enabled=YES",          "--set",    "custom_preset=-1", "--set",
-                                    "vertIconPadding=12.0", "--set",    "quick=YES"};
   const sim::Program& program = sim::product::program();
-  static auto& only = *new sim::Simulation(sim::parseOptions(11, arguments, program.options), program);
+  static auto& only = *new sim::Simulation(
+      sim::parseOptions(static_cast<int>(options().size()), options().data(), program.options), program);
   return only;
 }
 
@@ -68,7 +71,7 @@ void closePanel() {
 }  // namespace bench
 
 int main(int count, char** arguments) try {
-  bench::takeDevice(count, arguments);
+  bench::takeOptions(count, arguments);
   benchmark::Initialize(&count, arguments);
   if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
   benchmark::RegisterBenchmark("vertical padding, stock", bench::verticalPaddingStock);
@@ -79,7 +82,11 @@ int main(int count, char** arguments) try {
   benchmark::RegisterBenchmark("frame while the panel springs in", bench::panelFrame);
   benchmark::RegisterBenchmark("served frame while the panel springs in", bench::servedFrame);
   benchmark::RegisterBenchmark("press on plus", bench::plusPress);
-  benchmark::RegisterBenchmark("choosing a named layout", bench::choosePreset)->Arg(50)->Arg(5000);
+  benchmark::RegisterBenchmark("relayout", bench::relayout);
+  auto* layouts = benchmark::RegisterBenchmark("choosing a named layout", bench::choosePreset);
+  for (const long number : {50, 312, 625, 1250, 2500, 5000}) layouts->Arg(number);
+  auto* boxes = benchmark::RegisterBenchmark("notice boxes", bench::noticeBoxes);
+  for (const long number : {10, 20, 40, 80, 160}) boxes->Arg(number);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 } catch (const sim::UsageError& error) {

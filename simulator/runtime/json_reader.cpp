@@ -23,12 +23,12 @@ namespace {
 using Owned = bridge::Strong<bridge::Object>;
 
 struct MadeArray : bridge::Face<"NSArray", NSArray> {
-  MESSAGE Method<"initWithObjects:count:", NSArray(const Owned*, NSUInteger)> initWithObjects_count;
+  MESSAGE Method<"initWithObjects:count:", NSArray(const id*, NSUInteger)> initWithObjects_count;
 };
 
 struct MadeDictionary : bridge::Face<"NSDictionary", NSDictionary> {
   // Of a key that is there twice the last value counts.
-  MESSAGE Method<"initWithObjects:forKeys:count:", NSDictionary(const Owned*, const Owned*, NSUInteger)>
+  MESSAGE Method<"initWithObjects:forKeys:count:", NSDictionary(const id*, const id*, NSUInteger)>
       initWithObjects_forKeys_count;
 };
 
@@ -42,7 +42,7 @@ template <std::size_t places>
 class Memory {
  public:
   template <class Make>
-  Owned find(std::string_view text, Make make) {
+  id find(std::string_view text, Make make) {
     Place& place = all[placeOf(text)];
     if (!place.object || place.text != text) place = {text, make()};
     return place.object;
@@ -51,7 +51,7 @@ class Memory {
  private:
   struct Place {
     std::string_view text;
-    Owned object;
+    id object = nullptr;
   };
   // The ends tell texts apart best, be they keys or numbers.
   static std::size_t placeOf(std::string_view text) {
@@ -74,7 +74,7 @@ class Reader {
   Owned all() {
     if (!value()) return nullptr;
     skipBlanks();
-    return left.empty() ? std::move(values.front()) : nullptr;
+    return left.empty() ? bridge::retained(bridge::as<bridge::Object>(values.front())) : nullptr;
   }
 
  private:
@@ -96,9 +96,12 @@ class Reader {
     while (next() == ' ' || next() == '\n' || next() == '\t' || next() == '\r') left.remove_prefix(1);
   }
 
-  bool push(Owned object) {
-    values.push_back(std::move(object));
-    return true;
+  id keep(Owned object) { return made.emplace_back(std::move(object)).get().raw; }
+
+  // False for none.
+  bool push(id object) {
+    values.push_back(object);
+    return object != nullptr;
   }
 
   // Each of these puts what it has read behind the others in `values`; false where there is no such thing.
@@ -109,16 +112,14 @@ class Reader {
         return depthLeft > 0 && object();
       case '[':
         return depthLeft > 0 && array();
-      case '"': {
-        Owned made = string();
-        return made && push(std::move(made));
-      }
+      case '"':
+        return push(string());
       case 't':
-        return takeWord("true") && push(bridge::retained(NSNumber::numberWithBool(YES)));
+        return takeWord("true") && push(NSNumber::numberWithBool(YES).raw);
       case 'f':
-        return takeWord("false") && push(bridge::retained(NSNumber::numberWithBool(NO)));
+        return takeWord("false") && push(NSNumber::numberWithBool(NO).raw);
       case 'n':
-        return takeWord("null") && push(bridge::retained(NSNull::null()));
+        return takeWord("null") && push(NSNull::null().raw);
       default:
         return number();
     }
@@ -137,10 +138,10 @@ class Reader {
       if (!take(']')) return false;
     }
     ++depthLeft;
-    auto made = bridge::make<MadeArray, &MadeArray::initWithObjects_count>(values.data() + first,
-                                                                           values.size() - first);
+    const id list = keep(bridge::make<MadeArray, &MadeArray::initWithObjects_count>(values.data() + first,
+                                                                                    values.size() - first));
     values.resize(first);
-    return push(std::move(made));
+    return push(list);
   }
 
   bool object() {
@@ -156,18 +157,18 @@ class Reader {
       if (!take('}')) return false;
     }
     ++depthLeft;
-    auto made = bridge::make<MadeDictionary, &MadeDictionary::initWithObjects_forKeys_count>(
-        values.data() + first, keys.data() + firstKey, values.size() - first);
+    const id table = keep(bridge::make<MadeDictionary, &MadeDictionary::initWithObjects_forKeys_count>(
+        values.data() + first, keys.data() + firstKey, values.size() - first));
     values.resize(first);
     keys.resize(firstKey);
-    return push(std::move(made));
+    return push(table);
   }
 
   bool member() {
     skipBlanks();
-    Owned key = next() == '"' ? this->key() : nullptr;
+    const id key = next() == '"' ? this->key() : nullptr;
     if (!key) return false;
-    keys.push_back(std::move(key));
+    keys.push_back(key);
     skipBlanks();
     return take(':') && value();
   }
@@ -188,14 +189,13 @@ class Reader {
       if (!takeDigits()) return false;
     }
     const std::string_view text = from.substr(0, from.size() - left.size());
-    Owned made = numbers.find(text, [text]() -> Owned {
+    return push(numbers.find(text, [this, text]() -> id {
       double read = 0;
       // Too large as well as too small, which is zero.
       if (std::from_chars(text.data(), text.data() + text.size(), read).ec != std::errc())
         read = std::strtod(std::string(text).c_str(), nullptr);
-      return std::isfinite(read) ? Owned(bridge::retained(NSNumber::numberWithDouble(read))) : nullptr;
-    });
-    return made && push(std::move(made));
+      return std::isfinite(read) ? keep(bridge::retained(NSNumber::numberWithDouble(read))) : nullptr;
+    }));
   }
 
   // How many characters at the front stand for themselves, a byte each.
@@ -205,7 +205,7 @@ class Reader {
     return count;
   }
 
-  Owned key() {
+  id key() {
     const std::string_view from = left;
     take('"');
     const std::string_view text = left.substr(0, plain());
@@ -213,12 +213,12 @@ class Reader {
     const bool isAll = take('"');
     const std::string_view after = std::exchange(left, from);
     if (!isAll) return string();
-    Owned made = names.find(text, [this] { return string(); });
+    const id found = names.find(text, [this] { return string(); });
     left = after;
-    return made;
+    return found;
   }
 
-  Owned string() {
+  id string() {
     take('"');
     units.clear();
     for (;;) {
@@ -226,7 +226,8 @@ class Reader {
       units.append(left.begin(), left.begin() + run);
       left.remove_prefix(run);
       if (take('"'))
-        return bridge::make<MadeString, &MadeString::initWithCharacters_length>(units.data(), units.size());
+        return keep(
+            bridge::make<MadeString, &MadeString::initWithCharacters_length>(units.data(), units.size()));
       if (left.empty() || static_cast<unsigned char>(next()) < ' ') return nullptr;
       if (!(take('\\') ? escape() : character())) return nullptr;
     }
@@ -284,7 +285,8 @@ class Reader {
 
   std::string_view left;
   int depthLeft;
-  std::vector<Owned> values, keys;
+  std::vector<Owned> made;       // everything, once
+  std::vector<id> values, keys;  // what the lists and tables that are open hold so far
   std::u16string units;
   Memory<64> names;
   Memory<2048> numbers;

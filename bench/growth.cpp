@@ -1,0 +1,36 @@
+// What grows with the home screen, and with the notice boxes over it: see script/plot-growth.
+#include "bench/home_screen.hpp"
+#include "controls/progress_hud.hpp"
+#include "platform/foundation/notification_center.hpp"
+#include "platform/uikit/application.hpp"
+#include "simulator/time/run_loop.hpp"
+
+namespace bench {
+
+void relayout(benchmark::State& state) {
+  bridge::Pool pool;
+  started();
+  constexpr double untilIconsRest = 0.7;  // seconds
+  for (auto _ : state) {
+    bridge::Pool each;
+    NSNotificationCenter::defaultCenter().postNotificationName_object("PopupViewDidDisappearNotification"_ns,
+                                                                      {});
+    sim::letPass(untilIconsRest);
+  }
+}
+
+void noticeBoxes(benchmark::State& state) {
+  bridge::Pool pool;
+  started();
+  const UIWindow window = UIApplication::sharedApplication().keyWindow();
+  for (auto _ : state) {
+    bridge::Pool each;
+    for (long i = 0; i < state.range(0); ++i)
+      tilo::RQProgressHUD::showHUDAddedTo_animated(window, NO).labelText.set("Exported"_ns);
+    sim::letPass(1.0 / 60);
+    tilo::RQProgressHUD::hideAllHUDsForView_animated(window, NO);
+    sim::letPass(1.0 / 60);
+  }
+}
+
+}  // namespace bench

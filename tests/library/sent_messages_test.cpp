@@ -1,0 +1,214 @@
+// What the library sends in its hot paths, once each of them has been gone: every message, and that nothing
+// is looked up by its name any more. The runtime's functions below stand before the runtime's own, for the
+// library as for everybody else.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "simulator/springboard/icon_controller.hpp"
+#include "tests/library/grid_home.hpp"
+#include "tests/library/panel_home.hpp"
+
+namespace {
+
+using bridge::Message;
+using test::Home;
+
+bool recording = false;
+std::map<std::string, int>& recorded() {
+  static auto& all = *new std::map<std::string, int>();
+  return all;
+}
+
+bool isOfTheLibrary(const void* code) {
+  Dl_info image;
+  return dladdr(code, &image) && std::string_view(image.dli_fname).ends_with("/libTilo.so");
+}
+
+void record(const void* caller, const std::string& what) {
+  if (!isOfTheLibrary(caller)) return;
+  recording = false;  // what counting sends is no part of it
+  ++recorded()[what];
+  recording = true;
+}
+
+template <class Function>
+Function next(const char* name) {
+  return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+#define STANDS_BEFORE extern "C" __attribute__((visibility("default")))
+
+STANDS_BEFORE IMP objc_msg_lookup(id receiver, SEL selector) {
+  static const auto lookup = next<IMP (*)(id, SEL)>("objc_msg_lookup");
+  if (recording) record(__builtin_return_address(0), sel_getName(selector));
+  return lookup(receiver, selector);
+}
+
+STANDS_BEFORE SEL sel_registerName(const char* name) {
+  static const auto original = next<SEL (*)(const char*)>("sel_registerName");
+  if (recording) record(__builtin_return_address(0), "selector by its name");
+  return original(name);
+}
+
+STANDS_BEFORE Class objc_getClass(const char* name) {
+  static const auto original = next<Class (*)(const char*)>("objc_getClass");
+  if (recording) record(__builtin_return_address(0), "class by its name");
+  return original(name);
+}
+
+namespace {
+
+// In alphabetical order, those that come more than once with their number: "2 count, objectAtIndex:".
+std::string sentBy(const std::function<void()>& path) {
+  const bridge::Pool pool;
+  path();
+  path();
+  recorded().clear();
+  recording = true;
+  path();
+  recording = false;
+  std::string all;
+  for (const auto& [what, times] : recorded())
+    all += (all.empty() ? "" : ", ") + (times > 1 ? std::to_string(times) + " " : "") + what;
+  return all;
+}
+
+const std::vector<std::string> everything{"enabled=YES",
+                                          "icons=YES",
+                                          "rows=5",
+                                          "columns=4",
+                                          "square=YES",
+                                          "custom_preset=-1",
+                                          "vertIconPadding=12.0",
+                                          "topIconInset=30",
+                                          "dockIconsEnabled=YES",
+                                          "dockIcons=3",
+                                          "labels=NO",
+                                          "quick=YES"};
+
+class SentMessages : public testing::Test {
+ protected:
+  Home home{test::homeOptions("iPhone 7", everything)};
+  id page = home.page(0).raw, dock = home.dock().raw;
+
+  template <bridge::Name Selector, class Result = NSUInteger>
+  std::string asking(id receiver) {
+    return sentBy([receiver] { Message<Selector, Result()>::send(receiver); });
+  }
+  // For the portrait orientation.
+  template <bridge::Name Selector>
+  std::string askingClass(const char* name) {
+    const id cls = reinterpret_cast<id>(objc_getClass(name));
+    return sentBy([cls] { Message<Selector, NSUInteger(NSInteger)>::send(cls, 1); });
+  }
+};
+
+// Four numbers by an object of their own, which layout is chosen, and whether the library is switched on.
+const std::string spacing = "alloc, 6 doubleValue, integerValue, 6 objectForKey:, obtainValues, release";
+
+TEST_F(SentMessages, AreThoseOfReadingTheSettingsForSpacing) {
+  EXPECT_EQ((asking<"verticalIconPadding", CGFloat>(page)), spacing);
+  EXPECT_EQ((asking<"sideIconInset", CGFloat>(page)), spacing);
+  EXPECT_EQ((asking<"topIconInset", CGFloat>(page)), spacing);
+}
+
+// Which is also when the icon controller is looked after.
+TEST_F(SentMessages, AreThoseOfTheControllerForHorizontalSpacing) {
+  EXPECT_EQ((asking<"horizontalIconPadding", CGFloat>(page)),
+            "alloc, 6 doubleValue, integerValue, 6 objectForKey:, obtainValues, 2 release, retain, "
+            "sharedInstance");
+}
+
+TEST_F(SentMessages, AreThoseOfAskingTheManagerForCounts) {
+  const std::string rows = "4 doubleValue, integerValue, 4 objectForKey:, rows, sharedManager";
+  const std::string columns =
+      "columns, 4 doubleValue, integerValue, isEqualToString:, 4 objectForKey:, sharedManager";
+  EXPECT_EQ(asking<"iconRowsForSpacingCalculation">(page), rows);
+  EXPECT_EQ(asking<"iconRowsForCurrentOrientation">(page), rows);
+  EXPECT_EQ(asking<"iconColumnsForCurrentOrientation">(page), columns);
+  EXPECT_EQ(askingClass<"iconRowsForInterfaceOrientation:">("SBIconListView"), rows);
+  EXPECT_EQ(askingClass<"iconColumnsForInterfaceOrientation:">("SBIconListView"), columns);
+  EXPECT_EQ(askingClass<"iconRowsForInterfaceOrientation:">("SBFolderIconListView"), "");
+}
+
+TEST_F(SentMessages, AreThoseOfTwoSettingsForTheDock) {
+  const std::string count =
+      "2 doubleValue, integerValue, isDockIconsEnabled, numberOfDockIcons, 2 objectForKey:";
+  const id dockClass = reinterpret_cast<id>(objc_getClass("SBDockIconListView"));
+  EXPECT_EQ(asking<"iconsInRowForSpacingCalculation">(dock), count);
+  EXPECT_EQ(asking<"maxIcons">(dockClass), count);
+  EXPECT_EQ(askingClass<"iconRowsForInterfaceOrientation:">("SBDockIconListView"), count);
+  EXPECT_EQ(askingClass<"maxVisibleIconRowsInterfaceOrientation:">("SBDockIconListView"), count);
+  EXPECT_EQ((asking<"effectiveSpacing", CGFloat>(dock)), "");
+  EXPECT_EQ((asking<"defaultHeight", CGFloat>(reinterpret_cast<id>(objc_getClass("SBDockView")))),
+            "objectForKey:");
+}
+
+TEST_F(SentMessages, AreThoseOfAShortDockForItsLayout) {
+  EXPECT_EQ((asking<"layoutSubviews", void>(dock)),
+            "2 doubleValue, integerValue, isDockIconsEnabled, numberOfDockIcons, 3 objectForKey:, "
+            "respondsToSelector:, setSpacing:");
+}
+
+TEST_F(SentMessages, AreThoseOfOneSettingForASquareIcon) {
+  auto view = bridge::make<SBIconImageView, &UIView::initWithFrame>(CGRect{});
+  EXPECT_EQ((asking<"showsSquareCorners", BOOL>(view.get().raw)), "doubleValue, objectForKey:");
+  EXPECT_EQ((asking<"layoutSubviews", void>(view.get().raw)),
+            "2 doubleValue, 2 objectForKey:, setShowsSquareCorners:");
+  EXPECT_EQ((asking<"cornerRadius", CGFloat>(reinterpret_cast<id>(objc_getClass("SBIconImageView")))), "");
+}
+
+TEST_F(SentMessages, AreThoseOfTwoSettingsForAHiddenLabel) {
+  auto parameters = bridge::make<SBIconLabelImageParameters, &NSObject::init>();
+  EXPECT_EQ((asking<"textColor", UIColor>(parameters.get().raw)),
+            "clearColor, 2 doubleValue, 2 objectForKey:");
+}
+
+// The pages are counted, and the count is stored.
+TEST_F(SentMessages, AreThoseOfCountingPagesForAStepOfScrolling) {
+  auto view = bridge::make<SBIconScrollView, &NSObject::init>();
+  const CGRect screen{{}, {375, 667}};
+  view->frame.set(screen);
+  view->contentSize.set({1000, 667});
+  for (int i = 0; i < 3; ++i) {
+    auto list = bridge::make<SBRootIconListView, &UIView::initWithFrame>(screen);
+    view->addSubview(list);
+  }
+  CGFloat x = 0;
+  EXPECT_EQ(sentBy([&] { view->contentOffset.set({++x, 0}); }),
+            "configuration, count, numberWithFloat:, 3 objectAtIndex:, saveWithKey:value:, "
+            "setValue:forKey:, sharedManager, subviews");
+}
+
+TEST_F(SentMessages, AreThoseOfFeelingForAFirmPressForATouchThatMoves) {
+  auto view = bridge::make<SBIconScrollView, &NSObject::init>();
+  NSSet none;
+  EXPECT_EQ(sentBy([&] {
+              Message<"touchesMoved:withEvent:", void(NSSet, UIEvent)>::send(view.get().raw, none, {});
+            }),
+            "objectForKey:");
+  EXPECT_EQ(sentBy([&] {
+              Message<"touchesEnded:withEvent:", void(NSSet, UIEvent)>::send(view.get().raw, none, {});
+            }),
+            "");
+}
+
+// One text is made, which is shown beside the slider.
+TEST(SentMessagesOfAPress, MakeNothingButTheTextOfTheNumber) {
+  test::PanelHome home;
+  home.open();
+  home.wait(1);
+  const std::string sent = sentBy([&] { home.step("increment \"Top Inset\""); });
+  for (const char* none : {"by its name", "autorelease", "stringByAppending", "initWithUTF8String:"})
+    EXPECT_EQ(sent.find(none), std::string::npos) << none << " in " << sent;
+  EXPECT_NE(sent.find("stringWithUTF8String:"), std::string::npos) << sent;
+}
+
+}  // namespace
