@@ -2,20 +2,31 @@
 #include "bench/home_screen.hpp"
 #include "controls/progress_hud.hpp"
 #include "platform/foundation/notification_center.hpp"
+#include "platform/foundation/number.hpp"
 #include "platform/uikit/application.hpp"
+#include "settings/gesture_controller.hpp"
 #include "simulator/time/run_loop.hpp"
+#include "simulator/uikit/drawing/rendering.hpp"
 
 namespace bench {
 
+// Each time to other places.
 void relayout(benchmark::State& state) {
   bridge::Pool pool;
   started();
+  step("swipe left");  // then the pages have been counted
+  step("wait 1");
   constexpr double untilIconsRest = 0.7;  // seconds
+  NSMutableDictionary settings = tilo::RQGestureController::sharedInstance().rootObj();
+  bool wide = false;
   for (auto _ : state) {
     bridge::Pool each;
+    wide = !wide;
+    settings.setObject_forKey(NSNumber::numberWithFloat(wide ? 20 : 12), "vertIconPadding"_ns);
     NSNotificationCenter::defaultCenter().postNotificationName_object("PopupViewDidDisappearNotification"_ns,
                                                                       {});
     sim::letPass(untilIconsRest);
+    sim::uikit::layoutPass();
   }
 }
 

@@ -26,7 +26,7 @@ std::map<std::string, int>& recorded() {
 
 bool isOfTheLibrary(const void* code) {
   Dl_info image;
-  return dladdr(code, &image) && std::string_view(image.dli_fname).ends_with("/libTilo.so");
+  return dladdr(code, &image) && std::string_view(image.dli_fname).ends_with("/Tilo.dylib");
 }
 
 void record(const void* caller, const std::string& what) {
@@ -87,6 +87,8 @@ const std::vector<std::string> everything{"enabled=YES",
                                           "square=YES",
                                           "custom_preset=-1",
                                           "vertIconPadding=12.0",
+                                          "horiIconPadding=9",
+                                          "sideIconInset=41",
                                           "topIconInset=30",
                                           "dockIconsEnabled=YES",
                                           "dockIcons=3",
@@ -146,22 +148,23 @@ TEST_F(SentMessages, AreThoseOfTwoSettingsForTheDock) {
   EXPECT_EQ(asking<"maxIcons">(dockClass), count);
   EXPECT_EQ(askingClass<"iconRowsForInterfaceOrientation:">("SBDockIconListView"), count);
   EXPECT_EQ(askingClass<"maxVisibleIconRowsInterfaceOrientation:">("SBDockIconListView"), count);
-  EXPECT_EQ((asking<"effectiveSpacing", CGFloat>(dock)), "");
   EXPECT_EQ((asking<"defaultHeight", CGFloat>(reinterpret_cast<id>(objc_getClass("SBDockView")))),
             "objectForKey:");
 }
 
+// This system's dock has no spacing to set.
 TEST_F(SentMessages, AreThoseOfAShortDockForItsLayout) {
   EXPECT_EQ((asking<"layoutSubviews", void>(dock)),
             "2 doubleValue, integerValue, isDockIconsEnabled, numberOfDockIcons, 3 objectForKey:, "
-            "respondsToSelector:, setSpacing:");
+            "respondsToSelector:");
 }
 
+// SpringBoard asks meanwhile what the corners are.
 TEST_F(SentMessages, AreThoseOfOneSettingForASquareIcon) {
   auto view = bridge::make<SBIconImageView, &UIView::initWithFrame>(CGRect{});
   EXPECT_EQ((asking<"showsSquareCorners", BOOL>(view.get().raw)), "doubleValue, objectForKey:");
   EXPECT_EQ((asking<"layoutSubviews", void>(view.get().raw)),
-            "2 doubleValue, 2 objectForKey:, setShowsSquareCorners:");
+            "3 doubleValue, 3 objectForKey:, setShowsSquareCorners:");
   EXPECT_EQ((asking<"cornerRadius", CGFloat>(reinterpret_cast<id>(objc_getClass("SBIconImageView")))), "");
 }
 
