@@ -1,4 +1,4 @@
-// What it costs to choose a named layout: the presets file is read, parsed and renumbered each time.
+// What it costs to choose a named layout: the presets file is read and parsed each time.
 #include <filesystem>
 #include <fstream>
 
