@@ -39,7 +39,8 @@ void panelFrame(benchmark::State& state);
 // The same for a page: counters tell the processor's seconds of each stage, on average, and the bytes.
 void servedFrame(benchmark::State& state);
 
-// A press on a plus button, from the finger's coming down to the stored value and the icons' new places.
+// A press on a plus or minus button, from the finger's coming down to the stored value and the icons' new
+// places; and how many messages that takes, where messages.c counts them.
 void plusPress(benchmark::State& state);
 
 // A relayout of all pages, until the icons rest. Its home screen is of --pages or --icons.
