@@ -108,6 +108,8 @@ struct Builder {
 
 void layoutSubviews(Table self) {
   TableClass::super<&UIView::layoutSubviews>(self);
+  // One whose page has gone, where Settings were opened anew, may be seen for a while: nobody is to be asked.
+  if (!bridge::isKindOf<UIViewController>(self.nextResponder())) return;
   TableState& state = TableClass::state(self);
   const CGFloat width = self.bounds().size.width;
   state.scrolled();

@@ -156,4 +156,14 @@ TEST(Pane, ShowsWhatThePanelHasChanged) {
   EXPECT_EQ(value("Horizontal Padding"), 8);
 }
 
+// Both are made anew each time, and what is left of the first ones is still laid out.
+TEST(SettingsOfATablet, AreLeftAndComeBackFromThePanel) {
+  test::Home home(
+      {"--device", "iPad Pro (12.9-inch)", "--ios", "11.1", "--set", "enabled=YES", "--set", "quick=YES"});
+  for (const char* step :
+       {"settings", "swipe up", "home", "swipe up", "call openSettings", "swipe up", "wait 1"})
+    home.step(step);
+  EXPECT_EQ(home.report()["application"], "Settings");
+}
+
 }  // namespace
