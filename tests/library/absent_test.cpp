@@ -9,22 +9,14 @@
 #include <cstring>
 
 #include "simulator/device/usage_error.hpp"
+#include "tests/library/hidden_class.hpp"
 #include "tests/library/method_rows.hpp"
 #include "tests/support/home.hpp"
 
 namespace {
 
 // What the library does not find; the home screen, which has it, does.
-struct Absent {
-  const char* className = nullptr;
-  const test::Row* row = nullptr;
-} absent;
-
-// The library's code, or a slice's, of which this machine's linker knows nothing.
-bool isLibrary(void* code) {
-  Dl_info found{};
-  return !dladdr(code, &found) || std::string_view(found.dli_fname).contains("Tilo");
-}
+const test::Row* absent = nullptr;
 
 template <class Function>
 Function* next(const char* name, Function*) {
@@ -32,7 +24,7 @@ Function* next(const char* name, Function*) {
 }
 
 bool isAbsent(Class cls, const char* selector) {
-  return absent.row && cls == absent.row->owner() && std::strcmp(selector, absent.row->selector) == 0;
+  return absent && cls == absent->owner() && std::strcmp(selector, absent->selector) == 0;
 }
 
 }  // namespace
@@ -41,22 +33,16 @@ bool isAbsent(Class cls, const char* selector) {
 #pragma GCC visibility push(default)
 extern "C" {
 
-Class objc_getClass(const char* name) {
-  static const auto runtimes = next("objc_getClass", &objc_getClass);
-  const bool hidden = absent.className && std::strcmp(name, absent.className) == 0;
-  return hidden && isLibrary(__builtin_return_address(0)) ? nullptr : runtimes(name);
-}
-
 objc_method* class_getInstanceMethod(Class cls, SEL selector) {
   static const auto runtimes = next("class_getInstanceMethod", &class_getInstanceMethod);
-  const bool hidden = absent.row && isAbsent(cls, sel_getName(selector));
-  return hidden && isLibrary(__builtin_return_address(0)) ? nullptr : runtimes(cls, selector);
+  const bool hidden = absent && isAbsent(cls, sel_getName(selector));
+  return hidden && test::isCodeOfTheLibrary(__builtin_return_address(0)) ? nullptr : runtimes(cls, selector);
 }
 
 objc_method** class_copyMethodList(Class cls, unsigned int* count) {
   static const auto runtimes = next("class_copyMethodList", &class_copyMethodList);
   objc_method** list = runtimes(cls, count);
-  if (!list || !absent.row || !isLibrary(__builtin_return_address(0))) return list;
+  if (!list || !absent || !test::isCodeOfTheLibrary(__builtin_return_address(0))) return list;
   const auto end = std::remove_if(list, list + *count, [&](objc_method* method) {
     return isAbsent(cls, sel_getName(method_getName(method)));
   });
@@ -152,7 +138,7 @@ constexpr const char* classes[] = {"SBIconImageView",
 class AnAbsentClass : public testing::TestWithParam<const char*> {};
 
 TEST_P(AnAbsentClass, IsToldAndLeavesTheOtherRowsAsTheyAre) {
-  absent.className = GetParam();
+  test::hiddenClass = GetParam();
   expectMissing([](const Row& row) { return std::strcmp(row.className, GetParam()) == 0; }, "class missing");
 }
 
@@ -170,7 +156,7 @@ class AnAbsentMethod : public testing::TestWithParam<const Row*> {};
 
 TEST_P(AnAbsentMethod, IsToldAndLeavesTheOtherRowsAsTheyAre) {
   ASSERT_EQ(replacements().size(), 36u);
-  absent.row = GetParam();
+  absent = GetParam();
   expectMissing([](const Row& row) { return &row == GetParam(); }, "method missing");
 }
 

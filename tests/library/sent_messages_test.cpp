@@ -11,6 +11,7 @@
 
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/library/grid_home.hpp"
+#include "tests/library/hidden_class.hpp"
 #include "tests/library/panel_home.hpp"
 
 namespace {
@@ -60,7 +61,7 @@ STANDS_BEFORE SEL sel_registerName(const char* name) {
 STANDS_BEFORE Class objc_getClass(const char* name) {
   static const auto original = next<Class (*)(const char*)>("objc_getClass");
   if (recording) record(__builtin_return_address(0), "class by its name");
-  return original(name);
+  return test::isHidden(name, __builtin_return_address(0)) ? nullptr : original(name);
 }
 
 namespace {
