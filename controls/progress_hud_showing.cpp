@@ -107,7 +107,7 @@ void hide(RQProgressHUD self, BOOL animated) {
   state.useAnimation = animated;
   stop(state.minShowTimer);
   const double least = static_cast<double>(self.minShowTime());
-  const double shown = state.showStarted ? secondsSince(state.showStarted) : least;
+  const double shown = least > 0 && state.showStarted ? secondsSince(state.showStarted) : least;
   if (shown < least)
     state.minShowTimer = timer(self, least - shown, bridge::selector<"handleMinShowTimer:">());
   else

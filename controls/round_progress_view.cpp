@@ -41,7 +41,7 @@ Strong<NSObject> init(RQRoundProgressView self) {
   return bridge::Descriptor<&UIView::initWithFrame>::send(self.raw, defaultFrame);
 }
 
-// Clockwise from the top.
+// Clockwise from the top. What an arc that ends where it begins is, UIKit does not say: nobody draws one.
 void addArc(UIBezierPath path, const CGRect& bounds, CGFloat radius, CGFloat progress) {
   path.addArcWithCenter_radius_startAngle_endAngle_clockwise(middleOf(bounds), radius, top,
                                                              top + 2 * pi * progress, YES);
@@ -57,7 +57,7 @@ void strokeRing(const CGRect& bounds, CGFloat progress, UIColor color) {
 
 void drawRing(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
   strokeRing(bounds, 1, self.backgroundTintColor());
-  strokeRing(bounds, progress, self.progressTintColor());
+  if (progress > 0) strokeRing(bounds, progress, self.progressTintColor());
 }
 
 void fillPie(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
@@ -76,7 +76,7 @@ void drawPie(RQRoundProgressView self, const CGRect& bounds, CGFloat progress) {
   outline.fill();
   self.progressTintColor().setStroke();
   outline.stroke();
-  fillPie(self, disc, progress);
+  if (progress > 0) fillPie(self, disc, progress);
 }
 
 void drawRect(RQRoundProgressView self, CGRect) {

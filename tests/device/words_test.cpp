@@ -58,4 +58,8 @@ TEST(WordsOfACall, EndTheProcessWhereTheTwoLayAStructureOutOtherwise) {
   EXPECT_DEATH(outOfSlice("v@:(Either=id)"), "cannot cross");
 }
 
+TEST(WordsOfACall, EndTheProcessWhereANameHasNoEnd) {
+  EXPECT_DEATH(outOfSlice("v@:@\"NSString"), "'@\"NSString' of 'v@:@\"NSString' cannot cross");
+}
+
 }  // namespace

@@ -283,6 +283,15 @@ TEST_F(ProgressHUDShowing, HasNoLeastTimeBeforeItWasShown) {
   EXPECT_EQ(notes, Notes{"hidden"});
 }
 
+TEST_F(ProgressHUDShowing, WithoutALeastTimeIsHiddenAtOnceThoughTheClockWasSetBack) {
+  {
+    const sim::clock::DueTimers ahead;
+    hud->show(NO);
+  }
+  hud->hide(NO);
+  EXPECT_EQ(notes, Notes{"hidden"});
+}
+
 TEST_F(ProgressHUDShowing, HiddenTwiceWithinItsLeastTimeEndsOnce) {
   hud->minShowTime.set(1);
   hud->show(NO);

@@ -74,7 +74,7 @@ class Reader {
         return {wordSize, wordSize};
       case '@':
         if (*at == '?') ++at;
-        if (*at == '"') at = std::strchr(at + 1, '"') + 1;
+        if (*at == '"') skipName(start);
         return {wordSize, wordSize};
       case 'i':
       case 'I':
@@ -108,6 +108,13 @@ class Reader {
     whole.size = roundedUp(whole.size, whole.alignment);
     if (whole.size != roundedUp(apples, std::min(whole.alignment, wordSize))) refuse(start);
     return whole;
+  }
+
+  // Past a class's, in quotes, of the object at `start`.
+  void skipName(const char* start) {
+    const char* end = std::strchr(at + 1, '"');
+    if (!end) refuse(start);
+    at = end + 1;
   }
 
   // Past the bracket that closes the one at `start`.
