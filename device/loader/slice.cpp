@@ -44,11 +44,11 @@ constexpr const char* pane = "/Library/PreferenceBundles/Tilo.bundle/Tilo";
 bool isPane(const std::vector<uint8_t>& file) { return readImage(file).front().installName == pane; }
 
 // Of the library, or of the page in Settings.
-Policy policyFor(const std::vector<uint8_t>& file) {
-  const std::string folder = isPane(file) ? TILO_DEVICE "/preferences" : TILO_DEVICE;
+Policy policyFor(bool ofPane) {
+  const std::string folder = ofPane ? TILO_DEVICE "/preferences" : TILO_DEVICE;
   std::ifstream in(folder + "/exports.txt");
   Policy policy{readImportLists(folder + "/imports"), {std::istream_iterator<std::string>(in), {}}};
-  if (isPane(file)) policy.installName = pane, policy.initialisers = 1;
+  if (ofPane) policy.installName = pane, policy.initialisers = 1;
   return policy;
 }
 
@@ -66,11 +66,12 @@ void* open(const char* path, std::string& error) try {
   std::ifstream in(path, std::ios::binary);
   slice->file.assign(std::istreambuf_iterator<char>(in), {});
   if (!isUniversal(slice->file)) return host.open(path, error);
-  slice->layout = layOut(slice->file, architecture, policyFor(slice->file));
+  const bool ofPane = isPane(slice->file);
+  slice->layout = layOut(slice->file, architecture, policyFor(ofPane));
   slice->base = intoMemory(slice->layout, importNamed);
   void* image = slice->base;
   const Slice& kept = *(loaded[image] = std::move(slice));
-  if (!isPane(kept.file)) nameCrashes(kept.base, kept.layout.size, TILO_SYMBOLS, architecture);
+  if (!ofPane) nameCrashes(kept.base, kept.layout.size, TILO_SYMBOLS, architecture);
   letUnwind(kept.layout, kept.base);
   initialise(kept.layout, kept.base, asFunction);
   return image;

@@ -324,6 +324,26 @@ TEST(LoaderOfArm64, RefusesASliceWithoutUnwindTables) {
   EXPECT_NE(refusal(file, "arm64").find("no unwind tables"), std::string::npos);
 }
 
+// The slice with another end of the code that its unwind tables tell of.
+Bytes withCodeEndingAt(uint32_t address) {
+  Bytes file = shipped();
+  const Slice slice = sliceOf(file, "arm64");
+  const auto tables = std::ranges::find(slice.sections, "__unwind_info", &Section::name);
+  const size_t start = slice.start + tables->offset;
+  ByteReader header(file, start + 20);
+  const auto index = header.take<uint32_t>(), entries = header.take<uint32_t>();
+  std::memcpy(file.data() + start + index + 12 * (entries - 1), &address, sizeof address);
+  return file;
+}
+
+TEST(LoaderOfArm64, RefusesUnwindTablesThatAreNotInOrder) {
+  EXPECT_EQ(refusal(withCodeEndingAt(0), "arm64"), "unwind tables that are not in order");
+}
+
+TEST(LoaderOfArm64, RefusesUnwindTablesOfCodeOutsideTheImage) {
+  EXPECT_EQ(refusal(withCodeEndingAt(0x7fffffff), "arm64"), "unwind tables of code outside the image");
+}
+
 TEST(LoaderOfArmv7, RefusesPointersThatItsLinkerLeavesUnbound) {
   Bytes file = shipped();
   auto begin = file.begin() + static_cast<long>(sliceOf(file, "armv7").start);

@@ -10,6 +10,7 @@ from support import Browser, Served, eventually
 
 PROGRAM, FOLDER = sys.argv[1:3]
 SETTINGS = [word for setting in ("enabled=YES", "quick=YES", "icons=YES", "rows=5", "columns=5", "custom_preset=-1",
+                                 "labels=YES", "page=YES",
                                  "vertIconPadding=22", "horiIconPadding=12", "sideIconInset=13", "topIconInset=34")
             for word in ("--set", setting)]
 
