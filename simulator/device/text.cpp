@@ -49,14 +49,16 @@ std::size_t characterLength(std::string_view text) {
   return wrong ? 0 : length;
 }
 
-bool isText(std::string_view bytes) {
+bool isUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
     const std::size_t length = characterLength(bytes);
-    if (length == 0 || bytes.front() == '\0') return false;
+    if (length == 0) return false;
     bytes.remove_prefix(length);
   }
   return true;
 }
+
+bool isText(std::string_view bytes) { return isUtf8(bytes) && !bytes.contains('\0'); }
 
 std::string messageLine(std::string_view message) {
   if (message.size() <= longestLine) return shown(message);

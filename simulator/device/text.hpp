@@ -10,6 +10,9 @@ namespace sim {
 /** How many bytes the character of UTF-8 at the front takes; 0 when they are none. */
 std::size_t characterLength(std::string_view text);
 
+/** Whether all of it is UTF-8. */
+bool isUtf8(std::string_view bytes);
+
 /** Whether all of it is UTF-8 without a NUL, which is what Foundation makes strings of. */
 bool isText(std::string_view bytes);
 
