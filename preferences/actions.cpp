@@ -106,7 +106,7 @@ void restore(RootController self, bridge::Object chosen, PSSpecifier) {
   if (!name) return;
   auto file = bridge::retained(backupFolder().stringByAppendingPathComponent(name));
   ask(joined("Replace all settings and layouts by those of "_ns, name, "?"_ns), "Restore"_ns, [self, file] {
-    if (NSString fault = restoreFrom(file)) return say(joined("Nothing was changed: "_ns, fault, "."_ns));
+    if (NSString fault = restoreFrom(file)) return say(joined("Not restored: "_ns, fault, "."_ns));
     tellAll(self);
     say(joined("Restored. "_ns, respringHint()));
   });

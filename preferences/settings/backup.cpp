@@ -221,9 +221,14 @@ NSString restoreFrom(NSString path) {
   if (!bytes) return "the backup cannot be read"_ns;
   Judged backup = judged(bytes);
   if (backup.fault) return backup.fault;
-  return restoration::carryOut(valuesWith(backup), backup.presets)
-             ? NSString{}
-             : "the backup cannot be put in place: the disk refuses it"_ns;
+  switch (restoration::carryOut(valuesWith(backup), backup.presets)) {
+    case restoration::Outcome::done:
+      return {};
+    case restoration::Outcome::undone:
+      return "the backup cannot be put in place: the disk refuses it"_ns;
+    case restoration::Outcome::pending:
+      return "the disk refuses the backup now; it is put in place at the next start"_ns;
+  }
 }
 
 }  // namespace tilo::pane

@@ -15,7 +15,8 @@ NSString backupFolder();
 // Their names, the newest first.
 NSArray backupNames();
 
-// Each answers nil, or what is wrong in words that name the culprit; then nothing has changed.
+// Each answers nil, or what is wrong in words that name the culprit; then nothing has changed, or they say
+// when it will.
 NSString backUpTo(NSString path);
 NSString restoreFrom(NSString path);
 

@@ -45,7 +45,7 @@ bool putInPlace(NSDictionary note) {
 
 }  // namespace
 
-bool carryOut(NSDictionary values, NSData layouts) {
+Outcome carryOut(NSDictionary values, NSData layouts) {
   synchroniseDomain();
   NSDictionary before = valuesOfDomain();
   NSMutableDictionary note = NSMutableDictionary::dictionary();
@@ -53,7 +53,8 @@ bool carryOut(NSDictionary values, NSData layouts) {
   note.setObject_forKey(before ? before : NSDictionary::dictionary(), "before"_ns);
   note.setObject_forKey(layouts, "presets"_ns);
   presets::makeFolder();
-  return note.writeToFile_atomically(notePath(), YES) && putInPlace(note);
+  if (note.writeToFile_atomically(notePath(), YES) && putInPlace(note)) return Outcome::done;
+  return files().fileExistsAtPath(notePath()) ? Outcome::pending : Outcome::undone;
 }
 
 void finish() {

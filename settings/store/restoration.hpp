@@ -8,9 +8,14 @@
 
 namespace tilo::restoration {
 
-// All values that there are to be, and the presets file's bytes with the layouts. False when the disk
-// refuses; then all is as it was.
-bool carryOut(NSDictionary values, NSData layouts);
+enum class Outcome {
+  done,
+  undone,   // the disk refused, and all is as it was
+  pending,  // the disk refused to undo it too: it is done when the disk is well again
+};
+
+// All values that there are to be, and the presets file's bytes with the layouts.
+Outcome carryOut(NSDictionary values, NSData layouts);
 
 // Brings to its end what a process was killed at. What the disk refuses is tried again the next time.
 void finish();

@@ -1,6 +1,6 @@
 // Each system call that changes the disk goes wrong in turn, in each way: the process goes on, nothing but
 // the change under way is lost, no file is half of one, and what was begun goes at the next start.
-#include "tests/library/faulty_disk.hpp"
+#include "tests/support/faulty_disk.hpp"
 
 #include "simulator/app/report_values.hpp"
 #include "simulator/device/unfinished_files.hpp"

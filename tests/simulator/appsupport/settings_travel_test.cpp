@@ -1,77 +1,11 @@
 // Layouts as lines of text and backups, as tilo-settings makes and takes them.
-#include <signal.h>
-#include <sys/ptrace.h>
-#include <sys/reg.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <algorithm>
 #include <fstream>
 
-#include "tests/simulator/appsupport/fixture.hpp"
-#include "tests/support/files.hpp"
+#include "tests/simulator/appsupport/travelling_settings.hpp"
 
 namespace {
 
 using namespace test;
-namespace fs = std::filesystem;
-
-constexpr const char* wide = "tilo:1:11.5,26,14.5,30:Wide";
-
-class TravellingSettings : public testing::Test {
- protected:
-  TravellingSettings() { makeDevice(root); }
-
-  static void makeDevice(const fs::path& place) {
-    fs::create_directories(place / "var/mobile/Library/Preferences");
-  }
-
-  test::Run run(std::vector<std::string> words) {
-    words.insert(words.begin(), {"--root", root.string()});
-    return runSettings(words);
-  }
-
-  void expectError(const std::vector<std::string>& words, const std::string& culprit) {
-    const test::Run ended = run(words);
-    EXPECT_EQ(ended.status, 2);
-    EXPECT_NE(ended.errors.find(culprit), std::string::npos) << ended.errors;
-    EXPECT_EQ(std::count(ended.errors.begin(), ended.errors.end(), '\n'), 1) << ended.errors;
-  }
-
-  // What another process reads, whole.
-  std::string preferences() const { return read("var/mobile/Library/Preferences/com.wexor.tilo.plist"); }
-  std::string layouts() const { return read("var/mobile/Documents/com.wexor.tilo3/custom/config.json"); }
-  std::string read(const char* file) const {
-    return fs::exists(root / file) ? contentsOf(root / file) : "(none)";
-  }
-
-  std::string backup() {
-    const std::string file = (temporary.path() / "backup.json").string();
-    EXPECT_EQ(run({"backup", file}).status, 0);
-    return file;
-  }
-
-  // A backup as somebody has changed it.
-  std::string edited(const std::string& file, const std::string& from, const std::string& to) {
-    std::string text = contentsOf(file);
-    const std::size_t place = text.find(from);
-    EXPECT_NE(place, std::string::npos) << text;
-    text.replace(place, from.size(), to);
-    return temporaryFile("edited.json", text);
-  }
-
-  void fill() {
-    run({"paste", wide});
-    run({"paste", "tilo:1:1,2,3,4,scaled:Narrow"});
-    run({"set", "Rows", "7"});
-    run({"set", "Square Icons", "YES"});
-    run({"set", "Layout", "Narrow"});
-  }
-
-  sim::TemporaryRoot temporary;
-  fs::path root = temporary.path() / "device";
-};
 
 TEST_F(TravellingSettings, CarryALayoutAsALineOfText) {
   EXPECT_EQ(run({"paste", wide}).status, 0);
@@ -174,66 +108,6 @@ TEST_F(TravellingSettings, NameAFileThatIsNoneInOneLine) {
     expectError({"backup", file}, std::string("'") + file + "': the backup cannot be written");
   EXPECT_EQ(preferences(), settings);
   EXPECT_EQ(layouts(), presets);
-}
-
-bool changesFiles(long call) {
-  constexpr long calls[] = {SYS_rename, SYS_renameat, SYS_renameat2, SYS_unlink, SYS_unlinkat, SYS_mkdir};
-  return std::ranges::find(calls, call) != std::end(calls);
-}
-
-// Runs tilo-settings and kills it where it is about to change the folder's entries for the `last`th time;
-// whether it came that far.
-bool killedAtChange(const std::vector<std::string>& words, int last) {
-  const pid_t process = fork();
-  if (process == 0) {
-    std::string program = fs::canonical("/proc/self/exe").parent_path() / "tilo-settings";
-    std::vector<char*> arguments{program.data()};
-    for (auto& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
-    ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-    (void)!freopen("/dev/null", "w", stderr);
-    execv(program.c_str(), arguments.data());
-    _exit(127);
-  }
-  int status = 0, changes = 0;
-  waitpid(process, &status, 0);
-  ptrace(PTRACE_SETOPTIONS, process, nullptr, PTRACE_O_TRACESYSGOOD);
-  for (bool entering = true;; entering = !entering) {
-    ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
-    waitpid(process, &status, 0);
-    if (!WIFSTOPPED(status)) return false;
-    const long call = ptrace(PTRACE_PEEKUSER, process, sizeof(long) * ORIG_RAX, nullptr);
-    if (!entering || !changesFiles(call) || ++changes < last) continue;
-    kill(process, SIGKILL);
-    waitpid(process, &status, 0);
-    return true;
-  }
-}
-
-TEST_F(TravellingSettings, AreAllOldOrAllNewWhenRestoringIsKilled) {
-  fill();
-  const std::string file = backup();
-  const std::string newList = run({"list"}).output, newLayouts = layouts();
-  int old = 0, fresh = 0, kills = 0;
-  for (bool killed = true; killed;) {
-    root = temporary.path() / ("device" + std::to_string(++kills));
-    makeDevice(root);
-    run({"paste", "tilo:1:5,6,7,8:Old"});
-    run({"set", "Rows", "3"});
-    const std::string oldList = run({"list"}).output, oldLayouts = layouts();
-    killed = killedAtChange({"--root", root.string(), "restore", file}, kills);
-    const std::string list = run({"list"}).output;
-    if (list == oldList) {
-      ++old;
-      EXPECT_EQ(layouts(), oldLayouts) << kills;
-    } else {
-      ++fresh;
-      EXPECT_EQ(list, newList) << kills;
-      EXPECT_EQ(layouts(), newLayouts) << kills;
-    }
-  }
-  EXPECT_GE(old, 1);
-  EXPECT_GE(fresh, 3);
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace test {
 
@@ -36,17 +37,48 @@ class FaultyDisk {
   /** In a copy of the process: `work` with the fault, then `later` without. Answers whether the fault came.
    */
   bool strikes(const std::function<void()>& work, const std::function<void()>& later) {
+    const int status = follow([&] {
+      work();
+      ::raise(SIGSTOP);
+      later();
+      ::_exit(0);
+    });
+    EXPECT_EQ(status, 0) << "place " << place << ": did not come to its end";
+    return hasStruck;
+  }
+
+  struct End {
+    bool wasStruck;
+    int status;  // that the program ended with, or what `waitpid` says of another end
+  };
+  /** The same of a whole program, whose last words go to a file. */
+  End runs(const std::filesystem::path& program, std::vector<std::string> words,
+           const std::filesystem::path& errors) {
+    words.insert(words.begin(), program);
+    std::vector<char*> arguments;
+    for (auto& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    const int status = follow([&] {
+      ::dup2(::open(errors.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0644), STDERR_FILENO);
+      ::execv(program.c_str(), arguments.data());
+      ::_exit(127);
+    });
+    return {hasStruck, WIFEXITED(status) ? WEXITSTATUS(status) : status};
+  }
+
+ private:
+  using Word = unsigned long long;
+
+  // Does that in a copy of the process, with the fault; answers what `waitpid` says of its end.
+  int follow(const std::function<void()>& work) {
     child = ::fork();
     if (child == 0) {
       ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
       ::raise(SIGSTOP);
       work();
-      ::raise(SIGSTOP);
-      later();
-      ::_exit(0);
     }
     int status = next(0);
-    ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
+    ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_TRACEEXEC);
     bool entering = true;
     while (WIFSTOPPED(status = next(PTRACE_SYSCALL))) {
       if (WSTOPSIG(status) == SIGSTOP) {
@@ -54,18 +86,13 @@ class FaultyDisk {
       } else if (WSTOPSIG(status) == (SIGTRAP | 0x80)) {
         entering ? enter() : leave();
         entering = !entering;
-      } else {
+      } else if (status >> 8 != (SIGTRAP | PTRACE_EVENT_EXEC << 8)) {
         ADD_FAILURE() << "the process got the signal " << WSTOPSIG(status);
         ::kill(child, SIGKILL);
       }
     }
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0)
-        << "place " << place << ": did not come to its end";
-    return hasStruck;
+    return status;
   }
-
- private:
-  using Word = unsigned long long;
 
   int next(int request) {
     int status = 0;
