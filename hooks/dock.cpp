@@ -31,8 +31,7 @@ NSUInteger dockCount(Self self, A... arguments) {
 BOOL isDockIconsEnabled(Class) { return settings().flag(keys::dockIconsEnabled); }
 
 int numberOfDockIcons(Class) {
-  NSNumber stored = settings().stored(keys::dockIcons);
-  return stored ? static_cast<int32_t>(stored.integerValue()) : usualCount;
+  return static_cast<int32_t>(settings().stored(keys::dockIcons).value_or(usualCount));
 }
 
 void dockLayoutSubviews(SBDockIconListView self) {

@@ -103,6 +103,17 @@ void store(bridge::Object value, NSString key) {
   if (isStorable(value)) ConfigurationManager::sharedManager().configuration().setObject_forKey(value, key);
 }
 
+// The same object for as long as the count is the same, as it is from one step of scrolling to the next.
+NSNumber numberOf(int pages) {
+  static constinit int of = 0;
+  [[clang::no_destroy]] static constinit bridge::Strong<NSNumber> number;
+  if (!number || of != pages) {
+    number = bridge::retained(NSNumber::numberWithFloat(static_cast<float>(pages)));
+    of = pages;
+  }
+  return number;
+}
+
 }  // namespace
 
 void listCellPreferencesUpdated(SBIconScrollView, NSString, NSDictionary info) {
@@ -167,8 +178,7 @@ void setContentOffset(SBIconScrollView self, CGPoint offset) {
   for (NSUInteger i = 0; i < all; ++i)
     pages += bridge::isKindOf<SBRootIconListView>(subviews.objectAtIndex(i));
   numOfPages = pages;
-  ConfigurationManager::sharedManager().saveWithKey_value(
-      keys::numOfPages, NSNumber::numberWithFloat(static_cast<float>(pages)));
+  ConfigurationManager::sharedManager().saveWithKey_value(keys::numOfPages, numberOf(pages));
   original<setContentOffset>(self, offset);
 }
 

@@ -17,24 +17,25 @@ struct ManagerState {
 using Manager = bridge::Implementation<ConfigurationManager, ManagerState>;
 
 // What every layout and every step of scrolling asks for. A dictionary looks at a key's address before it
-// compares letters, so these are put in as the very strings that they are asked for by.
+// compares letters, so these are put in as the very strings that they are asked for by. Of keys that share a
+// place the one that came last is found first, so what is asked for most comes last.
 void knowKeys(NSMutableDictionary values) {
-  constexpr id (*asked[])() = {keys::enabled.constant,
-                               keys::icons.constant,
-                               keys::rows.constant,
-                               keys::columns.constant,
-                               keys::customPreset.constant,
-                               keys::vertIconPadding.constant,
-                               keys::horiIconPadding.constant,
-                               keys::sideIconInset.constant,
-                               keys::topIconInset.constant,
-                               keys::dock.constant,
-                               keys::dockIconsEnabled.constant,
-                               keys::dockIcons.constant,
-                               keys::square.constant,
-                               keys::labels.constant,
+  constexpr id (*asked[])() = {keys::numOfPages.constant,
                                keys::page.constant,
-                               keys::numOfPages.constant};
+                               keys::labels.constant,
+                               keys::square.constant,
+                               keys::dockIcons.constant,
+                               keys::dockIconsEnabled.constant,
+                               keys::dock.constant,
+                               keys::topIconInset.constant,
+                               keys::sideIconInset.constant,
+                               keys::horiIconPadding.constant,
+                               keys::vertIconPadding.constant,
+                               keys::customPreset.constant,
+                               keys::columns.constant,
+                               keys::rows.constant,
+                               keys::icons.constant,
+                               keys::enabled.constant};
   for (auto constant : asked) {
     const auto key = bridge::as<NSString>(constant());
     const auto stored = bridge::retained(values.objectForKey(key));
@@ -64,9 +65,9 @@ bridge::Strong<NSObject> init(ConfigurationManager self) {
 void sync(ConfigurationManager) { synchroniseDomain(); }
 
 int storedCountLessOne(ConfigurationManager self, Key<Kind::count> key, int absent) {
-  NSNumber stored = Values(Manager::state(self).configuration).stored(key);
+  const auto stored = Values(Manager::state(self).configuration).stored(key);
   // Without a sign, so that the smallest count wraps around.
-  return stored ? static_cast<int>(static_cast<NSUInteger>(stored.integerValue()) - 1) : absent;
+  return stored ? static_cast<int>(static_cast<NSUInteger>(*stored) - 1) : absent;
 }
 
 int rows(ConfigurationManager self) { return storedCountLessOne(self, keys::rows, 6); }
@@ -75,7 +76,11 @@ int columns(ConfigurationManager self) { return storedCountLessOne(self, keys::c
 void save(ConfigurationManager self, NSString key, bridge::Object value) {
   if (!key) return;
   CFPreferencesSetValue(key.raw, value.raw, domain().raw, kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
-  self.configuration().setValue_forKey(value, key);
+  NSMutableDictionary known = Manager::state(self).configuration;
+  if (value)
+    known.setObject_forKey(value, key);
+  else
+    known.removeObjectForKey(key);
 }
 
 }  // namespace

@@ -38,6 +38,17 @@ float floatIn(bridge::Object stored) {
   return isFinite(value) ? static_cast<float>(std::clamp(value, -most, most)) : 0;
 }
 
+// A number of no more than that is asked once: from there on doubles and integers of 32 bits part.
+std::optional<NSInteger> integerIn(bridge::Object stored) {
+  constexpr double most = 1e9;
+  if (bridge::isKindOf<NSNumber>(stored)) {
+    const double value = bridge::as<NSNumber>(stored).doubleValue();
+    if (-most <= value && value <= most) return static_cast<NSInteger>(value);
+  }
+  const NSNumber number = numberIn(stored);
+  return number ? std::optional(number.integerValue()) : std::nullopt;
+}
+
 BOOL truthIn(bridge::Object stored) {
   auto number = bridge::as<NSNumber>(stored);
   if (bridge::isKindOf<NSNumber>(stored)) {

@@ -1,6 +1,8 @@
 // Reading values by their keys, each as what it is: a wrong kind does not compile.
 #pragma once
 
+#include <optional>
+
 #include "platform/foundation/dictionary.hpp"
 #include "platform/foundation/number.hpp"
 #include "settings/store/keys.hpp"
@@ -12,6 +14,8 @@ namespace tilo {
 NSNumber numberIn(bridge::Object stored);
 // As single precision has it; what is beyond it is the largest there is. Zero when absent.
 float floatIn(bridge::Object stored);
+// Its whole part, nothing when absent.
+std::optional<NSInteger> integerIn(bridge::Object stored);
 // A string of truth counts as well, "YES" for one. NO when absent.
 BOOL truthIn(bridge::Object stored);
 
@@ -23,7 +27,7 @@ class Values {
 
   BOOL flag(Key<Kind::flag> key) const { return truthIn(object(key)); }
   float number(Key<Kind::number> key) const { return floatIn(object(key)); }
-  NSInteger count(Key<Kind::count> key) const { return numberIn(object(key)).integerValue(); }
+  NSInteger count(Key<Kind::count> key) const { return stored(key).value_or(0); }
   int index(Key<Kind::index> key) const { return numberIn(object(key)).intValue(); }
   // Nil when there is no dictionary.
   NSDictionary values(Key<Kind::object> key) const {
@@ -31,8 +35,8 @@ class Values {
     return bridge::isKindOf<NSDictionary>(found) ? bridge::as<NSDictionary>(found) : NSDictionary{};
   }
 
-  // Nil when there is none.
-  NSNumber stored(Key<Kind::count> key) const { return numberIn(object(key)); }
+  // Nothing when there is none.
+  std::optional<NSInteger> stored(Key<Kind::count> key) const { return integerIn(object(key)); }
   bridge::Object object(NSString key) const { return dictionary.objectForKey(key); }
 
  private:

@@ -66,6 +66,22 @@ TEST(ConfigurationManager, SeesWhatAnotherProcessWroteBeforeItWasMade) {
   EXPECT_EQ(manager().rows(), 4);
 }
 
+TEST(ConfigurationManager, CountsWholeNumbersAlone) {
+  Home home({"--set", "rows=5"});
+  const std::pair<double, int> counts[] = {{5.9, 4}, {-5.9, -6}, {1e9, 999999999}, {-1e9, -1000000001}};
+  for (const auto& [stored, lessOne] : counts) {
+    home.save("rows"_ns, stored);
+    EXPECT_EQ(manager().rows(), lessOne) << stored;
+  }
+}
+
+// Double precision has no such odd number; of the count the last 32 bits are taken.
+TEST(ConfigurationManager, CountsWhatHasMoreDigitsThanDoublePrecision) {
+  Home home({"--set", "rows=5"});
+  home.save("rows"_ns, NSNumber::numberWithLongLong((1LL << 53) + 1));
+  EXPECT_EQ(manager().rows(), 0);
+}
+
 int synchronisations = 0;
 void countSync(id, SEL) { ++synchronisations; }
 

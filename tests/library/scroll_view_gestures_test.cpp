@@ -113,6 +113,18 @@ TEST(Scrolling, CountsNoViewsButPages) {
   EXPECT_EQ(PanelHome::live("numOfPages"_ns), 3);
 }
 
+TEST(Scrolling, StoresTheCountOfThePagesThatAreThereNow) {
+  PanelHome home;
+  home.step("swipe left");
+  auto fourth = bridge::make<SBRootIconListView, &UIView::initWithFrame>(CGRect{});
+  scrollView().addSubview(fourth);
+  home.step("swipe right");
+  EXPECT_EQ(PanelHome::live("numOfPages"_ns), 4);
+  fourth->removeFromSuperview();
+  home.step("swipe left");
+  EXPECT_EQ(PanelHome::live("numOfPages"_ns), 3);
+}
+
 // The system has `force` from 9.0 on; a library may have added it to an older one.
 CGFloat firm(UITouch) { return 5; }
 

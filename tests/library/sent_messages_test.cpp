@@ -114,7 +114,7 @@ class SentMessages : public testing::Test {
 };
 
 // Four numbers by an object of their own, which layout is chosen, and whether the library is switched on.
-const std::string spacing = "alloc, 6 doubleValue, integerValue, 6 objectForKey:, obtainValues, release";
+const std::string spacing = "alloc, 6 doubleValue, 6 objectForKey:, obtainValues, release";
 
 TEST_F(SentMessages, AreThoseOfReadingTheSettingsForSpacing) {
   EXPECT_EQ((asking<"verticalIconPadding", CGFloat>(page)), spacing);
@@ -125,14 +125,13 @@ TEST_F(SentMessages, AreThoseOfReadingTheSettingsForSpacing) {
 // Which is also when the icon controller is looked after.
 TEST_F(SentMessages, AreThoseOfTheControllerForHorizontalSpacing) {
   EXPECT_EQ((asking<"horizontalIconPadding", CGFloat>(page)),
-            "alloc, 6 doubleValue, integerValue, 6 objectForKey:, obtainValues, 2 release, retain, "
+            "alloc, 6 doubleValue, 6 objectForKey:, obtainValues, 2 release, retain, "
             "sharedInstance");
 }
 
 TEST_F(SentMessages, AreThoseOfAskingTheManagerForCounts) {
-  const std::string rows = "4 doubleValue, integerValue, 4 objectForKey:, rows, sharedManager";
-  const std::string columns =
-      "columns, 4 doubleValue, integerValue, isEqualToString:, 4 objectForKey:, sharedManager";
+  const std::string rows = "4 doubleValue, 4 objectForKey:, rows, sharedManager";
+  const std::string columns = "columns, 4 doubleValue, isEqualToString:, 4 objectForKey:, sharedManager";
   EXPECT_EQ(asking<"iconRowsForSpacingCalculation">(page), rows);
   EXPECT_EQ(asking<"iconRowsForCurrentOrientation">(page), rows);
   EXPECT_EQ(asking<"iconColumnsForCurrentOrientation">(page), columns);
@@ -142,8 +141,7 @@ TEST_F(SentMessages, AreThoseOfAskingTheManagerForCounts) {
 }
 
 TEST_F(SentMessages, AreThoseOfTwoSettingsForTheDock) {
-  const std::string count =
-      "2 doubleValue, integerValue, isDockIconsEnabled, numberOfDockIcons, 2 objectForKey:";
+  const std::string count = "2 doubleValue, isDockIconsEnabled, numberOfDockIcons, 2 objectForKey:";
   const id dockClass = reinterpret_cast<id>(objc_getClass("SBDockIconListView"));
   EXPECT_EQ(asking<"iconsInRowForSpacingCalculation">(dock), count);
   EXPECT_EQ(asking<"maxIcons">(dockClass), count);
@@ -156,7 +154,7 @@ TEST_F(SentMessages, AreThoseOfTwoSettingsForTheDock) {
 // This system's dock has no spacing to set.
 TEST_F(SentMessages, AreThoseOfAShortDockForItsLayout) {
   EXPECT_EQ((asking<"layoutSubviews", void>(dock)),
-            "2 doubleValue, integerValue, isDockIconsEnabled, numberOfDockIcons, 3 objectForKey:, "
+            "2 doubleValue, isDockIconsEnabled, numberOfDockIcons, 3 objectForKey:, "
             "respondsToSelector:");
 }
 
@@ -187,8 +185,7 @@ TEST_F(SentMessages, AreThoseOfCountingPagesForAStepOfScrolling) {
   }
   CGFloat x = 0;
   EXPECT_EQ(sentBy([&] { view->contentOffset.set({++x, 0}); }),
-            "configuration, count, numberWithFloat:, 3 objectAtIndex:, saveWithKey:value:, "
-            "setValue:forKey:, sharedManager, subviews");
+            "count, 3 objectAtIndex:, saveWithKey:value:, setObject:forKey:, sharedManager, subviews");
 }
 
 TEST_F(SentMessages, AreThoseOfFeelingForAFirmPressForATouchThatMoves) {
