@@ -15,6 +15,7 @@ namespace {
 using sim::Json;
 
 std::map<std::string, int> calls;
+size_t atFirst = 0;  // how many of them were called until the story was told once
 
 // Another library's replacement of T's method: it counts, and passes everything on.
 template <class T, auto Member, class Shape = typename bridge::Descriptor<Member>::template Shape<>>
@@ -112,16 +113,21 @@ const char* const story[] = {"swipe up",
                              "home",
                              "wait 1"};
 
-// The report after the story, without others.
+// The report after the story was told twice, without others.
 Json undisturbed() {
   std::vector<std::string> arguments = options;
   arguments.insert(arguments.end(), {"--script", "-", "--report", "-"});
   std::string lines;
-  for (const char* line : story) lines += std::string(line) + "\n";
+  for (int time = 0; time < 2; ++time)
+    for (const char* line : story) lines += std::string(line) + "\n";
   return Json::parse(test::runSimulator(arguments, lines).output);
 }
 
-Json told(test::Home& home) {
+// The report asks too. Whoever is not heard when it is told again has lost its place meanwhile.
+Json toldTwice(test::Home& home) {
+  for (const char* line : story) home.step(line);
+  home.report();
+  atFirst = std::exchange(calls, {}).size();
   for (const char* line : story) home.step(line);
   return home.report();
 }
@@ -131,8 +137,9 @@ TEST(OtherLibraries, ThatCameBeforeChangeNothingAndGoOnWorking) {
     replacePassedOn();
     replaceWhatStarts();
   });
-  Json report = told(home);
-  EXPECT_EQ(calls.size(), 23u);
+  Json report = toldTwice(home);
+  EXPECT_EQ(atFirst, 23u);
+  EXPECT_EQ(calls.size(), 19u) << "all but those that start";
   EXPECT_EQ(report, undisturbed());
 }
 
@@ -140,7 +147,8 @@ TEST(OtherLibraries, ThatComeAfterChangeNothingAndGoOnWorking) {
   test::Home home(options);
   replacePassedOn();
   replaceWhatEndsWithUs();
-  Json report = told(home);
+  Json report = toldTwice(home);
+  EXPECT_EQ(atFirst, 24u);
   EXPECT_EQ(calls.size(), 24u);
   EXPECT_EQ(report, undisturbed());
 }

@@ -3,7 +3,6 @@
 #include <mutex>
 
 #include "bridge/define.hpp"
-#include "bridge/replace.hpp"
 #include "platform/foundation/thread.hpp"
 #include "tests/library/hud_fixture.hpp"
 
@@ -103,37 +102,6 @@ TEST_F(ProgressHUDTask, KeepsTargetAndObjectNoLongerThanItTakes) {
   }
   EXPECT_EQ(worker->retainCount(), before);
   EXPECT_EQ(hud->retainCount(), hudBefore);
-}
-
-// The box, let go of by everybody else; notes where it dies.
-void noteDeath(RQProgressHUD self) {
-  note("dead");
-  bridge::original<noteDeath>(self);
-}
-
-TEST_F(ProgressHUDTask, OfAThreadThatLetsGoOfTheBoxLastLeavesItsEndToTheMainThread) {
-  bridge::install(bridge::replace<RQProgressHUD, &NSObject::dealloc, noteDeath>());
-  {
-    const bridge::Pool pool;
-    hud->removeFromSuperViewOnHide.set(YES);
-    showForThread(NO);
-    hud->removeFromSuperview();
-    hud.clear();
-  }
-  sim::settle();
-  EXPECT_EQ(notes, (Notes{"argument", "begin", "end", "hidden*", "dead*"}));
-}
-
-TEST_F(ProgressHUDTask, ThatLetsGoOfTheBoxLastLeavesItsEndToTheMainThread) {
-  bridge::install(bridge::replace<RQProgressHUD, &NSObject::dealloc, noteDeath>());
-  hud->removeFromSuperview();
-  dispatch::onQueue(dispatch::defaultQueue(), [last = std::move(hud)]() mutable {
-    note("begin");
-    last.clear();
-    note("end");
-  });
-  sim::settle();
-  EXPECT_EQ(notes, (Notes{"begin", "end", "dead*"}));
 }
 
 TEST_F(ProgressHUDTask, MayBeABlockOnTheDefaultQueue) {
