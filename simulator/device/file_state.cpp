@@ -2,9 +2,18 @@
 #include "simulator/device/file_state.hpp"
 
 #include <sys/stat.h>
-#include <unistd.h>
+
+#include "simulator/device/redirection.hpp"
 
 namespace sim {
+namespace {
+
+std::optional<FileState> stateIn(const struct stat& status) {
+  if (!S_ISREG(status.st_mode)) return {};
+  return FileState{status.st_dev, status.st_ino, status.st_size, status.st_ctim};
+}
+
+}  // namespace
 
 bool FileState::isSettled(const timespec& now) const {
   constexpr double tick = 0.02;  // seconds; Linux stamps files at least a hundred times a second
@@ -18,12 +27,16 @@ bool FileState::operator==(const FileState& other) const {
          changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
 }
 
-// `stat` answers for files too that may not be read.
+// `stat` answers for files too that are refused.
 std::optional<FileState> stateOf(const std::string& path) {
   struct stat status;
-  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
-  if (::access(path.c_str(), R_OK) != 0) return {};
-  return FileState{status.st_dev, status.st_ino, status.st_size, status.st_ctim};
+  if (!redirection::HostPath(path.c_str(), Faults::reading)) return {};
+  return ::stat(path.c_str(), &status) == 0 ? stateIn(status) : std::nullopt;
+}
+
+std::optional<FileState> stateOf(int descriptor) {
+  struct stat status;
+  return ::fstat(descriptor, &status) == 0 ? stateIn(status) : std::nullopt;
 }
 
 }  // namespace sim

@@ -22,7 +22,9 @@ struct FileState {
   bool operator==(const FileState& other) const;
 };
 
-/** Of a device's file that is there and may be read; a folder or a pipe has none. */
+/** Of a device's file that is there and that nobody refuses to read; a folder or a pipe has none. */
 std::optional<FileState> stateOf(const std::string& path);
+/** Of an open one. */
+std::optional<FileState> stateOf(int descriptor);
 
 }  // namespace sim

@@ -22,6 +22,7 @@
 #include "simulator/device/descriptor.hpp"
 #include "simulator/device/file_state.hpp"
 #include "simulator/device/unfinished_files.hpp"
+#include "simulator/device/whole_file.hpp"
 #include "simulator/runtime/export.hpp"
 #include "simulator/runtime/number_form.hpp"
 #include "simulator/runtime/property_list.hpp"
@@ -38,7 +39,7 @@ struct Domain {
   // The file when it was looked at last; one that might have been another at once is none.
   std::optional<FileState> state;
   // What it held then, and what was read from that.
-  bridge::Strong<NSData> bytes;
+  std::optional<std::string> bytes;
   bridge::Strong<NSDictionary> values;
 };
 
@@ -69,14 +70,15 @@ NSDictionary keptOf(const Domain& domain, const std::optional<FileState>& state)
 NSDictionary valuesOf(Domain& domain) {
   timespec now;
   ::clock_gettime(CLOCK_REALTIME, &now);
-  const auto state = stateOf(domain.path);
-  if (const NSDictionary kept = keptOf(domain, state)) return kept;
-  const NSData bytes = NSData::dataWithContentsOfFile(fileOf(domain));
-  if (!domain.values || !domain.bytes->isEqual(bytes)) {
-    domain.values = retained(propertyList(bytes));
-    domain.bytes = retained(bytes);
+  if (const NSDictionary kept = keptOf(domain, stateOf(domain.path))) return kept;
+  auto file = wholeFile(domain.path);
+  if (!file || domain.bytes != file->bytes) {
+    domain.bytes.reset();
+    if (file) domain.bytes = std::move(file->bytes);
+    const std::string_view bytes = domain.bytes ? std::string_view(*domain.bytes) : std::string_view();
+    domain.values = retained(propertyList(NSData::dataWithBytes_length(bytes.data(), bytes.size())));
   }
-  domain.state = state && state->isSettled(now) ? state : std::nullopt;
+  domain.state = file && file->state.isSettled(now) ? std::optional(file->state) : std::nullopt;
   return bridge::Strong<NSDictionary>(domain.values).autoreleased();
 }
 
@@ -109,12 +111,13 @@ bool save(NSDictionary file, Domain& domain) {
   if (!readable) return false;
   const auto all = withUnsaved(file, domain), changed = withUnsaved({}, domain);
   const NSData text = propertyListText(all);
-  if (!text.writeToFile_atomically(fileOf(domain), YES)) return false;
+  const std::string_view bytes(static_cast<const char*>(text.bytes()), text.length());
+  if (!replaceFile(domain.path, bytes)) return false;
   const NSDictionary changes = propertyList(propertyListText(changed));
   for (auto& [key, value] : domain.unsaved)
     value = retained(bridge::as<NSObject>(changes.objectForKey(NSString::stringWithUTF8String(key.c_str()))));
   domain.values = withUnsaved(file, domain);
-  domain.bytes = retained(text);
+  domain.bytes = bytes;
   domain.state = {};
   domain.unsaved.clear();
   return true;
