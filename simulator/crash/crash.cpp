@@ -86,6 +86,7 @@ void tellOfFaults() {
 SIMULATOR_EXPORT [[noreturn]] void objc_exception_throw(id exception) {
   static const auto raise = reinterpret_cast<void (*)(id)>(::dlsym(RTLD_NEXT, "objc_exception_throw"));
   sim::crash::raisedAt.take(__builtin_return_address(0));
+  sim::endIfOutOfMemory(exception);
   raise(exception);
   __builtin_unreachable();
 }

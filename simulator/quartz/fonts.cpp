@@ -30,7 +30,8 @@ using Layout = std::unique_ptr<PangoLayout, ObjectDeleter>;
 
 void addFont(FcConfig* config, const std::string& file, const char* package) {
   if (!FcConfigAppFontAddFile(config, reinterpret_cast<const FcChar8*>(file.c_str()))) {
-    throw std::runtime_error(fmt::format("font {} is missing: install the package {}", file, package));
+    throw std::runtime_error(
+        fmt::format("font {} cannot be read: is the package {} installed?", file, package));
   }
 }
 
@@ -135,7 +136,9 @@ Font atMeasuringSize(Font font) {
 // The box of what is inked, relative to the start of the baseline, with y growing downwards.
 CGRect inkBox(PangoLayout* layout) {
   PangoRectangle ink;
-  pango_layout_line_get_extents(pango_layout_get_line_readonly(layout, 0), &ink, nullptr);
+  PangoLayoutLine* const line = pango_layout_get_line_readonly(layout, 0);
+  pango_layout_line_get_extents(line, &ink, nullptr);
+  expectGlyphs(line);
   constexpr double unit = PANGO_SCALE;
   return {{ink.x / unit, ink.y / unit}, {ink.width / unit, ink.height / unit}};
 }
@@ -190,7 +193,10 @@ void drawGlyph(cairo_t* context, char32_t character, const Font& font, const CGR
                const Color& color) {
   const Layout layout = layoutOf(character, atMeasuringSize(font));
   const CGRect ink = inkBox(layout.get());
-  if (ink.size.width <= 0 || ink.size.height <= 0) return;
+  // Whoever wants a glyph wants to see it; one that could not be read is empty.
+  if (ink.size.width <= 0 || ink.size.height <= 0)
+    throw std::runtime_error(fmt::format("font {} shows nothing for U+{:04X}", font.family,
+                                         static_cast<std::uint32_t>(character)));
   const double factor = std::min<double>(
       {font.size / measuringSize, rect.size.width / ink.size.width, rect.size.height / ink.size.height});
   if (!(factor > 0)) return;
@@ -203,6 +209,17 @@ void drawGlyph(cairo_t* context, char32_t character, const Font& font, const CGR
   pango_cairo_layout_line_path(context, pango_layout_get_line_readonly(layout.get(), 0));
   setSource(context, color);
   cairo_fill(context);
+}
+
+void expectGlyphs(const PangoLayoutLine* line) {
+  for (const GSList* link = line->runs; link; link = link->next) {
+    PangoFont* const font = static_cast<const PangoGlyphItem*>(link->data)->item->analysis.font;
+    cairo_scaled_font_t* const scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
+    const cairo_status_t status = scaled ? cairo_scaled_font_status(scaled) : CAIRO_STATUS_NO_MEMORY;
+    if (status != CAIRO_STATUS_SUCCESS)
+      throw std::runtime_error(
+          fmt::format("a font's glyphs cannot be read: {}", cairo_status_to_string(status)));
+  }
 }
 
 std::string utf8(char32_t character) {

@@ -10,6 +10,7 @@
 #include "simulator/quartz/color.hpp"
 
 typedef struct _PangoContext PangoContext;
+typedef struct _PangoLayoutLine PangoLayoutLine;
 typedef struct _PangoFontDescription PangoFontDescription;
 
 namespace sim {
@@ -55,7 +56,8 @@ bool fontHasCharacter(const Font& font, char32_t character);
 
 /**
  * Draws one character so that what is inked of it lies in the middle of the rectangle (points). It has the
- * font's size, or less where that would not fit.
+ * font's size, or less where that would not fit. Throws std::runtime_error where the font has nothing to
+ * show.
  */
 void drawGlyph(cairo_t* context, char32_t character, const Font& font, const CGRect& rect,
                const Color& color);
@@ -71,6 +73,9 @@ PangoContext* textContext();
 
 /** Lets texts be shown in the family of a font file, which must stay as long as the program. */
 void addTextFont(const std::string& file, const std::string& family);
+
+/** Throws std::runtime_error where a font's glyphs could not be read: Pango takes them for empty then. */
+void expectGlyphs(const PangoLayoutLine* line);
 
 /** Pango's description of a font for texts; the caller frees it. */
 PangoFontDescription* describeFont(const Font& font);

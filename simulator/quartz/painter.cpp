@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -242,9 +241,6 @@ void paintEntries(cairo_surface_t* target, DisplayList& list, double scale, std:
   cairo_scale(context, scale, scale);
   const Selection selection{static_cast<int>(from), static_cast<int>(end), rect};
   for (RenderNode& node : list.nodes) Painter::paint(context, node, scale, selection);
-  const cairo_status_t status = cairo_status(context);
-  if (status != CAIRO_STATUS_SUCCESS)
-    throw std::runtime_error(std::string("painting layers: ") + cairo_status_to_string(status));
 }
 
 }  // namespace sim

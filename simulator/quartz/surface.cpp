@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <exception>
 #include <fstream>
 #include <stdexcept>
 
@@ -39,6 +40,13 @@ Surface adoptSurface(cairo_surface_t* surface) {
     throw std::runtime_error(fmt::format("cannot make an image: {}", cairo_status_to_string(status)));
   }
   return owned;
+}
+
+Context::~Context() noexcept(false) {
+  const cairo_status_t status = cairo_status(context);
+  cairo_destroy(context);
+  if (status != CAIRO_STATUS_SUCCESS && std::uncaught_exceptions() == 0)
+    throw std::runtime_error(fmt::format("cannot draw: {}", cairo_status_to_string(status)));
 }
 
 Surface makeImage(int width, int height) {

@@ -27,11 +27,15 @@ std::vector<unsigned char> encodePng(cairo_surface_t* image);
 /** Writes encodePng's bytes. Throws std::runtime_error naming the file. */
 void writePng(cairo_surface_t* image, const std::filesystem::path& file);
 
-/** A cairo context that is destroyed at the end of its scope. */
+/**
+ * A cairo context that is destroyed at the end of its scope, which throws std::runtime_error where cairo
+ * could not draw all that it was told to: from its first failure on it draws nothing and says so only when
+ * asked.
+ */
 class Context {
  public:
   explicit Context(cairo_surface_t* target) : context(cairo_create(target)) {}
-  ~Context() { cairo_destroy(context); }
+  ~Context() noexcept(false);
   Context(const Context&) = delete;
   Context& operator=(const Context&) = delete;
   operator cairo_t*() const { return context; }

@@ -118,6 +118,7 @@ class TextLayout {
       if (lineLimit > 0 && std::ssize(lines) == lineLimit) break;
       PangoRectangle extents;
       pango_layout_iter_get_line_extents(iterator, nullptr, &extents);
+      expectGlyphs(pango_layout_iter_get_line_readonly(iterator));
       const double bottom = (extents.y + extents.height) / unit;
       if (heightLimit > 0 && !lines.empty() && bottom > heightLimit + 1 / unit) {
         leftOut = true;

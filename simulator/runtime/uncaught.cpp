@@ -44,6 +44,12 @@ void endUncaught(NSString name, NSString reason) {
   std::exit(exceptionStatus);
 }
 
+void endIfOutOfMemory(id exception) {
+  const auto raised = bridge::as<NSException>(exception);
+  if (bridge::isKindOf<NSException>(raised) && raised.name().isEqualToString("NSMallocException"_ns))
+    endUncaught(raised.name(), raised.reason());
+}
+
 void whenUncaught(void (*tell)()) { tellMore = tell; }
 
 }  // namespace sim

@@ -8,6 +8,10 @@ namespace sim {
 // Says the exception's name and reason in a line on standard error and ends the process with status 3.
 [[noreturn]] void endUncaught(NSString name, NSString reason);
 
+// Does that where the exception says that memory is refused: whoever caught it would take what he reads for
+// damaged. Of a device's process it is the end, too.
+void endIfOutOfMemory(id exception);
+
 // Has `tell` say more between the line and the end.
 void whenUncaught(void (*tell)());
 

@@ -12,6 +12,9 @@ namespace test {
 using sim::test::Pixel;
 
 class Canvas : public UIKit {
+ public:
+  ~Canvas() noexcept override {}  // what cannot be drawn is the end of the test
+
  protected:
   static constexpr Pixel clear{0, 0, 0, 0}, black{0, 0, 0, 255}, white{255, 255, 255, 255},
       red{255, 0, 0, 255}, green{0, 255, 0, 255}, blue{0, 0, 255, 255};
