@@ -31,6 +31,17 @@ class Settings(PageTest):
         eventually(lambda: "'columns'" in self.text("fault"), "the fault")
         eventually(lambda: self.setting("Columns", "return control.value;") == "4", "the value as it was")
 
+    def test_an_emptied_field_has_its_value_again(self):
+        self.serve()
+        eventually(lambda: self.browser.run("return document.querySelectorAll('#rows label').length") > 15, "the settings")
+        self.setting("Side Inset", "control.focus(); control.value = 21; control.dispatchEvent(new Event('change'));")
+        eventually(lambda: self.report()["preferences"].get("sideIconInset") == 21, "the setting")
+        self.setting("Side Inset", "control.value = ''; control.dispatchEvent(new Event('change'));")
+        self.assertEqual(self.setting("Side Inset", "return control.value;"), "21")
+        self.setting("Top Inset", "control.focus(); control.value = 5; control.dispatchEvent(new Event('change'));")
+        eventually(lambda: self.report()["preferences"].get("topIconInset") == 5, "another setting")
+        self.assertEqual(self.report()["preferences"]["sideIconInset"], 21)
+
     def test_settings_follow_what_the_panel_does(self):
         self.serve(*SWITCHED_ON)
         self.open_panel()

@@ -15,6 +15,7 @@ export class Inspector {
   #looking = false;
   #again = false;
   #asking = false;
+  #seeking = null;  // the place that is asked for next, and who is told
 
   constructor(link, screen) {
     this.#link = link;
@@ -99,12 +100,12 @@ export class Inspector {
 
   // One question at a time; the last place is asked for in the end.
   async #seek(event, found) {
-    this.seeking = {at: this.#screen.place(event), found};
+    this.#seeking = {at: this.#screen.place(event), found};
     if (this.#asking) return;
     this.#asking = true;
-    while (this.seeking) {
-      const {at, found: tell} = this.seeking;
-      this.seeking = null;
+    while (this.#seeking) {
+      const {at, found: tell} = this.#seeking;
+      this.#seeking = null;
       try {
         tell(await this.#link.ask({type: 'view-at', ...at}));
       } catch {

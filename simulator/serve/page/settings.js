@@ -78,11 +78,16 @@ export class Settings extends EventTarget {
     return input;
   }
 
-  // A number to be typed, and a slider over its range; they follow each other.
+  // A number to be typed, and a slider over its range; they follow each other. An emptied field is no number, and has the
+  // one that it had again.
   #sliderOf({key, label, min, max, whole}) {
+    let last;
     const [typed, slid] = ['number', 'range'].map((type) => {
       const input = Object.assign(document.createElement('input'), {type, min, max, step: whole ? 1 : 0.1});
-      input.onchange = () => this.#change(key, Number(input.value));
+      input.onchange = () => {
+        if (input.value === '') input.value = last;
+        else this.#change(key, Number(input.value));
+      };
       return input;
     });
     slid.oninput = () => {
@@ -92,6 +97,7 @@ export class Settings extends EventTarget {
     typed.setAttribute('aria-label', label);  // without the slider's value
     slid.setAttribute('aria-label', `${label}, slider`);
     const show = (value) => {
+      last = value;
       if (document.activeElement !== typed) typed.value = value;
       if (document.activeElement !== slid) slid.value = value;
     };
