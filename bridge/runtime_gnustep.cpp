@@ -27,14 +27,14 @@ void release(id object) { Message<"release", void()>::send(object); }
 id autorelease(id object) { return Message<"autorelease", id()>::send(object); }
 
 Pool::Pool() {
-  id pool = Message<"alloc", id()>::send(reinterpret_cast<id>(objc_getClass("NSAutoreleasePool")));
+  id pool = Message<"alloc", id()>::send(reinterpret_cast<id>(classCalled<"NSAutoreleasePool">()));
   token = Message<"init", id()>::send(pool);
 }
 
 Pool::~Pool() { Message<"drain", void()>::send(static_cast<id>(token)); }
 
 id immortalString(const char* bytes) {
-  id string = Message<"alloc", id()>::send(reinterpret_cast<id>(objc_getClass("NSString")));
+  id string = Message<"alloc", id()>::send(reinterpret_cast<id>(classCalled<"NSString">()));
   return Message<"initWithUTF8String:", id(const char*)>::send(string, bytes);
 }
 
