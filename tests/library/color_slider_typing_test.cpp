@@ -2,6 +2,7 @@
 #include "simulator/device/clock.hpp"
 #include "simulator/uikit/views/view.hpp"
 #include "tests/library/color_slider_fixture.hpp"
+#include "tests/library/grid_home.hpp"
 
 namespace test {
 namespace {
@@ -88,6 +89,20 @@ TEST_F(NumberField, AppliedIsTheValueAndIsAnnounced) {
   EXPECT_TRUE(announced()[0] == bridge::Object(slider.get()));
   EXPECT_FALSE(isEdited());
   EXPECT_EQ(error(), "");
+}
+
+// Whether the field of the control that says so is still edited.
+std::vector<bool> edited;
+void noteEdited(PressListener, NSNotification heard) {
+  edited.push_back(bridge::as<tilo::ColorSlider>(heard.object()).valueLabel().isFirstResponder());
+}
+
+TEST_F(NumberField, IsLeftWhenTheNumberWasTold) {
+  show();
+  standIn<PressListener, &PressListener::pressed, noteEdited>();
+  apply("34");
+  EXPECT_EQ(edited, std::vector<bool>{true});
+  EXPECT_FALSE(isEdited());
 }
 
 TEST_F(NumberField, AppliedLetsTheThumbGlideThere) {

@@ -72,6 +72,13 @@ TEST_F(ABrokenOffRestore, TakesAwayTheOnlyKeyThatThereWas) {
   EXPECT_FALSE(preferences.contains("labels"));
 }
 
+TEST_F(ABrokenOffRestore, LeavesNothingToSeedOnAFirstStart) {
+  fs::remove(file(test::preferencesPath));
+  const Json preferences = start();
+  EXPECT_EQ(preferences["rows"], 7);
+  EXPECT_FALSE(preferences.contains("columns"));
+}
+
 TEST_F(ABrokenOffRestore, IsDoneOnce) {
   EXPECT_EQ(test::runSimulator({"--root", device.path().string()}).status, 0);
   EXPECT_FALSE(fs::exists(file(notePath)));
