@@ -1,5 +1,7 @@
-"""The small changes of a source that script/mutate tries."""
+"""The small changes of a source that script/mutate tries; neighbours that mean the same in either order stay (independent.py)."""
 import re
+
+from independent import are_members, independent
 
 SKIPPED = re.compile(r"^\s*(#|//|using |namespace|template|static_assert|extern \"C\"|class |struct |enum|case .*:$|\}|$)")
 SWAPS = [(" == ", " != "), (" != ", " == "), (" < ", " <= "), (" <= ", " < "), (" > ", " >= "), (" >= ", " > "),
@@ -76,7 +78,7 @@ def changes_of(lines):
                 yield here, here, "the choice is turned round", changed(begin, end, "!(" + line[begin:end] + ")")
         if ROW.match(code):
             yield here, here, "the row is left out", lines[:index] + lines[here:]
-            if here < len(lines) and ROW.match(codes[here]):
+            if here < len(lines) and ROW.match(codes[here]) and not are_members(code, codes[here]):
                 yield here, here + 1, "it comes after the next", lines[:index] + [lines[here], line] + lines[here + 1:]
         found = RETURN.search(code.rstrip())
         if found and found.group(1) not in ("{}", "nullptr", "0", "NO", "false"):
@@ -86,6 +88,10 @@ def changes_of(lines):
     def is_call(text):
         return CALL.match(text) and not NO_CALL.match(text) and " operator" not in text
 
+    def text_of(begin, end):
+        """With what its strings say."""
+        return " ".join(line[:len(code)].strip() for line, code in zip(lines[begin:end], codes[begin:end]) if code.strip())
+
     found = list(statements(codes))
     for number, (begin, end, text) in enumerate(found):
         # What stands at the margin is a declaration.
@@ -94,7 +100,7 @@ def changes_of(lines):
         yield begin + 1, end, "the call is left out", lines[:begin] + lines[end:]
         if number + 1 < len(found):
             after, last, other = found[number + 1]
-            if after == end and is_call(other) and not is_declaration(other):
+            if after == end and is_call(other) and not is_declaration(other) and not independent(text_of(begin, end), text_of(after, last)):
                 yield begin + 1, last, "it comes after the next", lines[:begin] + lines[end:last] + lines[begin:end] + lines[last:]
 
 
