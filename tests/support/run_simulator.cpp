@@ -4,6 +4,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstring>
+
 #include "tests/support/files.hpp"
 #include "tests/support/home.hpp"
 
@@ -29,8 +31,9 @@ Run runSimulator(const std::vector<std::string>& options, const std::string& inp
   pid_t child = 0;
   int failure = posix_spawn(&child, program.c_str(), &files, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&files);
+  if (failure != 0) return {-1, "", program + ": " + std::strerror(failure)};
   int status = -1;
-  if (failure == 0) waitpid(child, &status, 0);
+  waitpid(child, &status, 0);
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentsOf(out), contentsOf(err)};
 }
 
