@@ -25,10 +25,10 @@ objc_method* ownMethod(Class cls, SEL selector) {
 
 SEL selectorOf(const Row& row) { return sel_registerName(row.method + 1); }
 
-void replaceIn(Class cls, const Row& row) {
+void replaceIn(Class cls, const Row& row, HookFunction hook) {
   SEL selector = selectorOf(row);
   row.slot->selector = selector;
-  if (HookFunction hook = hookFunction())
+  if (hook)
     hook(cls, selector, row.implementation(), &row.slot->previous);
   else
     replaceMethod(cls, selector, row.implementation(), *row.slot);
@@ -46,25 +46,25 @@ const char* together(const char* one, const char* other) {
 }
 
 // Replaces what stands in for the row's method, where the class itself lacks that one; answers its name.
-const char* replaceSuccessors(Class cls, const Row* row, const Row* end) {
+const char* replaceSuccessors(Class cls, const Row* row, const Row* end, HookFunction hook) {
   const char* names = nullptr;
-  if (ownMethod(cls, selectorOf(*row))) return names;
+  if (row + 1 == end || ownMethod(cls, selectorOf(*row))) return names;
   for (const Row* other = row + 1; other != end; ++other) {
     if (other->wish != Wish::instead || !ownMethod(cls, selectorOf(*other))) continue;
-    replaceIn(cls, *other);
+    replaceIn(cls, *other, hook);
     names = together(names, other->method);
   }
   return names;
 }
 
-const char* replaceIfThere(Class cls, const Row& row) {
+const char* replaceIfThere(Class cls, const Row& row, HookFunction hook) {
   if (!class_getInstanceMethod(cls, selectorOf(row))) return outcome::methodMissing;
-  replaceIn(cls, row);
+  replaceIn(cls, row, hook);
   return outcome::replaced;
 }
 
 // A row with those that belong to it, which end before `end`.
-Outcome carryOut(const Row* row, const Row* end) {
+Outcome carryOut(const Row* row, const Row* end, HookFunction hook) {
   Outcome told = {row->className, row->method, outcome::classMissing, nullptr};
   Class cls = objc_getClass(row->className);
   if (row->method[0] == '+') cls = classOf(reinterpret_cast<id>(cls));
@@ -74,10 +74,10 @@ Outcome carryOut(const Row* row, const Row* end) {
     told.outcome = lacked ? outcome::added : outcome::refused;
     return told;
   }
-  told.successor = replaceSuccessors(cls, row, end);
-  told.outcome = told.successor ? outcome::successor : replaceIfThere(cls, *row);
+  told.successor = replaceSuccessors(cls, row, end, hook);
+  told.outcome = told.successor ? outcome::successor : replaceIfThere(cls, *row, hook);
   for (const Row* other = row + 1; other != end; ++other)
-    if (other->wish == Wish::along) replaceIfThere(cls, *other);
+    if (other->wish == Wish::along) replaceIfThere(cls, *other, hook);
   return told;
 }
 
@@ -116,10 +116,11 @@ Outcome install(const Row& row) {
 }
 
 void install(const Row* rows, size_t count, Outcome* outcomes) {
+  const HookFunction hook = hookFunction();
   for (const Row *row = rows, *next; row != rows + count; row = next) {
     next = row + 1;
     while (next != rows + count && (next->wish == Wish::instead || next->wish == Wish::along)) ++next;
-    *outcomes++ = carryOut(row, next);
+    *outcomes++ = carryOut(row, next, hook);
   }
 }
 
