@@ -166,12 +166,20 @@ static id readLayouts(void) {
   return SEND_WITH(id, CLASS("NSJSONSerialization"), "JSONObjectWithData:options:error:", data, 0UL, (id*)0);
 }
 
+// The centre by which the settings tell of changes has a socket on the disk.
+static void serveMessages(void) {
+  id center = SEND_WITH(id, CLASS("CPDistributedMessagingCenter"), "centerNamed:",
+                        string("com.wexor.tilo3.preferences.updated"));
+  SEND(void, center, "runServerOnCurrentThread");
+}
+
 static void useFiles(void) {
   dlopen("/Library/MobileSubstrate/DynamicLibraries/IconSupport.dylib", 2);
   if (exists(FOLDER "restoring.plist")) return;
   if (!exists(PREFERENCES)) writeDefaults();
   readPreferences();
   readLayouts();
+  serveMessages();
 }
 
 __attribute__((constructor)) static void load(void) {
