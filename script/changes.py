@@ -81,7 +81,7 @@ def changes_of(lines):
             if here < len(lines) and ROW.match(codes[here]) and not are_members(code, codes[here]):
                 yield here, here + 1, "it comes after the next", lines[:index] + [lines[here], line] + lines[here + 1:]
         found = RETURN.search(code.rstrip())
-        if found and found.group(1) not in ("{}", "nullptr", "0", "NO", "false"):
+        if found and found.group(1) not in ("{}", "nullptr", "0", "NO", "false", "std::nullopt"):
             begin, end = found.span(1)
             yield here, here, "nothing is returned", changed(begin, end, "{}")
 

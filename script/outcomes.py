@@ -74,6 +74,17 @@ class Outcomes:
             if time.monotonic() - self.written > 10:
                 self.write()
 
+    def note(self, key, kept):
+        """Of a change of what is no source of the library."""
+        self.all[key] = kept
+        if time.monotonic() - self.written > 10:
+            self.write()
+
+    def holds(self, key, stands):
+        """Whether it was found with the tests as they stand, or by any when it was noticed."""
+        before = self.all.get(key, {})
+        return before.get("result") in ("does not compile", "killed") or before.get("text") == stands
+
     def write(self):
         self.written = time.monotonic()
         FILE.with_suffix(".new").write_text(json.dumps(self.all, indent=0))
