@@ -20,7 +20,7 @@ struct ButtonState {
   Strong<UIColor> color;
   Strong<NSNumber> cornerRadius;
   NSUInteger style = BButtonStyleBootstrapV2;
-  BOOL shouldShowDisabled = NO;
+  BOOL shouldShowDisabled{};
 };
 
 using Button = bridge::Implementation<BButton, ButtonState>;

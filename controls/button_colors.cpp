@@ -63,7 +63,7 @@ UIColor darkened(ButtonColor self, CGFloat value) {
 }
 
 UIColor desaturated(ButtonColor self, CGFloat part) {
-  CGFloat hue = 0, saturation = 0, brightness = 0, alpha = 0;
+  CGFloat hue{}, saturation{}, brightness{}, alpha{};
   self.getHue_saturation_brightness_alpha(&hue, &saturation, &brightness, &alpha);
   return UIColor::colorWithHue_saturation_brightness_alpha(hue, saturation * part, brightness, alpha);
 }

@@ -1,6 +1,8 @@
 // Rectangles and parts, as the progress views draw them.
 #pragma once
 
+#include <algorithm>
+
 #include "platform/coregraphics/geometry.hpp"
 
 namespace tilo {
@@ -20,7 +22,7 @@ inline CGPoint middleOf(const CGRect& rect) {
 }
 
 inline CGFloat smallerSideOf(const CGRect& rect) {
-  return rect.size.width < rect.size.height ? rect.size.width : rect.size.height;
+  return std::min(rect.size.width, rect.size.height);
 }
 
 // The largest square in the middle.

@@ -13,7 +13,7 @@
 
 namespace tilo::hooks {
 
-constinit CGFloat origS = 0;
+constinit CGFloat origS{};
 
 namespace {
 

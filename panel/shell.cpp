@@ -102,8 +102,7 @@ void addToggle(RQPopupView self) {
 }
 
 void addSeparator(RQPopupView self) {
-  auto line =
-      bridge::make<UIView, &UIView::initWithFrame>(CGRect{{0, 0}, {sizeOf(self).width, separatorHeight}});
+  auto line = bridge::make<UIView, &UIView::initWithFrame>(CGRect{{}, {sizeOf(self).width, separatorHeight}});
   line->center.set({self.center().x, separatorCenterY});
   line->backgroundColor.set(self.controlColor());
   line->alpha.set(separatorAlpha);

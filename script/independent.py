@@ -20,7 +20,7 @@ REMEMBERED = set("""
     numberOfTouchesRequired detailsLabelFont labelFont contentView pickerLabel pickerView scrollView pageControl toggleButton
     addButton frame bounds center transform autoresizingMask autoresizesSubviews minimumValue maximumValue value numberOfPages
     currentPage delegate keyboardAppearance rasterizationScale showsSelectionIndicator cornerRadius type enabled pan
-    setTranslation_inView setTitle_forState setTitleColor_forState setTitleShadowColor_forState addTarget_action_forControlEvents
+    buttonStyle color setTranslation_inView setTitle_forState setTitleColor_forState setTitleShadowColor_forState addTarget_action_forControlEvents
     """.split())
 # Those that are not a matter of their own.
 WRITES = {"frame": {"bounds", "center"}} | dict.fromkeys(("minimumValue", "maximumValue", "value"), {"value"})
@@ -60,6 +60,8 @@ FORMS = [(re.compile(form), writes, reads) for form, writes, reads in [
     (r"^(\w+)\.addGestureRecognizer\(\w+\);$", {"recognizers"}, set()),
     (r"^NSDelayedPerforming::cancelPreviousPerformRequestsWithTarget\((\w+)\);$", {"requests"}, set()),
     (r"^([\w.()\->]+)\.setInputAccessoryView\(\w+\);$", {"accessory"}, set()),
+    (r"^presets::makeFolder(\(\));$", {"disk"}, set()),
+    (r"^(\w+)->setTextAttributesForStyle\(\w+\);$", {"text attributes"}, set()),
     (r"^row\.keep\((.*)\);$", {"kept"}, set()),
     (r"^stop\(([\w.]+)\);$", None, set()),
     (r"^([\w.()\->]+?)(?:\.|->)addSubview\([\w.\->()]+\);$", {"views"}, set())]]

@@ -13,7 +13,7 @@ namespace {
 bool isFinite(double value) { return value - value == 0; }
 
 bool beginsWithNumber(NSString text) {
-  double value = 0;
+  double value{};
   return NSScanner::scannerWithString(text).scanDouble(&value) && isFinite(value);
 }
 

@@ -9,14 +9,9 @@
 
 namespace {
 
-// Policies as Apple numbers them.
-enum : uintptr_t {
-  assignPolicy = 0,
-  retainNonatomic = 1,
-  copyNonatomic = 3,
-  retainAtomic = 01401,
-  copyAtomic = 01403
-};
+// What is done with a value, by the last byte of the policy, as in Apple's runtime: with any other it is only
+// remembered.
+enum : uintptr_t { retained = 1, copied = 3, lastByte = 0xFF };
 
 struct Association {
   id value = nullptr;
@@ -59,8 +54,9 @@ SIMULATOR_EXPORT void objc_setAssociatedObject(id object, const void* key, id va
   static const bool watching = (sim::whenMarkedObjectsDie(forget), true);
   (void)watching;
   sim::mark(object);
-  Association next{value, value && policy != assignPolicy};
-  if (policy == copyNonatomic || policy == copyAtomic)
+  const uintptr_t way = policy & lastByte;
+  Association next{value, value && (way == retained || way == copied)};
+  if (way == copied)
     next.value = bridge::Message<"copy", id()>::send(value);
   else if (next.owned)
     bridge::retain(value);

@@ -49,14 +49,21 @@ TEST_F(AssociatedObjects, OfNilAreForgotten) {
   bridge::release(value);
 }
 
-TEST_F(AssociatedObjects, ThatAreAssignedAreNotKept) {
+void expectNotKept(uintptr_t policy) {
   auto owner = newObject();
   id value = test::newCounted();
-  objc_setAssociatedObject(owner.get().raw, &key, value, assign);
+  objc_setAssociatedObject(owner.get().raw, &key, value, policy);
   EXPECT_EQ(objc_getAssociatedObject(owner.get().raw, &key), value);
   owner.clear();
   EXPECT_EQ(test::counts, test::Counts{});
   bridge::release(value);
+}
+
+TEST_F(AssociatedObjects, ThatAreAssignedAreNotKept) { expectNotKept(assign); }
+
+TEST_F(AssociatedObjects, OfAPolicyThatIsNoneAreNotKept) {
+  expectNotKept(retainAtomic + 1);
+  expectNotKept(retainAtomic - 1);
 }
 
 void expectRetained(uintptr_t policy) {
