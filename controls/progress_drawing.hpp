@@ -21,9 +21,7 @@ inline CGPoint middleOf(const CGRect& rect) {
   return {rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2};
 }
 
-inline CGFloat smallerSideOf(const CGRect& rect) {
-  return std::min(rect.size.width, rect.size.height);
-}
+inline CGFloat smallerSideOf(const CGRect& rect) { return std::min(rect.size.width, rect.size.height); }
 
 // The largest square in the middle.
 inline CGRect squareIn(const CGRect& rect) {
