@@ -60,6 +60,9 @@ bool resetSettings() {
     NSDictionary item = bridge::as<NSDictionary>(items.objectAtIndex(i));
     if (bridge::Object initial = item.objectForKey("default"_ns))
       values.setObject_forKey(checked(item, initial).value, keyOf(item));
+    else if (NSNumber shown = nearest(item, {}); item.objectForKey("choices"_ns) && shown.integerValue() != 0)
+      // To SpringBoard what is missing means the first layout, be there one or not.
+      values.setObject_forKey(shown, keyOf(item));
     else
       others.addObject(keyOf(item));
   }

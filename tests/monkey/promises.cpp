@@ -92,6 +92,8 @@ void Promises::followSettings(const std::string& step) {
   const Json before = std::exchange(stored, reportOf(home, sim::product::filesKeys(), "preferences"));
   if (step.starts_with("write ")) return;
   // An export stores what SpringBoard's first list answers, and no row moves for it.
+  for (const auto& [key, value] : before.items())
+    if (!stored.contains(key)) known.erase(key);
   // A row may as well be one of Settings' own, whose captions are the same.
   const bool isOfARow = rowSteps.contains(step.substr(0, step.find(' '))) &&
                         reportOf(home, sim::homeScreenReport(), "application").isNull();

@@ -100,6 +100,21 @@ TEST(PaneButton, ResetsAfterAQuestionAndKeepsLayouts) {
   EXPECT_EQ(home.report()["presets"]["configurations"].size(), 1u);
 }
 
+// A choice that is not stored means the first layout, there or not.
+TEST(PaneButton, ResetsToNoLayoutWhereNoneIsLeft) {
+  PaneHome home({"--presets", test::temporaryFile("none.json", R"({"configurations":[]})")});
+  press(home, "Reset to Defaults");
+  answer(home, "Reset");
+  EXPECT_EQ(home.stored("custom_preset"), -1);
+}
+
+TEST(PaneButton, ResetsToTheFirstLayoutWhereThereIsOne) {
+  PaneHome home({"--presets", wide(), "--set", "custom_preset=-1"});
+  press(home, "Reset to Defaults");
+  answer(home, "Reset");
+  EXPECT_EQ(home.stored("custom_preset"), Json());
+}
+
 TEST(PaneButton, LeavesNoAlertBehindWhenSettingsIsLeft) {
   PaneHome home;
   press(home, "Paste Layout");
