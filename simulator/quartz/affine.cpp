@@ -24,11 +24,17 @@ CGAffineTransform rotation(double radians) {
   return {cosine, sine, -sine, cosine, 0, 0};
 }
 
-std::optional<CGAffineTransform> inverse(const CGAffineTransform& t) {
+bool hasInverse(const CGAffineTransform& t) {
   const double determinant = t.a * t.d - t.b * t.c;
-  if (!std::isfinite(determinant) || !std::isfinite(t.tx) || !std::isfinite(t.ty)) return std::nullopt;
   // Below this a whole screen shrinks to less than a millionth of a point, and cairo refuses the matrix.
-  if (std::abs(determinant) < 1e-18) return std::nullopt;
+  constexpr double least = 1e-18;
+  return std::isfinite(determinant) && std::isfinite(t.tx) && std::isfinite(t.ty) &&
+         std::abs(determinant) >= least;
+}
+
+std::optional<CGAffineTransform> inverse(const CGAffineTransform& t) {
+  if (!hasInverse(t)) return std::nullopt;
+  const double determinant = t.a * t.d - t.b * t.c;
   return CGAffineTransform{t.d / determinant,
                            -t.b / determinant,
                            -t.c / determinant,
@@ -43,6 +49,12 @@ CGPoint apply(const CGAffineTransform& t, CGPoint p) {
 
 CGRect boundingBox(const CGAffineTransform& transform, const CGRect& rect) {
   const double right = rect.origin.x + rect.size.width, bottom = rect.origin.y + rect.size.height;
+  if (transform.a == 1 && transform.b == 0 && transform.c == 0 && transform.d == 1) {
+    const CGPoint last{right, bottom};
+    const auto [left, rightmost] = std::minmax({rect.origin.x + transform.tx, last.x + transform.tx});
+    const auto [top, lowest] = std::minmax({rect.origin.y + transform.ty, last.y + transform.ty});
+    return {{left, top}, {rightmost - left, lowest - top}};
+  }
   const CGPoint corners[] = {apply(transform, rect.origin), apply(transform, {right, rect.origin.y}),
                              apply(transform, {rect.origin.x, bottom}), apply(transform, {right, bottom})};
   const auto [left, rightmost] = std::minmax({corners[0].x, corners[1].x, corners[2].x, corners[3].x});

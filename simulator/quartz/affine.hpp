@@ -13,7 +13,9 @@ CGAffineTransform translation(double x, double y);
 CGAffineTransform scaling(double x, double y);
 /** Radians; positive turns x towards y, which is clockwise on the screen. */
 CGAffineTransform rotation(double radians);
-/** None when the transform flattens the plane to a line or a point, or holds a number that is not finite. */
+/** Not when the transform flattens the plane to a line or a point, or holds a number that is not finite. */
+bool hasInverse(const CGAffineTransform& transform);
+/** None when there is none. */
 std::optional<CGAffineTransform> inverse(const CGAffineTransform& transform);
 
 CGPoint apply(const CGAffineTransform& transform, CGPoint point);

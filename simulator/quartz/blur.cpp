@@ -11,10 +11,14 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/quartz/kept.hpp"
+
 namespace sim {
 namespace {
 
 constexpr int passes = 3;
+constexpr std::size_t room =
+    8u << 20;  // bytes of shapes and shadows: a press on a panel's button changes neither
 
 // Odd box widths whose variances sum to the Gaussian's as nearly as odd widths can.
 std::array<int, passes> boxWidths(double deviation) {
@@ -134,24 +138,20 @@ Surface blurred(const Shape& shape, double deviation) {
 double blurReach(double deviation) { return 3 * deviation + 1; }
 
 Surface blurredAlpha(cairo_surface_t* image, double deviation) {
-  // A panel that is opened again casts the shadows that it cast before.
-  struct Kept {
+  struct Known {
     Shape shape;
     double deviation;
     Surface result;
   };
-  constexpr std::size_t most = 4;
-  static auto& kept = *new std::vector<Kept>;  // the one that was asked for last comes first
+  static auto& kept = *new Kept<Known>(room);
   Shape shape = shapeOf(image);
-  auto known = std::ranges::find_if(
-      kept, [&](const Kept& one) { return one.deviation == deviation && one.shape == shape; });
-  if (known == kept.end()) {
-    if (kept.size() == most) kept.pop_back();
-    Surface result = blurred(shape, deviation);
-    known = kept.insert(kept.end(), {std::move(shape), deviation, std::move(result)});
-  }
-  std::rotate(kept.begin(), known, known + 1);
-  return kept.front().result;
+  const Known* const known =
+      kept.find([&](const Known& each) { return each.deviation == deviation && each.shape == shape; });
+  if (known) return known->result;
+  Surface result = blurred(shape, deviation);
+  const std::size_t bytes = shape.alpha.size() + bytesOf(result.get());
+  kept.add({std::move(shape), deviation, result}, bytes);
+  return result;
 }
 
 }  // namespace sim

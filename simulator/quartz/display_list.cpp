@@ -62,8 +62,29 @@ class Flattening {
     return matrix;
   }
 
-  void enter(const RenderNode& node, Part part, const PixelRect& box, bool isFixed) {
-    list.entries.push_back({Inside::id(*node.layer) * 2 + part, box, isFixed, list.numbers.size()});
+  void enter(const RenderNode& node, Part part, const PixelRect& box, bool isFixed,
+             const PixelRect& cover = {}) {
+    list.entries.push_back({Inside::id(*node.layer) * 2 + part, box, isFixed, list.numbers.size(), cover});
+  }
+
+  // What is opaque of a picture that is there already, but for pixels at its edges that may be soft.
+  PixelRect coverOf(RenderNode& node, const cairo_matrix_t& m, const PixelRect& clip) const {
+    if (!node.layer->shouldRasterize || node.values.opacity < 1 || !isUpright(m) || !(m.xx > 0 && m.yy > 0))
+      return {};
+    const Bitmap& picture = Inside::cacheOf(node, Inside::pixelsPerPoint(*node.layer, scale)).rasterized;
+    const PixelRect& opaque = picture.runs.opaque();
+    if (isEmpty(opaque)) return {};
+    constexpr double edge = 2;
+    const double x = picture.origin.x + opaque.x / picture.scale;
+    const double y = picture.origin.y + opaque.y / picture.scale;
+    const double left = std::max<double>(std::ceil(x * m.xx + m.x0), clip.x) + edge;
+    const double top = std::max<double>(std::ceil(y * m.yy + m.y0), clip.y) + edge;
+    const double right = std::floor((x + opaque.width / picture.scale) * m.xx + m.x0);
+    const double bottom = std::floor((y + opaque.height / picture.scale) * m.yy + m.y0);
+    const double width = std::min<double>(right, clip.x + clip.width) - edge - left;
+    const double height = std::min<double>(bottom, clip.y + clip.height) - edge - top;
+    if (!(width > 0 && height > 0)) return {};
+    return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(width), static_cast<int>(height)};
   }
 
   void describe(const RenderNode& node, const cairo_matrix_t& m) {
@@ -79,7 +100,7 @@ class Flattening {
       area = {{area.origin.x - more, area.origin.y - more},
               {area.size.width + 2 * more, area.size.height + 2 * more}};
     }
-    enter(node, ground, pixelsWithin(clip, matrix, area), false);
+    enter(node, ground, pixelsWithin(clip, matrix, area), false, coverOf(node, matrix, clip));
     describeAll(node, matrix, clip);
   }
 

@@ -16,6 +16,7 @@ struct DisplayEntry {
   PixelRect box;      // no pixel outside is touched
   bool isFixed;       // its pixels are the same wherever painting is clipped
   std::size_t begin;  // of its numbers; they end where the next entry's begin
+  PixelRect cover;    // pixels that hide all that is behind it, as far as that is known
 };
 
 /** The nodes hold layers: they are for painting at once. The rest may be kept. */

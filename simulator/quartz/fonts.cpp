@@ -12,6 +12,7 @@
 #include <stdexcept>
 
 #include "simulator/quartz/surface.hpp"
+#include "simulator/quartz/text_pictures.hpp"
 
 namespace sim {
 namespace {
@@ -160,6 +161,7 @@ void addTextFont(const std::string& file, const std::string& family) {
   FcConfigAppFontAddFile(pango_fc_font_map_get_config(PANGO_FC_FONT_MAP(map)),
                          reinterpret_cast<const FcChar8*>(file.c_str()));
   pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(map));
+  forgetTextPictures();
   addedFamilies().insert(family);
 }
 

@@ -7,15 +7,11 @@
 #include <stdexcept>
 #include <utility>
 
+#include "simulator/quartz/content.hpp"
 #include "simulator/quartz/render_cache.hpp"
 
 namespace sim {
 namespace {
-
-std::uint64_t nextContentsId() {
-  static std::uint64_t last = 0;
-  return ++last;
-}
 
 std::uint64_t nextLayerId() {
   static std::uint64_t last = 0;
@@ -62,7 +58,7 @@ auto presentedAt(double now) {
 
 }  // namespace
 
-Layer::Layer() : id(nextLayerId()), contentsId(nextContentsId()) {}
+Layer::Layer() : id(nextLayerId()), contentsId(nextContentId()) {}
 
 Layer::~Layer() {
   removeFromParent();
@@ -115,7 +111,7 @@ void Layer::setContents(std::function<Surface()> due, CGSize pixels, double imag
 
 void Layer::setNeedsDisplay() {
   drawnScale = 0;
-  contentsId = nextContentsId();
+  contentsId = nextContentId();
 }
 
 CGSize Layer::contentSize() const {
@@ -124,26 +120,41 @@ CGSize Layer::contentSize() const {
 }
 
 void Layer::drawContent(double scale) {
-  if (image) contents = std::exchange(image, nullptr)();
+  if (image) {
+    contents = std::exchange(image, nullptr)();
+    if (contents) take(contentOf(contents, contentsSize, Inside::contentPixels(*this)));
+  }
   if (!draw) return;
   const bool resized = redrawsOnResize && !(contentsSize == bounds.size);
   if (drawnScale == scale && !resized) return;
-  // Another size or scale is another picture; one that was only due keeps the mark it was given.
-  if (drawnScale != 0) contentsId = nextContentsId();
   drawnScale = scale;
   contentsSize = bounds.size;
   contents.reset();
   if (!(bounds.size.width > 0 && bounds.size.height > 0)) return;
-  contents = makeImage(static_cast<int>(std::ceil(bounds.size.width * scale - 1e-6)),
-                       static_cast<int>(std::ceil(bounds.size.height * scale - 1e-6)));
-  Context context(contents.get());
-  cairo_scale(context, scale, scale);
-  draw(context, bounds.size);
+  const Surface drawn = makeImage(static_cast<int>(std::ceil(bounds.size.width * scale - 1e-6)),
+                                  static_cast<int>(std::ceil(bounds.size.height * scale - 1e-6)));
+  {
+    const Context context(drawn.get());
+    cairo_scale(context, scale, scale);
+    draw(context, bounds.size);
+  }
+  take(contentOf(drawn, contentsSize, scale));
+}
+
+void Layer::take(Content content) {
+  contents = std::move(content.image);
+  contentsId = content.id;
 }
 
 CGAffineTransform Layer::toParent(const LayerValues& v) const {
   const double anchorX = v.bounds.origin.x + anchorPoint.x * v.bounds.size.width;
   const double anchorY = v.bounds.origin.y + anchorPoint.y * v.bounds.size.height;
+  if (v.transform == identityTransform) {
+    CGAffineTransform shift = translation(-anchorX, -anchorY);
+    shift.tx += v.position.x;
+    shift.ty += v.position.y;
+    return shift;
+  }
   return concat(concat(translation(-anchorX, -anchorY), v.transform),
                 translation(v.position.x, v.position.y));
 }

@@ -37,6 +37,7 @@ enum class ContentsGravity {
 /** Draws a content of that size in points, from (0,0), into a clear picture. */
 using DrawFunction = std::function<void(cairo_t* context, CGSize size)>;
 
+struct Content;
 struct RenderCache;
 
 /**
@@ -135,6 +136,7 @@ struct Layer : LayerValues {
 
   CGRect frameOf(const LayerValues& values) const;
   void drawContent(double scale);
+  void take(Content content);
 
   Layer* superlayer = nullptr;
   std::vector<Layer*> sublayers;
@@ -146,7 +148,7 @@ struct Layer : LayerValues {
   double drawnScale = 0;           // pixels per point of the drawing's picture; 0 when it has to be drawn
   const std::uint64_t id;          // another one for every layer that ever was
   std::uint64_t contentsId;        // another one for every other content, over all layers
-  std::unique_ptr<RenderCache> cache;
+  std::shared_ptr<RenderCache> cache;
 };
 
 /**

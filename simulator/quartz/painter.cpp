@@ -10,6 +10,7 @@
 #include "simulator/quartz/pixels.hpp"
 #include "simulator/quartz/render_cache.hpp"
 #include "simulator/quartz/shapes.hpp"
+#include "simulator/quartz/spans.hpp"
 
 namespace sim {
 namespace {
@@ -79,11 +80,13 @@ class Painter {
     Bitmap& picture = Inside::cacheOf(node, pixels).rasterized;
     if (!picture.image) {
       Bitmap fresh = emptyBitmap(node, node.extents, pixels);
-      const Context inside(fresh.image.get());
-      enter(inside, fresh);
-      paintShadow(inside, node, pixels);
-      paintBody(inside, node, pixels);
-      fresh.spans = spansOf(fresh.image.get());
+      {
+        const Context inside(fresh.image.get());
+        enter(inside, fresh);
+        paintShadow(inside, node, pixels);
+        paintBody(inside, node, pixels);
+      }
+      fresh.runs = Runs(fresh.image.get());
       picture = std::move(fresh);
     }
     const SavedState saved(context);
@@ -93,14 +96,15 @@ class Painter {
     cairo_paint(context);
   }
 
-  // Into the target's own pixels, where neither size nor shape changes on the way.
+  // Into the target's own pixels, where it stays upright on the way.
   static bool layStraight(cairo_t* context, const Bitmap& picture) {
     cairo_surface_t* const target = cairo_get_target(context);
-    const auto from = shiftOf(context);
-    if (!from || cairo_get_group_target(context) != target) return false;
+    if (cairo_get_group_target(context) != target) return false;
     const auto rect = clipRectangle(context);
-    if (rect) layOver(target, *rect, picture.image.get(), picture.spans, *from);
-    return rect.has_value();
+    if (!rect) return false;
+    const auto sampling = samplingOf(context, picture.image.get(), *rect);
+    if (sampling) layOver(target, *rect, picture.image.get(), picture.runs, *sampling);
+    return sampling.has_value();
   }
 
   static void paintShadow(cairo_t* context, RenderNode& node, double scale) {

@@ -66,18 +66,6 @@ std::optional<PixelRect> clipRectangle(cairo_t* context) {
                    static_cast<int>(one.height)};
 }
 
-std::optional<FixedPoint> shiftOf(cairo_t* context) {
-  constexpr double unit = 65536, furthest = 16384, likeness = 1e-9;
-  double x = 0, y = 0, xx = 1, yx = 0, xy = 0, yy = 1;
-  cairo_device_to_user(context, &x, &y);
-  cairo_device_to_user_distance(context, &xx, &yx);
-  cairo_device_to_user_distance(context, &xy, &yy);
-  const auto isNear = [](double a, double b) { return std::abs(a - b) < likeness; };
-  const bool shifts = isNear(xx, 1) && isNear(yy, 1) && isNear(xy, 0) && isNear(yx, 0);
-  if (!shifts || !(std::abs(x) < furthest && std::abs(y) < furthest)) return std::nullopt;
-  return FixedPoint{static_cast<int>(std::lrint(x * unit)), static_cast<int>(std::lrint(y * unit))};
-}
-
 void clipToPixels(cairo_t* context, const CGRect& rect) {
   const CGRect box = devicePixels(context, rect);
   const cairo_matrix_t identity{1, 0, 0, 1, 0, 0};

@@ -7,7 +7,6 @@
 
 #include "platform/coregraphics/geometry.hpp"
 #include "simulator/quartz/region.hpp"
-#include "simulator/quartz/spans.hpp"
 
 namespace sim {
 
@@ -19,8 +18,6 @@ bool isOutsideClip(cairo_t* context, const CGRect& rect);
 PixelRect pixelsWithin(const PixelRect& clip, const cairo_matrix_t& matrix, const CGRect& rect);
 /** The pixels that may be painted, if they are one rectangle. */
 std::optional<PixelRect> clipRectangle(cairo_t* context);
-/** Where the target's first pixel is in the current coordinates, if these only shift the target's own. */
-std::optional<FixedPoint> shiftOf(cairo_t* context);
 /** Lets only the whole pixels around the rectangle be painted: keeps a group's picture small. */
 void clipToPixels(cairo_t* context, const CGRect& rect);
 

@@ -2,6 +2,7 @@
 #include "simulator/quartz/region.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace sim {
 
@@ -24,6 +25,28 @@ PixelRect unionOf(const PixelRect& a, const PixelRect& b) {
   const int left = std::min(a.x, b.x), top = std::min(a.y, b.y);
   return {left, top, std::max(a.x + a.width, b.x + b.width) - left,
           std::max(a.y + a.height, b.y + b.height) - top};
+}
+
+std::vector<PixelRect> without(std::span<const PixelRect> rectangles, std::span<const PixelRect> holes) {
+  std::vector<PixelRect> left(rectangles.begin(), rectangles.end());
+  for (const PixelRect& hole : holes) {
+    std::vector<PixelRect> next;
+    for (const PixelRect& rect : left) {
+      const PixelRect cut = intersection(rect, hole);
+      if (isEmpty(cut)) {
+        next.push_back(rect);
+        continue;
+      }
+      const int right = cut.x + cut.width, bottom = cut.y + cut.height;
+      for (const PixelRect& part : {PixelRect{rect.x, rect.y, rect.width, cut.y - rect.y},
+                                    PixelRect{rect.x, cut.y, cut.x - rect.x, cut.height},
+                                    PixelRect{right, cut.y, rect.x + rect.width - right, cut.height},
+                                    PixelRect{rect.x, bottom, rect.width, rect.y + rect.height - bottom}})
+        if (!isEmpty(part)) next.push_back(part);
+    }
+    left = std::move(next);
+  }
+  return left;
 }
 
 void Region::add(PixelRect rect) {

@@ -19,6 +19,10 @@ PixelRect intersection(const PixelRect& a, const PixelRect& b);
 /** Around both; an empty one counts for nothing. */
 PixelRect unionOf(const PixelRect& a, const PixelRect& b);
 
+/** What is left of the rectangles without the holes, in rectangles that do not overlap if the first ones do
+ * not. */
+std::vector<PixelRect> without(std::span<const PixelRect> rectangles, std::span<const PixelRect> holes);
+
 class Region {
  public:
   /** Rectangles that come to overlap become the one around them: what is added lies within one of them. */

@@ -5,8 +5,12 @@
 #include <memory>
 #include <utility>
 
+#include "simulator/quartz/kept.hpp"
+
 namespace sim {
 namespace {
+
+constexpr std::size_t room = 32u << 20;  // bytes
 
 void append(std::vector<double>& numbers, std::initializer_list<double> more) {
   numbers.insert(numbers.end(), more);
@@ -30,6 +34,24 @@ void describeAll(std::vector<double>& numbers, const RenderNode& node, double sc
   }
 }
 
+// Bytes that the pictures of a node may take.
+std::size_t picturesOf(const RenderNode& node, double scale) {
+  constexpr double bytesPerPixel = 4 + 1;
+  const CGSize size = node.extents.size;
+  return static_cast<std::size_t>(size.width * size.height * scale * scale * bytesPerPixel);
+}
+
+std::shared_ptr<RenderCache> cacheFor(std::vector<double> appearance, std::size_t bytes) {
+  static auto& kept = *new Kept<std::shared_ptr<RenderCache>>(room);
+  static std::uint64_t last = 0;
+  const auto* const known =
+      kept.find([&](const std::shared_ptr<RenderCache>& each) { return each->appearance == appearance; });
+  if (known) return *known;
+  const auto fresh = std::make_shared<RenderCache>(RenderCache{std::move(appearance), ++last, {}, {}});
+  kept.add(fresh, bytes);
+  return fresh;
+}
+
 }  // namespace
 
 bool Inside::hasContent(Layer& layer, double scale) {
@@ -51,13 +73,12 @@ double Inside::pixelsPerPoint(const Layer& layer, double scale) {
 
 RenderCache& Inside::cacheOf(RenderNode& node, double scale) {
   if (node.cache) return *node.cache;
-  static std::uint64_t last = 0;
   auto& cache = node.layer->cache;
   std::vector<double> appearance{scale};
   if (cache) appearance.reserve(cache->appearance.size());
   describeAll(appearance, node, scale);
   if (!cache || cache->appearance != appearance)
-    cache = std::make_unique<RenderCache>(RenderCache{std::move(appearance), ++last, {}, {}});
+    cache = cacheFor(std::move(appearance), picturesOf(node, scale));
   node.cache = cache.get();
   return *cache;
 }
@@ -68,7 +89,7 @@ void Inside::describe(std::vector<double>& numbers, const RenderNode& node, doub
   const LayerValues& v = node.values;
   append(numbers, {v.bounds.origin.x, v.bounds.origin.y, v.bounds.size.width, v.bounds.size.height,
                    v.cornerRadius, layer.borderWidth, double(layer.masksToBounds),
-                   double(layer.contentsGravity), double(layer.contentsId)});
+                   double(layer.contentsGravity), layer.contents ? double(layer.contentsId) : 0});
   append(numbers, v.backgroundColor);
   append(numbers, layer.borderColor);
 }

@@ -6,7 +6,7 @@
 
 #include "platform/coregraphics/geometry.hpp"
 #include "simulator/quartz/render_node.hpp"
-#include "simulator/quartz/spans.hpp"
+#include "simulator/quartz/runs.hpp"
 #include "simulator/quartz/surface.hpp"
 
 namespace sim {
@@ -14,9 +14,9 @@ namespace sim {
 /** Pixels of a part of a layer's own coordinate space. */
 struct Bitmap {
   Surface image;
-  CGPoint origin{};              // of the first pixel, in the layer's coordinates (points)
-  double scale = 1;              // pixels per point
-  std::vector<RowSpan> spans{};  // of a picture that is laid over others
+  CGPoint origin{};  // of the first pixel, in the layer's coordinates (points)
+  double scale = 1;  // pixels per point
+  Runs runs{};       // of a picture that is laid over others
 };
 
 /**
@@ -46,7 +46,10 @@ class Inside {
   static bool isKept(const Layer& layer);
   /** Of the pictures of a layer: its own when it is rasterized. */
   static double pixelsPerPoint(const Layer& layer, double scale);
-  /** What is kept of the layer, emptied when anything that goes into it has changed. */
+  /**
+   * What is kept of the layer: empty when anything that goes into it has changed, unless a layer that looked
+   * like it was seen lately.
+   */
   static RenderCache& cacheOf(RenderNode& node, double scale);
   /** All that makes the layer itself look as it does, in numbers. Draws its content when that is due. */
   static void describe(std::vector<double>& numbers, const RenderNode& node, double scale);

@@ -29,7 +29,7 @@ std::optional<RenderNode> freeze(Layer& layer, double now) {
   RenderNode node{&layer, layer.presentation(now), {}, {}, {}, {}};
   if (!(node.values.opacity > 0)) return std::nullopt;
   node.toParent = layer.toParent(node.values);
-  if (!inverse(node.toParent)) return std::nullopt;
+  if (!hasInverse(node.toParent)) return std::nullopt;
   node.bodyExtents = node.values.bounds;
   node.children.reserve(layer.children().size());
   for (Layer* child : layer.children()) {

@@ -50,6 +50,15 @@ void takeWholes(Region& region, const DisplayList& list, std::size_t from) {
   }
 }
 
+// The largest rectangle of which nothing shows that was painted before those entries.
+PixelRect coverOf(const DisplayList& list, std::size_t from) {
+  PixelRect largest{};
+  const auto area = [](const PixelRect& rect) { return long{rect.width} * rect.height; };
+  for (std::size_t i = from; i < list.entries.size(); ++i)
+    if (area(list.entries[i].cover) > area(largest)) largest = list.entries[i].cover;
+  return largest;
+}
+
 }  // namespace
 
 Surface PaintedScreen::draw(std::span<Layer* const> roots, double now, int pixelWidth, int pixelHeight,
@@ -63,7 +72,10 @@ Surface PaintedScreen::draw(std::span<Layer* const> roots, double now, int pixel
     damage = difference(shown, list, common);
   else
     damage.add(all);
-  if (damage.isEmpty()) return picture;
+  if (damage.isEmpty()) {
+    lastCommon = common;
+    return picture;
+  }
   // Should painting fail, the next picture begins anew.
   PaintedScreen painted = std::exchange(*this, {});
   painted.show(std::move(list), common, all, scale);
@@ -71,12 +83,14 @@ Surface PaintedScreen::draw(std::span<Layer* const> roots, double now, int pixel
   return picture;
 }
 
-// Where the next picture goes: over the last one, unless somebody holds that.
-Surface PaintedScreen::target(const PixelRect& all) const {
+// Where the next picture goes: over the last one, unless somebody holds that. What is to be painted of it may
+// hold anything.
+Surface PaintedScreen::target(const PixelRect& all, const Region& painted) const {
   if (!picture) return makeImage(all.width, all.height);
   if (!isHeldElsewhere(picture)) return picture;
   if (hasSize(other, all) && !isHeldElsewhere(other)) {
-    for (const PixelRect& rect : stale.rectangles()) copy(picture.get(), other.get(), rect);
+    for (const PixelRect& rect : without(stale.rectangles(), painted.rectangles()))
+      copy(picture.get(), other.get(), rect);
     return other;
   }
   Surface fresh = makeImage(all.width, all.height);
@@ -97,16 +111,17 @@ void PaintedScreen::keepBackdrop(DisplayList& list, std::size_t common, const Pi
 
 void PaintedScreen::show(DisplayList list, std::size_t common, const PixelRect& all, double scale) {
   keepBackdrop(list, common, all, scale);
-  const Surface image = target(all);
   Region painted = damage;
   takeWholes(painted, list, backdropEntries);
-  for (const PixelRect& rect : painted.rectangles()) {
+  const Surface image = target(all, painted);
+  const PixelRect cover = coverOf(list, backdropEntries);
+  for (const PixelRect& part : without(painted.rectangles(), {&cover, 1}))
     if (backdropEntries > 0)
-      copy(backdrop.get(), image.get(), rect);
+      copy(backdrop.get(), image.get(), part);
     else
-      blacken(image.get(), rect);
+      blacken(image.get(), part);
+  for (const PixelRect& rect : painted.rectangles())
     paintEntries(image.get(), list, scale, backdropEntries, list.entries.size(), rect);
-  }
   cairo_surface_flush(image.get());
   if (image != picture) {
     other = std::exchange(picture, image);

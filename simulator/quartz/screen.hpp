@@ -31,7 +31,7 @@ class PaintedScreen {
  private:
   void show(DisplayList list, std::size_t common, const PixelRect& all, double scale);
   void keepBackdrop(DisplayList& list, std::size_t common, const PixelRect& all, double scale);
-  Surface target(const PixelRect& all) const;
+  Surface target(const PixelRect& all, const Region& painted) const;
 
   DisplayList shown;       // what `picture` shows, without nodes
   Surface picture, other;  // the last one; another of its size, to be painted when that one is held
@@ -39,7 +39,7 @@ class PaintedScreen {
   Region damage;
   Surface backdrop;  // the first entries alone
   std::size_t backdropEntries = 0;
-  std::size_t lastCommon = 0;  // how many first entries the last picture shared with the one before
+  std::size_t lastCommon = 0;  // how many first entries were as they had been, the last time
 };
 
 }  // namespace sim

@@ -54,6 +54,11 @@ Surface makeImage(int width, int height) {
       cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(width, 1), std::max(height, 1)));
 }
 
+std::size_t bytesOf(cairo_surface_t* image) {
+  return static_cast<std::size_t>(cairo_image_surface_get_stride(image)) *
+         static_cast<std::size_t>(cairo_image_surface_get_height(image));
+}
+
 Surface readPng(const std::filesystem::path& file) {
   Surface image(cairo_image_surface_create_from_png(file.c_str()), cairo_surface_destroy);
   const cairo_status_t status = cairo_surface_status(image.get());

@@ -3,6 +3,7 @@
 
 #include <cairo.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <vector>
@@ -16,6 +17,8 @@ using Surface = std::shared_ptr<cairo_surface_t>;
 Surface adoptSurface(cairo_surface_t* surface);
 /** A clear ARGB32 image, in pixels, at least 1 by 1. Throws std::runtime_error when cairo cannot make it. */
 Surface makeImage(int width, int height);
+/** Of an image's pixels. */
+std::size_t bytesOf(cairo_surface_t* image);
 /** An image read from a PNG file. Throws std::runtime_error naming the file. */
 Surface readPng(const std::filesystem::path& file);
 

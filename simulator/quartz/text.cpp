@@ -190,7 +190,7 @@ CGSize measureText(const Text& text, CGSize limit) {
   return {layout.widest(), layout.height()};
 }
 
-void drawText(cairo_t* context, const Text& text, const CGRect& rect, VerticalPlacement placement) {
+void paintText(cairo_t* context, const Text& text, const CGRect& rect, VerticalPlacement placement) {
   if (!(rect.size.width > 0 && rect.size.height > 0)) return;
   const TextLayout layout(text, rect.size);
   const SavedState saved(context);

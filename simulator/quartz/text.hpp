@@ -28,6 +28,7 @@ struct TextShadow {
   Color color;
   CGSize offset{};    // points
   double radius = 0;  // standard deviation of the blur, points
+  bool operator==(const TextShadow&) const = default;
 };
 
 /** A stretch of UTF-8 text in one font and colour. Invalid bytes are shown as replacement characters. */
@@ -35,6 +36,7 @@ struct TextRun {
   std::string text;
   Font font{};
   Color color = blackColor;
+  bool operator==(const TextRun&) const = default;
 };
 
 struct Text {
@@ -43,6 +45,7 @@ struct Text {
   LineBreak lineBreak = LineBreak::truncateTail;
   int lineLimit = 1;  // 0: as many lines as it takes
   std::optional<TextShadow> shadow{};
+  bool operator==(const Text&) const = default;
 };
 
 enum class VerticalPlacement { top, middle };
@@ -56,9 +59,11 @@ CGSize measureText(const Text& text, CGSize limit = {});
 
 /**
  * Draws within the rectangle (points), as measureText lays out; nothing into an empty one. Only
- * LineBreak::clip cuts at its edges.
+ * LineBreak::clip cuts at its edges. What was drawn onto a clear picture lately is copied.
  */
 void drawText(cairo_t* context, const Text& text, const CGRect& rect,
               VerticalPlacement placement = VerticalPlacement::middle);
+/** The same, laid out and painted. */
+void paintText(cairo_t* context, const Text& text, const CGRect& rect, VerticalPlacement placement);
 
 }  // namespace sim

@@ -3,9 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <random>
 
+#include "simulator/quartz/affine.hpp"
+#include "simulator/quartz/pixels.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
 
 namespace sim {
@@ -49,48 +53,89 @@ class Spans : public testing::Test {
     return image;
   }
 
-  std::mt19937 random{5};
-};
-
-TEST_F(Spans, TellInkAndTheLongestOpaqueStretch) {
-  const Surface image = makeImage(8, 2);
-  for (const int x : {2, 4, 5, 6}) set(image, x, 1, 0xff000000);
-  set(image, 7, 1, 0x10000000);
-  const auto spans = spansOf(image.get());
-  EXPECT_EQ(spans[0].inkBegin, 8);
-  EXPECT_EQ(spans[0].inkEnd, 0);
-  EXPECT_EQ(spans[1].inkBegin, 2);
-  EXPECT_EQ(spans[1].opaqueBegin, 4);
-  EXPECT_EQ(spans[1].opaqueEnd, 7);
-  EXPECT_EQ(spans[1].inkEnd, 8);
-}
-
-// The interpolation of the library below cairo has 128 steps; all of them, and places beyond every edge.
-TEST_F(Spans, MixPixelsAsCairoDoes) {
-  for (int round = 0; round < 800; ++round) {
-    const Surface image = card(1 + number(50), 1 + number(40), number(9));
+  void expectAsByCairo(const Surface& image, const CGAffineTransform& place) {
     const Surface expected = ground();
     const Surface painted = makeImage(40, 30);
-    for (int y = 0; y < 30; ++y)
-      std::memcpy(cairo_image_surface_get_data(painted.get()) + y * 160,
-                  cairo_image_surface_get_data(expected.get()) + y * 160, 160);
+    std::memcpy(cairo_image_surface_get_data(painted.get()), cairo_image_surface_get_data(expected.get()),
+                bytesOf(expected.get()));
     const PixelRect rect{number(20), number(15), 1 + number(20), 1 + number(15)};
-    const double x = number(4) ? number(40) - 20 : number(40 * 1024) / 1024.0 - 20;
-    const double y = number(4) == 0 ? number(30) - 15 : number(30 * 1024) / 1024.0 - 15;
     {
       const Context context(expected.get());
       cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
       cairo_clip(context);
-      cairo_translate(context, x, y);
+      applyTransform(context, place);
       cairo_set_source_surface(context, image.get(), 0, 0);
       cairo_paint(context);
     }
-    layOver(painted.get(), rect, image.get(), spansOf(image.get()),
-            {static_cast<int>(-x * 65536), static_cast<int>(-y * 65536)});
+    const Context context(painted.get());
+    applyTransform(context, place);
+    const auto sampling = samplingOf(context, image.get(), rect);
+    ASSERT_TRUE(sampling);
+    layOver(painted.get(), rect, image.get(), Runs(image.get()), *sampling);
     for (int row = 0; row < 30; ++row)
       for (int column = 0; column < 40; ++column)
         ASSERT_EQ(pixelAt(painted.get(), column, row), pixelAt(expected.get(), column, row))
-            << "round " << round << " at " << column << ", " << row << " shifted by " << x << ", " << y;
+            << " at " << column << ", " << row << " scaled by " << place.a << ", " << place.d
+            << " shifted by " << place.tx << ", " << place.ty;
+  }
+
+  std::mt19937 random{5};
+};
+
+// The interpolation of the library below cairo has 128 steps; all of them, and places beyond every edge.
+TEST_F(Spans, MixPixelsAsCairoDoes) {
+  for (int round = 0; round < 800; ++round) {
+    const double x = number(4) ? number(40) - 20 : number(40 * 1024) / 1024.0 - 20;
+    const double y = number(4) == 0 ? number(30) - 15 : number(30 * 1024) / 1024.0 - 15;
+    expectAsByCairo(card(1 + number(50), 1 + number(40), number(9)), {1, 0, 0, 1, x, y});
+  }
+}
+
+// As the panel is shown on a Plus, whose pictures are of three pixels a point; and others.
+TEST_F(Spans, TakePixelsAsCairoDoesAtAnotherScale) {
+  for (int round = 0; round < 1500; ++round) {
+    const double usual = 1080 / 414.0 / 3, x = number(2) ? usual : 0.76 + number(2000) / 1000.0;
+    const double y = number(3) ? x : 0.76 + number(2000) / 1000.0;
+    expectAsByCairo(card(1 + number(70), 1 + number(60), number(9)),
+                    {x, 0, 0, y, number(40 * 1024) / 1024.0 - 20, number(30 * 1024) / 1024.0 - 15});
+  }
+}
+
+// Where many rows and pixels are alike, what was mixed of one serves the next.
+TEST_F(Spans, OfPlainCardsAreAsByCairo) {
+  for (int round = 0; round < 800; ++round) {
+    const Surface image = makeImage(1 + number(90), 1 + number(60));
+    const Context context(image.get());
+    for (int i = number(4); i >= 0; --i) {
+      cairo_set_source_rgba(context, number(2), 1, number(2), number(3) ? 1 : 0.5);
+      cairo_rectangle(context, number(30), number(30), number(90), number(60));
+      cairo_fill(context);
+    }
+    const double scale = number(2) ? 1 : 0.8 + number(2200) / 1000.0;
+    expectAsByCairo(image,
+                    {scale, 0, 0, scale, number(40) - 20 + number(2) * 0.37, number(3000) / 100.0 - 15});
+  }
+}
+
+// Each is alike in itself, and where the picture becomes smaller the rows between two of them may be left
+// out.
+TEST_F(Spans, OfBandsBelowEachOtherAreAsByCairo) {
+  const Surface image = makeImage(36, 30);
+  const Context context(image.get());
+  for (const int band : {0, 1, 2}) {
+    cairo_set_source_rgba(context, band == 0, band == 1, band == 2, 0.5);
+    cairo_rectangle(context, 2, 10 * band, 30, 10);
+    cairo_fill(context);
+  }
+  for (int round = 0; round < 40; ++round) expectAsByCairo(image, {0.8, 0, 0, 0.8, 1.3, number(300) / 100.0});
+}
+
+TEST_F(Spans, AreNotForPicturesThatAreTurnedOrMirroredOrMuchSmaller) {
+  const Surface image = card(20, 20, 2), target = makeImage(40, 30);
+  for (const CGAffineTransform& t : {rotation(0.1), scaling(-1, 1), scaling(1, -1), scaling(0.7, 1)}) {
+    const Context context(target.get());
+    applyTransform(context, t);
+    EXPECT_FALSE(samplingOf(context, image.get(), {0, 0, 40, 30}));
   }
 }
 

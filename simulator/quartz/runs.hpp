@@ -1,0 +1,51 @@
+// Where a picture is plain: stretches of its rows that need no mixing when it is laid between pixels.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "simulator/quartz/region.hpp"
+#include "simulator/quartz/surface.hpp"
+
+namespace sim {
+
+/** Pixels of a row, and the same ones of the row below it, that are all alike: clear or opaque. */
+struct Run {
+  int begin, end;
+  std::uint32_t pixel;
+  bool operator==(const Run&) const = default;
+};
+
+/** Of an ARGB32 image, and the clear rows above and below it. */
+class Runs {
+ public:
+  /** What is shorter is mixed as quickly as it is told of. */
+  static constexpr int shortest = 32;
+
+  Runs() = default;
+  explicit Runs(cairo_surface_t* image);
+
+  /** Which runs a row has in common with the next one: rows with the same number have the same. From -1. */
+  std::size_t kindOf(int row) const { return rows[static_cast<std::size_t>(row + 1)]; }
+  bool has(int row) const { return row >= -1 && row + 1 < static_cast<int>(rows.size()); }
+
+  struct Kind {
+    std::vector<Run> runs;       // from left to right
+    int opaqueBegin, opaqueEnd;  // the longest stretch that is opaque, whatever its colours
+    bool operator==(const Kind&) const = default;
+  };
+  const Kind& kind(std::size_t number) const { return kinds[number]; }
+
+  /** A large part that is opaque, in pixels of the image. */
+  const PixelRect& opaque() const { return opaquePart; }
+
+ private:
+  PixelRect findOpaque() const;
+
+  std::vector<Kind> kinds;
+  std::vector<std::size_t> rows;
+  PixelRect opaquePart{};
+};
+
+}  // namespace sim
