@@ -25,8 +25,7 @@ objc_method* ownMethod(Class cls, SEL selector) {
 
 SEL selectorOf(const Row& row) { return sel_registerName(row.method + 1); }
 
-void replaceIn(Class cls, const Row& row, HookFunction hook) {
-  SEL selector = selectorOf(row);
+void replaceIn(Class cls, const Row& row, SEL selector, HookFunction hook) {
   row.slot->selector = selector;
   if (hook)
     hook(cls, selector, row.implementation(), &row.slot->previous);
@@ -50,16 +49,19 @@ const char* replaceSuccessors(Class cls, const Row* row, const Row* end, HookFun
   const char* names = nullptr;
   if (row + 1 == end || ownMethod(cls, selectorOf(*row))) return names;
   for (const Row* other = row + 1; other != end; ++other) {
-    if (other->wish != Wish::instead || !ownMethod(cls, selectorOf(*other))) continue;
-    replaceIn(cls, *other, hook);
+    if (other->wish != Wish::instead) continue;
+    SEL selector = selectorOf(*other);
+    if (!ownMethod(cls, selector)) continue;
+    replaceIn(cls, *other, selector, hook);
     names = together(names, other->method);
   }
   return names;
 }
 
 const char* replaceIfThere(Class cls, const Row& row, HookFunction hook) {
-  if (!class_getInstanceMethod(cls, selectorOf(row))) return outcome::methodMissing;
-  replaceIn(cls, row, hook);
+  SEL selector = selectorOf(row);
+  if (!class_getInstanceMethod(cls, selector)) return outcome::methodMissing;
+  replaceIn(cls, row, selector, hook);
   return outcome::replaced;
 }
 
