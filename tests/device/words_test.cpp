@@ -43,6 +43,13 @@ TEST(WordsOfACall, AreAsManyAsAStructureHas) {
   EXPECT_EQ(outOfSlice("v@:{Small=ccs}{Odd=ccc}@"), plainWords(5));
 }
 
+TEST(WordsOfACall, AreAsManyAsAllThatAStructureOfBytesHas) {
+  EXPECT_EQ(outOfSlice("v@:{Outer={Inner=ccc}c}@"), plainWords(4));
+  EXPECT_EQ(outOfSlice("v@:{Outer={Inner=ccc}cc}@"), plainWords(5));
+}
+
+TEST(WordsOfACall, HaveAWordForEachShortOne) { EXPECT_EQ(outOfSlice("s@:sS@"), plainWords(5)); }
+
 TEST(WordsOfACall, StartAtAnEvenPlaceForAStructureOf64Bits) {
   EXPECT_EQ(outOfSlice("v@:@{Span=dd}"), (WordMap{0, 1, 2, 0, 3, 4, 5, 6}));
 }
