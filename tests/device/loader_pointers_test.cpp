@@ -84,6 +84,25 @@ TEST_P(LoadedPointers, AreThoseThatCodeGoesThrough) {
   expectRefused("is not rebased");
 }
 
+TEST_P(LoadedPointers, AreOffersOfWhatIsInTheImage) {
+  const auto uleb = [](uint64_t value, size_t length) {
+    Bytes bytes;
+    for (; bytes.size() + 1 < length; value >>= 7) bytes.push_back(static_cast<uint8_t>(value | 0x80));
+    bytes.push_back(static_cast<uint8_t>(value & 0x7f));
+    return bytes;
+  };
+  const Layout layout = layOut(shipped(), GetParam());
+  const Bytes old = uleb(layout.exports.front().address, 3);
+  const auto trie = shipped().begin() + static_cast<long>(slice.start + slice.loaderInfo.exports.offset);
+  const auto found = std::search(trie, trie + slice.loaderInfo.exports.size, old.begin(), old.end());
+  ASSERT_NE(found, trie + slice.loaderInfo.exports.size);
+  for (uint64_t address : {layout.size - 1, layout.size}) {
+    file = shipped();
+    std::ranges::copy(uleb(address, 3), file.begin() + (found - shipped().begin()));
+    expectRefused(address < layout.size ? "the hash of page" : "lies outside the image");
+  }
+}
+
 // The slice further back in the file, by a page of the smaller kind.
 TEST_P(LoadedPointers, AreOfASliceThatBeginsWithAPage) {
   file.insert(file.begin() + static_cast<long>(slice.start), 0x1000, 0);
