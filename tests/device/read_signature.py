@@ -33,6 +33,9 @@ def read_directory(image, blob, blobs, limit):
     )
     expect(length == len(blob) and version == 0x20400 and flags == 2 and bits == 12, "a directory's head")
     expect(covered == limit and pages == -(-limit // 4096), "what a directory covers")
+    # No scatter, no team, no limit of 64 bits; the code begins with the file and is no main program's.
+    *nothing, _, main = struct.unpack_from(">4I4Q", blob, 40)
+    expect(not any(nothing) and main == 0, "what a directory says besides")
     label, function = KINDS[kind]
     expect(size == function().digest_size, "a hash's size")
     for page in range(pages):
