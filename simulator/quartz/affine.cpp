@@ -49,10 +49,10 @@ CGPoint apply(const CGAffineTransform& t, CGPoint p) {
 
 CGRect boundingBox(const CGAffineTransform& transform, const CGRect& rect) {
   const double right = rect.origin.x + rect.size.width, bottom = rect.origin.y + rect.size.height;
-  if (transform.a == 1 && transform.b == 0 && transform.c == 0 && transform.d == 1) {
-    const CGPoint last{right, bottom};
-    const auto [left, rightmost] = std::minmax({rect.origin.x + transform.tx, last.x + transform.tx});
-    const auto [top, lowest] = std::minmax({rect.origin.y + transform.ty, last.y + transform.ty});
+  if (transform.b == 0 && transform.c == 0) {
+    const CGPoint one = apply(transform, rect.origin), other = apply(transform, {right, bottom});
+    const auto [left, rightmost] = std::minmax({one.x, other.x});
+    const auto [top, lowest] = std::minmax({one.y, other.y});
     return {{left, top}, {rightmost - left, lowest - top}};
   }
   const CGPoint corners[] = {apply(transform, rect.origin), apply(transform, {right, rect.origin.y}),

@@ -89,31 +89,40 @@ inline void mixAcross(const std::uint16_t* sums, Byte* out, int across) {
 }  // namespace
 
 FOR_EACH_PROCESSOR void layRowOver(const Byte* above, Byte* below, int pixels) {
-  int i = 0;
-  for (; i + block <= pixels; i += block) layBlockOver(above + i * channels, below + i * channels);
-  if (i == pixels) return;
-  const auto rest = static_cast<std::size_t>(pixels - i) * channels;
-  Byte last[2][block * channels] = {};
-  std::memcpy(last[0], above + i * channels, rest);
-  std::memcpy(last[1], below + i * channels, rest);
-  layBlockOver(last[0], last[1]);
-  std::memcpy(below + i * channels, last[1], rest);
+  if (pixels < block) {
+    const auto length = static_cast<std::size_t>(pixels) * channels;
+    Byte few[2][block * channels] = {};
+    std::memcpy(few[0], above, length);
+    std::memcpy(few[1], below, length);
+    layBlockOver(few[0], few[1]);
+    std::memcpy(below, few[1], length);
+    return;
+  }
+  // The last block may overlap the one before: it is made of what is there first.
+  const std::ptrdiff_t end = std::ptrdiff_t{pixels - block} * channels;
+  Byte last[block * channels];
+  std::memcpy(last, below + end, sizeof last);
+  layBlockOver(above + end, last);
+  for (int i = 0; i + block <= pixels; i += block) layBlockOver(above + i * channels, below + i * channels);
+  std::memcpy(below + end, last, sizeof last);
 }
 
 FOR_EACH_PROCESSOR void mixRows(const Byte* upper, const Byte* lower, Byte* out, int pixels, int across,
                                 int down) {
-  int i = 0;
-  for (; i + block <= pixels; i += block)
+  if (pixels < block) {
+    const std::size_t taken = static_cast<std::size_t>(pixels + (across > 0 ? 1 : 0)) * channels;
+    Byte few[2][(block + 1) * channels] = {};
+    std::memcpy(few[0], upper, taken);
+    std::memcpy(few[1], lower, taken);
+    Byte mixed[block * channels];
+    mixBlock(few[0], few[1], mixed, across, down);
+    std::memcpy(out, mixed, static_cast<std::size_t>(pixels) * channels);
+    return;
+  }
+  for (int i = 0; i + block <= pixels; i += block)
     mixBlock(upper + i * channels, lower + i * channels, out + i * channels, across, down);
-  if (i == pixels) return;
-  const auto rest = static_cast<std::size_t>(pixels - i) * channels;
-  const std::size_t taken = rest + (across > 0 ? channels : 0);
-  Byte last[2][(block + 1) * channels] = {};
-  std::memcpy(last[0], upper + i * channels, taken);
-  std::memcpy(last[1], lower + i * channels, taken);
-  Byte mixed[block * channels];
-  mixBlock(last[0], last[1], mixed, across, down);
-  std::memcpy(out + i * channels, mixed, rest);
+  const std::ptrdiff_t end = std::ptrdiff_t{pixels - block} * channels;
+  mixBlock(upper + end, lower + end, out + end, across, down);
 }
 
 void mixScaled(const Byte* upper, const Byte* lower, Byte* out, int pixels, int from, int step, int down,
