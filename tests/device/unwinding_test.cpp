@@ -133,6 +133,11 @@ TEST(FrameDescriptions, AreNotThereForCodeThatCallsNothing) {
   EXPECT_EQ(entryOf(frameless | 0x1000), (Bytes{0, 0, 0, 0}));
 }
 
+TEST(FrameDescriptions, KeepNothingForBitsThatAreNoPairs) {
+  EXPECT_EQ(entryOf(frame | 0x20), entryOf(frame));
+  EXPECT_EQ(entryOf(frame | 0x1000), entryOf(frame));
+}
+
 TEST(FrameDescriptions, OfAnotherEncodingAreRefused) {
   try {
     entryOf(0x03000000);

@@ -65,6 +65,17 @@ TEST(WordsOfACall, EndTheProcessWhereTheTwoLayAStructureOutOtherwise) {
   EXPECT_DEATH(outOfSlice("v@:(Either=id)"), "cannot cross");
 }
 
+// On Linux it ends with a word more.
+TEST(WordsOfACall, EndTheProcessWhereAStructureEndsOtherwise) {
+  EXPECT_DEATH(outOfSlice("v@:{Tail=dI}"), "cannot cross");
+}
+
+TEST(WordsOfACall, GoOnBehindAName) { EXPECT_EQ(outOfSlice("v@:@\"A\"i@\"\"f"), plainWords(6)); }
+
+TEST(WordsOfACall, AreNotThoseThatAPointerLeadsTo) {
+  EXPECT_EQ(outOfSlice("v@:^r{Mixed=Id}@"), plainWords(4));
+}
+
 TEST(WordsOfACall, EndTheProcessWhereANameHasNoEnd) {
   EXPECT_DEATH(outOfSlice("v@:@\"NSString"), "'@\"NSString' of 'v@:@\"NSString' cannot cross");
 }
