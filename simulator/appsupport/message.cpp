@@ -8,13 +8,7 @@
 namespace sim::appsupport {
 namespace {
 
-constexpr NSUInteger xmlFormat = 100;  // NSPropertyListXMLFormat_v1_0
-
 struct NSPropertyListSerialization : bridge::Face<"NSPropertyListSerialization", NSObject> {
-  static constexpr bridge::ClassMethod<"NSPropertyListSerialization",
-                                       "dataFromPropertyList:format:errorDescription:",
-                                       NSData(bridge::Object, NSUInteger, id*)>
-      dataFromPropertyList_format_errorDescription{};
   static constexpr bridge::ClassMethod<"NSPropertyListSerialization",
                                        "propertyListFromData:mutabilityOption:format:errorDescription:",
                                        NSObject(NSData, NSUInteger, NSUInteger*, id*)>
@@ -42,11 +36,7 @@ std::optional<std::string> encode(const Message& message) {
   list->setValue_forKey(message.name, "name"_ns);
   list->setValue_forKey(message.userInfo, "userInfo"_ns);
   if (!isPropertyList(list.get())) return std::nullopt;
-  NSData data = attempt<NSData>([&] {
-    id error = nullptr;
-    return NSPropertyListSerialization::dataFromPropertyList_format_errorDescription(list.get(), xmlFormat,
-                                                                                     &error);
-  });
+  NSData data = attempt<NSData>([&] { return propertyListText(list.get()); });
   const std::size_t length = data.length();
   if (length == 0 || length > longestPayload) return std::nullopt;
   std::string bytes;

@@ -121,10 +121,12 @@ void Promises::followRow(const std::string& step) {
   if (panel.isNull() || !panel["rows"].contains(caption)) return;
   const Json& row = panel["rows"][caption];
   const auto key = row["key"].get<std::string>();
-  // A number beyond the range is not taken.
-  if (step.starts_with("type ")) {
-    const double typed = std::strtod(step.c_str() + step.rfind('"', step.size() - 2) + 1, nullptr);
-    if (!close(reported(row["value"]), typed, 1)) return;
+  // What is no number, or one beyond the range, is not taken.
+  if (step.starts_with("type ") || step.starts_with("paste ")) {
+    const char* const text = step.c_str() + step.rfind('"', step.size() - 2) + 1;
+    char* end = nullptr;
+    const double given = std::strtod(text, &end);
+    if (end == text || !close(reported(row["value"]), given, 1)) return;
   }
   if (stored.contains(key) && close(reported(row["value"]), single(stored, key), 1)) known[key] = stored[key];
 }

@@ -35,6 +35,17 @@ TEST_F(AMessage, MayBeAsLongAsTheLimit) {
 
 TEST_F(AMessage, IsNotSentWhenItIsLonger) { EXPECT_FALSE(ofText(longestText() + 1)); }
 
+// Foundation here writes seven of the nine.
+TEST_F(AMessage, KeepsAllDigitsOfSinglePrecision) {
+  for (const float value : {309.17874145507812f, 0.1f, -1e-30f}) {
+    const auto info = bridge::make<NSMutableDictionary, &NSObject::init>();
+    info->setObject_forKey(NSNumber::numberWithFloat(value), "value"_ns);
+    const std::string bytes = encode({"name"_ns, info.get()}).value();
+    const auto read = sim::appsupport::decode(std::string_view(bytes).substr(sim::appsupport::lengthBytes));
+    EXPECT_EQ(bridge::as<NSNumber>(read.value().userInfo.objectForKey("value"_ns)).floatValue(), value);
+  }
+}
+
 TEST_F(AMessage, OfMoreThanPropertyListsIsNotSent) {
   const auto info = bridge::make<NSMutableDictionary, &NSObject::init>();
   info->setObject_forKey(bridge::make<NSObject, &NSObject::init>().get(), "object"_ns);
