@@ -1,15 +1,14 @@
 // The library's files beside a home screen on a page: new lines of its log, and its presets file, to be saved
 // and put in place.
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 #include "simulator/app/simulation.hpp"
 #include "simulator/device/contents.hpp"
 #include "simulator/device/usage_error.hpp"
+#include "simulator/device/whole_file.hpp"
 #include "simulator/product/names.hpp"
 #include "simulator/product/product.hpp"
 
@@ -63,28 +62,14 @@ std::string faultIn(const std::string& text) {
   return "";
 }
 
-// The file's place is ours alone to say; whoever reads it finds the old one or the new one.
-void putInPlace(const fs::path& place, const std::string& text) {
-  fs::create_directories(place.parent_path());
-  std::string made = (place.parent_path() / "dropped.XXXXXX").string();
-  const int file = ::mkstemp(made.data());
-  if (file < 0) throw UsageError("the presets file cannot be written");
-  ::close(file);
-  std::ofstream out(made, std::ios::binary);
-  std::error_code error;
-  if (out << text << std::flush) fs::rename(made, place, error);
-  if (!out || error) {
-    fs::remove(made, error);
-    throw UsageError("the presets file cannot be written");
-  }
-}
-
 // The library reads it when SpringBoard starts, and its panel when it opens.
 Json usePresets(Simulation& simulation, const Json& message) {
   const auto text = message.value("text").get<std::string>();
   if (const std::string fault = faultIn(text); !fault.empty())
     throw UsageError(fmt::format("the presets file {}", fault));
-  putInPlace(simulation.fileSystem().hostPath(presetsPath), text);
+  std::error_code none;  // what could not be made has no place for a file
+  fs::create_directories(simulation.fileSystem().hostPath(presetsPath).parent_path(), none);
+  if (!replaceFile(presetsPath, text)) throw UsageError("the presets file cannot be written");
   return nullptr;
 }
 
