@@ -12,15 +12,31 @@ class LoadedPointers : public test::Loader {
   void rebase(const std::vector<std::pair<size_t, uint64_t>>& places) {
     Bytes program{0x11};
     for (auto [segment, offset] : places) {
-      program.push_back(static_cast<uint8_t>(0x20 | segment));
-      for (; offset > 0x7f; offset >>= 7) program.push_back(static_cast<uint8_t>(offset | 0x80));
-      program.push_back(static_cast<uint8_t>(offset));
+      append(program, 0x20, segment, offset);
       program.push_back(0x51);
     }
-    program.resize(slice.loaderInfo.rebases.size);
-    std::ranges::copy(program,
-                      file.begin() + static_cast<long>(slice.start + slice.loaderInfo.rebases.offset));
+    put(program, slice.loaderInfo.rebases);
   }
+
+  // One import alone, into __DATA, in place of all that are not lazy.
+  void bind(const Import& import, uint64_t offset) {
+    Bytes program{static_cast<uint8_t>(0x10 | import.ordinal), 0x40};
+    std::ranges::copy(import.name, std::back_inserter(program));
+    program.push_back(0);
+    append(program, 0x70, data, offset);
+    program.push_back(0x90);
+    put(program, slice.loaderInfo.bindings);
+  }
+
+  // Where the first pointer of __DATA that is rebased is in that segment.
+  uint64_t firstRebased() const {
+    const Layout layout = layOut(shipped(), GetParam());
+    const auto first =
+        std::ranges::find_if(layout.rebases, [&](uint64_t at) { return at >= slice.segments[data].address; });
+    if (first == layout.rebases.end()) throw std::runtime_error("no pointer of __DATA is rebased");
+    return *first - slice.segments[data].address;
+  }
+
   void expectRefusedAt(uint64_t offset, const std::string& words) {
     file = shipped();
     rebase({{data, offset}});
@@ -30,6 +46,20 @@ class LoadedPointers : public test::Loader {
   size_t data = static_cast<size_t>(std::ranges::find(slice.segments, "__DATA", &Segment::name) -
                                     slice.segments.begin());
   uint64_t size = slice.segments[data].size, word = slice.is64 ? 8 : 4;
+
+ private:
+  static void append(Bytes& program, size_t opcode, size_t segment, uint64_t offset) {
+    program.push_back(static_cast<uint8_t>(opcode | segment));
+    for (; offset > 0x7f; offset >>= 7) program.push_back(static_cast<uint8_t>(offset | 0x80));
+    program.push_back(static_cast<uint8_t>(offset));
+  }
+
+  // In place of what stands there; the rest is padding.
+  void put(Bytes program, const Extent& extent) {
+    ASSERT_LE(program.size(), extent.size);
+    program.resize(extent.size);
+    std::ranges::copy(program, file.begin() + static_cast<long>(slice.start + extent.offset));
+  }
 };
 
 INSTANTIATE_TEST_SUITE_P(Slices, LoadedPointers, testing::Values("arm64", "armv7"),
@@ -70,13 +100,17 @@ TEST_P(LoadedPointers, LeadIntoTheImage) {
 
 TEST_P(LoadedPointers, LieInAWord) { expectRefusedAt(2, "across words"); }
 
-TEST_P(LoadedPointers, AreFilledInOnce) {
-  const uint64_t offset = slice.segments[data].address;
-  const Layout layout = layOut(shipped(), GetParam());
-  const auto first = std::ranges::find_if(layout.rebases, [&](uint64_t at) { return at >= offset; });
-  ASSERT_NE(first, layout.rebases.end());
-  rebase({{data, *first - offset}, {data, *first - offset}});
+TEST_P(LoadedPointers, AreRebasedOnce) {
+  rebase({{data, firstRebased()}, {data, firstRebased()}});
   expectRefused("is filled in twice");
+}
+
+TEST_P(LoadedPointers, AreRebasedOrBound) {
+  const auto import = std::ranges::find(slice.imports, Import::Table::bind, &Import::table);
+  ASSERT_NE(import, slice.imports.end());
+  bind(*import, firstRebased());
+  expectRefused(
+      fmt::format("the pointer at {:#x} is filled in twice", slice.segments[data].address + firstRebased()));
 }
 
 TEST_P(LoadedPointers, AreThoseThatCodeGoesThrough) {
