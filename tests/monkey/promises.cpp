@@ -92,7 +92,6 @@ void Promises::follow(const std::string& step) {
 void Promises::followSettings(const std::string& step) {
   const Json before = std::exchange(stored, reportOf(home, sim::product::filesKeys(), "preferences"));
   if (step.starts_with("write ")) return;
-  // An export stores what SpringBoard's first list answers, and no row moves for it.
   for (const auto& [key, value] : before.items())
     if (!stored.contains(key)) known.erase(key);
   // A row may as well be one of Settings' own, whose captions are the same.
@@ -104,6 +103,7 @@ void Promises::followSettings(const std::string& step) {
     if (!isOfARow) told.insert(key);
   }
   if (isOfARow) followRow(step);
+  if (step == "call exportSettings") followExport();
   constexpr std::string_view message = "message ListPreferencesDidChangeNotification name=";
   if (!step.starts_with(message)) return;
   const size_t end = step.find(' ', message.size());
@@ -111,6 +111,15 @@ void Promises::followSettings(const std::string& step) {
   const std::string index = step.substr(step.find('=', end) + 1);
   known[key] = index == "YES" || index == "NO" ? Json(index == "YES") : Json(std::stol(index));
   told.insert(key);
+}
+
+// An export stores what SpringBoard's first list answers, which the file may have already, while the library
+// was told something else; and no row moves for it.
+void Promises::followExport() {
+  for (const char* key : {"sideIconInset", "topIconInset", "horiIconPadding", "vertIconPadding"}) {
+    known[key] = stored[key];
+    told.insert(key);
+  }
 }
 
 // What a row stores may be what the file has already, while the library was told something else.

@@ -23,6 +23,7 @@ class Promises {
   void follow(const std::string& step);
   void followSettings(const std::string& step);
   void followRow(const std::string& step);
+  void followExport();
   bool isToldBySettings();
   std::optional<std::string> panels();
   std::optional<std::string> rows();
