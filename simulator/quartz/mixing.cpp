@@ -14,76 +14,93 @@
 namespace sim {
 namespace {
 
-constexpr int stepBits = 7, fractionBits = 16;
-constexpr int block = 4;  // pixels
+constexpr int stepBits = 7;
+constexpr int block = 8;  // pixels
 
 using Byte = std::uint8_t;
-// Of a block: as it is stored; with room for a product of each; for a sum of products of products. They are
-// handed on by reference, as they go by other registers where there are wider ones.
-using Pixels [[gnu::vector_size(block * channels)]] = Byte;
-using Wide [[gnu::vector_size(2 * block * channels)]] = std::uint16_t;
-using Wider [[gnu::vector_size(4 * block * channels)]] = std::uint32_t;
+// Of a block: its pixels, and their channels two by two. They are handed on by reference, as they go by other
+// registers where there are wider ones.
+using Pixels [[gnu::vector_size(block * channels)]] = std::uint32_t;
+using Pairs [[gnu::vector_size(block * channels)]] = std::uint16_t;
+using WidePairs [[gnu::vector_size(2 * block * channels)]] = std::uint32_t;
+constexpr std::uint16_t lowByte = 0xff, highByte = 0xff00;
 
-inline void load(const Byte* pixels, Wide& wide) {
-  Pixels four;
-  std::memcpy(&four, pixels, sizeof four);
-  wide = __builtin_convertvector(four, Wide);
-}
-
-inline void store(const Wide& wide, Byte* pixels) {
-  const Pixels four = __builtin_convertvector(wide, Pixels);
-  std::memcpy(pixels, &four, sizeof four);
-}
+inline void load(const Byte* pixels, Pairs& pairs) { std::memcpy(&pairs, pixels, sizeof pairs); }
+inline void store(const Pairs& pairs, Byte* pixels) { std::memcpy(pixels, &pairs, sizeof pairs); }
 
 // Premultiplied, so that no sum exceeds 255.
 inline void layBlockOver(const Byte* above, Byte* below) {
-  Wide one, other;
+  Pairs one, other;
   load(above, one);
   load(below, other);
-  const Wide alpha =
-      __builtin_shufflevector(one, one, 3, 3, 3, 3, 7, 7, 7, 7, 11, 11, 11, 11, 15, 15, 15, 15);
-  const Wide product = other * (255 - alpha) + 128;
-  store(one + ((product + (product >> 8)) >> 8), below);
+  const Pixels alpha = reinterpret_cast<Pixels>(one) >> 24, twice = alpha << 16 | alpha;
+  const Pairs rest = 255 - reinterpret_cast<Pairs>(twice);
+  const Pairs even = (other & lowByte) * rest + 128, odd = (other >> 8) * rest + 128;
+  store(one + ((even + (even >> 8)) >> 8 | ((odd + (odd >> 8)) & highByte)), below);
 }
 
-// Up to 128 · 255.
-inline void mixDown(const Byte* upper, const Byte* lower, int down, Wide& sum) {
-  Wide above, below;
+// The first of each two channels and the second: up to 128 · 255.
+inline void mixDown(const Byte* upper, const Byte* lower, int down, Pairs& even, Pairs& odd) {
+  const auto share = static_cast<std::uint16_t>(down), rest = static_cast<std::uint16_t>(mixingSteps - down);
+  Pairs above, below;
   load(upper, above);
   load(lower, below);
-  sum = above * static_cast<std::uint16_t>(mixingSteps - down) + below * static_cast<std::uint16_t>(down);
+  even = (above & lowByte) * rest + (below & lowByte) * share;
+  odd = (above >> 8) * rest + (below >> 8) * share;
 }
 
-// With `across`, of four neighbours: the rows have one pixel more than comes out.
+inline void mixAcross(const Pairs& left, const Pairs& right, int across, Pairs& mixed) {
+  const WidePairs sum =
+      __builtin_convertvector(left, WidePairs) * static_cast<std::uint32_t>(mixingSteps - across) +
+      __builtin_convertvector(right, WidePairs) * static_cast<std::uint32_t>(across);
+  mixed = __builtin_convertvector(sum >> (2 * stepBits), Pairs);
+}
+
+// With `across`, of neighbours: the rows have one pixel more than comes out.
 inline void mixBlock(const Byte* upper, const Byte* lower, Byte* out, int across, int down) {
-  Wide left;
-  mixDown(upper, lower, down, left);
-  if (across == 0) return store(left >> stepBits, out);
-  Wide right;
-  mixDown(upper + channels, lower + channels, down, right);
-  const Wider sum = __builtin_convertvector(left, Wider) * static_cast<std::uint32_t>(mixingSteps - across) +
-                    __builtin_convertvector(right, Wider) * static_cast<std::uint32_t>(across);
-  store(__builtin_convertvector(sum >> (2 * stepBits), Wide), out);
+  Pairs even, odd;
+  mixDown(upper, lower, down, even, odd);
+  if (across == 0) return store(even >> stepBits | (odd << (8 - stepBits) & highByte), out);
+  Pairs nextEven, nextOdd;
+  mixDown(upper + channels, lower + channels, down, nextEven, nextOdd);
+  mixAcross(even, nextEven, across, even);
+  mixAcross(odd, nextOdd, across, odd);
+  store(even | odd << 8, out);
 }
 
-// One pixel from the sums of its two rows and of the next one's.
-inline void mixAcross(const std::uint16_t* sums, Byte* out, int across) {
-  using Two [[gnu::vector_size(16)]] = std::int16_t;  // the sums leave a sign bit
-  using Products [[gnu::vector_size(32)]] = std::int32_t;
-  using Sum [[gnu::vector_size(16)]] = std::int32_t;
-  using Result [[gnu::vector_size(4)]] = Byte;
-  const auto share = static_cast<std::int16_t>(across),
-             rest = static_cast<std::int16_t>(mixingSteps - across);
-  Two two;
-  std::memcpy(&two, sums, sizeof two);
-  const Two pairs = __builtin_shufflevector(two, two, 0, 4, 1, 5, 2, 6, 3, 7);
-  const Two shares{rest, share, rest, share, rest, share, rest, share};
-  const Products products =
-      __builtin_convertvector(pairs, Products) * __builtin_convertvector(shares, Products);
-  const Sum sum = __builtin_shufflevector(products, products, 0, 2, 4, 6) +
-                  __builtin_shufflevector(products, products, 1, 3, 5, 7);
-  const Result bytes = __builtin_convertvector(sum >> (2 * stepBits), Result);
-  std::memcpy(out, &bytes, sizeof bytes);
+// A pixel and the next one, channel by channel, as they are multiplied with what is taken of each.
+using Neighbours [[gnu::vector_size(2 * channels * 2)]] = std::int16_t;  // the sums leave a sign bit
+using Channels [[gnu::vector_size(channels * 4)]] = std::int32_t;
+constexpr int few = 4;  // pixels that are mixed at once
+
+// Of some pixels of two rows, and of one more.
+inline void pairNeighbours(const Byte* upper, const Byte* lower, int down, std::uint16_t* neighbours) {
+  using Some [[gnu::vector_size(few * channels)]] = Byte;
+  using Sums [[gnu::vector_size(few * channels * 2)]] = std::uint16_t;
+  const auto share = static_cast<std::uint16_t>(down), rest = static_cast<std::uint16_t>(mixingSteps - down);
+  Sums sums[2];
+  for (int i = 0; i < 2; ++i) {
+    Some above, below;
+    std::memcpy(&above, upper + i * channels, sizeof above);
+    std::memcpy(&below, lower + i * channels, sizeof below);
+    sums[i] = __builtin_convertvector(above, Sums) * rest + __builtin_convertvector(below, Sums) * share;
+  }
+  const auto all =
+      __builtin_shufflevector(sums[0], sums[1], 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23, 8, 24,
+                              9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
+  std::memcpy(neighbours, &all, sizeof all);
+}
+
+inline void mixNeighbours(const std::uint16_t* neighbours, std::int32_t sharesOfBoth, Channels& mixed) {
+  using Products [[gnu::vector_size(2 * channels * 4)]] = std::int32_t;
+  Neighbours two;
+  std::memcpy(&two, neighbours, sizeof two);
+  const Channels shares = Channels{} + sharesOfBoth;
+  const Products products = __builtin_convertvector(two, Products) *
+                            __builtin_convertvector(reinterpret_cast<Neighbours>(shares), Products);
+  mixed = (__builtin_shufflevector(products, products, 0, 2, 4, 6) +
+           __builtin_shufflevector(products, products, 1, 3, 5, 7)) >>
+          (2 * stepBits);
 }
 
 }  // namespace
@@ -91,11 +108,11 @@ inline void mixAcross(const std::uint16_t* sums, Byte* out, int across) {
 FOR_EACH_PROCESSOR void layRowOver(const Byte* above, Byte* below, int pixels) {
   if (pixels < block) {
     const auto length = static_cast<std::size_t>(pixels) * channels;
-    Byte few[2][block * channels] = {};
-    std::memcpy(few[0], above, length);
-    std::memcpy(few[1], below, length);
-    layBlockOver(few[0], few[1]);
-    std::memcpy(below, few[1], length);
+    Byte padded[2][block * channels] = {};
+    std::memcpy(padded[0], above, length);
+    std::memcpy(padded[1], below, length);
+    layBlockOver(padded[0], padded[1]);
+    std::memcpy(below, padded[1], length);
     return;
   }
   // The last block may overlap the one before: it is made of what is there first.
@@ -111,11 +128,11 @@ FOR_EACH_PROCESSOR void mixRows(const Byte* upper, const Byte* lower, Byte* out,
                                 int down) {
   if (pixels < block) {
     const std::size_t taken = static_cast<std::size_t>(pixels + (across > 0 ? 1 : 0)) * channels;
-    Byte few[2][(block + 1) * channels] = {};
-    std::memcpy(few[0], upper, taken);
-    std::memcpy(few[1], lower, taken);
+    Byte padded[2][(block + 1) * channels] = {};
+    std::memcpy(padded[0], upper, taken);
+    std::memcpy(padded[1], lower, taken);
     Byte mixed[block * channels];
-    mixBlock(few[0], few[1], mixed, across, down);
+    mixBlock(padded[0], padded[1], mixed, across, down);
     std::memcpy(out, mixed, static_cast<std::size_t>(pixels) * channels);
     return;
   }
@@ -125,23 +142,42 @@ FOR_EACH_PROCESSOR void mixRows(const Byte* upper, const Byte* lower, Byte* out,
   mixBlock(upper + end, lower + end, out + end, across, down);
 }
 
-void mixScaled(const Byte* upper, const Byte* lower, Byte* out, int pixels, int from, int step, int down,
-               std::vector<std::uint16_t>& room) {
-  // Down first, for all that is taken.
-  const int taken = ((from + (pixels - 1) * step) >> fractionBits) + 2;
-  room.resize(static_cast<std::size_t>(taken) * channels);
-  std::uint16_t* const sums = room.data();
+FOR_EACH_PROCESSOR void mixScaled(const Byte* upper, const Byte* lower, Byte* out,
+                                  std::span<const Place> places, int down, std::vector<std::uint16_t>& room) {
+  constexpr int each = 2 * channels;  // sums
+  const int first = places.front().pixel, count = places.back().pixel - first + 1;
+  if (const auto needed = static_cast<std::size_t>((count + few) * each); room.size() < needed)
+    room.resize(needed);
+  std::uint16_t* const neighbours = room.data();
   int i = 0;
-  for (; i + block <= taken; i += block) {
-    Wide sum;
-    mixDown(upper + i * channels, lower + i * channels, down, sum);
-    std::memcpy(sums + i * channels, &sum, sizeof sum);
+  for (; i + few <= count; i += few)
+    pairNeighbours(upper + i * channels, lower + i * channels, down, neighbours + i * each);
+  if (i < count) {
+    const std::size_t rest = static_cast<std::size_t>(count - i + 1) * channels;
+    Byte padded[2][(few + 1) * channels] = {};
+    std::memcpy(padded[0], upper + i * channels, rest);
+    std::memcpy(padded[1], lower + i * channels, rest);
+    pairNeighbours(padded[0], padded[1], down, neighbours + i * each);
   }
-  for (int k = i * channels; k < taken * channels; ++k)
-    sums[k] = static_cast<std::uint16_t>(upper[k] * (mixingSteps - down) + lower[k] * down);
-  for (int k = 0, at = from; k < pixels; ++k, at += step)
-    mixAcross(sums + (at >> fractionBits) * channels, out + k * channels,
-              at >> (fractionBits - stepBits) & (mixingSteps - 1));
+  const auto mix = [&](const Place& place, Channels& mixed) {
+    mixNeighbours(neighbours + (place.pixel - first) * each, place.shares, mixed);
+  };
+  std::size_t k = 0;
+  for (; k + few <= places.size(); k += few) {
+    Channels pixels[few];
+    for (std::size_t j = 0; j < few; ++j) mix(places[k + j], pixels[j]);
+    using All [[gnu::vector_size(few * channels * 4)]] = std::int32_t;
+    using Bytes [[gnu::vector_size(few * channels)]] = Byte;
+    All all;
+    std::memcpy(&all, pixels, sizeof all);
+    const Bytes bytes = __builtin_convertvector(all, Bytes);
+    std::memcpy(out + k * channels, &bytes, sizeof bytes);
+  }
+  for (; k < places.size(); ++k) {
+    Channels pixel;
+    mix(places[k], pixel);
+    for (std::size_t c = 0; c < channels; ++c) out[k * channels + c] = static_cast<Byte>(pixel[c]);
+  }
 }
 
 }  // namespace sim

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace sim {
@@ -18,11 +19,16 @@ void layRowOver(const std::uint8_t* above, std::uint8_t* below, int pixels);
 void mixRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out, int pixels, int across,
              int down);
 
-/**
- * Between two rows, with pixels that lie `step` apart, the first at `from`, both in 65536ths of a pixel.
- * `room` is what it works in.
- */
-void mixScaled(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out, int pixels, int from,
-               int step, int down, std::vector<std::uint16_t>& room);
+/** What a pixel is mixed of: the one of that number, and `across` steps of the next one. */
+struct Place {
+  Place(int number, int across) : pixel(number), shares(mixingSteps - across + (across << 16)) {}
+
+  int pixel;
+  std::int32_t shares;  // of both, in half of the bits each
+};
+
+/** Between two rows, which begin with the first place's pixel. `room` is what it works in. */
+void mixScaled(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
+               std::span<const Place> places, int down, std::vector<std::uint16_t>& room);
 
 }  // namespace sim

@@ -2,7 +2,8 @@
 #include "simulator/quartz/runs.hpp"
 
 #include <algorithm>
-#include <cstring>
+#include <ranges>
+#include <span>
 #include <utility>
 
 namespace sim {
@@ -42,12 +43,14 @@ Runs::Runs(cairo_surface_t* image) {
     return reinterpret_cast<const std::uint32_t*>(
         cairo_image_surface_get_data(image) + std::ptrdiff_t{row} * cairo_image_surface_get_stride(image));
   };
-  const auto areEqual = [&](int a, int b) {
-    return std::memcmp(pixels(a), pixels(b), static_cast<std::size_t>(width) * sizeof *pixels(a)) == 0;
-  };
   bool wasLikeNext = false;
   for (int row = -1; row < height; ++row) {
-    const bool isLikeNext = areEqual(row, row + 1);
+    const std::span upper(pixels(row), clear.size()), lower(pixels(row + 1), clear.size());
+    const auto first = std::ranges::mismatch(upper, lower).in1;
+    const auto last = std::ranges::mismatch(upper | std::views::reverse, lower | std::views::reverse).in1;
+    differences.push_back(
+        {static_cast<int>(first - upper.begin()), static_cast<int>(last.base() - upper.begin())});
+    const bool isLikeNext = first == upper.end();
     if (!(wasLikeNext && isLikeNext)) {
       Kind kind = sim::kindOf(pixels(row), pixels(row + 1), width);
       if (kinds.empty() || kind != kinds.back()) kinds.push_back(std::move(kind));

@@ -37,14 +37,25 @@ class Runs {
   };
   const Kind& kind(std::size_t number) const { return kinds[number]; }
 
+  /** Whether a row has the same pixels as the next one from `begin` up to `end`, which may lie beyond it. */
+  bool isLikeNext(int row, int begin, int end) const {
+    const Stretch& other = differences[static_cast<std::size_t>(row + 1)];
+    return end <= other.begin || begin >= other.end;
+  }
+
   /** A large part that is opaque, in pixels of the image. */
   const PixelRect& opaque() const { return opaquePart; }
 
  private:
+  struct Stretch {
+    int begin, end;
+  };
+
   PixelRect findOpaque() const;
 
   std::vector<Kind> kinds;
   std::vector<std::size_t> rows;
+  std::vector<Stretch> differences;  // where all pixels lie in which a row is other than the next
   PixelRect opaquePart{};
 };
 

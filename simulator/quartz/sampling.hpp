@@ -22,9 +22,8 @@ struct Axis {
   std::int64_t place(int n) const { return from + std::int64_t{n} * step; }
   /** The first of the two that are mixed. */
   int pixel(int n) const { return static_cast<int>(place(n) >> bits); }
-  int fraction(int n) const { return static_cast<int>(place(n) & (one - 1)); }
   /** Of the second, in steps of 1/128. */
-  int share(int n) const { return fraction(n) >> (bits - shareBits); }
+  int share(int n) const { return static_cast<int>(place(n) & (one - 1)) >> (bits - shareBits); }
   /** The first pixel of the target that shows nothing before that one of the picture. */
   int firstAt(int pixel) const {
     const std::int64_t more = std::int64_t{pixel} * one - from + step - 1;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -76,7 +77,10 @@ class Laying {
         right(std::min(within.x + within.width, across.firstAt(rows.image.width))),
         innerBegin(across.firstAt(0)),
         innerEnd(across.firstAt(rows.image.width - next)),
-        mixed(static_cast<std::size_t>(within.width) * channels) {}
+        mixed(static_cast<std::size_t>(within.width) * channels) {
+    if (across.isWhole()) return;
+    for (int x = left; x < right; ++x) places.emplace_back(across.pixel(x), across.share(x));
+  }
 
   void row(int y) {
     const int from = down.pixel(y);
@@ -125,7 +129,7 @@ class Laying {
     Byte* const out = target.at(begin, y);
     const Byte* const one = rows.at(row, first, last, above);
     const Byte* const other = rows.at(row + 1, first, last, below);
-    const bool areAlike = std::memcmp(one, other, static_cast<std::size_t>(last - first) * channels) == 0;
+    const bool areAlike = runs.isLikeNext(row, first, last);
     const int share = areAlike ? 0 : down.share(y);
     if (next == 0 && share == 0) {
       if (isOpaque)
@@ -134,13 +138,15 @@ class Laying {
         layRowOver(one, out, pixels);
       return;
     }
-    Byte* const result = isOpaque ? out : &mixed[static_cast<std::size_t>(begin - left) * channels];
+    const auto at = static_cast<std::size_t>(begin - left);
+    Byte* const result = isOpaque ? out : &mixed[at * channels];
     const Stretch stretch{begin, end, row, areAlike && !isOpaque};
     if (!isAsAbove(stretch)) {
       if (across.isWhole())
         mixRows(one, other, result, pixels, across.share(begin), share);
       else
-        mixScaled(one, other, result, pixels, across.fraction(begin), across.step, share, sums);
+        mixScaled(one, other, result, std::span(places).subspan(at, static_cast<std::size_t>(pixels)), share,
+                  room);
     }
     if (!isOpaque) layRowOver(result, out, pixels);
   }
@@ -167,8 +173,9 @@ class Laying {
   std::vector<Byte> above, below;  // rooms for pixels beyond the edges
   std::vector<Byte> mixed;         // a row
   std::vector<Stretch> mixedAbove;
-  std::size_t mixes = 0;  // of this row, until now
-  std::vector<std::uint16_t> sums;
+  std::size_t mixes = 0;      // of this row, until now
+  std::vector<Place> places;  // of a picture that is scaled
+  std::vector<std::uint16_t> room;
 };
 
 }  // namespace

@@ -54,6 +54,24 @@ TEST(Runs, AreSharedByRowsThatAreAlike) {
   EXPECT_NE(runs.kindOf(9), runs.kindOf(10));
 }
 
+TEST(Runs, TellWhereARowIsLikeTheNext) {
+  const Surface image = picture(100, 3, {20, 0, 60, 3});
+  auto* const second = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(image.get()) +
+                                                        cairo_image_surface_get_stride(image.get()));
+  second[40] = second[50] = 0;
+  const Runs runs(image.get());
+  for (const int row : {0, 1}) {
+    EXPECT_TRUE(runs.isLikeNext(row, -5, 40)) << row;
+    EXPECT_FALSE(runs.isLikeNext(row, 0, 41)) << row;
+    EXPECT_FALSE(runs.isLikeNext(row, 45, 46)) << row;
+    EXPECT_FALSE(runs.isLikeNext(row, 50, 105)) << row;
+    EXPECT_TRUE(runs.isLikeNext(row, 51, 105)) << row;
+  }
+  EXPECT_TRUE(runs.isLikeNext(-1, 0, 20));  // clear pixels are above the first row
+  EXPECT_FALSE(runs.isLikeNext(-1, 0, 21));
+  EXPECT_TRUE(Runs(picture(100, 2, {20, 0, 60, 2}).get()).isLikeNext(0, 0, 100));
+}
+
 TEST(Runs, TellTheLongestOpaqueStretch) {
   const Surface image = makeImage(20, 1);
   auto* const pixels = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(image.get()));
