@@ -135,7 +135,7 @@ void addButtonColors() {
   using Face = ButtonColor;
   const bridge::Row rows[] = {
       category<&Face::bb_defaultColorV2, ofRed<0.85f, 0.85f, 0.85f>>(),
-      category<&Face::bb_defaultColorV3, ofHue<0, 0.0f, 1.0f>>(),
+      category<&Face::bb_defaultColorV3, ofRed<1.0f, 1.0f, 1.0f>>(),
       category<&Face::bb_primaryColorV2, ofRed<0.0f, 0.33f, 0.80f>>(),
       category<&Face::bb_primaryColorV3, ofHue<208, 0.72f, 0.69f>>(),
       category<&Face::bb_infoColorV2, ofRed<0.18f, 0.59f, 0.71f>>(),
@@ -147,7 +147,7 @@ void addButtonColors() {
       category<&Face::bb_dangerColorV2, ofRed<0.74f, 0.21f, 0.18f>>(),
       category<&Face::bb_dangerColorV3, ofHue<2, 0.64f, 0.85f>>(),
       category<&Face::bb_inverseColorV2, ofRed<0.13f, 0.13f, 0.13f>>(),
-      category<&Face::bb_inverseColorV3, ofHue<0, 0.0f, 0.75f>>(),
+      category<&Face::bb_inverseColorV3, ofRed<0.75f, 0.75f, 0.75f>>(),
       category<&Face::bb_twitterColor, ofRed<0.25f, 0.60f, 1.0f>>(),
       category<&Face::bb_facebookColor, ofRed<0.23f, 0.35f, 0.60f>>(),
       category<&Face::bb_purpleBButtonColor, ofRed<0.45f, 0.30f, 0.75f>>(),

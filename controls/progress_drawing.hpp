@@ -7,9 +7,9 @@
 
 namespace tilo {
 
-// Progress as what can be drawn of it.
+// Progress as what can be drawn of it: nothing of what is no number.
 inline CGFloat partOf(float progress) {
-  return static_cast<CGFloat>(progress > 1 ? 1 : progress > 0 ? progress : 0);
+  return static_cast<CGFloat>(std::max(0.0f, std::min(progress, 1.0f)));
 }
 
 inline CGRect insetBy(const CGRect& rect, CGFloat inset) {

@@ -1,5 +1,6 @@
 // Where indicator and texts go, and how large the box around them is.
 #include <algorithm>
+#include <cmath>
 
 #include "controls/progress_hud_parts.hpp"
 #include "platform/uikit/string_drawing.hpp"
@@ -14,7 +15,7 @@ CGFloat roundedUp(CGFloat length) {
 
 // Of lengths below zero too.
 CGFloat rounded(CGFloat length) {
-  return static_cast<CGFloat>(static_cast<int>(length + (length < 0 ? -0.5f : 0.5f)));
+  return static_cast<CGFloat>(static_cast<int>(length + std::copysign(CGFloat{0.5f}, length)));
 }
 
 // The room that a label's text takes, at most `room`. Texts wrap: a notice is to be read, not guessed.

@@ -169,11 +169,9 @@ void removeSelected(RQPopupView self) {
   if (!isInList(self, row)) return;
   NSString wanted = bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(row)));
   NSMutableArray records = self.configurations();
-  for (NSUInteger i = 0; i < records.count(); ++i) {
-    if (!named(records, i).isEqualToString(wanted)) continue;
-    records.removeObject(records.objectAtIndex(i));
-    return;
-  }
+  NSUInteger first = 0;
+  while (!named(records, first).isEqualToString(wanted)) ++first;
+  records.removeObject(records.objectAtIndex(first));
 }
 
 }  // namespace

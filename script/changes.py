@@ -7,12 +7,12 @@ SKIPPED = re.compile(r"^\s*(#|//|using |namespace|template|static_assert|extern 
 SWAPS = [(" == ", " != "), (" != ", " == "), (" < ", " <= "), (" <= ", " < "), (" > ", " >= "), (" >= ", " > "),
          (" && ", " || "), (" || ", " && "), (" + ", " - "), (" - ", " + "), (" * ", " / "), (" / ", " * "),
          ("YES", "NO"), ("NO", "YES"), ("true", "false"), ("false", "true")]
-NUMBER = re.compile(r"(?<![\w.\"'])(\d+(?:\.\d+)?(?:e\d+)?)(?![\w.\"'])")
+NUMBER = re.compile(r"(?<![\w.\"'])(\d+(?:\.\d+)?(?:e\d+)?)f?(?![\w.\"'])")
 # A local array with room to spare holds what it held.
 ROOM = re.compile(r"^\s+\w+ \w+\[\d+\];")
 # Colours, views that fade and places in gradients take no more than all, which is 1 or 255: less is tried, as more looks the same.
-WHOLE = {"1": re.compile(r"colorWith|[pP]laces\[\]|alpha\.set\(|\bfade(To)?\("), "255": re.compile("")}
-LESS = {"1": "0", "255": "127"}
+WHOLE = {"1": re.compile(r"colorWith|[pP]laces\[\]|alpha\.set\(|\bfade(To)?\("), "1.0": re.compile(r"colorWith|\bof(Red|Hue)<"), "255": re.compile("")}
+LESS = {"1": "0", "1.0": "0.5", "255": "127"}
 CONDITION = re.compile(r"\b(?:if|while) \((?!auto|const)(.+)\)")
 CHOICE = re.compile(r"([\w(][\w().:<>&, ]*) \? ")
 NEGATION = re.compile(r"!(?=[\w(])")
@@ -60,9 +60,9 @@ def changes_of(lines):
             for match in re.finditer(r"\b" + old + r"\b" if old.isalpha() else re.escape(old), code):
                 yield here, here, f"{old.strip()} becomes {new.strip()}", changed(*match.span(), new)
         for match in NUMBER.finditer(code) if not ROOM.match(code) else ():
-            text = match.group()
+            text = match.group(1)
             new = LESS[text] if text in LESS and WHOLE[text].search(code) else another(text)
-            yield here, here, f"{text} becomes {new}", changed(*match.span(), new)
+            yield here, here, f"{text} becomes {new}", changed(*match.span(1), new)
         for match in NEGATION.finditer(code):
             yield here, here, "'!' is left out", changed(*match.span(), "")
         for match in CONDITION.finditer(code):

@@ -153,7 +153,7 @@ def lines_touched(folder, library):
 class Choice:
     """Which tests to run for a change of a source, the likeliest to notice it first."""
 
-    def __init__(self, known, path, outcomes):
+    def __init__(self, known, path, outcomes, includers):
         self.lines = (COPY / path).read_text().splitlines()
         self.words = known["words"]
         self.rarity = known["rarity"]
@@ -163,6 +163,8 @@ class Choice:
         for name, lines in known["lines"].items():
             for line in lines.get(str(path), ()):
                 self.by[line].add(name)
+        # A header of nothing but declarations has no line of its own to come by.
+        self.all = set().union(*self.by.values()) or {name for name, lines in known["lines"].items() if lines.keys() & set(map(str, includers))}
         self.kills = outcomes.kills(path)
         # Files of tests that are named like it, then those that name it.
         words = {word.rstrip("s") for word in path.stem.split("_") if len(word) > 3} | {path.stem}
@@ -197,7 +199,7 @@ class Choice:
             for line in range(begin, end + 2):
                 others |= self.by.get(line, set())
         if not others:
-            others = set().union(*self.by.values())
+            others = self.all
 
         words = self.about(first, last)
 

@@ -32,7 +32,7 @@ static_assert(sizeof(iconGridCalc(nullptr, nullptr, 0)) == 4);
 static_assert(sizeof(tilo::numOfPages) == 4);
 static_assert(sizeof(BOOL) == 1);
 
-static_assert(encodes<CGFloat>("d", "f"));
+static_assert(encodes<CGFloat>("d", "f") && !encodes<CGFloat>("q", "i"));
 static_assert(encodes<NSInteger>("q", "i"));
 static_assert(encodes<NSUInteger>("Q", "I"));
 static_assert(encodes<CGPoint>("{CGPoint=dd}", "{CGPoint=ff}"));

@@ -25,7 +25,6 @@ struct SliderState {
 using Slider = bridge::Implementation<ColorSlider, SliderState>;
 
 constexpr NSUInteger plusIcon = 0xF067, minusIcon = 0xF068;
-constexpr NSInteger aboveTheSlidersParts = 99;
 constexpr CGFloat partsTop = 50, buttonSize = 30, fieldWidth = 50;  // points
 constexpr CGRect errorFrame{{0, 10}, {200, 50}};
 constexpr CGFloat quietAlpha = 0.5;  // of buttons and field
@@ -71,7 +70,7 @@ Strong<BButton> makeButton(ColorSlider self, CGFloat x, NSUInteger icon, SEL act
                                  .alpha = quietAlpha,
                                  .target = self,
                                  .action = action});
-  self.insertSubview_atIndex(button, aboveTheSlidersParts);
+  self.addSubview(button);
   return button;
 }
 

@@ -52,7 +52,6 @@ Outcome carryOut(NSDictionary values, NSData layouts) {
   note.setObject_forKey(values, "values"_ns);
   note.setObject_forKey(before ? before : NSDictionary::dictionary(), "before"_ns);
   note.setObject_forKey(layouts, "presets"_ns);
-  presets::makeFolder();
   if (note.writeToFile_atomically(notePath(), YES) && putInPlace(note)) return Outcome::done;
   return files().fileExistsAtPath(notePath()) ? Outcome::pending : Outcome::undone;
 }

@@ -1,13 +1,16 @@
 // CGColor's functions.
 #include "simulator/coregraphics/color.hpp"
 
+#include <algorithm>
+
 #include "simulator/runtime/export.hpp"
 
 namespace sim {
 
 Color colorOf(const CGColor* color) {
   if (!color) return clearColor;
-  const auto& parts = color->components;
+  std::array<double, 4> parts = color->components;
+  for (double& part : parts) part = std::clamp(part, 0.0, 1.0);
   return color->gray ? Color{parts[0], parts[0], parts[0], parts[1]}
                      : Color{parts[0], parts[1], parts[2], parts[3]};
 }

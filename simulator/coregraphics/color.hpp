@@ -16,7 +16,7 @@ struct CGColor {
 
 namespace sim {
 
-/** Clear for null. */
+/** As the screen shows it, whatever the range of its components; clear for null. */
 Color colorOf(const CGColor* color);
 
 }  // namespace sim

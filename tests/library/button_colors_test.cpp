@@ -166,6 +166,16 @@ TEST(Lightening, MakesColorsOfGreys) {
   EXPECT_EQ(components(middle.bb_darkenColorWithValue(0.2)), 4u);
 }
 
+// From system 10 on a colour may be beyond what a screen shows.
+TEST(Lightening, GoesNoFurtherThanAScreenShows) {
+  Home home({"--ios", "11.1"});
+  CGFloat red = 0, green = 0, blue = 0;
+  made(0.1, 0.5, 0.9).bb_lightenColorWithValue(0.5).getRed_green_blue_alpha(&red, &green, &blue, nullptr);
+  EXPECT_NEAR(red, 0.6, 1e-6);
+  EXPECT_EQ(green, 1);
+  EXPECT_EQ(blue, 1);
+}
+
 TEST(Lightening, LeavesWhiteWhite) {
   Home home;
   for (const double value : {0.0, 0.06, 0.5, 1.0, 2.0}) {

@@ -61,6 +61,23 @@ TEST_P(DrawnButton, LeavesTheContextAsItWas) {
   expectUntouched([&] { drawn->drawRect(frame); });
 }
 
+// Of a rectangle with an edge, drawn after the button in the colours that there were before.
+TEST_P(DrawnButton, LeavesTheColoursAsTheyWere) {
+  const auto drawn = button();
+  const sim::Surface image = sim::makeImage(50, 30);
+  const sim::Context cairo(image.get());
+  const sim::uikit::DrawingContext drawing(cairo);
+  const CGContextRef context = UIGraphicsGetCurrentContext();
+  CGContextSetFillColorWithColor(context, UIColor::redColor().CGColor());
+  CGContextSetStrokeColorWithColor(context, UIColor::greenColor().CGColor());
+  drawn->drawRect(frame);
+  CGContextSetLineWidth(context, 6);
+  CGContextAddRect(context, {{10, 10}, {30, 15}});
+  CGContextDrawPath(context, kCGPathFillStroke);
+  EXPECT_EQ(sim::test::pixelAt(image.get(), 25, 17), (Pixel{255, 0, 0, 255}));
+  EXPECT_EQ(sim::test::pixelAt(image.get(), 10, 17), (Pixel{0, 255, 0, 255}));
+}
+
 TEST_P(DrawnButton, LetsGoOfItsGradients) {
   const auto drawn = button();
   (void)afterwards([&] { drawn->drawRect(frame); }, 0, 0);

@@ -9,6 +9,7 @@
 
 #include "bridge/method.hpp"
 #include "platform/springboard/icon_scroll_view.hpp"
+#include "platform/springboard/ui_controller.hpp"
 #include "simulator/springboard/icon_controller.hpp"
 #include "tests/library/device_files.hpp"
 #include "tests/library/method_rows.hpp"
@@ -129,6 +130,22 @@ TEST(MethodTable, AddsNoMethodThatSpringBoardHasAlready) {
   home.step("wait 1");
   EXPECT_EQ(ownLayouts, 1);
   EXPECT_EQ(home.report()["relayouts"], sim::Json::array());
+}
+
+void nothing(id, SEL, id, id, int) {}
+
+// Of which a system has some: a stranger's library brings another.
+TEST(MethodTable, TakesAllThatStandsInForARowInTheOrderOfSystems) {
+  using FromIcon = bridge::Descriptor<&SBUIController::activateApplication_fromIcon_location>;
+  Home home({"--ios", "11.1"}, [](sim::Simulation&) {
+    class_addMethod(bridge::classNamed<SBUIController>(), FromIcon::selector(),
+                    reinterpret_cast<IMP>(&nothing), FromIcon::types());
+  });
+  for (const sim::Json& row : home.report()["hooks"]["rows"])
+    if (row["method"] == "-activateApplicationAnimated:")
+      EXPECT_EQ(row["successor"],
+                "-activateApplication:fromIcon:location:, "
+                "-activateApplication:fromIcon:location:activationSettings:actions:");
 }
 
 TEST(MethodTable, TellsWhatBecameOfEachRowInItsOrder) {

@@ -4,6 +4,10 @@
 
 #include "platform/uikit/page_control.hpp"
 #include "platform/uikit/slider.hpp"
+#include "platform/uikit/text_field.hpp"
+#include "platform/uikit/toolbar.hpp"
+#include "settings/slider/color_slider.hpp"
+#include "simulator/uikit/drawing/color.hpp"
 #include "tests/library/panel_home.hpp"
 
 namespace {
@@ -46,6 +50,7 @@ bridge::Strong<UIView> lateSlider(UISlider self, CGRect frame) {
 bridge::Strong<UIView> redField(UITextField self, CGRect frame) {
   auto made = original<redField>(self, frame);
   made->backgroundColor.set(UIColor::redColor());
+  bridge::as<UITextField>(made.get()).textColor.set(UIColor::redColor());
   return made;
 }
 
@@ -97,6 +102,29 @@ TEST(PanelDefaults, OfItsNumberFieldsAreItsOwn) {
   test::standIn<UITextField, &UIView::initWithFrame, redField>();
   home.open();
   EXPECT_TRUE(isClear(home.panel().horSlider().valueLabel().backgroundColor()));
+}
+
+TEST(NumberControlDefaults, OfItsFieldAreItsOwn) {
+  test::Home home;
+  test::standIn<UITextField, &UIView::initWithFrame, redField>();
+  const auto slider = bridge::make<tilo::ColorSlider, &tilo::ColorSlider::initWithFrame_type>(
+      CGRect{{10, 50}, {255, 30}}, "topIconInset"_ns);
+  EXPECT_EQ(sim::uikit::colorOf(slider->valueLabel().textColor()), sim::blackColor);
+}
+
+CGRect framed{};
+
+bridge::Strong<UIView> framedToolbar(UIToolbar self, CGRect frame) {
+  framed = frame;
+  return original<framedToolbar>(self, frame);
+}
+
+TEST(NumberControlDefaults, OfItsToolbarHaveTheHeightThatItNeedNotKeep) {
+  test::Home home;
+  test::standIn<UIToolbar, &UIView::initWithFrame, framedToolbar>();
+  (void)bridge::make<tilo::ColorSlider, &tilo::ColorSlider::initWithFrame_type>(CGRect{{10, 50}, {255, 30}},
+                                                                                "topIconInset"_ns);
+  EXPECT_EQ(framed, (CGRect{{0, 0}, {320, 50}}));
 }
 
 }  // namespace

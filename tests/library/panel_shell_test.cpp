@@ -98,6 +98,17 @@ TEST(PanelShell, HasRoundCornersAndASoftShadowAndIsDrawnAsOneBitmap) {
   EXPECT_EQ(layer.rasterizationScale(), 2);
 }
 
+TEST(PanelShell, IsStyledAgainWhateverHasBecomeOfItsShadow) {
+  PanelHome home;
+  home.open();
+  CALayer layer = home.panel().layer();
+  layer.shadowColor.set(UIColor::redColor().CGColor());
+  layer.shadowOpacity.set(1);
+  home.panel().addStyle();
+  EXPECT_EQ(components(layer.shadowColor()), components(UIColor::blackColor().CGColor()));
+  EXPECT_EQ(layer.shadowOpacity(), 0.5f);
+}
+
 TEST(PanelShell, IsRasterizedAtTheScreensOwnScale) {
   PanelHome home({}, {}, "iPhone 7 Plus");
   home.open();

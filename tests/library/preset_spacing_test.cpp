@@ -35,4 +35,12 @@ TEST_F(AStretchedLayout, MovesNothingWhereItComesToNoNumber) {
   EXPECT_EQ(home.page(0).topIconInset(), 0);
 }
 
+TEST(WithoutAChosenLayout, TheFirstOneIsInForce) {
+  Home home(test::homeOptions(
+      "iPhone 7", {"enabled=YES"},
+      test::withPresets({test::preset("first", 1, 5, 6, 7, 8), test::preset("second", 1, 15, 16, 17, 18)})));
+  EXPECT_EQ(home.page(0).verticalIconPadding(), 5);
+  EXPECT_EQ(home.page(0).sideIconInset(), 7);
+}
+
 }  // namespace

@@ -97,7 +97,7 @@ TEST(PresetsPage, HasAPickerThatIsClearWhite) {
   ASSERT_TRUE(ground);
   CGFloat red = 0, green = 0, blue = 0, alpha = 1;
   ground.getRed_green_blue_alpha(&red, &green, &blue, &alpha);
-  EXPECT_EQ((std::vector<CGFloat>{red, green, blue, alpha}), (std::vector<CGFloat>{1, 1, 1, 0}));
+  EXPECT_EQ((std::vector<CGFloat>{red, green, blue, alpha}), (std::vector<CGFloat>{255, 255, 255, 0}));
 }
 
 // One that somebody else sets.

@@ -1,4 +1,5 @@
 // The box and its background on the screen.
+#include "bridge/define.hpp"
 #include "simulator/coregraphics/gradient.hpp"
 #include "tests/library/hud_fixture.hpp"
 #include "tests/simulator/quartz/pixels.hpp"
@@ -82,6 +83,34 @@ TEST_F(ProgressHUDDrawing, DimsTheBackgroundByHalfAsMuchHalfWay) {
   hud->show(NO);
   const int half = 255 - 255 * 3 / 8;
   expectNear(at(375 / 2.0, 667 / 2.0 + 375 / 2.0), half, half, half);
+}
+
+TEST_F(ProgressHUDDrawing, DimsASmallViewFromItsVeryMiddle) {
+  view->frame.set({{100, 100}, {20, 20}});
+  hud->frame.set(view->bounds());
+  hud->opacity.set(0);
+  hud->dimBackground.set(YES);
+  hud->mode.set(tilo::RQProgressHUDModeText);
+  hud->show(NO);
+  // Half a point of twenty to the right of the middle: a fortieth of three quarters of black.
+  EXPECT_NEAR(at(110.5, 110).red, 255 - 255 * 3 / 4.0 * 0.75 / 20, 2);
+  EXPECT_NEAR(at(115, 110).red, 255 - 255 * 3 / 4.0 * 5.25 / 20, 2);
+}
+
+// One of a pattern, say, of which nobody can tell how much red it has.
+struct Unlevelled : bridge::Face<"TestUnlevelledColor", UIColor> {};
+
+BOOL tellNothing(Unlevelled, CGFloat*, CGFloat*, CGFloat*, CGFloat*) { return NO; }
+
+TEST_F(ProgressHUDDrawing, TakesAColourWithoutLevelsWithItsOpacity) {
+  bridge::Implementation<Unlevelled>::define<UIColor>(
+      bridge::method<&UIColor::getRed_green_blue_alpha, tellNothing>());
+  const auto color = bridge::Descriptor<&UIColor::initWithRed_green_blue_alpha>::send(
+      bridge::allocate<Unlevelled>().leak(), 1, 0, 0, 1);
+  hud->color.set(color);
+  hud->opacity.set(0.5f);
+  hud->show(NO);
+  expectNear(inBox(), 255, 128, 128);
 }
 
 TEST_F(ProgressHUDDrawing, LetsGoOfWhatItDimsTheBackgroundWith) {

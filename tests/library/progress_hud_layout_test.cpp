@@ -116,6 +116,23 @@ TEST_F(ProgressHUDLayout, IsMovedByItsOffsets) {
   EXPECT_TRUE(near(part<UIActivityIndicatorView>().frame(), centred({37, 37}, {30, -100})));
 }
 
+// The indicator's corner is at (169, 315) without offsets; half a point and more goes away from zero.
+TEST_F(ProgressHUDLayout, HasItsPartsAtTheNearestWholePoints) {
+  const auto cornerAt = [this](float x, float y) {
+    hud->xOffset.set(x - 169);
+    hud->yOffset.set(y - 315);
+    hud->show(NO);
+    layOut();
+    return part<UIActivityIndicatorView>().frame().origin;
+  };
+  EXPECT_EQ(cornerAt(169, 315), (CGPoint{169, 315}));
+  EXPECT_EQ(cornerAt(169.25f, 315.25f), (CGPoint{169, 315}));
+  EXPECT_EQ(cornerAt(169.5f, 315.75f), (CGPoint{170, 316}));
+  EXPECT_EQ(cornerAt(0.25f, -0.25f), (CGPoint{0, 0}));
+  EXPECT_EQ(cornerAt(-1.25f, -1.75f), (CGPoint{-1, -2}));
+  EXPECT_EQ(cornerAt(-1.5f, 0), (CGPoint{-2, 0}));
+}
+
 TEST_F(ProgressHUDLayout, IsAtLeastAsLargeAsItMust) {
   hud->minSize.set({150, 20});
   hud->show(NO);

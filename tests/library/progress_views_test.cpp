@@ -208,6 +208,7 @@ TEST_F(BarProgressView, IsDrawnAnewInItsOtherColours) {
   EXPECT_TRUE(near(at(60, 1), 0, 255, 0));
   view->progressRemainingColor.set(UIColor::blueColor());
   EXPECT_TRUE(near(at(100, 10), 0, 0, 255));
+  EXPECT_TRUE(near(at(20, 10), 255, 0, 0));  // which the progress covers
 }
 
 }  // namespace

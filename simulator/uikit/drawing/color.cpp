@@ -5,15 +5,19 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 
 #include "bridge/define.hpp"
 #include "platform/coregraphics/context.hpp"
 #include "simulator/uikit/base/coding.hpp"
+#include "simulator/uikit/base/configuration.hpp"
 
 namespace sim::uikit {
 namespace {
 
 using bridge::Strong;
+
+constexpr int firstVersionWithExtendedRange = 10;
 
 struct ColorState {
   CGColor color;
@@ -40,11 +44,17 @@ NSString componentKey(std::size_t index) {
 
 double unit(double component) { return std::clamp(component, 0.0, 1.0); }
 
-CGColor colored(double red, double green, double blue, double alpha) {
-  return {{unit(red), unit(green), unit(blue), unit(alpha)}, false};
+// What is linked for system 10 or later, as SpringBoard is with its system, has colours beyond the screen's.
+double level(double component) {
+  return std::atoi(configuration().systemVersion.c_str()) >= firstVersionWithExtendedRange ? component
+                                                                                           : unit(component);
 }
 
-CGColor grey(double white, double alpha) { return {{unit(white), unit(alpha)}, true}; }
+CGColor colored(double red, double green, double blue, double alpha) {
+  return {{level(red), level(green), level(blue), unit(alpha)}, false};
+}
+
+CGColor grey(double white, double alpha) { return {{level(white), unit(alpha)}, true}; }
 
 CGColor fromHue(double hue, double saturation, double brightness, double alpha) {
   const double sector = unit(hue) * 6;
@@ -109,11 +119,12 @@ UIColor colorWithAlphaComponent(UIColor self, CGFloat alpha) {
 }
 
 BOOL getComponents(UIColor self, CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) {
-  const Color color = colorOf(self);
-  if (red) *red = color.red;
-  if (green) *green = color.green;
-  if (blue) *blue = color.blue;
-  if (alpha) *alpha = color.alpha;
+  const CGColor& color = ColorClass::state(self).color;
+  const auto& parts = color.components;
+  if (red) *red = parts[0];
+  if (green) *green = parts[color.gray ? 0 : 1];
+  if (blue) *blue = parts[color.gray ? 0 : 2];
+  if (alpha) *alpha = parts[color.gray ? 1 : 3];
   return YES;
 }
 

@@ -7,7 +7,7 @@
 
 namespace sim::uikit {
 
-/** Clear for nil. */
+/** As the screen shows it; clear for nil. */
 Color colorOf(UIColor color);
 using sim::colorOf;
 /** One of red, green and blue, even where they are equal. */

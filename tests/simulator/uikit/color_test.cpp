@@ -24,8 +24,31 @@ TEST_F(Colors, ComponentsReadBack) {
   EXPECT_TRUE(color.getRed_green_blue_alpha(nullptr, nullptr, nullptr, nullptr));
 }
 
-TEST_F(Colors, ComponentsStayWithinTheirRange) {
-  // confirmed: Apple documentation of colorWithRed:green:blue:alpha: before system 10
+std::vector<CGFloat> partsOf(UIColor color) {
+  std::vector<CGFloat> parts(4);
+  color.getRed_green_blue_alpha(&parts[0], &parts[1], &parts[2], &parts[3]);
+  return parts;
+}
+
+TEST_F(Colors, ComponentsStayWithinTheirRangeBeforeSystem10) {
+  auto older = phone();
+  older.systemVersion = "9.3.5";
+  sim::uikit::configure(older);
+  // confirmed: Apple documentation of colorWithRed:green:blue:alpha:
+  EXPECT_EQ(partsOf(UIColor::colorWithRed_green_blue_alpha(2, -1, 0.5, 3)),
+            (std::vector<CGFloat>{1, 0, 0.5, 1}));
+  EXPECT_EQ(partsOf(UIColor::colorWithWhite_alpha(2, 3)), (std::vector<CGFloat>{1, 1, 1, 1}));
+}
+
+TEST_F(Colors, ComponentsAreKeptBeyondTheirRangeFromSystem10On) {
+  // confirmed: Apple documentation of colorWithRed:green:blue:alpha:, of alpha too, which stays within its
+  // range
+  EXPECT_EQ(partsOf(UIColor::colorWithRed_green_blue_alpha(2, -1, 0.5, 3)),
+            (std::vector<CGFloat>{2, -1, 0.5, 1}));
+  EXPECT_EQ(partsOf(UIColor::colorWithWhite_alpha(2, 3)), (std::vector<CGFloat>{2, 2, 2, 1}));
+}
+
+TEST_F(Colors, ComponentsBeyondTheirRangeAreShownWithinIt) {
   EXPECT_EQ(sim::uikit::colorOf(UIColor::colorWithRed_green_blue_alpha(2, -1, 0.5, 3)),
             (sim::Color{1, 0, 0.5, 1}));
 }
