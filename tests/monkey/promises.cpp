@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
+#include <vector>
 
 #include "platform/uikit/view.hpp"
 #include "simulator/app/report.hpp"
@@ -53,6 +54,7 @@ Promises::Promises(Home& home, std::map<std::string, Json> stock)
 std::optional<std::string> Promises::broken(const std::string& step) {
   const bridge::Pool pool;
   follow(step);
+  followTouchInSettings();
   followSettings(step);
   if (auto wrong = panels()) return wrong;
   if (auto wrong = rows()) return wrong;
@@ -63,14 +65,24 @@ std::optional<std::string> Promises::broken(const std::string& step) {
 
 // A row of Settings that is touched may store what the file has already, and tell the library so, who was
 // told something else.
+void Promises::followTouchInSettings() {
+  const bool areShown = reportOf(home, sim::homeScreenReport(), "application") == Json("Settings");
+  if (!std::exchange(wereSettingsShown, areShown) && !areShown) return;
+  for (const auto& [key, value] : stored.items())
+    if (known.value(key) != value) maybeTold.insert(key);
+}
+
+// Whether the answers are what they should be if the library has been told of some of those.
 bool Promises::isToldBySettings() {
-  if (reportOf(home, sim::homeScreenReport(), "application") != Json("Settings")) return false;
-  for (const auto& [key, value] : stored.items()) {
-    const Json before = known.value(key);
-    if (before == value) continue;
-    known[key] = value;
+  std::vector<std::string> keys;
+  for (const std::string& key : maybeTold)
+    if (stored.contains(key) && known.value(key) != stored[key]) keys.push_back(key);
+  const Json before = known;
+  for (size_t some = 1; some < size_t{1} << keys.size(); ++some) {
+    for (size_t i = 0; i < keys.size(); ++i)
+      if (some >> i & 1) known[keys[i]] = stored[keys[i]];
     if (!answers()) return true;
-    known[key] = before;
+    known = before;
   }
   return false;
 }
@@ -111,6 +123,7 @@ void Promises::followSettings(const std::string& step) {
   const std::string index = step.substr(step.find('=', end) + 1);
   known[key] = index == "YES" || index == "NO" ? Json(index == "YES") : Json(std::stol(index));
   told.insert(key);
+  maybeTold.erase(key);
 }
 
 // An export stores what SpringBoard's first list answers, which the file may have already, while the library
@@ -161,9 +174,15 @@ std::optional<std::string> Promises::rows() {
   for (const auto& [caption, row] : panel["rows"].items()) {
     const auto key = row["key"].get<std::string>();
     if (told.contains(key)) continue;
-    const double shown = std::clamp(single(known, key), reported(row["minimum"]), reported(row["maximum"]));
-    if (!close(reported(row["value"]), shown, 1))
-      return fmt::format("rows: {} shows {}, and should show {}", caption, row["value"].dump(), shown);
+    const auto shows = [&, &key = key](const Json& settings) {
+      const double should =
+          std::clamp(single(settings, key), reported(row["minimum"]), reported(row["maximum"]));
+      return close(reported(row["value"]), should, 1);
+    };
+    if (!shows(known) && maybeTold.contains(key) && shows(stored)) known[key] = stored[key];
+    if (!shows(known))
+      return fmt::format("rows: {} shows {}, and should show {}", caption, row["value"].dump(),
+                         single(known, key));
   }
   return std::nullopt;
 }
