@@ -25,7 +25,10 @@ using sim::Json;
 
 constexpr double longestWayOut = 1.5;  // seconds
 
-const std::set<std::string> rowSteps{"increment", "decrement", "slide", "type", "paste", "apply", "cancel"};
+const std::set<std::string> storingSteps{"increment", "decrement", "slide", "apply"};
+const std::set<std::string> rowSteps{"increment", "decrement", "slide", "apply", "type", "paste", "cancel"};
+
+std::string wordOf(const std::string& step) { return step.substr(0, step.find(' ')); }
 
 // A key of the report alone: the whole of it is not needed at every step.
 Json reportOf(Home& home, std::span<const sim::ReportRow> rows, std::string_view key) {
@@ -107,8 +110,8 @@ void Promises::followSettings(const std::string& step) {
   for (const auto& [key, value] : before.items())
     if (!stored.contains(key)) known.erase(key);
   // A row may as well be one of Settings' own, whose captions are the same.
-  const bool isOfARow = rowSteps.contains(step.substr(0, step.find(' '))) &&
-                        reportOf(home, sim::homeScreenReport(), "application").isNull();
+  const bool isOfARow =
+      rowSteps.contains(wordOf(step)) && reportOf(home, sim::homeScreenReport(), "application").isNull();
   for (const auto& [key, value] : stored.items()) {
     if (before.contains(key) && before[key] == value) continue;
     known[key] = value;
@@ -135,21 +138,19 @@ void Promises::followExport() {
   }
 }
 
-// What a row stores may be what the file has already, while the library was told something else.
+// What a row stores, which it does not while somebody types, may be what the file has already, while the
+// library was told something else.
 void Promises::followRow(const std::string& step) {
   const Json panel = reportOf(home, sim::product::panelKeys(), "panel");
   const size_t open = step.find('"') + 1;
   const std::string caption = step.substr(open, step.find('"', open) - open);
-  if (panel.isNull() || !panel["rows"].contains(caption)) return;
+  if (panel.isNull() || !panel["rows"].contains(caption) || !storingSteps.contains(wordOf(step))) return;
   const Json& row = panel["rows"][caption];
   const auto key = row["key"].get<std::string>();
-  // What is no number, or one beyond the range, is not taken.
-  if (step.starts_with("type ") || step.starts_with("paste ")) {
-    const char* const text = step.c_str() + step.rfind('"', step.size() - 2) + 1;
-    char* end = nullptr;
-    const double given = std::strtod(text, &end);
-    if (end == text || !close(reported(row["value"]), given, 1)) return;
-  }
+  // A text that is no number reads as 0, and what is beyond the range is not taken.
+  const double given = std::strtod(row["text"].get<std::string>().c_str(), nullptr);
+  if (step.starts_with("apply ") && !(given >= reported(row["minimum"]) && given <= reported(row["maximum"])))
+    return;
   if (stored.contains(key) && close(reported(row["value"]), single(stored, key), 1)) known[key] = stored[key];
 }
 
