@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -57,7 +58,7 @@ void blurRow(const float* in, float* out, std::size_t count, std::size_t half, f
   }
 }
 
-// Most rows of a card are like the one above them.
+// Many rows are like the one above them.
 void blurAcross(Values& values, std::size_t half, float share) {
   const std::size_t bytes = values.width * sizeof(float);
   for (std::size_t y = 0; y < values.height; ++y) {
@@ -92,6 +93,9 @@ void blurDown(Values& values, std::size_t half, float share) {
 struct Shape {
   int width, height;
   std::vector<std::uint8_t> alpha;
+  const std::uint8_t* row(int y) const {
+    return &alpha[static_cast<std::size_t>(y) * static_cast<std::size_t>(width)];
+  }
   bool operator==(const Shape&) const = default;
 };
 
@@ -109,10 +113,35 @@ Shape shapeOf(cairo_surface_t* image) {
   return shape;
 }
 
+// Rows that are alike, and follow each other.
+struct Stretch {
+  int begin, end;
+  int length() const { return end - begin; }
+};
+
+Stretch longestStretch(const Shape& shape) {
+  Stretch longest{0, 0}, now{0, 0};
+  for (int y = 0; y < shape.height; ++y) {
+    const bool isLikeLast = y > 0 && std::equal(shape.row(y), shape.row(y) + shape.width, shape.row(y - 1));
+    if (!isLikeLast) now.begin = y;
+    now.end = y + 1;
+    if (now.length() > longest.length()) longest = now;
+  }
+  return longest;
+}
+
 Surface blurred(const Shape& shape, double deviation) {
-  Values values(shape.width, shape.height);
-  std::ranges::copy(shape.alpha, values.row(0));
-  for (const int box : boxWidths(deviation)) {
+  const auto widths = boxWidths(deviation);
+  // In the middle of a card, farther from its ends than the blur reaches, all rows come out alike: one is
+  // enough.
+  const Stretch plain = longestStretch(shape);
+  const int reach = (std::accumulate(widths.begin(), widths.end(), 0) - passes) / 2;  // widths are odd
+  const int kept = plain.begin + reach, leftOut = std::max(plain.length() - 2 * reach - 1, 0);
+  Values values(shape.width, shape.height - leftOut);
+  float* in = values.row(0);
+  for (int y = 0; y < shape.height; ++y)
+    if (y <= kept || y > kept + leftOut) in = std::copy_n(shape.row(y), shape.width, in);
+  for (const int box : widths) {
     if (box <= 1) continue;
     const auto half = static_cast<std::size_t>(box / 2);
     const float share = 1.0f / static_cast<float>(box);
@@ -123,7 +152,8 @@ Surface blurred(const Shape& shape, double deviation) {
   unsigned char* target = cairo_image_surface_get_data(result.get());
   const int stride = cairo_image_surface_get_stride(result.get());
   for (int y = 0; y < shape.height; ++y) {
-    const float* const row = values.row(static_cast<std::size_t>(y));
+    const float* const row =
+        values.row(static_cast<std::size_t>(y <= kept ? y : std::max(y - leftOut, kept)));
     unsigned char* const out = target + std::ptrdiff_t{y} * stride;
     // Never below zero, so that this rounds to the nearest.
     for (int x = 0; x < shape.width; ++x)

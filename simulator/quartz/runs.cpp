@@ -2,6 +2,7 @@
 #include "simulator/quartz/runs.hpp"
 
 #include <algorithm>
+#include <cstring>
 #include <ranges>
 #include <span>
 #include <utility>
@@ -32,6 +33,13 @@ Runs::Kind kindOf(const std::uint32_t* upper, const std::uint32_t* lower, int wi
   return kind;
 }
 
+// Up to where two rows that are not alike are so from their ends.
+Runs::Stretch differenceOf(std::span<const std::uint32_t> upper, std::span<const std::uint32_t> lower) {
+  const auto first = std::ranges::mismatch(upper, lower).in1;
+  const auto last = std::ranges::mismatch(upper | std::views::reverse, lower | std::views::reverse).in1;
+  return {static_cast<int>(first - upper.begin()), static_cast<int>(last.base() - upper.begin())};
+}
+
 }  // namespace
 
 Runs::Runs(cairo_surface_t* image) {
@@ -46,11 +54,8 @@ Runs::Runs(cairo_surface_t* image) {
   bool wasLikeNext = false;
   for (int row = -1; row < height; ++row) {
     const std::span upper(pixels(row), clear.size()), lower(pixels(row + 1), clear.size());
-    const auto first = std::ranges::mismatch(upper, lower).in1;
-    const auto last = std::ranges::mismatch(upper | std::views::reverse, lower | std::views::reverse).in1;
-    differences.push_back(
-        {static_cast<int>(first - upper.begin()), static_cast<int>(last.base() - upper.begin())});
-    const bool isLikeNext = first == upper.end();
+    const bool isLikeNext = std::memcmp(upper.data(), lower.data(), upper.size_bytes()) == 0;
+    differences.push_back(isLikeNext ? Stretch{0, 0} : differenceOf(upper, lower));
     if (!(wasLikeNext && isLikeNext)) {
       Kind kind = sim::kindOf(pixels(row), pixels(row + 1), width);
       if (kinds.empty() || kind != kinds.back()) kinds.push_back(std::move(kind));

@@ -1,6 +1,7 @@
 // Where a picture is plain: stretches of its rows that need no mixing when it is laid between pixels.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -30,6 +31,9 @@ class Runs {
   std::size_t kindOf(int row) const { return rows[static_cast<std::size_t>(row + 1)]; }
   bool has(int row) const { return row >= -1 && row + 1 < static_cast<int>(rows.size()); }
 
+  struct Stretch {
+    int begin, end;
+  };
   struct Kind {
     std::vector<Run> runs;       // from left to right
     int opaqueBegin, opaqueEnd;  // the longest stretch that is opaque, whatever its colours
@@ -40,17 +44,13 @@ class Runs {
   /** Whether a row has the same pixels as the next one from `begin` up to `end`, which may lie beyond it. */
   bool isLikeNext(int row, int begin, int end) const {
     const Stretch& other = differences[static_cast<std::size_t>(row + 1)];
-    return end <= other.begin || begin >= other.end;
+    return std::max(begin, other.begin) >= std::min(end, other.end);
   }
 
   /** A large part that is opaque, in pixels of the image. */
   const PixelRect& opaque() const { return opaquePart; }
 
  private:
-  struct Stretch {
-    int begin, end;
-  };
-
   PixelRect findOpaque() const;
 
   std::vector<Kind> kinds;

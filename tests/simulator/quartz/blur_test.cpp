@@ -68,6 +68,24 @@ TEST(Blur, IsThatOfThreeBoxes) {
   }
 }
 
+// Rows of a card that are farther from its ends than the blur reaches, of which there are more or fewer.
+TEST(Blur, IsThatOfThreeBoxesInTheMiddleOfACard) {
+  constexpr int width = 9, above = 5, below = 3;
+  for (const int plain : {1, 6, 7, 8, 9, 30}) {
+    const int height = above + plain + below;
+    const Surface image = picture(width, height, 5);
+    auto* const first =
+        cairo_image_surface_get_data(image.get()) + above * cairo_image_surface_get_stride(image.get());
+    for (int i = 1; i < plain; ++i)
+      std::copy_n(first, cairo_image_surface_get_stride(image.get()),
+                  first + i * cairo_image_surface_get_stride(image.get()));
+    const Surface blurred = blurredAlpha(image.get(), threeBoxesOfThree);
+    for (int y = 0; y < height; ++y)
+      for (int x = 0; x < width; ++x)
+        ASSERT_NEAR(at(blurred, x, y), average(image, x, y, 1, 3), 0.51) << x << " " << y << " of " << plain;
+  }
+}
+
 TEST(Blur, OfEachShapeAndDeviationIsItsOwn) {
   std::vector<Surface> first;
   const auto blurOf = [](int i) {

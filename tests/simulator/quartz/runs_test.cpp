@@ -69,7 +69,7 @@ TEST(Runs, TellWhereARowIsLikeTheNext) {
   }
   EXPECT_TRUE(runs.isLikeNext(-1, 0, 20));  // clear pixels are above the first row
   EXPECT_FALSE(runs.isLikeNext(-1, 0, 21));
-  EXPECT_TRUE(Runs(picture(100, 2, {20, 0, 60, 2}).get()).isLikeNext(0, 0, 100));
+  EXPECT_TRUE(Runs(picture(100, 2, {20, 0, 60, 2}).get()).isLikeNext(0, -5, 105));
 }
 
 TEST(Runs, TellTheLongestOpaqueStretch) {
