@@ -105,7 +105,8 @@ class Implementation {
     defineUnder(classNamed<Parent>(), rows...);
   }
 
-  // Nothing is defined under null.
+  // Nothing is defined under null. Rows come when the class is known: GCC's runtime compares the names of all
+  // methods that are there for each that comes to a class in the making, later their numbers.
   static void defineUnder(Class parent, auto... rows) {
     Class made = openClass(parent, T::className.text);
     if (!made) return;
@@ -115,8 +116,8 @@ class Implementation {
       addMethod(made, MethodEntry{false, Dealloc::name, Dealloc::types(),
                                   Thunk<Dealloc, &dealloc>::implementation()});
     }
-    (addRow(made, rows), ...);
     objc_registerClassPair(made);
+    (addRow(made, rows), ...);
     offset = stateOffset(made);
     cls = made;
     storeShared(classOfName<T::className>, made);

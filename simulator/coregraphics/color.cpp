@@ -9,8 +9,8 @@ namespace sim {
 
 Color colorOf(const CGColor* color) {
   if (!color) return clearColor;
-  std::array<double, 4> parts = color->components;
-  for (double& part : parts) part = std::clamp(part, 0.0, 1.0);
+  std::array<CGFloat, 4> parts = color->components;
+  for (CGFloat& part : parts) part = std::clamp<CGFloat>(part, 0, 1);
   return color->gray ? Color{parts[0], parts[0], parts[0], parts[1]}
                      : Color{parts[0], parts[1], parts[2], parts[3]};
 }
