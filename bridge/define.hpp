@@ -45,6 +45,8 @@ void addProtocol(Class cls, const ProtocolEntry& entry);
 inline void addRow(Class cls, const MethodEntry& row) { addMethod(cls, row); }
 inline void addRow(Class cls, const PropertyEntry& row) { addProperty(cls, row); }
 inline void addRow(Class cls, const ProtocolEntry& row) { addProtocol(cls, row); }
+// Of rows that only a class in the making can get.
+inline void addVariable(Class, const auto&) {}
 // Room for `size` bytes of state in every instance, aligned to 8 bytes. The variable's name comes from
 // the class's, since a subclass may not repeat a name that it inherits.
 void addState(Class cls, size_t size);
@@ -116,6 +118,7 @@ class Implementation {
       addMethod(made, MethodEntry{false, Dealloc::name, Dealloc::types(),
                                   Thunk<Dealloc, &dealloc>::implementation()});
     }
+    (addVariable(made, rows), ...);
     objc_registerClassPair(made);
     (addRow(made, rows), ...);
     offset = stateOffset(made);

@@ -14,6 +14,7 @@
 #include "simulator/app/report_parts.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/product/class_names.hpp"
+#include "simulator/product/panel.hpp"
 #include "simulator/product/product.hpp"
 #include "simulator/springboard/springboard.hpp"
 #include "simulator/uikit/views/window.hpp"
@@ -57,26 +58,27 @@ Promises::Promises(Home& home, std::map<std::string, Json> stock)
 std::optional<std::string> Promises::broken(const std::string& step) {
   const bridge::Pool pool;
   follow(step);
-  followTouchInSettings();
+  followTouch();
   followSettings(step);
   if (auto wrong = panels()) return wrong;
   if (auto wrong = rows()) return wrong;
   if (auto wrong = presetsFile()) return wrong;
   const auto wrong = answers();
-  return wrong && isToldBySettings() ? std::nullopt : wrong;
+  return wrong && isToldByTouch() ? std::nullopt : wrong;
 }
 
-// A row of Settings that is touched may store what the file has already, and tell the library so, who was
-// told something else.
-void Promises::followTouchInSettings() {
-  const bool areShown = reportOf(home, sim::homeScreenReport(), "application") == Json("Settings");
-  if (!std::exchange(wereSettingsShown, areShown) && !areShown) return;
+// A row of Settings that is touched, or one of the panel wherever a finger meets it, may store what the file
+// has already, and tell the library so, who was told something else.
+void Promises::followTouch() {
+  const bool areShown = sim::product::shownPanel() ||
+                        reportOf(home, sim::homeScreenReport(), "application") == Json("Settings");
+  if (!std::exchange(wereRowsShown, areShown) && !areShown) return;
   for (const auto& [key, value] : stored.items())
     if (known.value(key) != value) maybeTold.insert(key);
 }
 
 // Whether the answers are what they should be if the library has been told of some of those.
-bool Promises::isToldBySettings() {
+bool Promises::isToldByTouch() {
   std::vector<std::string> keys;
   for (const std::string& key : maybeTold)
     if (stored.contains(key) && known.value(key) != stored[key]) keys.push_back(key);

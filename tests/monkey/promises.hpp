@@ -24,8 +24,8 @@ class Promises {
   void followSettings(const std::string& step);
   void followRow(const std::string& step);
   void followExport();
-  void followTouchInSettings();
-  bool isToldBySettings();
+  void followTouch();
+  bool isToldByTouch();
   std::optional<std::string> panels();
   std::optional<std::string> rows();
   std::optional<std::string> presetsFile();
@@ -39,8 +39,8 @@ class Promises {
   sim::Json stored, known;  // the settings as they lie in the file, and as the library has been told of them
   std::set<std::string>
       told;  // keys that came another way since the panel did: their rows show what was before
-  std::set<std::string> maybeTold;  // keys of which Settings may have told the library what the file has
-  bool wereSettingsShown = false;
+  std::set<std::string> maybeTold;  // keys of which a touch may have told the library what the file has
+  bool wereRowsShown = false;
   std::string foreignPresets;  // what somebody else wrote, until the library writes
   bool presetsAreTold = true;  // the library has read the file as it is
 };
