@@ -190,7 +190,12 @@ static Count systemInRow, systemMostIcons;
 static CountFor systemDockRows, systemVisibleRows;
 static CGFloat (*systemHeight)(id, SEL);
 
-static unsigned long dockCount(void) { return (unsigned long)(long)(int32_t)integer(key_dockIcons, 4); }
+static unsigned long dockCount(void) {
+  id object = stored(key_dockIcons);
+  if (!object) return 4;
+  object = numberIn(object);
+  return object ? (unsigned long)(long)(int32_t)SEND(long, object, integerValue) : 0;
+}
 static unsigned long inRow(id self, SEL selector) {
   return truth(key_dockIconsEnabled) ? dockCount() : systemInRow(self, selector);
 }

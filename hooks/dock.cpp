@@ -11,7 +11,7 @@ namespace {
 
 using bridge::original;
 
-constexpr int32_t usualCount = 4;     // without a stored number, and below it the dock is short
+constexpr int32_t usualCount = 4;     // with nothing stored, and below it the dock is short
 constexpr CGFloat dockSpacing = 10;   // points
 constexpr double fadeDuration = 0.3;  // seconds
 
@@ -30,8 +30,10 @@ NSUInteger dockCount(Self self, A... arguments) {
 
 BOOL isDockIconsEnabled(Class) { return settings().flag(keys::dockIconsEnabled); }
 
+// That there is something stored decides, not what: no number is a dock of none.
 int numberOfDockIcons(Class) {
-  return static_cast<int32_t>(settings().stored(keys::dockIcons).value_or(usualCount));
+  const bridge::Object stored = settings().object(keys::dockIcons);
+  return stored ? static_cast<int32_t>(integerIn(stored).value_or(0)) : usualCount;
 }
 
 void dockLayoutSubviews(SBDockIconListView self) {

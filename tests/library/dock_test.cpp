@@ -84,9 +84,35 @@ TEST(Dock, PassesANegativeCountOnAsItStands) {
   EXPECT_EQ(counts(home), (std::vector<long>{-2, -2, -2, -2}));
 }
 
-TEST(Dock, TakesAStringThatIsNoNumberForNone) {
-  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=many"});
-  EXPECT_EQ(SBDockIconListView::numberOfDockIcons(), 4);
+TEST(Dock, ReadsAStringThatIsNoNumberAsZero) {
+  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=many", "--ios", "12.1"});
+  EXPECT_EQ(counts(home), (std::vector<long>{0, 0, 0, 0}));
+  EXPECT_EQ(home.dock().spacing.ifAnswered(), 10);
+  EXPECT_EQ(home.report()["dock"]["icons"].size(), 0);
+}
+
+TEST(Dock, CountsWholeIconsAlone) {
+  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=3.9", "--ios", "12.1"});
+  EXPECT_EQ(counts(home), (std::vector<long>{3, 3, 3, 3}));
+  EXPECT_EQ(home.dock().spacing.ifAnswered(), 10);
+}
+
+TEST(Dock, TakesThirtyTwoBitsOfItsNumber) {
+  Home home({"--set", "dockIconsEnabled=YES"});
+  home.save("dockIcons"_ns, NSNumber::numberWithLongLong((5LL << 32) - 3));
+  EXPECT_EQ(counts(home), (std::vector<long>{-3, -3, -3, -3}));
+}
+
+int seven(id, SEL) { return 7; }
+
+// Where SpringBoard has the method itself, ours is not added.
+TEST(Dock, AsksSpringBoardForItsNumberWhereThatHasOne) {
+  Home home({"--set", "dockIconsEnabled=YES", "--set", "dockIcons=3", "--ios", "12.1"}, [](sim::Simulation&) {
+    class_addMethod(bridge::classOf(reinterpret_cast<id>(bridge::classNamed<SBDockIconListView>())),
+                    bridge::selector<"numberOfDockIcons">(), reinterpret_cast<IMP>(&seven), "i@:");
+  });
+  EXPECT_EQ(counts(home), (std::vector<long>{7, 7, 7, 7}));
+  EXPECT_NE(home.dock().spacing.ifAnswered(), 10);
 }
 
 TEST(Dock, SpacesByTenWhateverTheCount) {

@@ -39,8 +39,10 @@ const std::vector<std::string> settingsInForce{
     "page=YES",  "labels=YES",   "numOfPages=3", "showed-setup=YES"};
 
 const std::vector<const char*> numericKeys{
-    "rows",         "columns",   "vertIconPadding", "horiIconPadding", "sideIconInset",
-    "topIconInset", "dockIcons", "custom_preset",   "preset",          "qsBackgroundColor"};
+    "rows",         "columns", "vertIconPadding", "horiIconPadding",  "sideIconInset",
+    "topIconInset", "preset",  "custom_preset",   "qsBackgroundColor"};
+// That there is something stored decides about this one.
+const std::vector<const char*> dockCount{"dockIcons"};
 const std::vector<const char*> switches{
     "enabled", "icons", "dockIconsEnabled", "dock",       "square",     "labels",
     "page",    "quick", "twoFinger",        "forceTouch", "isDarkMode", "showed-setup"};
@@ -72,6 +74,13 @@ class AnEditedNumber : public testing::TestWithParam<Edited> {};
 
 TEST_P(AnEditedNumber, IsAsGoodAsAbsent) { expectAsGoodAsAbsent(GetParam(), numericKeys); }
 
+TEST_P(AnEditedNumber, OfDockIconsIsZero) {
+  Home home({"--set", "dockIconsEnabled=YES"});
+  home.save("dockIcons"_ns, GetParam().object());
+  EXPECT_EQ(SBDockIconListView::numberOfDockIcons(), 0);
+  EXPECT_EQ(home.dock().iconsInRowForSpacingCalculation(), 0u);
+}
+
 INSTANTIATE_TEST_SUITE_P(Being, AnEditedNumber,
                          testing::ValuesIn(test::together({&test::wrongKinds, &test::wrongTexts,
                                                            &test::noNumbers, &test::endlessTexts})),
@@ -91,7 +100,7 @@ class AFileOfNothingBut : public testing::TestWithParam<Edited> {
  protected:
   static test::Preparation file() {
     std::string entries;
-    for (const auto* keys : {&numericKeys, &switches})
+    for (const auto* keys : {&numericKeys, &dockCount, &switches})
       for (const char* key : *keys) entries += "<key>" + std::string(key) + "</key>" + GetParam().xml + "\n";
     return test::having(test::preferencesPath, test::propertyList(entries));
   }

@@ -30,6 +30,10 @@ std::vector<std::string> settings(std::vector<std::string> more = {}) {
 
 bool panelIsShown(Home& home) { return !home.report()["panel"].isNull(); }
 
+sim::Json live(NSString key) {
+  return sim::plain(tilo::ConfigurationManager::sharedManager().configuration().objectForKey(key));
+}
+
 SBIconScrollView scrollView() { return sim::springboard::homeScreen().scrollView.get(); }
 
 TEST(Swipe, UpOpensThePanel) {
@@ -178,6 +182,34 @@ TEST(Messages, StoreTheDarkMode) {
   home.step("message PreferencesDidChangeNotification name=\"Quick Settings Dark Mode\" value=YES");
   auto stored = tilo::ConfigurationManager::sharedManager().configuration().objectForKey("isDarkMode"_ns);
   EXPECT_TRUE(bridge::as<NSNumber>(stored).boolValue());
+}
+
+TEST(Messages, StoreForTheDarkModeTheVeryValueThatTheyCarry) {
+  Home home(settings());
+  home.step("message PreferencesDidChangeNotification name=\"Quick Settings Dark Mode\" value=2");
+  EXPECT_EQ(live("isDarkMode"_ns), 2);
+}
+
+TEST(Messages, WithoutAValueMeanNo) {
+  Home home(settings({"isDarkMode=YES"}));
+  home.step("message PreferencesDidChangeNotification name=\"Use Two Finger Tap Instead\" value=YES");
+  home.step("message PreferencesDidChangeNotification name=\"Use Two Finger Tap Instead\"");
+  EXPECT_TRUE(scrollView().swipeGesture().view());
+  EXPECT_FALSE(scrollView().tapGesture().view());
+  home.step("message PreferencesDidChangeNotification name=\"Enable Quick Settings\"");
+  EXPECT_FALSE(scrollView().swipeGesture().enabled());
+  EXPECT_FALSE(scrollView().tapGesture().enabled());
+  home.step("message PreferencesDidChangeNotification name=\"Quick Settings Dark Mode\"");
+  EXPECT_EQ(live("isDarkMode"_ns), true);  // of which there is nothing to store
+}
+
+// A name is made into text as `%@` makes it.
+TEST(Messages, HaveNumbersAndNothingForNamesAsText) {
+  Home home(settings());
+  home.step("message ListPreferencesDidChangeNotification name=5 index=3");
+  EXPECT_EQ(live("5"_ns), 3);
+  home.step("message ListPreferencesDidChangeNotification index=4");
+  EXPECT_EQ(live("(null)"_ns), 4);
 }
 
 TEST(Messages, OfOtherSettingsAreStoredAndLayNothingOut) {

@@ -113,6 +113,34 @@ TEST(Scrolling, CountsNoViewsButPages) {
   EXPECT_EQ(PanelHome::live("numOfPages"_ns), 3);
 }
 
+TEST(Scrolling, CountsPagesOfADerivedClassToo) {
+  PanelHome home;
+  auto derived = bridge::make<SBDockIconListView, &UIView::initWithFrame>(CGRect{});
+  scrollView().addSubview(derived);
+  home.step("swipe left");
+  EXPECT_EQ(PanelHome::live("numOfPages"_ns), 4);
+}
+
+TEST(Scrolling, CountsNoPagesInsideOtherViews) {
+  PanelHome home;
+  auto page = bridge::make<SBRootIconListView, &UIView::initWithFrame>(CGRect{});
+  auto stranger = bridge::make<UIView, &UIView::initWithFrame>(CGRect{});
+  stranger->addSubview(page);
+  scrollView().addSubview(stranger);
+  home.step("swipe left");
+  EXPECT_EQ(PanelHome::live("numOfPages"_ns), 3);
+}
+
+// A folder's, for one: whichever scrolls is counted.
+TEST(Scrolling, OfAViewWithoutPagesCountsNone) {
+  PanelHome home;
+  home.step("swipe left");
+  auto other = bridge::make<SBIconScrollView, &NSObject::init>();
+  other->contentOffset.set({1, 0});
+  EXPECT_EQ(PanelHome::live("numOfPages"_ns), 0);
+  EXPECT_EQ(test::libraryVariable<int>("tilo::numOfPages"), 0);
+}
+
 TEST(Scrolling, StoresTheCountOfThePagesThatAreThereNow) {
   PanelHome home;
   home.step("swipe left");
