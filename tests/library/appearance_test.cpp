@@ -65,6 +65,16 @@ TEST(PageDots, AreNeverDrawnWhileTheyAreHidden) {
   EXPECT_EQ(home.report()["pageDots"]["drawn"], 0);
 }
 
+TEST(PageDots, AreHiddenWithoutTheKey) {
+  Home home({"--set", "enabled=YES"});
+  EXPECT_EQ(home.report()["pageDots"]["drawn"], 0);
+}
+
+TEST(PageDots, AreDrawnWithoutTheMasterSwitch) {
+  Home home({"--set", "page=NO"});
+  EXPECT_EQ(home.report()["pageDots"]["drawn"], 3);
+}
+
 // No system that is known draws them by this one, or launches by that below.
 TEST(PageDots, AreHiddenByTheMessageWithoutANumberToo) {
   Home home({"--springboard", "complete", "--set", "enabled=YES", "--set", "page=NO"});
@@ -99,10 +109,32 @@ TEST_P(LaunchByEitherMessage, ClosesAnOpenPanelFirst) {
 
 INSTANTIATE_TEST_SUITE_P(SpringBoard, LaunchByEitherMessage, testing::Values("real", "complete"));
 
-TEST(Launch, NeedsNoPanel) {
-  Home home({"--stock"});
-  home.step("launch \"Calendar\"");
-  EXPECT_EQ(home.report()["application"], "Calendar");
+// Every system has a message of its own for it.
+class LaunchOn : public testing::TestWithParam<const char*> {
+ protected:
+  Home home{{"--device", "iPhone 6s", "--ios", GetParam(), "--set", "enabled=YES", "--set", "quick=YES",
+             "--set", "custom_preset=-1"}};
+
+  void expectLaunch() {
+    home.step("launch \"Calendar\"");
+    EXPECT_EQ(home.report()["application"], "Calendar");
+    home.step("wait 1");
+    EXPECT_EQ(home.report()["panel"], nullptr);
+    EXPECT_EQ(home.report()["relayouts"], sim::Json::array());
+  }
+};
+
+TEST_P(LaunchOn, NeedsNoPanel) { expectLaunch(); }
+
+TEST_P(LaunchOn, NeedsNoPanelThatIsStillThere) {
+  home.step("swipe up");
+  home.step("wait 1");
+  home.step("tap \"close\"");
+  home.step("wait 1");
+  ASSERT_EQ(home.report()["panel"], nullptr);
+  expectLaunch();
 }
+
+INSTANTIATE_TEST_SUITE_P(Systems, LaunchOn, testing::Values("9.3.3", "10.3.3", "11.1.2", "12.1"));
 
 }  // namespace

@@ -123,6 +123,16 @@ TEST(Press, OpensNothingWithoutTheSetting) {
   EXPECT_FALSE(panelIsShown(home));
 }
 
+class PressWhile : public testing::TestWithParam<const char*> {};
+
+TEST_P(PressWhile, ItIsOffOpensNothing) {
+  Home home(settings({"forceTouch=YES", std::string(GetParam()) + "=NO"}));
+  home.step("press 5");
+  EXPECT_FALSE(panelIsShown(home));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, PressWhile, testing::Values("enabled", "quick"));
+
 TEST(Press, OpensNothingOnAScreenThatFeelsNoForce) {
   std::vector<std::string> options = settings({"forceTouch=YES"});
   options[1] = "iPhone 6";

@@ -229,6 +229,9 @@ TEST(AFileOfAnOlderVersion, WithoutTheSwipeSwitchHasItOff) {
   ASSERT_TRUE(values);
   EXPECT_TRUE(bridge::as<NSNumber>(values.objectForKey("enabled"_ns)).boolValue());
   EXPECT_FALSE(values.objectForKey("quick"_ns));
+  home.step("swipe up");
+  home.step("wait 1");
+  EXPECT_EQ(home.report()["panel"], nullptr);
 }
 
 TEST(AFileOfAnOlderVersion, WithoutTheMasterSwitchHasItOff) {
