@@ -92,6 +92,19 @@ TEST(SquareIcons, AreAPropertyOfTheirViews) {
   EXPECT_EQ(home.report()["pages"][0]["icons"][0]["square"], true);
 }
 
+void roundsItself(SBIconImageView self) {
+  bridge::original<roundsItself>(self);
+  self.setShowsSquareCorners(NO);
+}
+
+TEST(SquareIcons, AreToldWhenSpringBoardHasLaidThemOut) {
+  test::Home home({"--set", "square=YES"}, [](sim::Simulation&) {
+    test::standIn<SBIconImageView, &UIView::layoutSubviews, roundsItself>();
+  });
+  home.save("square"_ns, NSNumber::numberWithBool(NO));
+  EXPECT_EQ(home.report()["pages"][0]["icons"][0]["square"], true);
+}
+
 // What SpringBoard itself answers is handed on, whatever it is.
 UIColor red(SBIconLabelImageParameters) { return UIColor::redColor(); }
 UIColor green(SBIconLabelImageParameters) { return UIColor::greenColor(); }

@@ -99,13 +99,17 @@ int laidOut = 0;
 void systemLayout(SBDockIconListView self) {
   ++laidOut;
   original<systemLayout>(self);
+  self.alpha.set(1);
+  self.setSpacing.ifAnswered(25);
 }
 
 TEST(DockLayout, IsSpringBoardsOwnFirst) {
-  Home home(test::homeOptions("iPhone 7", {}), [](sim::Simulation&) {
-    test::standIn<SBDockIconListView, &UIView::layoutSubviews, systemLayout>();
-  });
+  Home home(
+      test::homeOptions("iPhone 7", {"dockIconsEnabled=YES", "dockIcons=3", "dock=YES"}, {"--ios", "12.1"}),
+      [](sim::Simulation&) { test::standIn<SBDockIconListView, &UIView::layoutSubviews, systemLayout>(); });
   EXPECT_GT(laidOut, 0);
+  EXPECT_EQ(home.dock().alpha(), 0);
+  EXPECT_EQ(home.dock().spacing.ifAnswered(), 10);
 }
 
 }  // namespace
