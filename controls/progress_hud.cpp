@@ -66,8 +66,8 @@ Strong<RQProgressHUD> initWithWindow(RQProgressHUD self, UIWindow window) {
 
 // Class methods.
 
-RQProgressHUD showAddedTo(Class, UIView view, BOOL animated) {
-  auto made = bridge::make<RQProgressHUD, &Face::initWithView>(view);
+RQProgressHUD showAddedTo(Class self, UIView view, BOOL animated) {
+  auto made = bridge::makeOf<RQProgressHUD, &Face::initWithView>(self, view);
   view.addSubview(made);
   made->show(animated);
   return std::move(made).autoreleased();
@@ -78,19 +78,20 @@ void hideAndRemove(RQProgressHUD self, BOOL animated) {
   self.hide(animated);
 }
 
-RQProgressHUD topmostIn(Class self, UIView view) {
+RQProgressHUD topmostIn(Class, UIView view) {
   NSArray subviews = view.subviews();
   for (NSUInteger i = subviews.count(); i-- > 0;)
-    if (bridge::isKindOf(subviews.objectAtIndex(i), self))
+    if (bridge::isKindOf<RQProgressHUD>(subviews.objectAtIndex(i)))
       return bridge::as<RQProgressHUD>(subviews.objectAtIndex(i));
   return {};
 }
 
-NSArray allIn(Class self, UIView view) {
+NSArray allIn(Class, UIView view) {
   auto found = bridge::make<NSMutableArray, &NSObject::init>();
   NSArray subviews = view.subviews();
   for (NSUInteger i = 0; i < subviews.count(); ++i)
-    if (bridge::isKindOf(subviews.objectAtIndex(i), self)) found->addObject(subviews.objectAtIndex(i));
+    if (bridge::isKindOf<RQProgressHUD>(subviews.objectAtIndex(i)))
+      found->addObject(subviews.objectAtIndex(i));
   return std::move(found).autoreleased();
 }
 

@@ -1,5 +1,4 @@
-// The panel's second page: the saved layouts in a picker, to be applied or deleted, and how a layout is
-// saved.
+// The panel's second page: the saved layouts in a picker, to be applied or deleted, and how one is saved.
 #include "controls/described_views.hpp"
 #include "controls/progress_hud.hpp"
 #include "panel/popup_state.hpp"
@@ -278,14 +277,15 @@ void saveWithTitle(RQPopupView self, NSString title) {
 
 void exportSettings(RQPopupView self) {
   SBRootIconListView list = SBIconController::sharedInstance().currentRootIconList();
-  auto save = [](Key<Kind::number> key, CGFloat value) {
+  // All are asked for before one is stored: another library's answers may follow what is stored.
+  const std::pair<Key<Kind::number>, CGFloat> lengths[] = {
+      {keys::sideIconInset, list.sideIconInset()},
+      {keys::topIconInset, list.topIconInset()},
+      {keys::horiIconPadding, list.horizontalIconPadding()},
+      {keys::vertIconPadding, list.verticalIconPadding()}};
+  for (const auto& [key, length] : lengths)
     RQGestureController::sharedInstance().savePrefsWithKey_value(
-        key, NSNumber::numberWithFloat(static_cast<float>(value)));
-  };
-  save(keys::sideIconInset, list.sideIconInset());
-  save(keys::topIconInset, list.topIconInset());
-  save(keys::horiIconPadding, list.horizontalIconPadding());
-  save(keys::vertIconPadding, list.verticalIconPadding());
+        key, NSNumber::numberWithFloat(static_cast<float>(length)));
   RQProgressHUD notice = RQProgressHUD::showHUDAddedTo_animated(self, YES);
   notice.mode.set(RQProgressHUDModeText);
   notice.labelText.set("Exported Current Icon Layout"_ns);

@@ -20,15 +20,36 @@ CGFloat top(SBRootIconListView) { return asked += "top ", 2; }
 CGFloat horizontal(SBRootIconListView) { return asked += "horizontal ", 3; }
 CGFloat vertical(SBRootIconListView) { return asked += "vertical ", 4; }
 
-TEST(Export, AsksForInsetsBeforePaddings) {
-  PanelHome home;
-  home.open();
+void standInForLengths() {
   test::standIn<SBRootIconListView, &SBIconListView::sideIconInset, side>();
   test::standIn<SBRootIconListView, &SBIconListView::topIconInset, top>();
   test::standIn<SBRootIconListView, &SBIconListView::horizontalIconPadding, horizontal>();
   test::standIn<SBRootIconListView, &SBIconListView::verticalIconPadding, vertical>();
+}
+
+TEST(Export, AsksForInsetsBeforePaddings) {
+  PanelHome home;
+  home.open();
+  standInForLengths();
   home.panel().exportSettings();
   EXPECT_EQ(asked, "side top horizontal vertical ");
+}
+
+// Another library's answer may follow what is stored.
+void noteLength(tilo::RQGestureController self, NSString key, bridge::Object value) {
+  asked += key.UTF8String();
+  asked += ' ';
+  original<noteLength>(self, key, value);
+}
+
+TEST(Export, AsksForAllLengthsBeforeItStoresOne) {
+  PanelHome home;
+  home.open();
+  standInForLengths();
+  test::standIn<tilo::RQGestureController, &tilo::RQGestureController::savePrefsWithKey_value, noteLength>();
+  home.panel().exportSettings();
+  EXPECT_EQ(asked,
+            "side top horizontal vertical sideIconInset topIconInset horiIconPadding vertIconPadding ");
 }
 
 // Whoever hears that the panel has gone may press its sliders' buttons, which it hears no more.

@@ -157,6 +157,23 @@ TEST_F(ProgressHUD, ForAViewAreAllThatItHasBackToFront) {
   EXPECT_TRUE(all.objectAtIndex(1) == second);
 }
 
+struct OwnHUD : bridge::Face<"TestOwnHUD", RQProgressHUD> {};
+
+TEST_F(ProgressHUD, IsOfTheClassThatIsAskedToShowIt) {
+  bridge::Implementation<OwnHUD>::define<RQProgressHUD>();
+  const Class own = bridge::classNamed<OwnHUD>();
+  EXPECT_TRUE(bridge::isKindOf<OwnHUD>(RQProgressHUD::showHUDAddedTo_animated.on(own, view.get(), NO)));
+}
+
+TEST_F(ProgressHUD, ForAViewIsOfAnyClassWhicheverIsAsked) {
+  bridge::Implementation<OwnHUD>::define<RQProgressHUD>();
+  const Class own = bridge::classNamed<OwnHUD>();
+  EXPECT_TRUE(RQProgressHUD::HUDForView.on(own, view.get()) == hud.get());
+  EXPECT_EQ(RQProgressHUD::allHUDsForView.on(own, view.get()).count(), 1u);
+  EXPECT_TRUE(RQProgressHUD::hideHUDForView_animated.on(own, view.get(), NO));
+  EXPECT_FALSE(hud->superview());
+}
+
 TEST_F(ProgressHUD, IsHiddenForItsViewAndTakenDown) {
   auto second = RQProgressHUD::showHUDAddedTo_animated(view.get(), NO);
   EXPECT_TRUE(RQProgressHUD::hideHUDForView_animated(view.get(), NO));
