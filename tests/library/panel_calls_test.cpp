@@ -48,6 +48,17 @@ TEST(Export, StoresWhatTheIconListAnswers) {
   EXPECT_EQ(stored["vertIconPadding"], 44.5);
 }
 
+TEST(Export, StoresFloats) {
+  PanelHome home;
+  home.open();
+  standInForSpacing();
+  home.step("call exportSettings");
+  for (const char* key : {"sideIconInset", "topIconInset", "horiIconPadding", "vertIconPadding"}) {
+    NSString named = NSString::stringWithUTF8String(key);
+    EXPECT_EQ(*bridge::as<NSNumber>(home.controller().rootObj().objectForKey(named)).objCType(), 'f') << key;
+  }
+}
+
 TEST(Export, OfAChosenLayoutStoresItsSpacing) {
   PresetsHome home({test::layout("a", 0, 7)}, {"custom_preset=0"});
   home.open();

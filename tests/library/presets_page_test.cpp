@@ -217,6 +217,14 @@ TEST(Select, AppliesTheRowInTheMiddle) {
   EXPECT_EQ(sim::plain(home.controller().currentPreset())["name"], "b");
 }
 
+TEST(Select, StoresAWholeNumber) {
+  PresetsHome home(layouts({"a", "b"}));
+  home.openPresets();
+  home.step("tap \"Select\"");
+  const auto chosen = bridge::as<NSNumber>(home.controller().rootObj().objectForKey("custom_preset"_ns));
+  EXPECT_FALSE(std::string("fdcB").contains(*chosen.objCType()));
+}
+
 TEST(Select, WithoutTouchingThePickerAppliesTheFirstRow) {
   PresetsHome home(layouts({"a", "b"}), {"showed-setup=YES"});
   home.openPresets();
