@@ -64,7 +64,7 @@ TEST(PanelCancelling, GoesBelowZeroWithoutAKeyWindow) {
   EXPECT_EQ(home.panel().center(), (CGPoint{187.5, 370}));
 }
 
-// The first preference stores a value after the domain has had none at the start.
+// As it is made where the domain had no keys when the library was loaded.
 class PanelWithoutSettings : public testing::Test {
  protected:
   PanelWithoutSettings() {
