@@ -1,9 +1,11 @@
-"""Changes of what is no source of the library: for each, programs are built again and run, each up to the first test that fails."""
+"""Changes of what is no source of the library: programs of tests are built with many of them at once, of which each takes the one that
+the environment names, and for each of the others again; the tests run up to the first that fails."""
+import os
 import re
 import subprocess
 import sys
-import time
 
+from combined import combined
 from library_copy import COPY, KEPT
 from touched_tests import digest
 
@@ -35,38 +37,72 @@ class Program:
         self.stands = f"{self.name} {digest((COPY / sources).rglob('*_test.cpp'))}"
         if not (self.folder / "build.ninja").exists():
             subprocess.run(["cmake", "--preset", preset], cwd=COPY, check=True, stdout=subprocess.DEVNULL)
-        begun = time.monotonic()
-        if not self.build() or self.failed(None):
+        self.names, times = KEPT / "names", KEPT / "times"
+        if self.build() is not None or self.failed(f"--gtest_filter={self.tests}", "--times", times):
             print(f"mutate: {self.name} does not stand as it is", file=sys.stderr)
             sys.exit(2)
-        self.seconds = 30 + 5 * (time.monotonic() - begun)
+        # The shortest first: most changes are noticed by any of many.
+        taken = sorted((float(line.split(" ")[0]), line.split(" ", 1)[1]) for line in times.read_text().splitlines())
+        self.names.write_text("".join(f"{name}\n" for _, name in taken))
+        self.seconds = 30 + sum(each for each, _ in taken) / 200
 
     def build(self):
+        """What was wrong, or None."""
         command = ["ninja", "-C", self.folder, "-j2", *self.targets]
-        return subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+        done = subprocess.run(command, capture_output=True, text=True, errors="replace")
+        return done.stdout if done.returncode else None
 
-    def failed(self, seconds):
-        """The first test that fails; none when none does."""
-        command = [self.folder / self.name, "--jobs", "2", f"--gtest_filter={self.tests}", "--gtest_fail_fast"]
+    def build_combined(self, lines, changes, wanted):
+        """With as many of the wanted changes in one as go into one; the numbers of these."""
+        out, constants = set(range(len(changes))) - wanted, True
+        quiet = "#pragma clang diagnostic ignored \"-Weverything\""
+        chooser = (COPY / "script/chosen_change.cpp").read_text()
+        for _ in range(20):
+            made, whose, held = combined(lines, changes, out, constants)
+            self.path.write_text("\n".join([quiet, *made, chooser]))
+            told = self.build()
+            if told is None:
+                return held
+            # What a line of a change has wrong keeps that change out; what any other has, constants first.
+            found = [int(line) - 2 for line in re.findall(rf"{re.escape(str(self.path))}:(\d+):\d+: (?:fatal )?error", told)]
+            wrong = {whose[line] for line in found if line < len(whose)} - {None}
+            if not wrong and not constants:
+                return set()
+            constants = constants and bool(wrong)
+            out |= wrong
+        return set()
+
+    def failed(self, *which, number=0, seconds=None):
+        """The first of these tests that fails with a change; none when none does."""
+        command = [self.folder / self.name, "--jobs", "2", "--gtest_fail_fast", *which]
         try:
-            done = subprocess.run(command, cwd=self.folder, capture_output=True, text=True, errors="replace", timeout=seconds)
+            done = subprocess.run(command, cwd=self.folder, capture_output=True, text=True, errors="replace", timeout=seconds,
+                                  env={**os.environ, "TILO_CHANGE": str(number)})
         except subprocess.TimeoutExpired:
             return "its time"
         found = re.findall(r"^failed: (.+)$", done.stdout, re.MULTILINE)
         return None if done.returncode == 0 else found[0] if found else "its end"
 
+    def note(self, outcomes, key, number=0):
+        by = self.failed("--names", self.names, number=number, seconds=self.seconds)
+        outcomes.note(key, {"result": "killed", "by": by, "text": self.stands} if by else {"result": "survives", "text": self.stands})
+
     def find(self, changes, outcomes):
+        wanted = {number for number, change in enumerate(changes) if not outcomes.holds(change[4], self.stands)}
+        held = set()
         try:
-            for _, _, _, changed, key in changes:
-                if outcomes.holds(key, self.stands):
-                    continue
-                self.path.write_text("\n".join(changed) + "\n")
-                if not self.build():
-                    outcomes.note(key, {"result": "does not compile"})
-                elif by := self.failed(self.seconds):
-                    outcomes.note(key, {"result": "killed", "by": by, "text": self.stands})
+            if len(wanted) > 2:
+                held = self.build_combined(self.text.splitlines(), [each[:4] for each in changes], wanted)
+            if held and self.failed("--names", self.names):
+                held = set()  # together they are not what the source was
+            for number in sorted(held):
+                self.note(outcomes, changes[number][4], number + 1)
+            for number in sorted(wanted - held):
+                self.path.write_text("\n".join(changes[number][3]) + "\n")
+                if self.build() is None:
+                    self.note(outcomes, changes[number][4])
                 else:
-                    outcomes.note(key, {"result": "survives", "text": self.stands})
+                    outcomes.note(changes[number][4], {"result": "does not compile"})
         finally:
             self.path.write_text(self.text)
             outcomes.write()

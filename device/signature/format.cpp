@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "device/tools/byte_reader.hpp"
+
 namespace device::signature {
 namespace {
 
@@ -22,7 +24,6 @@ Subject subjectOf(const Slice& slice, std::string identifier) {
   if (!slice.signatures.empty()) subject.limit = slice.signatures.front().offset;
   const auto text = std::ranges::find(slice.segments, "__TEXT", &Segment::name);
   if (text == slice.segments.end()) throw std::runtime_error("no segment __TEXT");
-  subject.textStart = text->fileOffset;
   subject.textSize = text->fileSize;
   return subject;
 }
@@ -60,16 +61,15 @@ std::vector<Field> directoryHead(const Subject& subject, HashKind kind) {
       {"teamOffset", 48, 4, 0},
       {"spare3", 52, 4, 0},
       {"codeLimit64", 56, 8, 0},
-      {"execSegBase", 64, 8, subject.textStart},
+      {"execSegBase", 64, 8, 0},
       {"execSegLimit", 72, 8, subject.textSize},
       {"execSegFlags", 80, 8, subject.program ? mainProgram : 0},
   };
 }
 
 uint64_t bigEndian(std::span<const uint8_t> bytes, size_t at, size_t width) {
-  if (at > bytes.size() || width > bytes.size() - at) throw std::runtime_error("signature is cut short");
   uint64_t value = 0;
-  for (uint8_t byte : bytes.subspan(at, width)) value = value << 8 | byte;
+  for (uint8_t byte : part(bytes, at, width)) value = value << 8 | byte;
   return value;
 }
 

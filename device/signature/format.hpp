@@ -33,9 +33,9 @@ constexpr uint32_t commandNumber = 0x1d, commandSize = 16;
 // What is signed of a slice.
 struct Subject {
   std::string identifier;
-  uint64_t limit = 0;                    // bytes before the signature
-  uint64_t textStart = 0, textSize = 0;  // of the segment __TEXT in the file
-  bool program = false;                  // a main executable
+  uint64_t limit = 0;     // bytes before the signature
+  uint64_t textSize = 0;  // of the segment __TEXT in the file, which begins with it
+  bool program = false;   // a main executable
 
   uint64_t pages() const { return (limit + pageSize - 1) / pageSize; }
 };
