@@ -27,9 +27,12 @@ inline const Bytes& shipped() {
   return file;
 }
 
-inline Policy policy() {
-  std::ifstream in(LIBRARY_EXPORTS);
-  return {readImportLists(IMPORTS), {std::istream_iterator<std::string>(in), {}}};
+inline const Policy& policy() {
+  static const Policy ofWhatShips = [] {
+    std::ifstream in(LIBRARY_EXPORTS);
+    return Policy{readImportLists(IMPORTS), {std::istream_iterator<std::string>(in), {}}};
+  }();
+  return ofWhatShips;
 }
 
 inline Layout layOut(const Bytes& file, const std::string& architecture) {
