@@ -34,10 +34,8 @@ void add(uint8_t* place, size_t word, uint64_t value) {
 
 void set(uint8_t* place, size_t word, uint64_t value) { std::memcpy(place, &value, word); }
 
-int hostProtection(uint32_t protection) {
-  return (protection & 1 ? PROT_READ : 0) | (protection & 2 ? PROT_WRITE : 0) |
-         (protection & 4 ? PROT_EXEC : 0);
-}
+// What a segment says of itself, the host is told in the same bits.
+static_assert(PROT_READ == 1 && PROT_WRITE == 2 && PROT_EXEC == 4);
 
 }  // namespace
 
@@ -55,7 +53,7 @@ uint8_t* intoMemory(const Layout& layout, const Resolver& resolve) {
   }
   __builtin___clear_cache(reinterpret_cast<char*>(base), reinterpret_cast<char*>(base + layout.size));
   for (const Piece& piece : layout.pieces)
-    if (mprotect(base + piece.address, piece.size, hostProtection(piece.protection)) != 0)
+    if (mprotect(base + piece.address, piece.size, static_cast<int>(piece.protection)) != 0)
       throw Refusal("segment " + piece.name + " cannot be protected");
   return base;
 }

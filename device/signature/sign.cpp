@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "device/signature/format.hpp"
+#include "device/tools/byte_reader.hpp"
 
 namespace device::signature {
 namespace {
@@ -22,14 +23,11 @@ constexpr std::string_view noEntitlements =
 
 uint64_t roundedUp(uint64_t value, uint64_t step) { return (value + step - 1) / step * step; }
 
-uint64_t get(const Bytes& bytes, size_t at, size_t width) {
-  uint64_t value = 0;
-  std::memcpy(&value, bytes.data() + at, width);
-  return value;
-}
+uint32_t get(const Bytes& bytes, size_t at) { return ByteReader(bytes, at).take<uint32_t>(); }
 
-void set(Bytes& bytes, size_t at, uint64_t value, size_t width) {
-  std::memcpy(bytes.data() + at, &value, width);
+template <class T>
+void set(Bytes& bytes, size_t at, T value) {
+  std::memcpy(bytes.data() + at, &value, sizeof value);
 }
 
 Bytes blob(uint32_t magic, const Bytes& contents) {
@@ -93,15 +91,14 @@ Bytes signatureOf(const Bytes& slice, const Subject& subject, const std::vector<
   return joined(parts);
 }
 
-// Where the load command of that segment is.
-size_t segmentCommand(const Bytes& bytes, const Slice& slice, std::string_view name) {
-  size_t at = slice.is64 ? 32 : 28;
+// Where the load command of the segment __LINKEDIT is, which is there.
+size_t linkeditCommand(const Bytes& bytes, const Slice& slice) {
+  constexpr char name[] = "__LINKEDIT";
   const uint32_t wanted = slice.is64 ? 0x19 : 0x1;
-  for (; at < slice.commandsEnd; at += get(bytes, at + 4, 4))
-    if (get(bytes, at, 4) == wanted &&
-        name.compare(0, 16, reinterpret_cast<const char*>(&bytes[at + 8])) == 0)
-      return at;
-  throw std::runtime_error(fmt::format("no segment {}", name));
+  size_t at = slice.is64 ? 32 : 28;
+  while (get(bytes, at) != wanted || std::memcmp(&bytes[at + 8], name, sizeof name) != 0)
+    at += get(bytes, at + 4);
+  return at;
 }
 
 Slice readUnsigned(const Bytes& bytes) {
@@ -112,7 +109,7 @@ Slice readUnsigned(const Bytes& bytes) {
   if (!slice.signatures.empty()) throw std::runtime_error("signed already");
   for (const Section& section : slice.sections) {
     if (section.offset == 0) continue;
-    const uint64_t room = section.offset < slice.commandsEnd ? 0 : section.offset - slice.commandsEnd;
+    const uint64_t room = section.offset - std::min<uint64_t>(section.offset, slice.commandsEnd);
     if (room < commandSize)
       throw std::runtime_error(
           fmt::format("the header has {} bytes to spare before section {}, and the signature needs {}", room,
@@ -124,19 +121,27 @@ Slice readUnsigned(const Bytes& bytes) {
   return slice;
 }
 
-void addCommand(Bytes& bytes, const Slice& slice, uint64_t signatureSize) {
-  const size_t at = slice.commandsEnd, signature = bytes.size();
-  set(bytes, 16, get(bytes, 16, 4) + 1, 4);
-  set(bytes, 20, get(bytes, 20, 4) + commandSize, 4);
-  set(bytes, at, commandNumber, 4);
-  set(bytes, at + 4, commandSize, 4);
-  set(bytes, at + 8, signature, 4);
-  set(bytes, at + 12, signatureSize, 4);
-  const size_t word = slice.is64 ? 8 : 4;
-  const size_t linkedit = segmentCommand(bytes, slice, "__LINKEDIT");
+template <class Word>
+void widenLinkedit(Bytes& bytes, size_t command, Word size, Word page) {
+  set(bytes, command + 24 + sizeof size, static_cast<Word>(roundedUp(size, page)));
+  set(bytes, command + 24 + 3 * sizeof size, size);
+}
+
+void addCommand(Bytes& bytes, const Slice& slice, uint32_t signatureSize) {
+  const size_t at = slice.commandsEnd;
+  const auto signature = static_cast<uint32_t>(bytes.size());
+  set(bytes, 16, get(bytes, 16) + 1);
+  set(bytes, 20, get(bytes, 20) + commandSize);
+  set(bytes, at, commandNumber);
+  set(bytes, at + 4, commandSize);
+  set(bytes, at + 8, signature);
+  set(bytes, at + 12, signatureSize);
+  const size_t linkedit = linkeditCommand(bytes, slice);
   const uint64_t size = signature + signatureSize - slice.segments.back().fileOffset;
-  set(bytes, linkedit + 24 + word, roundedUp(size, slice.is64 ? 0x4000 : 0x1000), word);
-  set(bytes, linkedit + 24 + 3 * word, size, word);
+  if (slice.is64)
+    widenLinkedit<uint64_t>(bytes, linkedit, size, 0x4000);
+  else
+    widenLinkedit<uint32_t>(bytes, linkedit, static_cast<uint32_t>(size), 0x1000);
 }
 
 }  // namespace
@@ -149,7 +154,7 @@ Bytes withSignature(Bytes slice, const std::string& identifier) {
   subject.limit = slice.size();
   // Its size depends on the count of pages alone.
   const uint64_t size = roundedUp(signatureOf(slice, subject, kinds).size(), alignment);
-  addCommand(slice, before, size);
+  addCommand(slice, before, static_cast<uint32_t>(size));
   Bytes signature = signatureOf(slice, subject, kinds);
   signature.resize(size);
   slice.insert(slice.end(), signature.begin(), signature.end());
