@@ -18,7 +18,7 @@ CHOICE = re.compile(r"([\w(][\w().:<>&, ]*) \? ")
 NEGATION = re.compile(r"!(?=[\w(])")
 # A statement that is a call or an assignment, from its first word on.
 CALL = re.compile(r"^[\w:<>.&*\[\]()\->, ]+\(.*\);$|^[\w:.\->*\[\]]+ [-+*/]?= .+;$|^(\+\+|--)[\w.]+;$")
-NO_CALL = re.compile(r"^(return|if|for|while|switch|case|break|continue|goto|else|const|constexpr|auto|static|using)\b")
+NO_CALL = re.compile(r"^(return|if|for|while|switch|case|break|continue|goto|else|const|constexpr|auto|static|static_assert|using)\b")
 RETURN = re.compile(r"return (.+);$")
 ROW = re.compile(r"^\s*(\{.*\}|[\w:]+<.*>\(.*\)),$")
 

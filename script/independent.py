@@ -115,6 +115,8 @@ def meet(some, others):
 
 
 def independent(text, other):
+    if text == other:
+        return True
     one, two = effects(text), effects(other)
     return bool(one and two) and not (meet(one[0], two[0] | two[1]) or meet(two[0], one[1]))
 

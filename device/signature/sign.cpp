@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <stdexcept>
 
@@ -128,14 +129,10 @@ void widenLinkedit(Bytes& bytes, size_t command, Word size, Word page) {
 }
 
 void addCommand(Bytes& bytes, const Slice& slice, uint32_t signatureSize) {
-  const size_t at = slice.commandsEnd;
   const auto signature = static_cast<uint32_t>(bytes.size());
   set(bytes, 16, get(bytes, 16) + 1);
   set(bytes, 20, get(bytes, 20) + commandSize);
-  set(bytes, at, commandNumber);
-  set(bytes, at + 4, commandSize);
-  set(bytes, at + 8, signature);
-  set(bytes, at + 12, signatureSize);
+  set(bytes, slice.commandsEnd, std::to_array({commandNumber, commandSize, signature, signatureSize}));
   const size_t linkedit = linkeditCommand(bytes, slice);
   const uint64_t size = signature + signatureSize - slice.segments.back().fileOffset;
   if (slice.is64)
