@@ -86,7 +86,7 @@ class Builder {
     const uint64_t address = piece.address + place.offset;
     if (piece.protection != (readable | writable))
       refuse("a pointer at {:#x} in segment {}", address, piece.name);
-    if (place.offset > piece.size || layout.word > piece.size - place.offset)
+    if (layout.word > piece.size - std::min(place.offset, piece.size))
       refuse("a pointer at {:#x}, outside segment {}", address, piece.name);
     if (address % layout.word) refuse("a pointer at {:#x}, across words", address);
     if (!filled.insert(address).second) refuse("the pointer at {:#x} is filled in twice", address);

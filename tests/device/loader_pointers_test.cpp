@@ -114,8 +114,15 @@ TEST_P(LoadedPointers, AreRebasedOrBound) {
 }
 
 TEST_P(LoadedPointers, AreThoseThatCodeGoesThrough) {
+  const Section& section = *std::ranges::find_if(slice.sections, [](const Section& each) {
+    return each.type == initialiserPointers || each.type == lazyPointers;
+  });
   rebase({});
-  expectRefused("is not rebased");
+  expectRefused(
+      fmt::format("the pointer at {:#x} in section {} is not rebased", section.address, section.name));
+  rebase({{data, section.address - slice.segments[data].address}});
+  expectRefused(
+      fmt::format("the pointer at {:#x} in section {} is not rebased", section.address + word, section.name));
 }
 
 TEST_P(LoadedPointers, AreOffersOfWhatIsInTheImage) {
