@@ -25,7 +25,6 @@ template <class... A>
 class Builder {
  public:
   Builder(Bytes bytes, const Slice& slice) : bytes(bytes), slice(slice) {
-    layout.architecture = slice.architecture;
     layout.word = slice.is64 ? 8 : 4;
   }
 

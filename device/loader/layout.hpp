@@ -39,7 +39,6 @@ struct Filling {
 };
 
 struct Layout {
-  std::string architecture;
   size_t word = 0;    // bytes of a pointer
   uint64_t size = 0;  // of the whole image in memory
   std::vector<Piece> pieces;

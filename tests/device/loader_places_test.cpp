@@ -53,6 +53,11 @@ TEST_P(LoaderOfPlaces, RefusesASectionBehindItsSegment) {
   expectRefused("section __bss lies outside its segment");
 }
 
+TEST_P(LoaderOfPlaces, HasTheInitialisersInTheirOrder) {
+  ASSERT_EQ(slice.initialisers.size(), 2u);
+  EXPECT_EQ(layOut(shipped(), GetParam()).initialisers, slice.initialisers);
+}
+
 // All that is wrong then is that somebody changed it.
 TEST_P(LoaderOfPlaces, TakesASectionThatEndsWithItsSegment) {
   place("__bss", end - 8, 8);
