@@ -50,7 +50,7 @@ std::vector<HashKind> hashesFor(const Slice& slice);
 // A number at the head of a code directory.
 struct Field {
   const char* name;
-  uint32_t place, width;
+  uint32_t width;  // bytes; each begins where the one before ends
   uint64_t value;
 };
 

@@ -148,9 +148,12 @@ class Examination {
     const Subject subject = subjectOf(slice, identifierIn(bytesOfIt));
     const size_t before = lines.size();
     if (subject.identifier.empty()) find("{} directory: no identifier", hashName(kind));
-    for (const Field& field : directoryHead(subject, kind))
-      if (const uint64_t value = bigEndian(bytesOfIt, field.place, field.width); value != field.value)
+    size_t place = 0;
+    for (const Field& field : directoryHead(subject, kind)) {
+      if (const uint64_t value = bigEndian(bytesOfIt, place, field.width); value != field.value)
         find("{} directory: {} is {:#x}, not {:#x}", hashName(kind), field.name, value, field.value);
+      place += field.width;
+    }
     if (lines.size() == before) checkHashes(bytesOfIt, subject, kind);
   }
 

@@ -27,6 +27,8 @@ TEST_P(LoaderOfPlaces, RefusesLoadCommandsThatNoSegmentHas) {
   const size_t offset = section("__TEXT") + 16 + 2 * word, size = offset + word;
   set32(size, static_cast<uint32_t>(slice.commandsEnd) - 1);
   expectRefused("segment __TEXT does not hold the load commands");
+  set32(size, static_cast<uint32_t>(slice.commandsEnd));
+  EXPECT_EQ(refusal(file, GetParam()).find("does not hold the load commands"), std::string::npos);
 }
 
 TEST_P(LoaderOfPlaces, RefusesLoadCommandsBeforeTheFirstSegment) {
@@ -65,5 +67,7 @@ TEST_P(LoaderOfPlaces, TakesASectionThatEndsWithItsSegment) {
   place("__bss", end, 0);
   expectRefused("the hash of page ");
 }
+
+TEST(LoaderOfAnotherProcessor, FindsNoSlice) { EXPECT_EQ(refusal(shipped(), "x86_64"), "no x86_64 slice"); }
 
 }  // namespace
