@@ -15,6 +15,12 @@ using Lines = std::vector<std::string>;
 class SignatureInASlice : public testing::TestWithParam<const char*> {
  protected:
   Lines found() const { return signature::findings(file, told); }
+  // Of another length, with all that the slice says of it.
+  void lengthen(uint32_t size) {
+    file.resize(start + size);
+    told.signatures.front().size = size;
+    told.segments.back().fileSize = start + size - told.segments.back().fileOffset;
+  }
 
   test::Bytes file =
       signature::withSignature(test::contentsOf(fmt::format("{}/good-{}.dylib", IMAGES, GetParam())), "test");
@@ -39,11 +45,49 @@ TEST_P(SignatureInASlice, IsInTheLastSegment) {
   EXPECT_EQ(found(), Lines{"__LINKEDIT is not the last segment"});
 }
 
-TEST_P(SignatureInASlice, NamesTheDirectoryThatIsMissing) {
-  test::put32(file, start + 12, 0x77, true);
-  const Lines lines = found();
-  ASSERT_GE(lines.size(), 1u);
-  EXPECT_EQ(lines[0], "no code directory");
+TEST_P(SignatureInASlice, EndsWithTheFile) {
+  file.resize(file.size() - 16);
+  EXPECT_EQ(found(), Lines{"the signature ends 16 bytes behind the file"});
+}
+
+TEST_P(SignatureInASlice, LeavesTheSectionBehindTheLoadCommandsAlone) {
+  told.sections.front().offset = static_cast<uint32_t>(told.commandsEnd);
+  EXPECT_EQ(found(), Lines{});
+}
+
+TEST_P(SignatureInASlice, IsInASegmentOfWholePages) {
+  Segment& last = told.segments.back();
+  const uint64_t page = told.is64 ? 0x4000 : 0x1000, end = last.fileOffset + last.fileSize;
+  last.size = 0;
+  EXPECT_EQ(found(), Lines{"__LINKEDIT takes 0x0 bytes of memory"});
+  last.size = 16 * page + 8;
+  EXPECT_EQ(found(), Lines{fmt::format("__LINKEDIT takes {:#x} bytes of memory", last.size)});
+  last.size = last.fileSize = page;
+  last.fileOffset = end - page;
+  EXPECT_EQ(found(), Lines{});
+}
+
+TEST_P(SignatureInASlice, HasLessThanSixteenBytesBehindIt) {
+  const uint32_t length = test::get32(file, start + 4, true);
+  for (uint32_t size : {length, length + 15}) {
+    lengthen(size);
+    EXPECT_EQ(found(), Lines{}) << size - length;
+  }
+  lengthen(length + 16);
+  EXPECT_EQ(found(), Lines{fmt::format("the signature is {} bytes long and says {}", length + 16, length)});
+  lengthen(length - 1);
+  EXPECT_EQ(found()[0], fmt::format("the signature is {} bytes long and says {}", length - 1, length));
+}
+
+TEST_P(SignatureInASlice, NamesThePartThatIsMissing) {
+  const char* const names[] = {"code directory", "requirements blob", "entitlements blob",
+                               "second code directory"};
+  for (uint32_t number = 0; number < std::size(names); ++number) {
+    const test::Bytes whole = file;
+    test::put32(file, start + 12 + 8 * number, 0x77, true);
+    EXPECT_EQ(found(), (Lines{std::string("no ") + names[number], "a blob of slot 0x77"}));
+    file = whole;
+  }
 }
 
 TEST(SignatureOfAFile, IsNamedByItsSliceWhereThatIsTheOnlyOneAnnounced) {
