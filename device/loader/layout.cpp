@@ -24,9 +24,7 @@ template <class... A>
 
 class Builder {
  public:
-  Builder(Bytes bytes, const Slice& slice) : bytes(bytes), slice(slice) {
-    layout.word = slice.is64 ? 8 : 4;
-  }
+  Builder(Bytes bytes, const Slice& slice) : bytes(bytes), slice(slice) { layout.word = slice.is64 ? 8 : 4; }
 
   Layout build() && {
     checkTables();
