@@ -20,8 +20,8 @@ struct Label {
 // An icon of Font Awesome to press, its title behind it.
 struct IconButton {
   CGRect frame{};
-  NSUInteger icon = 0;
-  CGFloat fontSize = 0;
+  NSUInteger icon;
+  CGFloat fontSize;
   NSString title{};
   UIColor color{};
   CGFloat alpha = 1;

@@ -105,7 +105,7 @@ void store(bridge::Object value, NSString key) {
 
 // The same object for as long as the count is the same, as it is from one step of scrolling to the next.
 NSNumber numberOf(int pages) {
-  static constinit int of = 0;
+  static int of;
   [[clang::no_destroy]] static constinit bridge::Strong<NSNumber> number;
   if (!number || of != pages) {
     number = bridge::retained(NSNumber::numberWithFloat(static_cast<float>(pages)));

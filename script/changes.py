@@ -11,7 +11,7 @@ NUMBER = re.compile(r"(?<![\w.\"'])(\d+(?:\.\d+)?(?:e\d+)?)f?(?![\w.\"'])")
 # A local array with room to spare holds what it held.
 ROOM = re.compile(r"^\s+\w+ \w+\[\d+\];")
 # Colours, views that fade and places in gradients take no more than all, which is 1 or 255: less is tried, as more looks the same.
-WHOLE = {"1": re.compile(r"colorWith|[pP]laces\[\]|alpha\.set\(|\bfade(To)?\("), "1.0": re.compile(r"colorWith|\bof(Red|Hue)<"), "255": re.compile("")}
+WHOLE = {"1": re.compile(r"colorWith|[pP]laces\[\]|alpha( = |\.set\()|\bfade(To)?\("), "1.0": re.compile(r"colorWith|\bof(Red|Hue)<"), "255": re.compile("")}
 LESS = {"1": "0", "1.0": "0.5", "255": "127"}
 CONDITION = re.compile(r"\b(?:if|while) \((?!auto|const)(.+)\)")
 CHOICE = re.compile(r"([\w(][\w().:<>&, ]*) \? ")

@@ -163,16 +163,20 @@ class Choice:
         for name, lines in known["lines"].items():
             for line in lines.get(str(path), ()):
                 self.by[line].add(name)
-        # A header of nothing but declarations has no line of its own to come by.
-        self.all = set().union(*self.by.values()) or {name for name, lines in known["lines"].items() if lines.keys() & set(map(str, includers))}
+        # A header of nothing but declarations has no line of its own to come by: those count that include it.
+        paths = [path] if self.by else includers
+        self.all = {name for name, lines in known["lines"].items() if any(str(each) in lines for each in paths)}
         self.kills = outcomes.kills(path)
         # Files of tests that are named like it, then those that name it.
-        words = {word.rstrip("s") for word in path.stem.split("_") if len(word) > 3} | {path.stem}
+        stems = {each.stem for each in paths}
+        words = {word.rstrip("s") for stem in stems for word in stem.split("_") if len(word) > 3} | stems
         text = {file.stem: file.read_text() for file in files_of_tests()}
-        nearness = {stem: 0 if any(word in stem for word in words) else 1 if path.stem in text[stem] else 2 for stem in text}
+        nearness = {stem: 0 if any(word in stem for word in words) else 1 if any(each in text[stem] for each in stems) else 2
+                    for stem in text}
         self.far = {name: nearness.get(file, 2) for name, file in known["files"].items()}
         # How much of what a test comes by is of this source.
-        self.share = {name: len(lines.get(str(path), ())) / (1 + sum(map(len, lines.values()))) for name, lines in known["lines"].items()}
+        self.share = {name: sum(len(lines.get(str(each), ())) for each in paths) / (1 + sum(map(len, lines.values())))
+                      for name, lines in known["lines"].items()}
 
     def head(self, line):
         """Where the function begins that a line is of; what stands at the margin is of none."""

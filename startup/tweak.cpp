@@ -26,7 +26,7 @@ using namespace tilo;
 constexpr int bindNow = 2;  // RTLD_NOW, the same everywhere
 
 // Of two copies in one process, as two loaders load them, the second leaves everything to the first.
-constinit bool inert = false;
+bool inert;
 
 void defineClasses() {
   defineLogger();

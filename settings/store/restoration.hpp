@@ -9,9 +9,9 @@
 namespace tilo::restoration {
 
 enum class Outcome {
-  done,
   undone,   // the disk refused, and all is as it was
   pending,  // the disk refused to undo it too: it is done when the disk is well again
+  done,
 };
 
 // All values that there are to be, and the presets file's bytes with the layouts.
