@@ -168,9 +168,11 @@ void removeSelected(RQPopupView self) {
   if (!isInList(self, row)) return;
   NSString wanted = bridge::as<NSString>(self.data().objectAtIndex(static_cast<NSUInteger>(row)));
   NSMutableArray records = self.configurations();
-  NSUInteger first = 0;
-  while (!named(records, first).isEqualToString(wanted)) ++first;
-  records.removeObject(records.objectAtIndex(first));
+  for (NSUInteger i = 0; i < records.count(); ++i) {
+    if (!named(records, i).isEqualToString(wanted)) continue;
+    records.removeObject(records.objectAtIndex(i));
+    return;
+  }
 }
 
 }  // namespace

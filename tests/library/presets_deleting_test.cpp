@@ -54,6 +54,22 @@ TEST(Deleting, TakesEveryRecordThatIsEqual) {
   EXPECT_EQ(home.records(), (Records{{"other", 0}}));
 }
 
+// Another library may show rows of its own.
+TEST(Deleting, OfARowThatIsNoLayoutsDeletesNothing) {
+  PresetsHome home(layouts({"one", "two"}));
+  home.openPresets();
+  bridge::Slot slot;
+  bridge::replaceMethod(bridge::classNamed<tilo::RQPopupView>(), bridge::selector<"getData">(),
+                        reinterpret_cast<IMP>(+[](id panel, SEL) {
+                          const auto rows = bridge::make<NSMutableArray, &NSObject::init>();
+                          rows->addObject("another's"_ns);
+                          bridge::as<tilo::RQPopupView>(panel).data.set(rows);
+                        }),
+                        slot);
+  home.step("tap \"Delete\"");
+  EXPECT_EQ(home.records(), (Records{{"one", 0}, {"two", 1}}));
+}
+
 TEST(Deleting, TheOnlyOneEmptiesThePage) {
   PresetsHome home(layouts({"one"}));
   home.openPresets();
