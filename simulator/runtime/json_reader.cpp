@@ -10,10 +10,14 @@
 
 #include <array>
 #include <bit>
+#include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -69,19 +73,25 @@ class Maker {
   bool Null() { return push(NSNull::null().raw); }
   bool Bool(bool value) { return push(NSNumber::numberWithBool(value).raw); }
 
-  bool Int(int value) { return Double(value); }
-  bool Uint(unsigned value) { return Double(value); }
-  bool Int64(std::int64_t value) { return Double(static_cast<double>(value)); }
-  bool Uint64(std::uint64_t value) { return Double(static_cast<double>(value)); }
-  bool Double(double value) {
+  // RapidJSON's own numbers are wrong, or none, about zeros with an exponent and at either end of the range.
+  bool RawNumber(const char* text, Count length, bool) {
+    double value = 0;
+    const auto read = std::from_chars(text, text + length, value);
+    // Nearly nothing is told like too much.
+    if (read.ec != std::errc()) value = std::strtod(std::string(text, length).c_str(), nullptr);
+    if (!std::isfinite(value)) return false;
     // Whole numbers differ in their first bits alone; times the golden ratio, in the first eleven of the
     // product.
     const auto bits = std::bit_cast<std::uint64_t>(value);
     return push(numbers.find(bits, bits * 0x9E3779B97F4A7C15 >> 53,
                              [&] { return keep(bridge::retained(NSNumber::numberWithDouble(value))); }));
   }
-  // For readers that leave numbers as they are written.
-  bool RawNumber(const char*, Count, bool) { return false; }
+  // These are told as they are written.
+  bool Int(int) { return false; }
+  bool Uint(unsigned) { return false; }
+  bool Int64(std::int64_t) { return false; }
+  bool Uint64(std::uint64_t) { return false; }
+  bool Double(double) { return false; }
 
   bool String(const char* text, Count length, bool) { return push(string({text, length})); }
 
@@ -142,7 +152,7 @@ Owned readJsonText(std::string_view text, int deepest) {
   rapidjson::Reader reader;
   Maker maker(deepest);
   // To the reader a NUL is the end.
-  if (!reader.Parse<rapidjson::kParseFullPrecisionFlag>(stream, maker) || stream.Tell() < text.size())
+  if (!reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(stream, maker) || stream.Tell() < text.size())
     return nullptr;
   return bridge::retained(bridge::as<bridge::Object>(maker.whole()));
 }

@@ -73,6 +73,23 @@ TEST_F(JsonText, HasNumbersOfEveryForm) {
   EXPECT_EQ(number("123456789012345678901"), 123456789012345678901.0);
 }
 
+TEST_F(JsonText, HasZeroWithAnyExponent) {
+  EXPECT_EQ(number("0E112"), 0);
+  EXPECT_EQ(number("0.0e-30"), 0);
+  EXPECT_EQ(number("-0e25"), 0);
+}
+
+TEST_F(JsonText, HasTheSmallestNumberAndNothingForHalfOfIt) {
+  EXPECT_EQ(number("5e-324"), 5e-324);
+  EXPECT_EQ(number("2e-324"), 0);
+}
+
+TEST_F(JsonText, HasTheLargestNumberAndNoneBeyond) {
+  EXPECT_EQ(number("1.7976931348623157e308"), 1.7976931348623157e308);
+  EXPECT_FALSE(read("[1.8e308]"));
+  EXPECT_FALSE(read("[-1.8e308]"));
+}
+
 // Those that look alike in part are not taken for each other.
 TEST_F(JsonText, HasEachNumberByItself) {
   std::string text = "[0";
