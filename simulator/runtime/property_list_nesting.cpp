@@ -1,4 +1,5 @@
-// Counts what opens and closes in XML and in the old text; follows the references of the binary form.
+// Counts what opens and closes in XML and in the old text; follows the references of the binary form, and
+// reckons where its objects end.
 #include "simulator/runtime/property_list_nesting.hpp"
 
 #include <algorithm>
@@ -107,6 +108,7 @@ class BinaryList {
     const std::uint64_t count = number(at + 8, 8), top = number(at + 16, 8);
     table = number(at + 24, 8);
     if (!isSize(offsetSize) || !isSize(referenceSize) || count > bytes.size() || top >= count) return false;
+    if (table > at || count * offsetSize > at - table) return false;
     objects.resize(count);
     return walk(top);
   }
@@ -120,6 +122,19 @@ class BinaryList {
     std::size_t next = 0;  // of those, the first that has not been looked at
   };
 
+  // The upper half of an object's first byte; the lower half is its size, or 15 when a number follows that
+  // is.
+  enum Kind : std::uint64_t {
+    numberKind = 0x1,
+    realKind = 0x2,
+    dateKind = 0x3,
+    dataKind = 0x4,
+    wideTextKind = 0x6,
+    archiveKind = 0x8,
+    firstOfLists = 0xA,
+    dictionaryKind = 0xD,
+  };
+
   static bool isSize(std::uint64_t size) { return size >= 1 && size <= 8; }
 
   // Most significant byte first; 0 where the list has ended.
@@ -130,19 +145,29 @@ class BinaryList {
     return value;
   }
 
-  // What an array, a set or a dictionary names; false for numbers that lead nowhere.
+  // Whether this many things of a size lie before the table.
+  bool holds(std::uint64_t at, std::uint64_t count, std::uint64_t size) const {
+    return at <= table && count <= (table - at) / size;
+  }
+
+  // What an array, a set or a dictionary names; false for numbers that lead nowhere, and for what is not
+  // there whole.
   bool readHeld(std::uint64_t index) {
     std::uint64_t at = number(table + index * offsetSize, offsetSize);
     const std::uint64_t marker = number(at++, 1), kind = marker >> 4;
-    if (kind < 0xA) return true;
     std::uint64_t count = marker & 0xF;
+    if (kind == numberKind || kind == realKind || kind == dateKind)
+      return holds(at, std::uint64_t{1} << count, 1);
+    if (kind == archiveKind) return holds(at, count + 1, 1);
+    if (kind < dataKind) return holds(at, 0, 1);
     if (count == 0xF) {
       const std::uint64_t size = std::uint64_t{1} << (number(at++, 1) & 0x3);
       count = number(at, size);
       at += size;
     }
-    if (count > bytes.size()) return false;
-    if (kind == 0xD) count *= 2;
+    if (kind < firstOfLists) return holds(at, count, kind == wideTextKind ? 2 : 1);
+    if (kind == dictionaryKind && count <= bytes.size()) count *= 2;
+    if (!holds(at, count, referenceSize)) return false;
     for (std::uint64_t i = 0; i < count; ++i) {
       objects[index].held.push_back(number(at + i * referenceSize, referenceSize));
       if (objects[index].held.back() >= objects.size()) return false;

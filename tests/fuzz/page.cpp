@@ -50,6 +50,15 @@ void say(int socket, const std::string& line) {
   ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
 }
 
+void sayAll(int socket, const std::string& all) {
+  for (std::size_t from = 0, to; from < all.size(); from = to + 1) {
+    to = std::min(all.find('\n', from), all.size());
+    if (const std::string line = all.substr(from, to - from); !takesTime(line)) say(socket, line);
+  }
+  say(socket, R"({"type":"leave"})");
+  say(socket, R"({"type":"end","id":"over"})");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t length) {
@@ -57,16 +66,12 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t le
   sim::Simulation& simulation = home();
   int ends[2];
   if (::socketpair(AF_UNIX, SOCK_STREAM, 0, ends) != 0) return 0;
-  const std::string all(reinterpret_cast<const char*>(bytes), length);
-  std::thread page(listenToTheEnd, ends[0]);
-  for (std::size_t from = 0, to; from < all.size(); from = to + 1) {
-    to = std::min(all.find('\n', from), all.size());
-    if (const std::string line = all.substr(from, to - from); !takesTime(line)) say(ends[0], line);
-  }
-  say(ends[0], R"({"type":"leave"})");
-  say(ends[0], R"({"type":"end","id":"over"})");
+  // Neither waits for the home screen, which hears only so much at a time.
+  std::thread listener(listenToTheEnd, ends[0]);
+  std::thread speaker(sayAll, ends[0], std::string(reinterpret_cast<const char*>(bytes), length));
   sim::serve::LiveHome(simulation, ends[1]).run();
-  page.join();
+  speaker.join();
+  listener.join();
   ::close(ends[0]);
   ::close(ends[1]);
   return 0;

@@ -110,6 +110,29 @@ TEST_F(PropertyList, InBinaryThatIsDamagedIsRefused) {
   EXPECT_FALSE(isNestedSanely(binary({dictionary(1, 9), letter})));  // of nothing
 }
 
+// Of each kind: truth, a number, a real number, a date, bytes, a long text, letters of two bytes, a name of
+// an archive, a list. GNUstep reads what stands behind a list that is shorter than it says.
+TEST_F(PropertyList, InBinaryHasEachObjectWholeBeforeItsTable) {
+  const std::string number(64, '\1');
+  for (const std::string& object :
+       {std::string("\x09"), "\x16" + number, "\x23" + number.substr(0, 8), "\x33" + number.substr(0, 8),
+        "\x4a" + number.substr(0, 10), "\x5f\x10\x40" + number, "\x63" + number.substr(0, 6),
+        std::string("\x81\1\1"), array({1})}) {
+    EXPECT_TRUE(isNestedSanely(binary({dictionary(1, 2), letter, object}))) << testing::PrintToString(object);
+    const std::string cut = object.substr(0, object.size() - 1);
+    EXPECT_FALSE(isNestedSanely(binary({dictionary(1, 2), letter, cut}))) << testing::PrintToString(object);
+  }
+}
+
+TEST_F(PropertyList, InBinaryHasItsTableWhole) {
+  std::string list = binary({dictionary(1, 2), letter, "\x09"});
+  ASSERT_TRUE(isNestedSanely(list));
+  list[list.size() - 1] += 1;
+  EXPECT_FALSE(isNestedSanely(list));
+  list[list.size() - 8] = '\xff';
+  EXPECT_FALSE(isNestedSanely(list));
+}
+
 TEST_F(PropertyList, WithDeclarationsOfItsOwnIsRefused) {
   EXPECT_FALSE(
       readable("<?xml version=\"1.0\"?><!DOCTYPE plist [<!ENTITY a \"<array>\">]><plist "
