@@ -142,6 +142,22 @@ TEST_P(Signature, NamesTheFieldThatIsWrong) {
   EXPECT_EQ(judged(file), Lines{"SHA-1 directory: flags is 0x3, not 0x2"});
 }
 
+// Where the kernel has the fields, in bytes from the directory's start (Apple's cs_blobs.h, version 0x20400).
+TEST_P(Signature, HasEachFieldOfADirectoryWhereTheKernelReadsIt) {
+  constexpr std::pair<size_t, const char*> last[] = {
+      {11, "version"},       {15, "flags"},        {27, "nSpecialSlots"}, {31, "nCodeSlots"},
+      {35, "codeLimit"},     {38, "platform"},     {39, "pageSize"},      {43, "spare2"},
+      {47, "scatterOffset"}, {51, "teamOffset"},   {55, "spare3"},        {63, "codeLimit64"},
+      {71, "execSegBase"},   {79, "execSegLimit"}, {87, "execSegFlags"}};
+  for (const auto& [at, name] : last) {
+    file[blob(0) + at] ^= 64;
+    expectFound(fmt::format("SHA-1 directory: {} is ", name));
+    file[blob(0) + at] ^= 64;
+  }
+}
+
+TEST_P(Signature, IsOfNoPlatformOfItsOwn) { EXPECT_EQ(file[blob(0) + 38], 0); }
+
 TEST_P(Signature, BearsOneName) {
   file[blob(3) + 88] ^= 1;
   EXPECT_EQ(judged(file), Lines{"the two code directories bear different names"});
