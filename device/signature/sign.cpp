@@ -92,16 +92,6 @@ Bytes signatureOf(const Bytes& slice, const Subject& subject, const std::vector<
   return joined(parts);
 }
 
-// Where the load command of the segment __LINKEDIT is, which is there.
-size_t linkeditCommand(const Bytes& bytes, const Slice& slice) {
-  constexpr char name[] = "__LINKEDIT";
-  const uint32_t wanted = slice.is64 ? 0x19 : 0x1;
-  size_t at = slice.is64 ? 32 : 28;
-  while (get(bytes, at) != wanted || std::memcmp(&bytes[at + 8], name, sizeof name) != 0)
-    at += get(bytes, at + 4);
-  return at;
-}
-
 Slice readUnsigned(const Bytes& bytes) {
   const std::vector<Slice> slices = readImage(bytes);
   if (slices.size() != 1 || !slices.front().announced.empty())
@@ -133,12 +123,12 @@ void addCommand(Bytes& bytes, const Slice& slice, uint32_t signatureSize) {
   set(bytes, 16, get(bytes, 16) + 1);
   set(bytes, 20, get(bytes, 20) + commandSize);
   set(bytes, slice.commandsEnd, std::to_array({commandNumber, commandSize, signature, signatureSize}));
-  const size_t linkedit = linkeditCommand(bytes, slice);
-  const uint64_t size = signature + signatureSize - slice.segments.back().fileOffset;
+  const Segment& linkedit = slice.segments.back();
+  const uint64_t size = signature + signatureSize - linkedit.fileOffset;
   if (slice.is64)
-    widenLinkedit<uint64_t>(bytes, linkedit, size, 0x4000);
+    widenLinkedit<uint64_t>(bytes, linkedit.command, size, 0x4000);
   else
-    widenLinkedit<uint32_t>(bytes, linkedit, static_cast<uint32_t>(size), 0x1000);
+    widenLinkedit<uint32_t>(bytes, linkedit.command, static_cast<uint32_t>(size), 0x1000);
 }
 
 }  // namespace

@@ -44,8 +44,9 @@ std::string architectureName(uint32_t type, uint32_t subtype) {
   return fmt::format("cpu {}/{}", type, subtype);
 }
 
-void readSegment(ByteReader in, Slice& slice) {
+void readSegment(ByteReader in, uint64_t start, Slice& slice) {
   Segment& segment = slice.segments.emplace_back();
+  segment.command = start;
   segment.name = in.takeName(16);
   for (uint64_t* field : {&segment.address, &segment.size, &segment.fileOffset, &segment.fileSize})
     *field = in.takeWord(slice.is64);
@@ -113,14 +114,16 @@ void readLoaderInfo(Bytes bytes, ByteReader command, Slice& slice) {
     slice.exports.push_back(found.name);
 }
 
-void readCommand(Bytes bytes, Bytes command, Slice& slice) {
+void readCommand(Bytes bytes, size_t start, size_t size, Slice& slice) {
+  const Bytes command = part(bytes, start, size);
   ByteReader in(command);
   auto kind = in.take<uint32_t>();
   in.skip(4);
   switch (kind) {
     case segment32:
     case segment64:
-      return readSegment(in, slice);
+      if (slice.is64 != (kind == segment64)) throw std::runtime_error("a segment of the other width");
+      return readSegment(in, start, slice);
     case symbolTable:
       return readSymbols(bytes, in, slice);
     case dynamicSymbolTable:
@@ -205,7 +208,7 @@ Slice readSlice(Bytes bytes) {
     in.skip(4);
     auto size = in.take<uint32_t>();
     if (size < 8) throw std::runtime_error("load command without a size");
-    readCommand(bytes, part(bytes, start, size), slice);
+    readCommand(bytes, start, size, slice);
     in.skip(size - 8);
   }
   for (const Section& section : slice.sections)

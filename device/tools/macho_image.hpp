@@ -11,6 +11,7 @@ namespace device {
 
 // All addresses are those of the file, that is, relative to where the image was linked to.
 struct Segment {
+  uint64_t command = 0;  // where its load command is, from the start of the slice
   std::string name;
   uint64_t address = 0;
   uint64_t size = 0;  // bytes in memory

@@ -100,6 +100,13 @@ TEST_P(SignatureOfAnotherImage, IsWrittenBehindTheSegmentOfThatNameAlone) {
   EXPECT_EQ(refusal(), "does not end with its segment __LINKEDIT");
 }
 
+// The loaders know no segment of 32 bits in a file of 64, nor the other way round.
+TEST_P(SignatureOfAnotherImage, IsNotWrittenWhereASegmentIsOfTheOtherWidth) {
+  uint8_t& number = image[linkedit()];
+  number = number == 0x19 ? 0x1 : 0x19;
+  EXPECT_EQ(refusal(), "a segment of the other width");
+}
+
 TEST_P(SignatureOfAnotherImage, IsNotWrittenWhereThereIsNoSegment) {
   put32(image, 16, 0);
   put32(image, 20, 0);
