@@ -125,6 +125,19 @@ TEST(Signature, LetsNothingStandBetweenSlices) {
   EXPECT_EQ(judged(file), Lines{readImage(file)[1].architecture + ": something stands before it"});
 }
 
+// The first slice may begin where the head ends.
+TEST_P(Signature, LetsASliceFollowTheHeadAtOnce) {
+  Bytes whole(28);
+  put32(whole, 0, 0xcafebabe, true);
+  put32(whole, 4, 1, true);
+  for (size_t word : {0, 4}) put32(whole, 8 + word, get32(file, 4 + word), true);
+  put32(whole, 16, 28, true);
+  put32(whole, 20, static_cast<uint32_t>(file.size()), true);
+  put32(whole, 24, 14, true);
+  whole.insert(whole.end(), file.begin(), file.end());
+  EXPECT_EQ(judged(whole), Lines{fmt::format("{}: not aligned to 0x4000", GetParam())});
+}
+
 TEST_P(Signature, NamesThePageWhoseHashIsWrong) {
   file[0x1000] ^= 1;
   EXPECT_EQ(judged(file), (Lines{"SHA-1 directory: the hash of page 1 (at 0x1000) is wrong",

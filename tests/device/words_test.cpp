@@ -60,6 +60,10 @@ TEST(WordsOfACall, AreCountedWithoutWhatIsNoWord) {
   EXPECT_EQ(outOfSlice("v@:^[4d]^(Either=dq)^^d^?[4d]"), plainWords(7));
 }
 
+TEST(WordsOfACall, AreCountedWithoutTheQualifiersOfAStructuresFields) {
+  EXPECT_EQ(outOfSlice("v@:{Named=r*Ni}r^ri@"), plainWords(6));
+}
+
 TEST(WordsOfACall, EndTheProcessWhereTheTwoLayAStructureOutOtherwise) {
   EXPECT_DEATH(outOfSlice("v@:{Mixed=Id}"), "'Mixed=Id\\}' of 'v@:\\{Mixed=Id\\}' cannot cross");
   EXPECT_DEATH(outOfSlice("v@:(Either=id)"), "cannot cross");

@@ -43,7 +43,6 @@ class Reader {
   }
 
   Shape takeShape() {
-    skipNoise();
     const char* start = at;
     switch (*at ? *at++ : '\0') {
       case '\0':
@@ -98,6 +97,7 @@ class Reader {
     uint32_t apples = 0;
     while (*at && *at != '=' && *at != '}') ++at;
     if (*at == '=') ++at;
+    skipNoise();
     while (*at && *at != '}') {
       const Shape field = take();
       whole.size = roundedUp(whole.size, field.alignment) + field.size;
