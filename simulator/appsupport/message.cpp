@@ -3,26 +3,17 @@
 
 #include "platform/foundation/data.hpp"
 #include "simulator/runtime/property_list.hpp"
-#include "simulator/runtime/property_list_nesting.hpp"
 
 namespace sim::appsupport {
 namespace {
 
-struct NSPropertyListSerialization : bridge::Face<"NSPropertyListSerialization", NSObject> {
-  static constexpr bridge::ClassMethod<"NSPropertyListSerialization",
-                                       "propertyListFromData:mutabilityOption:format:errorDescription:",
-                                       NSObject(NSData, NSUInteger, NSUInteger*, id*)>
-      propertyListFromData_mutabilityOption_format_errorDescription{};
-};
-
 constexpr bridge::ClassMethod<"NSData", "dataWithBytes:length:", NSData(const void*, NSUInteger)>
     dataWithBytes_length{};
 
-// What Foundation's property-list code makes of it; nil also where it raises.
-template <class Result>
-Result attempt(auto&& conversion) {
+// Nil where Foundation raises.
+NSData textOf(NSDictionary list) {
   try {
-    return conversion();
+    return propertyListText(list);
   } catch (...) {  // only an Objective-C exception can come here, and all of them mean the same
     return {};
   }
@@ -36,9 +27,9 @@ std::optional<std::string> encode(const Message& message) {
   list->setValue_forKey(message.name, "name"_ns);
   list->setValue_forKey(message.userInfo, "userInfo"_ns);
   if (!isPropertyList(list.get())) return std::nullopt;
-  NSData data = attempt<NSData>([&] { return propertyListText(list.get()); });
+  const NSData data = textOf(list.get());
+  if (!data || data.length() > longestPayload) return std::nullopt;
   const std::size_t length = data.length();
-  if (length == 0 || length > longestPayload) return std::nullopt;
   std::string bytes;
   for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(length >> shift);
   return bytes.append(static_cast<const char*>(data.bytes()), length);
@@ -53,16 +44,10 @@ std::optional<std::size_t> payloadLength(std::string_view firstBytes) {
 }
 
 std::optional<Message> decode(std::string_view payload) {
-  // The other formats' readers follow references and nesting wherever they lead.
-  if (!payload.starts_with("<?xml") || !isNestedSanely(payload)) return std::nullopt;
-  NSObject list = attempt<NSObject>([&] {
-    NSUInteger format = 0;
-    id error = nullptr;
-    return NSPropertyListSerialization::propertyListFromData_mutabilityOption_format_errorDescription(
-        dataWithBytes_length(payload.data(), payload.size()), 0, &format, &error);
-  });
-  if (!bridge::isKindOf<NSDictionary>(list)) return std::nullopt;
-  auto parts = bridge::as<NSDictionary>(list);
+  // Clients write this form alone.
+  if (!payload.starts_with("<?xml")) return std::nullopt;
+  const NSDictionary parts = propertyList(dataWithBytes_length(payload.data(), payload.size()));
+  if (!parts) return std::nullopt;
   bridge::Object name = parts.objectForKey("name"_ns), userInfo = parts.objectForKey("userInfo"_ns);
   if (!bridge::isKindOf<NSString>(name)) return std::nullopt;
   if (userInfo && !bridge::isKindOf<NSDictionary>(userInfo)) return std::nullopt;

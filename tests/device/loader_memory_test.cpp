@@ -21,6 +21,14 @@ TEST_P(LoaderOfMemory, FillsInWhatIsBesideAnImport) {
   EXPECT_EQ(std::memcmp(base + layout.fillings.front().address, &wanted, layout.word), 0);
 }
 
+// So that a trace of what it executes can be read.
+TEST_P(LoaderOfMemory, HasTheSamePlaceInEveryProcess) {
+  static char target;
+  const auto* base =
+      loader::intoMemory(layOut(file, GetParam()), [](const std::string&) -> void* { return &target; });
+  EXPECT_EQ(reinterpret_cast<uintptr_t>(base), 0x200000000u);
+}
+
 std::vector<void*> asked;
 std::vector<int> counts;
 
