@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <string_view>
 
 namespace sim::serve {
 namespace {
@@ -16,26 +17,23 @@ struct Head {
 }  // namespace
 
 bool EnvelopeReader::fill(int socket) {
-  char buffer[1 << 16];
-  for (;;) {
-    const ssize_t count = ::recv(socket, buffer, sizeof buffer, MSG_DONTWAIT);
-    if (count > 0)
-      bytes.append(buffer, static_cast<std::size_t>(count));
-    else if (count == 0 || (errno != EINTR && errno != EAGAIN && errno != EWOULDBLOCK))
-      return false;
-    else if (errno != EINTR)
-      return true;
-  }
+  bytes.erase(0, taken);
+  taken = 0;
+  char buffer[65536];
+  ssize_t count;
+  while ((count = ::recv(socket, buffer, sizeof buffer, MSG_DONTWAIT)) > 0)
+    bytes.append(buffer, static_cast<std::size_t>(count));
+  return count < 0 && errno == EAGAIN;  // what does not wait is not interrupted either
 }
 
 std::optional<Envelope> EnvelopeReader::next() {
+  const std::string_view rest = std::string_view(bytes).substr(taken);
   Head head{};
-  if (bytes.size() < sizeof head) return std::nullopt;
-  std::memcpy(&head, bytes.data(), sizeof head);
-  if (bytes.size() - sizeof head < head.length) return std::nullopt;
-  Envelope envelope{head.page, head.isText != 0, bytes.substr(sizeof head, head.length)};
-  bytes.erase(0, sizeof head + head.length);
-  return envelope;
+  if (rest.size() < sizeof head) return std::nullopt;
+  std::memcpy(&head, rest.data(), sizeof head);
+  if (rest.size() - sizeof head < head.length) return std::nullopt;
+  taken += sizeof head + head.length;
+  return Envelope{head.page, head.isText != 0, std::string(rest.substr(sizeof head, head.length))};
 }
 
 std::string sealed(const Envelope& envelope) {

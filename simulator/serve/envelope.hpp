@@ -2,6 +2,7 @@
 // pages.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,6 +26,7 @@ class EnvelopeReader {
 
  private:
   std::string bytes;
+  std::size_t taken = 0;  // of them, by envelopes that have been given back
 };
 
 /** The envelope as it travels. */

@@ -29,8 +29,7 @@ class Tiles {
   bool any() const;
   /** How many a row of the picture has. */
   int across() const { return columns; }
-  /** How many pixels they cover. */
-  long area() const;
+  long count() const;
   bool isShapedAs(const Tiles& others) const { return width == others.width && height == others.height; }
   /** Those of a picture of another size say nothing. */
   void add(const Tiles& others);

@@ -59,7 +59,10 @@ LiveHome::LiveHome(Simulation& device, int channel)
       socket(channel),
       start(std::chrono::steady_clock::now() -
             std::chrono::duration_cast<std::chrono::steady_clock::duration>(Seconds(clock::now()))) {
-  keepTimeBy([this](double end) { pump(end); });
+  keepTimeBy([this](double end) {
+    isDirty = true;  // by what the step has done so far
+    pump(end);
+  });
 }
 
 LiveHome::~LiveHome() { keepTimeBy({}); }
@@ -83,11 +86,11 @@ bool LiveHome::run() {
 }
 
 double LiveHome::wallClock() {
-  const double wall = sinceThen(start).count(), meant = std::max(clock::now(), nextWaking);
-  if (wall - meant <= longestLag) return wall;
-  start += std::chrono::duration_cast<std::chrono::steady_clock::duration>(
-      Seconds(wall - meant - FramePace::interval));
-  return meant + FramePace::interval;
+  const double lag = sinceThen(start).count() - std::max(clock::now(), woken);
+  if (lag > longestLag)
+    start +=
+        std::chrono::duration_cast<std::chrono::steady_clock::duration>(Seconds(lag - FramePace::interval));
+  return sinceThen(start).count();
 }
 
 // Up to a moment, and no further: a step goes on from there.
@@ -117,14 +120,12 @@ void LiveHome::wait(double until) {
       until = std::min(until, std::max(lastChange + stillness, clock::now()));
   std::vector<pollfd> all = appsupport::messageDescriptors();
   all.push_back({socket, POLLIN, 0});
-  nextWaking = until;
   // In whole milliseconds, as `poll` waits, each frame would be half of one late.
   const double seconds = std::clamp(until - sinceThen(start).count(), 0.0, longestWait);
   const timespec timeout{static_cast<time_t>(seconds), static_cast<long>(std::fmod(seconds, 1) * 1e9)};
-  if (::ppoll(all.data(), all.size(), until == never ? nullptr : &timeout, nullptr) <= 0 ||
-      all.back().revents == 0)
-    return;
-  listen();
+  const int ready = ::ppoll(all.data(), all.size(), until == never ? nullptr : &timeout, nullptr);
+  woken = std::min(until, sinceThen(start).count());
+  if (ready > 0 && all.back().revents != 0) listen();
 }
 
 void LiveHome::listen() {
@@ -234,7 +235,6 @@ void LiveHome::key(std::uint32_t page, const Json& message) {
       uikit::typeReturn(field);
     else
       uikit::typeText(field, NSString::stringWithUTF8String(name.c_str()));
-    settle();
   }
   if (const Json id = message.value("id"); !id.isNull())
     answer(page, {{"type", "answer"}, {"id", id}, {"answer", isEdited}});

@@ -68,7 +68,8 @@ class LiveHome {
   std::map<std::uint32_t, Viewer> viewers;
   PageFingers fingers;
   std::chrono::steady_clock::time_point start;  // when the device's clock stood at zero
-  double lastChange = 0, nextWaking = 0;        // seconds of the device's clock
+  double lastChange = 0;                        // seconds of the device's clock
+  double woken = 0;                             // when it last was, or was to be if that is sooner
   FramePace pace;
   PaintedScreen screen;
   bool isDirty = true, isOver = false, isRelaunching = false;

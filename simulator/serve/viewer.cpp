@@ -8,13 +8,13 @@
 namespace sim::serve {
 namespace {
 
-// Less than this many pixels are sent exactly at once: a blinking caret, a number that steps.
-constexpr long fewPixels = 40'000;
+// So many tiles are sent exactly at once: a blinking caret, a number that steps.
+constexpr long fewTiles = 9;
 
 }  // namespace
 
 void Viewer::hasDrawn(double frame) {
-  drawn = std::clamp(static_cast<std::uint32_t>(std::clamp(frame, 0.0, 4e9)), drawn, sent);
+  drawn = static_cast<std::uint32_t>(std::clamp<double>(frame, drawn, sent));
 }
 
 void Viewer::miss(const Region& damage) {
@@ -25,7 +25,7 @@ Viewer::Next Viewer::show(const Surface& picture, bool moving) {
   Tiles wanted = Tiles::changed(shown.get(), picture.get(), unseen);
   const bool isChange = wanted.any();
   if (!inexact.isShapedAs(wanted)) inexact = wanted.none();
-  const Codec codec = shown && wanted.area() > fewPixels ? Codec::jpeg : Codec::webp;
+  const Codec codec = shown && wanted.count() > fewTiles ? Codec::jpeg : Codec::webp;
   if (codec == Codec::jpeg) {
     inexact.add(wanted);
   } else {
@@ -34,7 +34,7 @@ Viewer::Next Viewer::show(const Surface& picture, bool moving) {
   }
   shown = picture;
   unseen.clear();
-  if (!wanted.any()) return {isChange, std::nullopt};
+  if (!wanted.any()) return {};
   return {isChange, encodeFrame(++sent, picture.get(), uikit::screenSize(), wanted, codec)};
 }
 
