@@ -32,31 +32,37 @@ sim::Simulation& home() {
   return *only;
 }
 
-// Until it is refused what no page says, behind all that the page has said.
-void listenToTheEnd(int socket) {
+void say(int socket, const std::string& line) {
+  const std::string bytes = sim::serve::sealed(Envelope{1, true, line});
+  ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+}
+
+// Until the home screen refuses this, which no page says.
+void listenUntil(int socket, std::string_view refusal) {
   std::string heard;
   char buffer[65536];
-  for (ssize_t count;
-       !heard.contains(R"("id":"over")") && (count = ::recv(socket, buffer, sizeof buffer, 0)) > 0;)
+  for (ssize_t count; !heard.contains(refusal) && (count = ::recv(socket, buffer, sizeof buffer, 0)) > 0;)
     heard.append(buffer, static_cast<std::size_t>(count));
+}
+
+// What a page has asked that leaves is not done any more: it leaves when all is done.
+void listenToTheEnd(int socket) {
+  listenUntil(socket, R"("id":"said")");
+  say(socket, R"({"type":"leave"})");
+  say(socket, R"({"type":"end","id":"over"})");
+  listenUntil(socket, R"("id":"over")");
   ::shutdown(socket, SHUT_RDWR);
 }
 
 // Time passes as it does on the wall, and a step may take a day of it.
 bool takesTime(const std::string& line) { return line.contains("step"); }
 
-void say(int socket, const std::string& line) {
-  const std::string bytes = sim::serve::sealed(Envelope{1, true, line});
-  ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-}
-
 void sayAll(int socket, const std::string& all) {
   for (std::size_t from = 0, to; from < all.size(); from = to + 1) {
     to = std::min(all.find('\n', from), all.size());
     if (const std::string line = all.substr(from, to - from); !takesTime(line)) say(socket, line);
   }
-  say(socket, R"({"type":"leave"})");
-  say(socket, R"({"type":"end","id":"over"})");
+  say(socket, R"({"type":"end","id":"said"})");
 }
 
 }  // namespace
