@@ -17,6 +17,10 @@ PROGRAMS = [
     *((f"device/loader/{name}.cpp", "device", ["image-tests"], "image-tests", tests, "tests/device")
       for name, tests in [("arm64/frames", "FrameDescriptions*:UnwindTables*"), ("armv7/words", "WordsOfACall*"), ("layout", LOADER),
                           ("memory", LOADER), ("process", LOADER)]),
+    # The others of this folder are the server's.
+    *((f"simulator/serve/{name}.cpp", "sanitize", ["serve-tests"], "serve-tests", tests, "tests/simulator/serve")
+      for name, tests in [("envelope", "AnEnvelope*"), ("frame", "Tiles*:Frame.*:AViewer*"), ("live_home", "-AnEnvelope*:Tiles*:Frame.*:AViewer*"),
+                          ("page_fingers", "AFinger*"), ("viewer", "AViewer*:DrawnFrames*")]),
     ("simulator/appsupport/", "sanitize", ["appsupport-tests"], "appsupport-tests", "-*ARestoration*:*TravellingSettings*:*SettingsTool*", "tests/simulator/appsupport"),
 ]
 FOLDERS = {"device": COPY / "build", "sanitize": COPY / "build" / "sanitize"}
