@@ -59,8 +59,8 @@ class Builder {
 
   void checkSection(const Section& section) {
     auto segment = std::ranges::find(slice.segments, section.segment, &Segment::name);
-    if (segment == slice.segments.end() || section.address < segment->address ||
-        section.address - segment->address > segment->size ||
+    // What is before the segment is far behind it so reckoned.
+    if (segment == slice.segments.end() || section.address - segment->address > segment->size ||
         section.size > segment->size - (section.address - segment->address))
       refuse("section {} lies outside its segment", section.name);
   }
