@@ -4,6 +4,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <set>
+#include <tuple>
+#include <utility>
 
 #include "device/tools/byte_reader.hpp"
 
@@ -41,27 +44,34 @@ enum RebaseOpcode : uint8_t {
 constexpr uint8_t mayBeMissing = 1;  // a bit of setSymbol's immediate
 constexpr uint8_t pointerType = 1;
 
-// More pointers than any image has; a count beyond it is a fault of the program.
-constexpr uint64_t mostPointers = 1 << 24;
+// More pointers than any image has, and longer names, in bytes: what goes beyond is a fault of the tables.
+constexpr uint64_t mostPointers = 1 << 20;
+constexpr size_t longestName = 1 << 15;
 
 [[noreturn]] void refuse(const char* program, uint8_t byte) {
   throw std::runtime_error(fmt::format("unknown {} opcode {:#x}", program, byte));
 }
 
-void addOnce(std::vector<Import>& imports, const Import& import) {
-  bool known = std::ranges::any_of(imports, [&](const Import& other) {
-    return other.name == import.name && other.ordinal == import.ordinal && other.weak == import.weak;
-  });
-  if (!known) imports.push_back(import);
-}
+// How many pointers a program may still name.
+class Allowance {
+ public:
+  void take(uint64_t count) {
+    if (count > left) throw std::runtime_error("more pointers than an image can have");
+    left -= count;
+  }
+
+ private:
+  uint64_t left = mostPointers;
+};
 
 // Runs a program of bindings: `named` gets the import that a symbol's name begins, `bound` each binding.
 void runBindings(std::span<const uint8_t> opcodes, Import::Table table, size_t word, auto named, auto bound) {
   Binding current;
   current.import.table = table;
-  auto bindAndAdd = [&](uint64_t distance) {
-    bound(current);
-    current.place.offset += word + distance;
+  Allowance allowance;
+  auto bindAndAdd = [&](uint64_t distance, uint64_t count = 1) {
+    allowance.take(count);
+    for (uint64_t i = 0; i < count; ++i, current.place.offset += word + distance) bound(current);
   };
   ByteReader in(opcodes);
   while (!in.atEnd()) {
@@ -107,8 +117,7 @@ void runBindings(std::span<const uint8_t> opcodes, Import::Table table, size_t w
         break;
       case bindRepeatedly: {
         uint64_t count = in.takeUleb(), distance = in.takeUleb();
-        if (count > mostPointers) refuse("bind", byte);
-        for (uint64_t i = 0; i < count; ++i) bindAndAdd(distance);
+        bindAndAdd(distance, count);
         break;
       }
       default:
@@ -117,32 +126,14 @@ void runBindings(std::span<const uint8_t> opcodes, Import::Table table, size_t w
   }
 }
 
-void readNode(std::span<const uint8_t> trie, size_t offset, const std::string& prefix, size_t depth,
-              std::vector<Export>& found) {
-  if (depth > trie.size()) throw std::runtime_error("export trie runs in a circle");
-  ByteReader node(trie, offset);
-  uint64_t payload = node.takeUleb();
-  size_t children = node.position() + payload;
-  if (payload) {
-    node.takeUleb();  // flags
-    found.push_back({prefix, node.takeUleb()});
-  }
-  node = ByteReader(trie, children);
-  auto count = node.take<uint8_t>();
-  for (int i = 0; i < count; ++i) {
-    std::string edge = node.takeString();
-    uint64_t child = node.takeUleb();
-    readNode(trie, child, prefix + edge, depth + 1, found);
-  }
-}
-
 }  // namespace
 
 std::vector<Place> readRebases(std::span<const uint8_t> opcodes, size_t word) {
   std::vector<Place> places;
   Place current;
+  Allowance allowance;
   auto rebase = [&](uint64_t count, uint64_t distance) {
-    if (count > mostPointers) throw std::runtime_error("more rebases than an image can have");
+    allowance.take(count);
     for (uint64_t i = 0; i < count; ++i, current.offset += word + distance) places.push_back(current);
   };
   ByteReader in(opcodes);
@@ -198,19 +189,49 @@ std::vector<Binding> readBindings(std::span<const uint8_t> opcodes, Import::Tabl
 
 std::vector<Import> readImports(std::span<const uint8_t> opcodes, Import::Table table) {
   std::vector<Import> imports;
+  std::set<std::tuple<std::string, int64_t, bool>> known;
+  auto addOnce = [&](const Import& import) {
+    if (known.emplace(import.name, import.ordinal, import.weak).second) imports.push_back(import);
+  };
   runBindings(
       opcodes, table, 0,
       [&](const Import& import) {
         // A strong definition in the weak table binds nothing, but it is there all the same.
-        if (table == Import::Table::weakBind) addOnce(imports, import);
+        if (table == Import::Table::weakBind) addOnce(import);
       },
-      [&](const Binding& binding) { addOnce(imports, binding.import); });
+      [&](const Binding& binding) { addOnce(binding.import); });
   return imports;
 }
 
 std::vector<Export> readExports(std::span<const uint8_t> trie) {
+  struct Node {
+    uint64_t offset;
+    std::string prefix;
+  };
   std::vector<Export> found;
-  if (!trie.empty()) readNode(trie, 0, "", 0, found);
+  std::vector<Node> ahead;  // the next one last
+  std::set<uint64_t> seen;
+  if (!trie.empty()) ahead.push_back({0, ""});
+  while (!ahead.empty()) {
+    const Node node = std::move(ahead.back());
+    ahead.pop_back();
+    if (!seen.insert(node.offset).second) throw std::runtime_error("export trie leads to one place twice");
+    ByteReader in(trie, node.offset);
+    const uint64_t payload = in.takeUleb();
+    const uint64_t children = in.position() + payload;
+    if (payload) {
+      in.takeUleb();  // flags
+      found.push_back({node.prefix, in.takeUleb()});
+    }
+    in = ByteReader(trie, children);
+    const auto count = in.take<uint8_t>();
+    for (int i = 0; i < count; ++i) {
+      std::string name = node.prefix + in.takeString();
+      if (name.size() > longestName) throw std::runtime_error("a name longer than any in the export trie");
+      ahead.push_back({in.takeUleb(), std::move(name)});
+    }
+    std::reverse(ahead.end() - count, ahead.end());
+  }
   return found;
 }
 
