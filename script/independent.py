@@ -1,14 +1,15 @@
 """Which neighbours may stand in either order, so that script/mutate does not try it.
 
-The members of a class that is being defined may: they have names of their own. So may two statements that only have something
-remembered until something is laid out or drawn, neither of them by a name that stands in the other. Such a statement sets one of
-PROPERTIES, sends or calls one of CALLS, defines a class, puts something under a key, or assigns a variable; it goes by what it
-sets, by its CALLS name, by the key, by the variable. What it gives may ask without arguments, tell a class to make something, and
-call MAKERS. Of every other statement the order is tried: of one that calls what was replaced, posts, stores, shows, starts an
-animation, takes a block, or of which nothing is known."""
+The members of a class that is being defined may, and the entries of a map that go by a linker name: they have names of their own.
+So may two statements that only have something remembered until something is laid out or drawn, neither of them by a name that
+stands in the other. Such a statement sets one of PROPERTIES, sends or calls one of CALLS, defines a class, puts something under a
+key, or assigns a variable; it goes by what it sets, by its CALLS name, by the key, by the variable. What it gives may ask without
+arguments, tell a class to make something, and call MAKERS. Of every other statement the order is tried: of one that calls what was
+replaced, posts, stores, shows, starts an animation, takes a block, or of which nothing is known."""
 import re
 
-MEMBERS = re.compile(r"^\s*(?:\w+::)*(?:method|\w*[pP]roperty|category|adopts)<")
+ENTRY = r'\{" +", (?:import|pointer|constantStringClass|reinterpret_cast<void\*>|&)'
+MEMBERS = re.compile(rf"^\s*(?:(?:\w+::)*(?:method|\w*[pP]roperty|category|adopts)<|{ENTRY})")
 
 
 def names(text):
@@ -30,10 +31,10 @@ CALLS = names("""
     beTransparent fill setFill=fill CGContextSetFillColorWithColor=fill setStroke CGContextSetStrokeColorWithColor
     CGContextSetLineWidth CGContextSetShadowWithColor CGContextAddPath addClip addArc CGGradientRelease
     CGColorSpaceRelease CGFontRelease CGDataProviderRelease cancelPreviousPerformRequestsWithTarget stop useFactors""")
-KEYED = names("setObject_forKey boolean integer real put registerForMessageName_target_selector addTarget_action_forControlEvents")
+KEYED = names("add emplace setObject_forKey boolean integer real put registerForMessageName_target_selector addTarget_action_forControlEvents")
 MAKERS = names("""
     awesomeFont centerBelow iconString pill portraitFactors radiusOf retained rgbColor rounded smallerSideOf spacingOf storedValue
-    swipeGesture tapGesture textOf colorWithAlphaComponent number count Values selector selectorOf static_cast max min
+    swipeGesture tapGesture textOf colorWithAlphaComponent number count Values selector selectorOf static_cast reinterpret_cast max min
     CGAffineTransformMakeRotation""")
 
 OF = r"^(?:\w+(?:\(\w*\))?(?:\.|->|::))*"

@@ -1,5 +1,6 @@
 """Changes of what is no source of the library: programs of tests are built with many of them at once, of which each takes the one that
-the environment names, and for each of the others again; the tests run up to the first that fails."""
+the environment names, and for each of the others again; the tests run up to the first that fails. What only a slice's processor runs is
+built for that, and run by its emulator, which hands the environment on."""
 import os
 import re
 import subprocess
@@ -13,17 +14,22 @@ LOADER, SIGNATURE = "*Loader*:*LoadedPointers*", "*Signature*"
 # Where a source is, the preset and what of it is built, the program of tests, which of its tests, and the tests' sources.
 PROGRAMS = [
     ("device/signature/", "device", ["image-tests", "sign", "verify"], "image-tests", SIGNATURE, "tests/device"),
-    # The others of this folder are the slices' simulators' alone.
     *((f"device/loader/{name}.cpp", "device", ["image-tests"], "image-tests", tests, "tests/device")
       for name, tests in [("arm64/frames", "FrameDescriptions*:UnwindTables*"), ("armv7/words", "WordsOfACall*"), ("layout", LOADER),
-                          ("memory", LOADER), ("process", LOADER)]),
+                          ("memory", LOADER), ("process", LOADER), ("pages", f"{LOADER}:Pages*"), ("constant_string", "ConstantString*"),
+                          ("imports", "Imports*:Symbols*"), ("methods", "Methods*:Thunks*"), ("names", "*FunctionNames*"),
+                          ("trail", "Frames*:Calls*:Place*")]),
+    # The rest is the slices' simulators' alone; what both have is tried on the first.
+    ("device/loader/armv7/", "armv7", ["loader-tests"], "loader-tests", "*", "tests/loader"),
+    ("device/loader/", "arm64", ["loader-tests"], "loader-tests", "*", "tests/loader"),
     # The others of this folder are the server's.
     *((f"simulator/serve/{name}.cpp", "sanitize", ["serve-tests"], "serve-tests", tests, "tests/simulator/serve")
       for name, tests in [("envelope", "AnEnvelope*"), ("frame", "Tiles*:Frame.*:AViewer*"), ("live_home", "-AnEnvelope*:Tiles*:Frame.*:AViewer*"),
                           ("page_fingers", "AFinger*"), ("viewer", "AViewer*:DrawnFrames*")]),
     ("simulator/appsupport/", "sanitize", ["appsupport-tests"], "appsupport-tests", "-*ARestoration*:*TravellingSettings*:*SettingsTool*", "tests/simulator/appsupport"),
 ]
-FOLDERS = {"device": COPY / "build", "sanitize": COPY / "build" / "sanitize"}
+FOLDERS = {"device": COPY / "build", **{name: COPY / "build" / name for name in ("sanitize", "arm64", "armv7")}}
+SLICES = ("arm64", "armv7")
 
 
 def program_of(path):
@@ -36,11 +42,16 @@ class Program:
     def __init__(self, path):
         _, preset, self.targets, self.name, self.tests, sources = program_of(path)
         self.folder = FOLDERS[preset]
+        self.run = [COPY / "device/linux/run", preset] if preset in SLICES else []
         KEPT.mkdir(parents=True, exist_ok=True)
         self.path, self.text = COPY / path, (COPY / path).read_text()
         self.stands = f"{self.name} {digest((COPY / sources).rglob('*_test.cpp'))}"
-        if not (self.folder / "build.ninja").exists():
-            subprocess.run(["cmake", "--preset", preset], cwd=COPY, check=True, stdout=subprocess.DEVNULL)
+        # A slice's program loads the slices.
+        for each, needed in ([("device", ["device_library", "device_pane"])] if self.run else []) + [(preset, [])]:
+            if not (FOLDERS[each] / "build.ninja").exists():
+                subprocess.run(["cmake", "--preset", each], cwd=COPY, check=True, stdout=subprocess.DEVNULL)
+            if needed:
+                subprocess.run(["ninja", "-C", FOLDERS[each], "-j2", *needed], check=True, stdout=subprocess.DEVNULL)
         self.names, times = KEPT / "names", KEPT / "times"
         if self.build() is not None or self.failed(f"--gtest_filter={self.tests}", "--times", times):
             print(f"mutate: {self.name} does not stand as it is", file=sys.stderr)
@@ -78,7 +89,9 @@ class Program:
 
     def failed(self, *which, number=0, seconds=None):
         """The first of these tests that fails with a change; none when none does."""
-        command = [self.folder / self.name, "--jobs", "2", "--gtest_fail_fast", *which]
+        # The time of all of them ends the emulator, and none of the processes that it has started.
+        limit = ["--limit", "30"] if self.run else []
+        command = [*self.run, self.folder / self.name, *limit, "--jobs", "2", "--gtest_fail_fast", *which]
         try:
             done = subprocess.run(command, cwd=self.folder, capture_output=True, text=True, errors="replace", timeout=seconds,
                                   env={**os.environ, "TILO_CHANGE": str(number)})

@@ -25,10 +25,6 @@ void* openLibrary(const char* path, int mode) {
                 (mode & applesNow ? RTLD_NOW : RTLD_LAZY) | (mode & applesGlobal ? RTLD_GLOBAL : RTLD_LOCAL));
 }
 
-void* findSymbol(void* image, const char* name) {
-  return image == everywhere ? asItStands(std::string("_") + name) : dlsym(image, name);
-}
-
 void* pushPool() { return new bridge::Pool; }
 void popPool(void* pool) { delete static_cast<bridge::Pool*>(pool); }
 
@@ -42,6 +38,10 @@ constinit uintptr_t stackGuard = 0x5ca1ab1e;
 
 }  // namespace
 
+void* symbolNamed(void* image, const char* name) {
+  return image == everywhere ? asItStands(std::string("_") + name) : dlsym(image, name);
+}
+
 void* importNamed(const std::string& symbol) {
   static const std::map<std::string, void*> own = [] {
     auto pointer = [](auto function) { return asImport(reinterpret_cast<void*>(function)); };
@@ -49,7 +49,7 @@ void* importNamed(const std::string& symbol) {
         {"___CFConstantStringClassReference", constantStringClass()},
         {"___stack_chk_guard", &stackGuard},
         {"_dlopen", pointer(openLibrary)},
-        {"_dlsym", pointer(findSymbol)},
+        {"_dlsym", pointer(symbolNamed)},
         {"_objc_autorelease", pointer(bridge::autorelease)},
         {"_objc_autoreleasePoolPop", pointer(popPool)},
         {"_objc_autoreleasePoolPush", pointer(pushPool)},

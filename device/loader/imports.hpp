@@ -10,4 +10,7 @@ namespace device::loader {
 // what needs a function of the loader's that is not there.
 void* importNamed(const std::string& symbol);
 
+// dlsym, as the slice calls it with its own number for all images.
+void* symbolNamed(void* image, const char* name);
+
 }  // namespace device::loader

@@ -5,6 +5,8 @@
 
 #include <cstring>
 
+#include "device/loader/pages.hpp"
+
 namespace device::loader {
 namespace {
 
@@ -19,8 +21,7 @@ constexpr uintptr_t usualPlace = sizeof(void*) == 8 ? 0x200000000 : 0x90000000;
 // Pages at a boundary of the largest ones; what is over is given back by nobody, being address space alone.
 uint8_t* reserve(uint64_t size) {
   auto* wish = reinterpret_cast<void*>(usualPlace);
-  void* pages = mmap(wish, size + largestPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (pages == MAP_FAILED) throw Refusal("no room in memory");
+  void* pages = newPages(wish, size + largestPage, PROT_READ | PROT_WRITE);
   return reinterpret_cast<uint8_t*>(wholePages(reinterpret_cast<uintptr_t>(pages)));
 }
 
@@ -51,7 +52,7 @@ uint8_t* intoMemory(const Layout& layout, const Resolver& resolve) {
     set(base + filling.address, layout.word,
         reinterpret_cast<uintptr_t>(found) + static_cast<uint64_t>(filling.addend));
   }
-  __builtin___clear_cache(reinterpret_cast<char*>(base), reinterpret_cast<char*>(base + layout.size));
+  asCode(base, layout.size);
   for (const Piece& piece : layout.pieces)
     if (mprotect(base + piece.address, piece.size, static_cast<int>(piece.protection)) != 0)
       throw Refusal("segment " + piece.name + " cannot be protected");

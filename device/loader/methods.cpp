@@ -1,7 +1,11 @@
 // Asks every class of the runtime for its own methods.
 #include "device/loader/methods.hpp"
 
+#include <fmt/format.h>
+
 #include <cstdlib>
+#include <memory>
+#include <span>
 
 #include "bridge/runtime.hpp"
 #include "device/loader/crossings.hpp"
@@ -13,42 +17,42 @@ namespace {
 
 // "a::b" of "a::b(int) const".
 std::string withoutArguments(const std::string& name) {
-  size_t at = name.rfind(')');
-  if (at == std::string::npos) return name;
-  for (int depth = 0; at > 0; --at) {
+  int depth = 0;
+  for (size_t at = name.size(); at--;) {
     depth += (name[at] == ')') - (name[at] == '(');
-    if (depth == 0) break;
+    if (name[at] == '(' && depth == 0) return name.substr(0, at);
   }
-  return name.substr(0, at);
+  return name;
 }
 
 }  // namespace
 
-Methods::Methods(uintptr_t base, uint64_t size, const Names& names) {
-  std::vector<Class> classes(static_cast<size_t>(objc_getClassList(nullptr, 0)));
-  objc_getClassList(classes.data(), static_cast<int>(classes.size()));
+Methods::Methods(const Place& image, const Names& names) {
+  std::vector<Class> classes;
+  const auto list = [&] { return objc_getClassList(classes.data(), static_cast<int>(classes.size())); };
+  classes.resize(static_cast<size_t>(list()));
+  list();
   for (Class named : classes) {
     for (Class cls : {named, bridge::classOf(reinterpret_cast<id>(named))}) {
       unsigned int count = 0;
-      objc_method** methods = class_copyMethodList(cls, &count);
-      for (unsigned int i = 0; i < count; ++i) {
-        const auto code = reinterpret_cast<uintptr_t>(
-            ofSlice(reinterpret_cast<void*>(method_getImplementation(methods[i]))));
-        if (code < base || code - base >= size) continue;
-        const char* selector = sel_getName(method_getName(methods[i]));
-        answers.push_back(
-            {std::string(cls == named ? "-[" : "+[") + class_getName(named) + ' ' + selector + ']',
-             names.at(code - base)});
+      const std::unique_ptr<objc_method*, decltype(&std::free)> methods(class_copyMethodList(cls, &count),
+                                                                        std::free);
+      for (objc_method* method : std::span(methods.get(), count)) {
+        const auto code =
+            reinterpret_cast<uintptr_t>(ofSlice(reinterpret_cast<void*>(method_getImplementation(method))));
+        if (!image.holds(code)) continue;
+        answers.push_back({fmt::format("{}[{} {}]", cls == named ? '-' : '+', class_getName(named),
+                                       sel_getName(method_getName(method))),
+                           names.at(code - image.base)});
       }
-      std::free(methods);
     }
   }
 }
 
 std::string Methods::answeredBy(const NamedFunction& function) const {
-  const std::string inItsName = '&' + withoutArguments(function.name) + ',';
+  const std::string inItsName = fmt::format("&{},", withoutArguments(function.name));
   for (const Answer& answer : answers)
-    if (answer.function.start == function.start || answer.function.name.find(inItsName) != std::string::npos)
+    if (answer.function.start == function.start || answer.function.name.contains(inItsName))
       return answer.method;
   return {};
 }

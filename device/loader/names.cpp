@@ -16,10 +16,9 @@ namespace {
 // Linker names have one underscore more than the compiler's.
 std::string written(const std::string& symbol) {
   const std::string name = symbol.starts_with('_') ? symbol.substr(1) : symbol;
-  int status = 0;
-  std::unique_ptr<char, decltype(&std::free)> text(
-      abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status), std::free);
-  return status == 0 ? text.get() : name;
+  const std::unique_ptr<char, decltype(&std::free)> text(
+      abi::__cxa_demangle(name.c_str(), nullptr, nullptr, nullptr), std::free);
+  return text ? text.get() : name;
 }
 
 }  // namespace

@@ -1,11 +1,13 @@
 // Gives the simulator a loader of the slices that ship, beside the host's own for the host's own files.
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <memory>
 #include <optional>
+#include <ranges>
 #include <vector>
 
 #include "device/loader/crash.hpp"
@@ -36,7 +38,7 @@ sim::image::Loader host;
 
 bool isUniversal(const std::vector<uint8_t>& file) {
   constexpr uint8_t magic[]{0xca, 0xfe, 0xba, 0xbe};
-  return file.size() > 4 && std::equal(std::begin(magic), std::end(magic), file.begin());
+  return std::ranges::equal(file | std::views::take(4), magic);
 }
 
 constexpr const char* pane = "/Library/PreferenceBundles/Tilo.bundle/Tilo";
@@ -89,7 +91,7 @@ void* symbol(void* image, const char* name) {
   return loaded.contains(image) ? nullptr : host.symbol(image, name);
 }
 
-[[maybe_unused]] const bool inUse = (host = sim::image::use({open, symbol, true}), true);
+[[maybe_unused]] const sim::image::Loader& before = host = sim::image::use({open, symbol, true});
 
 }  // namespace
 }  // namespace device::loader

@@ -3,10 +3,10 @@
 // believe.)
 #include "device/loader/crossings.hpp"
 
+#include <bit>
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <deque>
 
 #include "bridge/runtime.hpp"
@@ -82,28 +82,23 @@ sliceFormat:
 namespace {
 
 // A list of which everything is on the stack.
-struct Arguments {
-  va_list list;
-
-  explicit Arguments(void* stack) {
-    struct {
-      void *stack, *generalTop, *vectorTop;
-      int generalOffset, vectorOffset;
-    } parts{stack, nullptr, nullptr, 0, 0};
-    static_assert(sizeof parts == sizeof list);
-    std::memcpy(&list, &parts, sizeof parts);
-  }
-};
+va_list argumentsOn(void* stack) {
+  struct {
+    void *stack, *generalTop, *vectorTop;
+    int generalOffset, vectorOffset;
+  } const parts{stack, nullptr, nullptr, 0, 0};
+  return std::bit_cast<va_list>(parts);
+}
 
 }  // namespace
 
 extern "C" __attribute__((used)) void sliceLogFrom(int, id format, void* stack) {
-  sim::logFormatted(format, Arguments(stack).list);
+  sim::logFormatted(format, argumentsOn(stack));
 }
 
 extern "C" __attribute__((used)) int sliceFormatFrom(char* text, size_t size, const char* format,
                                                      void* stack) {
-  return std::vsnprintf(text, size, format, Arguments(stack).list);
+  return std::vsnprintf(text, size, format, argumentsOn(stack));
 }
 
 namespace device::loader {

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 #include <link.h>
 
+#include <bit>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -67,7 +68,7 @@ namespace {
 // A list over words laid out as Linux has them: reals, which are 64 bits wide, at even places.
 struct Arguments {
   alignas(8) uint32_t words[64] = {};
-  va_list list;
+  va_list list = std::bit_cast<va_list>(&words[0]);
 
   Arguments(const char* format, const uint32_t* row) {
     uint32_t* out = words;
@@ -82,9 +83,6 @@ struct Arguments {
       if (wide) out += (out - words) % 2;
       for (int i = 0; i < 1 + wide; ++i) *out++ = *row++;
     }
-    void* start = words;
-    static_assert(sizeof start == sizeof list);
-    std::memcpy(&list, &start, sizeof start);
   }
 
   [[noreturn]] static void refuse(const char* format) {

@@ -2,18 +2,18 @@
 // them, every one that it gets as one that lays them out as Linux has them.
 #include "device/loader/armv7/messages.hpp"
 
-#include <dlfcn.h>
 #include <fmt/format.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 #include <unordered_map>
 
 #include "bridge/block.hpp"
 #include "device/loader/armv7/relay.hpp"
 #include "device/loader/crossings.hpp"
-#include "device/loader/process.hpp"
+#include "device/loader/imports.hpp"
 
 extern "C" {
 IMP objc_msg_lookup(id receiver, SEL selector);
@@ -23,8 +23,8 @@ void sliceMessageSend();
 void sliceMessageSendStructure();
 }
 
-// What the message goes to and how its words are laid out is looked up with the arguments kept; nil answers
-// zero, or leaves the structure as it is.
+// What the message goes to and how its words are laid out is looked up with the arguments kept. nil answers
+// zero; what the runtime has for it leaves a structure as it is.
 __asm__(R"(
   .text
   .arm
@@ -48,8 +48,6 @@ sliceMessageSend:
   .global sliceMessageSendStructure
   .type sliceMessageSendStructure, %function
 sliceMessageSendStructure:
-  cmp r1, #0
-  bxeq lr
   push {r0-r3, r11, lr}
   mov r11, sp
   bic sp, sp, #7
@@ -115,9 +113,14 @@ void hook(Class cls, SEL selector, IMP implementation, IMP* previous) {
   if (found && previous) *previous = inward(found, types);
 }
 
+// A function of the slice, for the process to call.
+template <class Function>
+Function* callable(Function* function) {
+  return reinterpret_cast<Function*>(asFunction(reinterpret_cast<void*>(function)));
+}
+
 void once(long* token, void* context, void (*function)(void*)) {
-  dispatch_once_f(token, context,
-                  reinterpret_cast<void (*)(void*)>(asFunction(reinterpret_cast<void*>(function))));
+  dispatch_once_f(token, context, callable(function));
 }
 
 // What a block is called by is in its memory, where the slice and the process find the same: arguments that
@@ -130,31 +133,27 @@ IMP invokedByBoth(IMP invoke, const char* signature) {
   return outward(invoke, signature);
 }
 
+// The mark of a copy, which alone tells it here: it stays an instance of what the literal was one of.
+constexpr int onHeap = 1 << 24;
+
 // A literal that lies on the slice's stack still, and is its to give away: what it consists of is made
 // callable before it is copied.
 void* copyBlock(bridge::BlockHeader* block) {
   static std::unordered_map<const bridge::BlockDescriptor*, const bridge::BlockDescriptor*> descriptors;
-  if (block->isa == static_cast<void*>(_NSConcreteStackBlock) &&
-      (block->flags & bridge::blockHasCopyDispose)) {
-    const bridge::BlockDescriptor*& made = descriptors[block->descriptor];
-    if (!made) {
-      auto* descriptor = new bridge::BlockDescriptor(*block->descriptor);
-      descriptor->copy = reinterpret_cast<void (*)(void*, const void*)>(
-          asFunction(reinterpret_cast<void*>(descriptor->copy)));
-      descriptor->dispose =
-          reinterpret_cast<void (*)(const void*)>(asFunction(reinterpret_cast<void*>(descriptor->dispose)));
-      made = descriptor;
-    }
-    block->invoke = invokedByBoth(block->invoke, block->descriptor->signature);
-    block->descriptor = made;
+  if ((block->flags & (bridge::blockHasCopyDispose | onHeap)) == bridge::blockHasCopyDispose) {
+    const bridge::BlockDescriptor& own = *block->descriptor;
+    const bridge::BlockDescriptor*& made = descriptors[&own];
+    if (!made)
+      made = new bridge::BlockDescriptor{own.reserved, own.size, callable(own.copy), callable(own.dispose),
+                                         own.signature};
+    *block = {block->isa, block->flags, block->reserved, invokedByBoth(block->invoke, own.signature), made};
   }
   return _Block_copy(block);
 }
 
 void* findSymbol(void* image, const char* name) {
   if (std::strcmp(name, "MSHookMessageEx") == 0) return asImport(reinterpret_cast<void*>(hook));
-  return asImport(image == reinterpret_cast<void*>(-2) ? asItStands(std::string("_") + name)
-                                                       : dlsym(image, name));
+  return asImport(symbolNamed(image, name));
 }
 
 }  // namespace
@@ -178,7 +177,7 @@ std::map<std::string, void*> messageCrossings() {
 
 // The relay of the method that a message reaches. Kept for each implementation with the class and the
 // selector, which its encoding goes by.
-extern "C" __attribute__((used)) device::loader::Relay* sliceRelayOf(id receiver, SEL selector) {
+extern "C" __attribute__((used)) const device::loader::Relay* sliceRelayOf(id receiver, SEL selector) {
   using namespace device::loader;
   struct Key {
     Class cls;
@@ -188,13 +187,12 @@ extern "C" __attribute__((used)) device::loader::Relay* sliceRelayOf(id receiver
   };
   struct Hash {
     size_t operator()(const Key& key) const {
-      return reinterpret_cast<uintptr_t>(key.cls) * 31 + reinterpret_cast<uintptr_t>(key.selector) * 7 +
-             reinterpret_cast<uintptr_t>(key.implementation);
+      return std::hash<std::string_view>()({reinterpret_cast<const char*>(&key), sizeof key});
     }
   };
-  static thread_local std::unordered_map<Key, Relay*, Hash> known;
+  static thread_local std::unordered_map<Key, const Relay*, Hash> known;
   const Key key{bridge::classOf(receiver), selector, objc_msg_lookup(receiver, selector)};
-  Relay*& relay = known[key];
+  const Relay*& relay = known[key];
   if (!relay)
     relay = makeRelay(reinterpret_cast<void*>(key.implementation),
                       wordMap(typesOf(key.cls, selector), Side::apple, Side::linux));

@@ -3,12 +3,13 @@
 
 #include <sys/mman.h>
 
-#include <cstdlib>
-#include <cstring>
 #include <map>
 #include <mutex>
+#include <new>
 #include <unordered_map>
 #include <utility>
+
+#include "device/loader/pages.hpp"
 
 extern "C" void sliceRelay();
 
@@ -26,16 +27,14 @@ sliceRelay:
   add r4, sp, #20
   mov r5, r12
   ldr r1, [r5, #4]
-  mov r0, r1
-  cmp r0, #4
-  movlt r0, #4
+  add r0, r1, #4
   sub sp, sp, r0, lsl #2
   bic sp, sp, #7
   mov r0, #0
 1:
   cmp r0, r1
   bge 2f
-  add r2, r5, #8
+  ldr r2, [r5, #8]
   ldr r2, [r2, r0, lsl #2]
   ldr r3, [r4, r2, lsl #2]
   str r3, [sp, r0, lsl #2]
@@ -55,19 +54,21 @@ sliceRelay:
 namespace device::loader {
 namespace {
 
-// Loads what follows it into r12 and the program counter.
-constexpr uint32_t stub[]{0xe59fc000, 0xe59ff000};
+// Loads the two words at its end into r12 and the program counter.
+struct Stub {
+  uint32_t loadRelay = 0xe59fc000, jump = 0xe59ff000;
+  const Relay* relay;
+  void (*routine)() = sliceRelay;
+};
 
-uint32_t* roomForStub() {
+Stub* roomForStub() {
   constexpr size_t pageSize = 0x10000;
-  static uint32_t *next = nullptr, *end = nullptr;
+  static Stub *next = nullptr, *end = nullptr;
   if (next == end) {
-    next = static_cast<uint32_t*>(
-        mmap(nullptr, pageSize, PROT_READ | PROT_WRITE | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-    if (next == MAP_FAILED) std::abort();
-    end = next + pageSize / sizeof(uint32_t);
+    next = static_cast<Stub*>(newPages(nullptr, pageSize, PROT_READ | PROT_WRITE | PROT_EXEC));
+    end = next + pageSize / sizeof(Stub);
   }
-  return std::exchange(next, next + 4);
+  return next++;
 }
 
 std::mutex lock;
@@ -76,11 +77,9 @@ std::unordered_map<void*, void*> targets;
 
 }  // namespace
 
-Relay* makeRelay(void* target, const WordMap& map) {
-  auto* relay = static_cast<Relay*>(std::malloc(sizeof(Relay) + map.size() * sizeof(uint32_t)));
-  relay->target = target;
-  relay->count = static_cast<uint32_t>(map.size());
-  std::memcpy(relay->map, map.data(), map.size() * sizeof(uint32_t));
+const Relay* makeRelay(void* target, const WordMap& map) {
+  auto* relay = new Relay{target, static_cast<uint32_t>(map.size()), nullptr, map};
+  relay->words = relay->map.data();
   return relay;
 }
 
@@ -88,13 +87,9 @@ void* relayed(void* target, const WordMap& map) {
   const std::lock_guard guard(lock);
   void*& function = made[{target, map}];
   if (function) return function;
-  uint32_t* room = roomForStub();
-  const uint32_t words[]{stub[0], stub[1], reinterpret_cast<uintptr_t>(makeRelay(target, map)),
-                         reinterpret_cast<uintptr_t>(&sliceRelay)};
-  std::memcpy(room, words, sizeof words);
-  __builtin___clear_cache(reinterpret_cast<char*>(room), reinterpret_cast<char*>(room + 4));
-  targets[room] = target;
-  return function = room;
+  Stub* stub = new (roomForStub()) Stub{.relay = makeRelay(target, map)};
+  targets[stub] = target;
+  return function = asCode(stub, sizeof *stub);
 }
 
 void* relayTarget(void* function) {

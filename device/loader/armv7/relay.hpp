@@ -5,15 +5,16 @@
 
 namespace device::loader {
 
-// What the relay goes by: the function to call, then its words.
+// What the relay goes by: the function to call, and its words. The routine knows where each lies.
 struct Relay {
   void* target = nullptr;
   uint32_t count = 0;
-  uint32_t map[1];
+  const uint32_t* words = nullptr;
+  WordMap map;
 };
 
 // Lives as long as the process.
-Relay* makeRelay(void* target, const WordMap& map);
+const Relay* makeRelay(void* target, const WordMap& map);
 
 // A function that calls `target` with the words laid out by `map`, on a stack aligned for either side, and
 // keeps register 9, which is the caller's on Linux and nobody's on Apple's systems.
