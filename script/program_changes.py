@@ -24,7 +24,7 @@ PROGRAMS = [
     ("device/loader/", "arm64", ["loader-tests"], "loader-tests", "*", "tests/loader"),
     # The others of this folder are the server's.
     *((f"simulator/serve/{name}.cpp", "sanitize", ["serve-tests"], "serve-tests", tests, "tests/simulator/serve")
-      for name, tests in [("envelope", "AnEnvelope*"), ("frame", "Tiles*:Frame.*:AViewer*"), ("live_home", "-AnEnvelope*:Tiles*:Frame.*:AViewer*"),
+      for name, tests in [("envelope", "AnEnvelope*"), ("frame", "Tiles*:Frame.*:AViewer*"), ("live_home", "-AnEnvelope*:Tiles*:Frame.*:AViewer*:DrawnFrames*:AFinger.*"),
                           ("page_fingers", "AFinger*"), ("viewer", "AViewer*:DrawnFrames*")]),
     ("simulator/appsupport/", "sanitize", ["appsupport-tests"], "appsupport-tests", "-*ARestoration*:*TravellingSettings*:*SettingsTool*", "tests/simulator/appsupport"),
 ]

@@ -79,6 +79,18 @@ TEST_F(TimeOfALivingHome, IsSleptThroughWhereNothingIsDue) {
   });
 }
 
+TEST_F(TimeOfALivingHome, IsSleptThroughThoughAPageLooksOn) {
+  live([](Pages& pages) {
+    pages.say({{"type", "join"}});
+    pages.frame();
+    pages.say({{"type", "drawn"}, {"frame", 1}});
+    time(pages);
+    const double before = processorSeconds();
+    rest(0.7);
+    EXPECT_LT(processorSeconds() - before, 0.3);
+  });
+}
+
 TEST_F(TimeOfALivingHome, PassesInShortSteps) {
   live([](Pages& pages) {
     const auto start = std::chrono::steady_clock::now();
