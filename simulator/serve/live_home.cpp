@@ -123,9 +123,9 @@ void LiveHome::wait(double until) {
   // In whole milliseconds, as `poll` waits, each frame would be half of one late.
   const double seconds = std::clamp(until - sinceThen(start).count(), 0.0, longestWait);
   const timespec timeout{static_cast<time_t>(seconds), static_cast<long>(std::fmod(seconds, 1) * 1e9)};
-  const int ready = ::ppoll(all.data(), all.size(), until == never ? nullptr : &timeout, nullptr);
+  ::ppoll(all.data(), all.size(), until == never ? nullptr : &timeout, nullptr);
   woken = std::min(until, sinceThen(start).count());
-  if (ready > 0 && all.back().revents != 0) listen();
+  if (all.back().revents != 0) listen();
 }
 
 void LiveHome::listen() {
