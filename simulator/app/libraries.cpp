@@ -5,6 +5,7 @@
 
 #include "simulator/app/options.hpp"
 #include "simulator/app/program.hpp"
+#include "simulator/device/program_folder.hpp"
 #include "simulator/device/usage_error.hpp"
 
 namespace sim {
@@ -13,8 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path ownLibrary(const Program& program) {
-  return program.library.empty() ? fs::path()
-                                 : fs::canonical("/proc/self/exe").parent_path() / program.library;
+  return program.library.empty() ? fs::path() : programFolder() / program.library;
 }
 
 std::string nameOnDevice(const fs::path& file, const Program& program) {

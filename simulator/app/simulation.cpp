@@ -10,6 +10,7 @@
 #include "simulator/app/injection.hpp"
 #include "simulator/app/libraries.hpp"
 #include "simulator/device/image.hpp"
+#include "simulator/device/program_folder.hpp"
 #include "simulator/device/unfinished_files.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/preferences/settings.hpp"
@@ -32,7 +33,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* iconSupportPath = "/Library/MobileSubstrate/DynamicLibraries/IconSupport.dylib";
 
-fs::path beside(const std::string& name) { return fs::canonical("/proc/self/exe").parent_path() / name; }
+fs::path beside(const std::string& name) { return programFolder() / name; }
 
 // The phones of the catalogue whose screens feel force.
 bool feelsForce(const Device& device) {

@@ -9,6 +9,7 @@
 #include "platform/foundation/data.hpp"
 #include "platform/foundation/file_manager.hpp"
 #include "simulator/device/image.hpp"
+#include "simulator/device/program_folder.hpp"
 #include "simulator/device/usage_error.hpp"
 #include "simulator/preferences/look.hpp"
 #include "simulator/preferences/specifier.hpp"
@@ -82,8 +83,7 @@ std::string executableOf(const std::string& bundle) {
   const NSDictionary info = NSDictionary::dictionaryWithContentsOfFile(string(bundle + "/Info.plist"));
   const std::string name = textAt(info, "CFBundleExecutable"_ns), file = bundle + "/" + name;
   if (image::takesDeviceFiles() || !isForDevices(string(file))) return file;
-  const auto built = std::filesystem::canonical("/proc/self/exe").parent_path();
-  return built / std::filesystem::path(bundle).filename() / name;
+  return programFolder() / std::filesystem::path(bundle).filename() / name;
 }
 
 }  // namespace

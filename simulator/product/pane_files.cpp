@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "simulator/app/simulation.hpp"
+#include "simulator/device/program_folder.hpp"
 #include "simulator/product/start_files.hpp"
 
 namespace sim::product {
@@ -25,7 +26,7 @@ void install(const fs::path& from, const fs::path& to) {
 void putPane(Simulation& simulation) {
   const fs::path bundle = simulation.fileSystem().hostPath("/Library/PreferenceBundles/Tilo.bundle");
   const fs::path entry = simulation.fileSystem().hostPath("/Library/PreferenceLoader/Preferences/Tilo.plist");
-  const fs::path built = fs::canonical("/proc/self/exe").parent_path();
+  const fs::path built = programFolder();
   if (simulation.startOptions().stock || simulation.startOptions().installed ||
       !fs::exists(built / "Tilo.bundle/Tilo"))
     return;

@@ -6,14 +6,13 @@
 
 #include <filesystem>
 
+#include "simulator/device/program_folder.hpp"
 #include "simulator/device/usage_error.hpp"
 
 namespace sim::product {
 namespace {
 
-std::filesystem::path bundle() {
-  return std::filesystem::canonical("/proc/self/exe").parent_path() / "Tilo.bundle";
-}
+std::filesystem::path bundle() { return programFolder() / "Tilo.bundle"; }
 
 }  // namespace
 

@@ -98,6 +98,27 @@ TEST(Script, MeansTheFolderOfWhoStartedIt) {
   fs::current_path("/");
 }
 
+// Which is what happens to a home screen that somebody looks at while the tree is compiled.
+TEST(Script, GoesOnWhenTheProgramIsReplaced) {
+  sim::TemporaryRoot folder;
+  const fs::path built = fs::canonical("/proc/self/exe").parent_path(), program = folder.path() / "tilo-sim";
+  for (const char* name :
+       {"libTilo.so", "libIconSupport.so", "Tilo.bundle", "Tilo_Main.bundle", "Tilo.plist"})
+    fs::create_symlink(built / name, folder.path() / name);
+  fs::copy_file(built / "tilo-sim", program);
+  const fs::path seen = folder.path() / "seen.json", end = folder.path() / "end.json";
+  FILE* input = popen((program.string() + " --script -").c_str(), "w");
+  ASSERT_TRUE(input);
+  ASSERT_GE(fputs(("report " + seen.string() + "\n").c_str(), input), 0);
+  fflush(input);
+  for (int tries = 0; tries < 2000 && !Json::accepts(test::contentsOf(seen)); ++tries) usleep(10000);
+  fs::remove(program);
+  fs::copy_file(built / "tilo-sim", program);
+  ASSERT_GE(fputs(("set rows=5\nreport " + end.string() + "\n").c_str(), input), 0);
+  EXPECT_EQ(pclose(input), 0);
+  EXPECT_TRUE(Json::accepts(test::contentsOf(end)));
+}
+
 // A program at the other end that goes on when it has seen what came of its last line.
 TEST(Script, FromStandardInputGoesLineByLine) {
   sim::TemporaryRoot folder;
