@@ -7,6 +7,7 @@
 #include "bridge/replace.hpp"
 #include "platform/foundation/data.hpp"
 #include "platform/foundation/number.hpp"
+#include "platform/foundation/run_loop.hpp"
 #include "simulator/runtime/property_list_nesting.hpp"
 
 namespace sim {
@@ -25,7 +26,14 @@ struct NSPropertyListSerialization : bridge::Face<"NSPropertyListSerialization",
       dataWithPropertyList_format_options_error{};
 };
 
-struct NSDate : bridge::Face<"NSDate", NSObject> {};
+// Seconds from the beginning of 2001 on: from the year 4 to the end of 9999. GNUstep writes earlier dates for
+// ever, and later ones so that nobody can read them.
+constexpr double earliest = -63e9, latest = 252'455'615'999;
+
+bool isWritable(NSDate date) {
+  const double seconds = date.timeIntervalSinceReferenceDate();
+  return seconds >= earliest && seconds <= latest;
+}
 
 constexpr NSUInteger xmlFormat = 100;  // NSPropertyListXMLFormat_v1_0
 
@@ -111,7 +119,8 @@ bool isPropertyList(bridge::Object object) {
     return true;
   }
   return bridge::isKindOf<NSString>(object) || bridge::isKindOf<NSNumber>(object) ||
-         bridge::isKindOf<NSData>(object) || bridge::isKindOf<NSDate>(object);
+         bridge::isKindOf<NSData>(object) ||
+         (bridge::isKindOf<NSDate>(object) && isWritable(bridge::as<NSDate>(object)));
 }
 
 NSData propertyListText(NSDictionary values) {
@@ -125,7 +134,7 @@ NSDictionary propertyList(NSData data) {
   const std::string_view bytes(static_cast<const char*>(data.bytes()), data.length());
   if (!hasKnownForm(bytes) || !isNestedSanely(bytes)) return {};
   bridge::Object read = parsed(data);
-  // A binary one may have keys that are no strings, which nobody could write again.
+  // A binary one may have keys that are no strings, and dates of no calendar, which nobody could write again.
   return bridge::isKindOf<NSDictionary>(read) && isPropertyList(read) ? bridge::as<NSDictionary>(read)
                                                                       : NSDictionary{};
 }

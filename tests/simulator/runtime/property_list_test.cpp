@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
+
 #include "platform/foundation/number.hpp"
 #include "simulator/runtime/property_list_nesting.hpp"
 #include "tests/support/home.hpp"
@@ -122,6 +125,17 @@ TEST_F(PropertyList, InBinaryHasEachObjectWholeBeforeItsTable) {
     const std::string cut = object.substr(0, object.size() - 1);
     EXPECT_FALSE(isNestedSanely(binary({dictionary(1, 2), letter, cut}))) << testing::PrintToString(object);
   }
+}
+
+// From the year 4 to 9999.
+TEST_F(PropertyList, HasNoDatesThatNobodyCouldWriteAgain) {
+  const auto isReadWith = [](double seconds) {
+    const std::string date = "\x33" + bigEndian(std::bit_cast<std::uint64_t>(seconds), 8);
+    return readable(binary({dictionary(1, 2), letter, date}));
+  };
+  for (double seconds : {0.0, 8e8, -63e9, 252'455'615'999.0}) EXPECT_TRUE(isReadWith(seconds)) << seconds;
+  for (double seconds : {-63.1e9, -1e300, 252'455'616'000.0, 1e300, HUGE_VAL, std::nan("")})
+    EXPECT_FALSE(isReadWith(seconds)) << seconds;
 }
 
 TEST_F(PropertyList, InBinaryHasItsTableWhole) {
