@@ -56,15 +56,18 @@ Json save(Simulation& simulation, const Json& message) {
   if (text.size() > longestText) throw UsageError(fmt::format("'{}' has too many steps to be saved", name));
   const fs::path place = simulation.fileSystem().hostPath(folder);
   const fs::path file = place / (name + std::string(extension));
+  std::error_code error;
   if (text.empty()) {
-    fs::remove(file);
+    fs::remove(file, error);
+    if (error) throw UsageError(fmt::format("'{}' cannot be removed", name));
     return nullptr;
   }
-  if (!fs::exists(file) && files(place).size() >= mostNames)
+  if (!fs::exists(file, error) && files(place).size() >= mostNames)
     throw UsageError(fmt::format("'{}' cannot be saved: there are {} already", name, mostNames));
-  fs::create_directories(place);
+  // Where the disk refuses one of these, it does not take the file either.
+  fs::create_directories(place, error);
   // Not through a link that somebody has put there.
-  if (fs::is_symlink(fs::symlink_status(file))) fs::remove(file);
+  if (fs::is_symlink(fs::symlink_status(file, error))) fs::remove(file, error);
   std::ofstream out(file, std::ios::binary);
   if (!(out << text << std::flush)) throw UsageError(fmt::format("'{}' cannot be written", name));
   return nullptr;
