@@ -19,13 +19,12 @@ Runs::Kind kindOf(const std::uint32_t* upper, const std::uint32_t* lower, int wi
   Runs::Kind kind{{}, 0, 0};
   int opaqueSince = 0;  // where the opaque stretch begins that ends at `x`
   for (int x = 0; x < width;) {
-    const std::uint32_t pixel = upper[x];
-    int end = x;
-    while (end < width && upper[end] == pixel && lower[end] == pixel) ++end;
-    const bool isRun = end - x >= Runs::shortest && (pixel == 0 || isOpaque(pixel));
-    if (isRun) kind.runs.push_back({x, end, pixel});
-    const bool isStretch = isOpaque(pixel) && isOpaque(lower[x]);
-    x = std::max(end, x + 1);
+    const std::uint32_t one = upper[x], other = lower[x];
+    int end = x + 1;
+    while (end < width && upper[end] == one && lower[end] == other) ++end;
+    if (end - x >= Runs::shortest) kind.runs.push_back({x, end, one, other});
+    const bool isStretch = isOpaque(one) && isOpaque(other);
+    x = end;
     if (!isStretch) opaqueSince = x;
     if (x - opaqueSince > kind.opaqueEnd - kind.opaqueBegin)
       std::tie(kind.opaqueBegin, kind.opaqueEnd) = std::pair(opaqueSince, x);

@@ -11,10 +11,13 @@
 
 namespace sim {
 
-/** Pixels of a row, and the same ones of the row below it, that are all alike: clear or opaque. */
+/** Pixels of a row that are all alike, as are those below them, in the next row: but maybe not as the upper
+ * ones. */
 struct Run {
   int begin, end;
-  std::uint32_t pixel;
+  std::uint32_t upper, lower;
+
+  bool isClear() const { return upper == 0 && lower == 0; }
   bool operator==(const Run&) const = default;
 };
 

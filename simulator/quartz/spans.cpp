@@ -48,6 +48,14 @@ class Rows {
     return room.data();
   }
 
+  /** Has the pixels on their way to the caches: the row below will want them, and memory is far. */
+  void fetch(int y, int begin, int end) const {
+    constexpr int line = 64 / channels;  // pixels
+    if (y >= image.height) return;
+    for (int x = std::max(begin, 0); x < std::min(end, image.width); x += line)
+      __builtin_prefetch(image.at(x, y));
+  }
+
   const Image image;
 };
 
@@ -90,9 +98,7 @@ class Laying {
     int at = left;
     for (const Run& run : current.runs) {
       mixAll(y, at, run.begin);
-      if (run.pixel != 0)
-        std::fill_n(reinterpret_cast<std::uint32_t*>(target.at(run.begin, y)), run.end - run.begin,
-                    run.pixel);
+      if (!run.isClear()) layPlain(y, run);
       at = run.end;
     }
     mixAll(y, at, right);
@@ -105,22 +111,35 @@ class Laying {
     for (const Run& run : all) {
       const int begin = std::max(across.firstAt(run.begin), left);
       const int end = std::min(across.firstAt(run.end - next), right);
-      if (begin < end) current.runs.push_back({begin, end, run.pixel});
+      if (begin < end) current.runs.push_back({begin, end, run.upper, run.lower});
     }
     current.opaqueBegin = across.firstAt(opaqueBegin);
     current.opaqueEnd = across.firstAt(std::max(opaqueEnd - next, opaqueBegin));
   }
 
+  // Of one pixel between one other and the one below it.
+  void layPlain(int y, const Run& run) {
+    std::uint32_t pixel = run.upper;
+    if (run.lower != run.upper)
+      mixRows(reinterpret_cast<const Byte*>(&run.upper), reinterpret_cast<const Byte*>(&run.lower),
+              reinterpret_cast<Byte*>(&pixel), 1, 0, down.share(y));
+    const bool isOpaque = pixel >> 24 == 0xff;
+    Byte* const out = target.at(run.begin, y);
+    Byte* const all = isOpaque ? out : &mixed[static_cast<std::size_t>(run.begin - left) * channels];
+    std::fill_n(reinterpret_cast<std::uint32_t*>(all), run.end - run.begin, pixel);
+    if (!isOpaque) layRowOver(all, out, run.end - run.begin);
+  }
+
   void mixAll(int y, int begin, int end) {
+    if (begin >= end) return;
     const auto mixUpTo = [&](int limit, bool isOpaque) {
+      if (limit <= begin) return false;
       const int stop = std::min(limit, end);
-      if (begin < stop) mix(y, std::exchange(begin, stop), stop, isOpaque);
+      mix(y, std::exchange(begin, stop), stop, isOpaque);
+      return begin == end;
     };
-    mixUpTo(innerBegin, false);
-    mixUpTo(current.opaqueBegin, false);
-    mixUpTo(current.opaqueEnd, true);
-    mixUpTo(innerEnd, false);
-    mixUpTo(end, false);
+    mixUpTo(innerBegin, false) || mixUpTo(current.opaqueBegin, false) || mixUpTo(current.opaqueEnd, true) ||
+        mixUpTo(innerEnd, false) || mixUpTo(end, false);
   }
 
   void mix(int y, int begin, int end, bool isOpaque) {
@@ -129,6 +148,7 @@ class Laying {
     Byte* const out = target.at(begin, y);
     const Byte* const one = rows.at(row, first, last, above);
     const Byte* const other = rows.at(row + 1, first, last, below);
+    rows.fetch(row + 2, first, last);
     const bool areAlike = runs.isLikeNext(row, first, last);
     const int share = areAlike ? 0 : down.share(y);
     if (next == 0 && share == 0) {

@@ -21,28 +21,32 @@ Surface picture(int width, int height, const PixelRect& card, const Color& color
 
 const Runs::Kind& kindOf(const Runs& runs, int row) { return runs.kind(runs.kindOf(row)); }
 
-TEST(Runs, AreOfOneColourInTwoRows) {
+TEST(Runs, AreOfOneColourInEachOfTwoRows) {
   const Runs runs(picture(140, 4, {40, 1, 60, 2}).get());
-  EXPECT_EQ(kindOf(runs, 1).runs, (std::vector<sim::Run>{{0, 40, 0}, {40, 100, red}, {100, 140, 0}}));
-  EXPECT_EQ(kindOf(runs, 2).runs, (std::vector<sim::Run>{{0, 40, 0}, {100, 140, 0}}));
+  EXPECT_EQ(kindOf(runs, 1).runs,
+            (std::vector<sim::Run>{{0, 40, 0, 0}, {40, 100, red, red}, {100, 140, 0, 0}}));
+  EXPECT_EQ(kindOf(runs, 2).runs,
+            (std::vector<sim::Run>{{0, 40, 0, 0}, {40, 100, red, 0}, {100, 140, 0, 0}}));
 }
 
 TEST(Runs, AreNoShorterThanItIsWorth) {
   const int least = Runs::shortest;
   EXPECT_TRUE(kindOf(Runs(picture(least - 1, 2, {0, 0, least - 1, 2}).get()), 0).runs.empty());
   EXPECT_EQ(kindOf(Runs(picture(least, 2, {0, 0, least, 2}).get()), 0).runs,
-            (std::vector<sim::Run>{{0, least, red}}));
+            (std::vector<sim::Run>{{0, least, red, red}}));
 }
 
-TEST(Runs, AreClearOrOpaque) {
+TEST(Runs, AreOfAnyColour) {
   const Runs runs(picture(100, 2, {0, 0, 100, 2}, {1, 0, 0, 0.5}).get());
-  EXPECT_TRUE(kindOf(runs, 0).runs.empty());
+  EXPECT_EQ(kindOf(runs, 0).runs, (std::vector<sim::Run>{{0, 100, 0x80800000, 0x80800000}}));
 }
 
 TEST(Runs, AboveAndBelowThePictureAreThoseOfClearPixels) {
   const Runs runs(picture(100, 2, {0, 0, 50, 2}).get());
   for (const int row : {-1, 1})
-    EXPECT_EQ(kindOf(runs, row).runs, (std::vector<sim::Run>{{50, 100, 0}})) << row;
+    EXPECT_EQ(kindOf(runs, row).runs,
+              (std::vector<sim::Run>{{0, 50, row < 0 ? 0 : red, row < 0 ? red : 0}, {50, 100, 0, 0}}))
+        << row;
   EXPECT_FALSE(runs.has(-2));
   EXPECT_FALSE(runs.has(2));
 }

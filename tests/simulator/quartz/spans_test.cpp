@@ -130,6 +130,20 @@ TEST_F(Spans, OfBandsBelowEachOtherAreAsByCairo) {
   for (int round = 0; round < 40; ++round) expectAsByCairo(image, {0.8, 0, 0, 0.8, 1.3, number(300) / 100.0});
 }
 
+// As a shadow above a card and below it: plain from side to side, and every row other than the next.
+TEST_F(Spans, OfRowsThatArePlainAndUnlikeAreAsByCairo) {
+  for (int round = 0; round < 400; ++round) {
+    const int width = 36 + number(50), edge = number(6);
+    const Surface image = makeImage(width, 30);
+    for (int y = 0; y < 30; ++y) {
+      const std::uint32_t all = pixel(number(3) ? number(256) : 255 * number(2));
+      for (int x = edge; x < width - edge; ++x) set(image, x, y, all);
+    }
+    const double scale = number(2) ? 1 : 0.8 + number(2200) / 1000.0;
+    expectAsByCairo(image, {scale, 0, 0, scale, number(300) / 100.0 - 2, number(3000) / 100.0 - 15});
+  }
+}
+
 TEST_F(Spans, AreNotForPicturesThatAreTurnedOrMirroredOrMuchSmaller) {
   const Surface image = card(20, 20, 2), target = makeImage(40, 30);
   for (const CGAffineTransform& t : {rotation(0.1), scaling(-1, 1), scaling(1, -1), scaling(0.7, 1)}) {
