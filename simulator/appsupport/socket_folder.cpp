@@ -47,7 +47,7 @@ std::optional<sockaddr_un> socketAddress(int folder, std::string_view centre) {
     return std::nullopt;
   sockaddr_un address = {};
   address.sun_family = AF_UNIX;
-  fmt::format_to_n(address.sun_path, sizeof address.sun_path - 1, "/proc/self/fd/{}/{}.sock", folder, centre);
+  fmt::format("/proc/self/fd/{}/{}.sock", folder, centre).copy(address.sun_path, sizeof address.sun_path - 1);
   return address;
 }
 

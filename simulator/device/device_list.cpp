@@ -3,8 +3,6 @@
 
 #include <fmt/format.h>
 
-#include <iterator>
-
 #include "simulator/device/catalogue.hpp"
 
 namespace sim {
@@ -27,10 +25,10 @@ std::string deviceTable() {
   std::string table = fmt::format(line, "name", "points", "scale", "native pixels", "idiom",
                                   "system versions", "stock rows×columns");
   for (const Device& device : catalogue()) {
-    fmt::format_to(std::back_inserter(table), line, device.name,
-                   times(device.points.width, device.points.height), device.scale,
-                   times(device.nativePixels.width, device.nativePixels.height), idiomName(device.idiom),
-                   device.first.text() + "-" + device.last.text(), gridText(device));
+    table +=
+        fmt::format(line, device.name, times(device.points.width, device.points.height), device.scale,
+                    times(device.nativePixels.width, device.nativePixels.height), idiomName(device.idiom),
+                    device.first.text() + "-" + device.last.text(), gridText(device));
   }
   return table;
 }

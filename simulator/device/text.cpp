@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace sim {
 namespace {
@@ -22,7 +21,7 @@ std::string shown(std::string_view text) {
     if (first == '\n' || first == '\r' || first == '\t')
       line += ' ';
     else if (length == 0 || (first >= 0 && first < ' ') || first == 0x7F)
-      fmt::format_to(std::back_inserter(line), "\\x{:02x}", static_cast<unsigned char>(first));
+      line += fmt::format("\\x{:02x}", static_cast<unsigned char>(first));
     else
       line += text.substr(0, length);
     text.remove_prefix(std::max<std::size_t>(length, 1));
