@@ -4,11 +4,12 @@
 //   act-scenarios --into FOLDER [--jobs N] [--library FILE] [--pictures NAME,...] [--pixels NAME,...]
 //   SCENARIO...
 //
-// Each gets a folder below FOLDER with what it said and how it ended (`said`), its reports, the one at its
-// end
-// (`end.json`), the size and the sum of the picture at its end (`picture`), and of those that --pixels names
-// the picture itself (`pixels`: its width and height, then a word for each pixel). Options stand in the
-// scenario's line "# options:", as a shell would have them. Exit status 2 when there is nothing to act.
+// Each gets a folder below FOLDER with what it said and how it ended (`said`), its reports, and the one at
+// its end (`end.json`). Those that --pictures names, otherwise all, leave the pictures too that their steps
+// take, and the size and the sum of the one at their end (`picture`); those that --pixels names that picture
+// itself
+// (`pixels`: its width and height, then a word for each pixel). Options stand in the scenario's line
+// "# options:", as a shell would have them. Exit status 2 when there is nothing to act.
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/wait.h>
@@ -131,10 +132,12 @@ void act(const fs::path& scenario, const Arguments& given) {
   sim::Script script(scenario.string(), program.steps);
   sim::Simulation simulation(options, program);
   simulation.start();
-  while (const auto step = script.next()) sim::perform(simulation, *step);
-  simulation.report((folder / "end.json").string());
   const bool whole = given.pixels.contains(scenario.stem());
-  if (whole || isPictured(scenario, given)) takePicture(folder, whole);
+  const bool isSeen = whole || isPictured(scenario, given);
+  while (const auto step = script.next())
+    if (isSeen || step->name() != "snapshot") sim::perform(simulation, *step);
+  simulation.report((folder / "end.json").string());
+  if (isSeen) takePicture(folder, whole);
 }
 
 int actAndTell(const fs::path& scenario, const Arguments& given) {
