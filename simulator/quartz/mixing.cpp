@@ -68,33 +68,29 @@ inline void mixBlock(const Byte* upper, const Byte* lower, Byte* out, int across
   store(even | odd << 8, out);
 }
 
-// A pixel and the next one, channel by channel, as they are multiplied with what is taken of each.
-using Neighbours [[gnu::vector_size(2 * channels * 2)]] = std::int16_t;  // the sums leave a sign bit
+// A pixel and the next one, whose sums leave a sign bit.
+using Neighbours [[gnu::vector_size(2 * channels * 2)]] = std::int16_t;
 using Channels [[gnu::vector_size(channels * 4)]] = std::int32_t;
 constexpr int few = 4;  // pixels that are mixed at once
 
-// Of some pixels of two rows, and of one more.
-inline void pairNeighbours(const Byte* upper, const Byte* lower, int down, std::uint16_t* neighbours) {
+// Of some pixels of two rows, channel by channel.
+inline void sumDown(const Byte* upper, const Byte* lower, int down, std::uint16_t* sums) {
   using Some [[gnu::vector_size(few * channels)]] = Byte;
   using Sums [[gnu::vector_size(few * channels * 2)]] = std::uint16_t;
   const auto share = static_cast<std::uint16_t>(down), rest = static_cast<std::uint16_t>(mixingSteps - down);
-  Sums sums[2];
-  for (int i = 0; i < 2; ++i) {
-    Some above, below;
-    std::memcpy(&above, upper + i * channels, sizeof above);
-    std::memcpy(&below, lower + i * channels, sizeof below);
-    sums[i] = __builtin_convertvector(above, Sums) * rest + __builtin_convertvector(below, Sums) * share;
-  }
-  const auto all =
-      __builtin_shufflevector(sums[0], sums[1], 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23, 8, 24,
-                              9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
-  std::memcpy(neighbours, &all, sizeof all);
+  Some above, below;
+  std::memcpy(&above, upper, sizeof above);
+  std::memcpy(&below, lower, sizeof below);
+  const Sums all = __builtin_convertvector(above, Sums) * rest + __builtin_convertvector(below, Sums) * share;
+  std::memcpy(sums, &all, sizeof all);
 }
 
-inline void mixNeighbours(const std::uint16_t* neighbours, std::int32_t sharesOfBoth, Channels& mixed) {
+inline void mixNeighbours(const std::uint16_t* sums, std::int32_t sharesOfBoth, Channels& mixed) {
   using Products [[gnu::vector_size(2 * channels * 4)]] = std::int32_t;
   Neighbours two;
-  std::memcpy(&two, neighbours, sizeof two);
+  std::memcpy(&two, sums, sizeof two);
+  // As they are multiplied with what is taken of each.
+  two = __builtin_shufflevector(two, two, 0, 4, 1, 5, 2, 6, 3, 7);
   const Channels shares = Channels{} + sharesOfBoth;
   const Products products = __builtin_convertvector(two, Products) *
                             __builtin_convertvector(reinterpret_cast<Neighbours>(shares), Products);
@@ -144,23 +140,22 @@ FOR_EACH_PROCESSOR void mixRows(const Byte* upper, const Byte* lower, Byte* out,
 
 FOR_EACH_PROCESSOR void mixScaled(const Byte* upper, const Byte* lower, Byte* out,
                                   std::span<const Place> places, int down, std::vector<std::uint16_t>& room) {
-  constexpr int each = 2 * channels;  // sums
-  const int first = places.front().pixel, count = places.back().pixel - first + 1;
-  if (const auto needed = static_cast<std::size_t>((count + few) * each); room.size() < needed)
+  const int first = places.front().pixel, count = places.back().pixel - first + 2;
+  if (const auto needed = static_cast<std::size_t>((count + few) * channels); room.size() < needed)
     room.resize(needed);
-  std::uint16_t* const neighbours = room.data();
+  std::uint16_t* const sums = room.data();
   int i = 0;
   for (; i + few <= count; i += few)
-    pairNeighbours(upper + i * channels, lower + i * channels, down, neighbours + i * each);
+    sumDown(upper + i * channels, lower + i * channels, down, sums + i * channels);
   if (i < count) {
-    const std::size_t rest = static_cast<std::size_t>(count - i + 1) * channels;
-    Byte padded[2][(few + 1) * channels] = {};
+    const std::size_t rest = static_cast<std::size_t>(count - i) * channels;
+    Byte padded[2][few * channels] = {};
     std::memcpy(padded[0], upper + i * channels, rest);
     std::memcpy(padded[1], lower + i * channels, rest);
-    pairNeighbours(padded[0], padded[1], down, neighbours + i * each);
+    sumDown(padded[0], padded[1], down, sums + i * channels);
   }
   const auto mix = [&](const Place& place, Channels& mixed) {
-    mixNeighbours(neighbours + (place.pixel - first) * each, place.shares, mixed);
+    mixNeighbours(sums + (place.pixel - first) * channels, place.shares, mixed);
   };
   std::size_t k = 0;
   for (; k + few <= places.size(); k += few) {
