@@ -1,4 +1,4 @@
-// Where a picture is plain: stretches of its rows that need no mixing when it is laid between pixels.
+// Where a picture is plain: stretches of its rows of which one pixel tells all when it is laid over others.
 #pragma once
 
 #include <algorithm>
@@ -30,7 +30,7 @@ class Runs {
   Runs() = default;
   explicit Runs(cairo_surface_t* image);
 
-  /** Which runs a row has in common with the next one: rows with the same number have the same. From -1. */
+  /** Which runs a row and the next one have: rows with the same number have the same. From -1. */
   std::size_t kindOf(int row) const { return rows[static_cast<std::size_t>(row + 1)]; }
   bool has(int row) const { return row >= -1 && row + 1 < static_cast<int>(rows.size()); }
 

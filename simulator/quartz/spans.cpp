@@ -1,4 +1,4 @@
-// Laying rows over others: what is plain is filled or left out, the rest is mixed.
+// Laying rows over others: what is plain is mixed once for all of it, or left out; the rest pixel by pixel.
 #include "simulator/quartz/spans.hpp"
 
 #include <algorithm>

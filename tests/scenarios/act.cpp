@@ -5,10 +5,9 @@
 //   SCENARIO...
 //
 // Each gets a folder below FOLDER with what it said and how it ended (`said`), its reports, and the one at
-// its end (`end.json`). Those that --pictures names, otherwise all, leave the pictures too that their steps
-// take, and the size and the sum of the one at their end (`picture`); those that --pixels names that picture
-// itself
-// (`pixels`: its width and height, then a word for each pixel). Options stand in the scenario's line
+// its end (`end.json`). Those that --pictures names, otherwise all, leave the pictures that their steps take
+// as well, and the size and the sum of the one at their end (`picture`); those that --pixels names leave it
+// whole (`pixels`: its width and height, then a word for each pixel). Options stand in the scenario's line
 // "# options:", as a shell would have them. Exit status 2 when there is nothing to act.
 #include <fcntl.h>
 #include <fmt/format.h>
