@@ -1,4 +1,5 @@
 // A point of the home screen beside its icons.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -42,7 +43,7 @@ bool isFree(const std::vector<CGRect>& rects, CGPoint point) {
   return true;
 }
 
-double distanceOf(CGPoint a, CGPoint b) { return std::hypot(a.x - b.x, a.y - b.y); }
+double squaredDistance(CGPoint a, CGPoint b) { return (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y); }
 
 CGPoint nearestFree(auto allowed) {
   const std::vector<CGRect> rects = covered();
@@ -50,14 +51,18 @@ CGPoint nearestFree(auto allowed) {
   const CGPoint middle{screen.width / 2, screen.height / 2};
   double best = std::numeric_limits<double>::infinity();
   CGPoint found{};
-  for (double y = 0; y < screen.height; ++y)
-    for (double x = 0; x < screen.width; ++x) {
+  for (double y = 0; y < screen.height; ++y) {
+    // What is farther to the side than this is no nearer.
+    const double side = std::sqrt(std::max(best - (y - middle.y) * (y - middle.y), 0.0));
+    const double end = std::min<double>(screen.width, middle.x + side + 1);
+    for (double x = std::max(std::floor(middle.x - side), 0.0); x < end; ++x) {
       const CGPoint point{x, y};
-      const double distance = distanceOf(point, middle);
+      const double distance = squaredDistance(point, middle);
       if (distance >= best || !allowed(point) || !isFree(rects, point)) continue;
       best = distance;
       found = point;
     }
+  }
   if (std::isinf(best)) throw UsageError("icons cover the whole screen");
   return found;
 }
@@ -69,7 +74,7 @@ CGPoint freePoint() {
 }
 
 CGPoint freePoint(CGPoint other, double distance) {
-  return nearestFree([=](CGPoint point) { return distanceOf(point, other) >= distance; });
+  return nearestFree([=](CGPoint point) { return squaredDistance(point, other) >= distance * distance; });
 }
 
 }  // namespace sim::input

@@ -49,12 +49,14 @@ Library toLibrary(const Json& from) {
   if (from.isString()) return from.get<std::string>();
   if (from.isArray()) {
     Library all = Library::array();
+    all.get_ref<Library::array_t&>().reserve(from.size());
     for (const Json& item : from) all.push_back(toLibrary(item));
     return all;
   }
   if (from.isObject()) {
     Library all = Library::object();
     auto& members = all.get_ref<Library::object_t&>();
+    members.reserve(from.items().size());  // growing, it would copy all that is below
     for (const auto& [key, value] : from.items()) members.emplace_back(key, toLibrary(value));
     return all;
   }

@@ -37,7 +37,7 @@ void addFont(FcConfig* config, const std::string& file, const char* package) {
 }
 
 // Built in memory from single files: no settings are read and no cache is written.
-FcConfig* textFonts() {
+FcConfig* makeTextFonts() {
   FcConfig* config = FcConfigCreate();
   for (const char* style : {"Thin", "ExtraLight", "Light", "Regular", "Medium", "SemiBold", "Bold",
                             "ExtraBold", "Black", "Italic", "MediumItalic", "SemiBoldItalic", "BoldItalic"}) {
@@ -46,6 +46,11 @@ FcConfig* textFonts() {
   addFont(config, "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", "fonts-dejavu-core");
   addFont(config, "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf", "fonts-dejavu-core");
   return config;
+}
+
+FcConfig* textFonts() {
+  static FcConfig* fonts = makeTextFonts();
+  return fonts;
 }
 
 // A set of its own, so that no text finds an icon in it.
@@ -150,6 +155,8 @@ double heightAboveBaseline(char32_t character, const Font& font) {
 }
 
 }  // namespace
+
+void readFonts() { textFonts(); }
 
 PangoContext* textContext() {
   static PangoContext* context = makeTextContext();

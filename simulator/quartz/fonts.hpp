@@ -66,6 +66,13 @@ void drawGlyph(cairo_t* context, char32_t character, const Font& font, const CGR
 std::string utf8(char32_t character);
 
 /**
+ * Reads the files of the fonts for texts, so that processes which are forked from this one need not: it is a
+ * fifth of a short script's run. Nothing of Pango's is made, whose threads no fork takes along. Throws as
+ * textContext does.
+ */
+void readFonts();
+
+/**
  * Pango's context over the private fonts, with hinting off. Borrowed; lives as long as the program. Throws
  * std::runtime_error that names the file of the first font that is not installed, and its package.
  */

@@ -20,10 +20,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include "simulator/app/simulation.hpp"
@@ -32,6 +34,7 @@
 #include "simulator/device/clock.hpp"
 #include "simulator/input/script.hpp"
 #include "simulator/product/product.hpp"
+#include "simulator/quartz/fonts.hpp"
 #include "simulator/time/run_loop.hpp"
 #include "simulator/uikit/drawing/rendering.hpp"
 
@@ -191,14 +194,18 @@ Arguments take(int count, char** words) {
 
 }  // namespace
 
-// What every process would draw again otherwise, and what an emulator forgets when a first thread is started.
+// What several processes would read or draw again otherwise, and what an emulator forgets when a first thread
+// is started.
 void prepare(const Arguments& given) {
   std::thread([] {}).join();
+  sim::readFonts();
+  std::map<std::tuple<double, double, double>, int> scenariosOf;
   for (const fs::path& scenario : given.scenarios) {
     if (!isPictured(scenario, given)) continue;
     const sim::Options options = optionsOf(scenario, {});
-    const sim::Device& device = *options.device;
-    sim::wallpaper(device.screenSize(options.orientation), device.scale);
+    const CGSize size = options.device->screenSize(options.orientation);
+    if (++scenariosOf[{size.width, size.height, options.device->scale}] == 2)
+      sim::wallpaper(size, options.device->scale);
   }
 }
 

@@ -244,6 +244,9 @@ class Runner {
 
 }  // namespace
 
+// What a program does for all of its tests before the first is forked; some have nothing to do.
+__attribute__((weak)) void prepareTests();
+
 int main(int count, char** arguments) {
   testing::InitGoogleTest(&count, arguments);
   const Arguments taken = takeArguments(count, arguments);
@@ -258,5 +261,6 @@ int main(int count, char** arguments) {
     return 2;
   }
   if (names.size() == 1 && taken.jobs == 0) return runHere(names.front());
+  if (prepareTests) prepareTests();
   return Runner(std::move(names), taken).run();
 }
