@@ -7,9 +7,6 @@
 namespace sim::appsupport {
 namespace {
 
-constexpr bridge::ClassMethod<"NSData", "dataWithBytes:length:", NSData(const void*, NSUInteger)>
-    dataWithBytes_length{};
-
 // Nil where Foundation raises.
 NSData textOf(NSDictionary list) {
   try {
@@ -46,7 +43,7 @@ std::optional<std::size_t> payloadLength(std::string_view firstBytes) {
 std::optional<Message> decode(std::string_view payload) {
   // Clients write this form alone.
   if (!payload.starts_with("<?xml")) return std::nullopt;
-  const NSDictionary parts = propertyList(dataWithBytes_length(payload.data(), payload.size()));
+  const NSDictionary parts = propertyList(NSData::dataWithBytes_length(payload.data(), payload.size()));
   if (!parts) return std::nullopt;
   bridge::Object name = parts.objectForKey("name"_ns), userInfo = parts.objectForKey("userInfo"_ns);
   if (!bridge::isKindOf<NSString>(name)) return std::nullopt;

@@ -2,6 +2,7 @@
 // others. Its own writing of them leaves an empty file when a value has letters that are not in ASCII.
 #include "simulator/runtime/property_list.hpp"
 
+#include <string>
 #include <string_view>
 
 #include "bridge/replace.hpp"
@@ -37,21 +38,53 @@ bool isWritable(NSDate date) {
 
 constexpr NSUInteger xmlFormat = 100;  // NSPropertyListXMLFormat_v1_0
 
+constexpr std::string_view mark = "\xef\xbb\xbf";  // of byte order: U+FEFF in UTF-8
+
+// Without a mark before it and blanks around it.
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  if (text.starts_with(mark)) text.remove_prefix(mark.size());
+  const size_t first = text.find_first_not_of(blanks);
+  return first == text.npos ? "" : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
 // Whether it looks whole and as one of the device's forms do: binary, XML, or the old text. GNUstep takes
 // anything else for a form of its own and trusts whatever lengths it finds, and reads on behind the end of an
 // XML text that breaks off.
 bool hasKnownForm(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n", mark = "\xef\xbb\xbf";
   if (text.starts_with("bplist00")) return true;
-  if (text.starts_with(mark)) text.remove_prefix(mark.size());
-  size_t first = text.find_first_not_of(blanks);
-  if (first == text.npos) return false;
-  text = text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+  text = trimmed(text);
+  if (text.empty()) return false;
   return text.starts_with('<') ? text.ends_with("</plist>") : std::string_view("{(/").contains(text[0]);
 }
 
-// Nil for a damaged one. GNUstep raises for some of them.
-bridge::Object parsed(NSData data) {
+// Whether a piece of an XML text begins here: behind a tag, or behind what stands for a letter.
+bool beginsPiece(std::string_view xml, std::size_t at) {
+  if (at < 2) return false;
+  if (xml[at - 1] == '>') return true;
+  if (xml[at - 1] != ';') return false;
+  const std::size_t reference = xml.find_last_of("&;> ", at - 2);
+  return reference != xml.npos && xml[reference] == '&';
+}
+
+// GNUstep leaves two marks of byte order out where a piece of text begins with them: there two stand before.
+std::string withMarksKept(std::string_view xml) {
+  std::string changed;
+  std::size_t taken = 0;
+  for (std::size_t at = xml.find(mark); at != xml.npos; at = xml.find(mark, at + mark.size())) {
+    if (!beginsPiece(xml, at)) continue;
+    changed.append(xml, taken, at - taken).append(mark).append(mark);
+    taken = at;
+  }
+  return changed.append(xml, taken);
+}
+
+// Nil for a damaged one. GNUstep raises for some of them, and reads no XML with a mark before it.
+bridge::Object parsed(NSData data, std::string_view bytes) {
+  if (bytes.contains(mark) && trimmed(bytes).starts_with('<')) {
+    const std::string changed = withMarksKept(trimmed(bytes));
+    data = NSData::dataWithBytes_length(changed.data(), changed.size());
+  }
   NSUInteger format = 0;
   id error = nullptr;
   try {
@@ -133,7 +166,7 @@ NSDictionary propertyList(NSString file) { return propertyList(NSData::dataWithC
 NSDictionary propertyList(NSData data) {
   const std::string_view bytes(static_cast<const char*>(data.bytes()), data.length());
   if (!hasKnownForm(bytes) || !isNestedSanely(bytes)) return {};
-  bridge::Object read = parsed(data);
+  bridge::Object read = parsed(data, bytes);
   // A binary one may have keys that are no strings, and dates of no calendar, which nobody could write again.
   return bridge::isKindOf<NSDictionary>(read) && isPropertyList(read) ? bridge::as<NSDictionary>(read)
                                                                       : NSDictionary{};

@@ -164,4 +164,33 @@ TEST_F(PropertyList, IsNoneWhoseCommentOrQuoteDoesNotEnd) {
   EXPECT_TRUE(isNestedSanely("{a=b;} // the end ((("));
 }
 
+// U+FEFF, with which a text in UTF-8 may begin, is one of its letters anywhere else.
+TEST_F(PropertyList, KeepsMarksOfByteOrderWithinTexts) {
+  bridge::Pool pool;
+  const std::string mark = "\xef\xbb\xbf";
+  const auto readText = [&](const std::string& text) -> std::string {
+    const std::string list = "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>a</key><string>" +
+                             text + "</string></dict></plist>";
+    const std::string file = test::temporaryFile("list.plist", list);
+    const NSDictionary read = sim::propertyList(NSString::stringWithUTF8String(file.c_str()));
+    return bridge::as<NSString>(read.objectForKey("a"_ns)).UTF8String();
+  };
+  EXPECT_EQ(readText("a" + mark + "b"), "a" + mark + "b");
+  EXPECT_EQ(readText(mark + "b"), mark + "b");
+  EXPECT_EQ(readText(mark + mark + "b"), mark + mark + "b");
+  EXPECT_EQ(readText(mark), mark);
+  for (const std::string reference : {"&apos;", "&#39;", "&#x27;"})
+    EXPECT_EQ(readText("a" + reference + mark + "b"), "a'" + mark + "b");
+  EXPECT_EQ(readText("a;" + mark + "b"), "a;" + mark + "b");
+  EXPECT_EQ(readText("&amp; a;" + mark + "b"), "& a;" + mark + "b");
+}
+
+// As some editors leave it.
+TEST_F(PropertyList, MayHaveAMarkOfByteOrderBeforeIt) {
+  const std::string list =
+      "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>a</key><true/></dict></plist>\n";
+  EXPECT_TRUE(readable(list));
+  EXPECT_TRUE(readable("\xef\xbb\xbf" + list));
+}
+
 }  // namespace
