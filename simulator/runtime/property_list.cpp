@@ -58,11 +58,11 @@ bool hasKnownForm(std::string_view text) {
   return text.starts_with('<') ? text.ends_with("</plist>") : std::string_view("{(/").contains(text[0]);
 }
 
-// Whether a piece of an XML text begins here: behind a tag, or behind what stands for a letter.
+// Whether a piece of a text or a key begins here: behind its tag, or behind what stands for a letter.
 bool beginsPiece(std::string_view xml, std::size_t at) {
-  if (at < 2) return false;
-  if (xml[at - 1] == '>') return true;
-  if (xml[at - 1] != ';') return false;
+  const std::string_view before = xml.substr(0, at);
+  if (before.ends_with("<string>") || before.ends_with("<key>")) return true;
+  if (!before.ends_with(';')) return false;
   const std::size_t reference = xml.find_last_of("&;> ", at - 2);
   return reference != xml.npos && xml[reference] == '&';
 }

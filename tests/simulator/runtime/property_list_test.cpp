@@ -181,6 +181,8 @@ TEST_F(PropertyList, KeepsMarksOfByteOrderWithinTexts) {
   EXPECT_EQ(readText(mark), mark);
   for (const std::string reference : {"&apos;", "&#39;", "&#x27;"})
     EXPECT_EQ(readText("a" + reference + mark + "b"), "a'" + mark + "b");
+  EXPECT_EQ(readText(mark + "&apos;b"), mark + "'b");
+  EXPECT_EQ(readText("&apos;" + mark + "&apos;" + mark), "'" + mark + "'" + mark);
   EXPECT_EQ(readText("a;" + mark + "b"), "a;" + mark + "b");
   EXPECT_EQ(readText("&amp; a;" + mark + "b"), "& a;" + mark + "b");
 }
