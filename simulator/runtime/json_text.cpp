@@ -14,11 +14,6 @@
 namespace sim {
 namespace {
 
-struct MadeData : bridge::Face<"NSData", NSData> {
-  static constexpr bridge::ClassMethod<"NSData", "dataWithBytes:length:", NSData(const void*, NSUInteger)>
-      dataWithBytes_length{};
-};
-
 struct NSError : bridge::Face<"NSError", NSObject> {
   static constexpr bridge::ClassMethod<"NSError", "errorWithDomain:code:userInfo:",
                                        NSError(NSString, NSInteger, NSDictionary)>
@@ -52,7 +47,7 @@ NSData withoutBlanks(NSData data) {
   walk(textOf(data), [&](char c, bool inString) {
     if (inString || !std::string_view(" \t\r\n").contains(c)) compact += c;
   });
-  return MadeData::dataWithBytes_length(compact.data(), compact.size());
+  return NSData::dataWithBytes_length(compact.data(), compact.size());
 }
 
 id readJson(id self, SEL selector, id data, NSUInteger options, id* error) {

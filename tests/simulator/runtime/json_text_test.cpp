@@ -8,14 +8,9 @@
 
 namespace {
 
-struct BytesOf : bridge::Face<"NSData", NSData> {
-  static constexpr bridge::ClassMethod<"NSData", "dataWithBytes:length:", NSData(const void*, NSUInteger)>
-      dataWithBytes_length{};
-};
-
 bridge::Object read(std::string_view text, id* error = nullptr, NSUInteger options = 0) {
   return NSJSONSerialization::JSONObjectWithData_options_error(
-      BytesOf::dataWithBytes_length(text.data(), text.size()), options, error);
+      NSData::dataWithBytes_length(text.data(), text.size()), options, error);
 }
 
 // The only thing in a list.
